@@ -1,0 +1,112 @@
+#include "platform/atomic_file.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include "platform/file_descriptor.h"
+
+namespace glintboard {
+namespace {
+
+[[noreturn]] void throwErrno(const std::filesystem::path& path) {
+  throw std::system_error(errno, std::generic_category(), path.string());
+}
+
+void writeAll(int descriptor, std::string_view data, const std::filesystem::path& path) {
+  while (!data.empty()) {
+    const ssize_t written = ::write(descriptor, data.data(), data.size());
+    if (written < 0) {
+      if (errno == EINTR) {
+        continue;
+      }
+      throwErrno(path);
+    }
+    data.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+// A temporary file beside its target, removed unless it was renamed into place.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(const std::filesystem::path& target) : name_(target.string() + ".XXXXXX") {
+    descriptor_ = FileDescriptor(::mkostemp(name_.data(), O_CLOEXEC));
+    if (!descriptor_) {
+      throwErrno(target);
+    }
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() {
+    if (!name_.empty()) {
+      ::unlink(name_.c_str());
+    }
+  }
+
+  void write(std::string_view data, mode_t mode) {
+    writeAll(descriptor_.get(), data, name_);
+    if (::fchmod(descriptor_.get(), mode) != 0 || ::fsync(descriptor_.get()) != 0 ||
+        !descriptor_.close()) {
+      throwErrno(name_);
+    }
+  }
+
+  void renameTo(const std::filesystem::path& target) {
+    if (::rename(name_.c_str(), target.c_str()) != 0) {
+      throwErrno(target);
+    }
+    name_.clear();
+  }
+
+ private:
+  std::string name_;
+  FileDescriptor descriptor_;
+};
+
+}  // namespace
+
+void writeAtomically(const std::filesystem::path& path, std::string_view data, mode_t mode) {
+  TemporaryFile temporary(path);
+  temporary.write(data, mode);
+  temporary.renameTo(path);
+  // The new file is in place whatever comes of this; syncing the folder makes it outlast a crash.
+  const FileDescriptor folder(
+      ::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder) {
+    ::fsync(folder.get());
+  }
+}
+
+std::string readWholeFile(const std::filesystem::path& path) {
+  const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  struct stat status{};
+  if (!file || ::fstat(file.get(), &status) != 0) {
+    throwErrno(path);
+  }
+  std::string content;
+  content.resize(static_cast<std::size_t>(status.st_size));
+  std::size_t length = 0;
+  for (;;) {
+    if (length == content.size()) {
+      content.resize(length + 4096);  // It has grown, or has no size, as in /proc.
+    }
+    const ssize_t count = ::read(file.get(), content.data() + length, content.size() - length);
+    if (count < 0) {
+      if (errno == EINTR) {
+        continue;
+      }
+      throwErrno(path);
+    }
+    if (count == 0) {
+      break;
+    }
+    length += static_cast<std::size_t>(count);
+  }
+  content.resize(length);
+  return content;
+}
+
+}  // namespace glintboard

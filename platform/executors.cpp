@@ -1,0 +1,39 @@
+#include "platform/executors.h"
+
+#include <pthread.h>
+#include <signal.h>
+
+#include <boost/asio/strand.hpp>
+
+#include "platform/log.h"
+
+namespace glintboard {
+
+Executors::Executors() : keepRunning_(service_.get_executor()) {
+  serviceThread_ = std::thread([this] {
+    pthread_setname_np(pthread_self(), "service");
+    // A handler that throws must not take the other phones' connections with it.
+    for (;;) {
+      try {
+        service_.run();
+        return;
+      } catch (const std::exception& error) {
+        log::warning("service loop: ", error.what());
+      }
+    }
+  });
+}
+
+Executors::~Executors() {
+  service_.stop();
+  serviceThread_.join();
+  workers_.stop();
+  keychain_.stop();
+  volume_.stop();
+}
+
+asio::any_io_executor Executors::workerStrand() {
+  return asio::make_strand(workers_.get_executor());
+}
+
+}  // namespace glintboard

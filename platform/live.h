@@ -1,0 +1,54 @@
+// The desktop that the agent really runs on.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/agent_instances.h"
+#include "platform/application_icon_client.h"
+#include "platform/audio_output.h"
+#include "platform/bonjour.h"
+#include "platform/executors.h"
+#include "platform/keychain.h"
+#include "platform/process_running.h"
+#include "platform/shortcut_icon_client.h"
+#include "platform/workspace_client.h"
+
+namespace glintboard {
+
+// Makes every platform interface over the real parts of this desktop, once, in main. The clients
+// and references stay valid as long as this object, which must outlive the work on `executors`.
+class LivePlatform {
+ public:
+  explicit LivePlatform(Executors& executors);
+  ~LivePlatform();
+
+  WorkspaceClient workspaceClient();
+  ApplicationIconClient applicationIconClient();
+  ShortcutIconClient shortcutIconClient();
+  ProcessRunning& processRunner();
+  AudioOutput& audioOutput();
+  Keychain& keychain();
+  BonjourAdvertiser& bonjourAdvertiser();
+
+  // The computer's name as its user sees it, or none. Any thread.
+  std::optional<std::string> localizedName() const;
+  // Whether anybody wants to know which applications run; while nobody does, none are looked for.
+  // Any thread.
+  void watchRunningApplications(bool watch);
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+// The other agents of this user. Needs no executor: it runs before anything else.
+std::unique_ptr<AgentInstances> liveAgentInstances();
+
+// The agent's own folder in the user's data folder (not created here), or one in the temporary
+// folder where the user has none.
+std::filesystem::path applicationSupportFolder();
+
+}  // namespace glintboard

@@ -1,0 +1,38 @@
+#include "platform/main_thread.h"
+
+#include <QMetaObject>
+
+namespace glintboard {
+
+MainThread::MainThread() = default;
+
+MainThread::~MainThread() {
+  shutdown();
+  queue_.clear();
+  destroy();
+}
+
+void MainThread::submit(std::unique_ptr<Work> work) {
+  {
+    const std::lock_guard lock(mutex_);
+    queue_.push_back(std::move(work));
+    if (queue_.size() > 1) {
+      return;  // Qt has been woken for the work before this.
+    }
+  }
+  QMetaObject::invokeMethod(&receiver_, [this] { runSubmitted(); }, Qt::QueuedConnection);
+}
+
+void MainThread::runSubmitted() {
+  std::vector<std::unique_ptr<Work>> due;
+  {
+    const std::lock_guard lock(mutex_);
+    due.swap(queue_);
+  }
+  for (auto& work : due) {
+    work->run();
+    work.reset();
+  }
+}
+
+}  // namespace glintboard

@@ -1,0 +1,73 @@
+// The installed and running applications of the desktop.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "platform/asio.h"
+
+namespace glintboard {
+
+// Where an installed application lives: the file of its desktop entry.
+struct ApplicationLocation {
+  std::filesystem::path path;
+  bool operator==(const ApplicationLocation&) const = default;
+};
+
+// One running application.
+struct RunningApplicationClient {
+  // Brings the application's windows to the front. True when the desktop accepted the request.
+  // Never throws; bounded by a deadline of its own.
+  std::function<Awaitable<bool>()> activate;
+};
+
+// The three questions that the system puts to the desktop about applications, each replaceable.
+// An application is named by its bundle identifier. The two look-ups answer from memory, at once,
+// on any thread.
+struct WorkspaceClient {
+  // The installed application of that identifier, or none.
+  std::function<std::optional<ApplicationLocation>(const std::string& bundleId)> urlForApplication;
+  // The running application of that identifier, or none.
+  std::function<std::optional<RunningApplicationClient>(const std::string& bundleId)>
+      runningApplication;
+  // Starts an installed application. True when the desktop reports it started; throws an exception
+  // whose text a person can read when it could not be started.
+  std::function<Awaitable<bool>(ApplicationLocation application)> openApplication;
+
+  bool isInstalled(const std::string& bundleId) const {
+    return urlForApplication(bundleId).has_value();
+  }
+  bool isRunning(const std::string& bundleId) const {
+    return runningApplication(bundleId).has_value();
+  }
+
+  // Those of the given identifiers that are installed.
+  template <class Range>
+  std::set<std::string> installedBundleIds(const Range& among) const {
+    return matching(among, [this](const std::string& bundleId) { return isInstalled(bundleId); });
+  }
+
+  // Those of the given identifiers that are running.
+  template <class Range>
+  std::set<std::string> runningBundleIds(const Range& among) const {
+    return matching(among, [this](const std::string& bundleId) { return isRunning(bundleId); });
+  }
+
+ private:
+  template <class Range, class Predicate>
+  static std::set<std::string> matching(const Range& among, Predicate holds) {
+    std::set<std::string> found;
+    for (const auto& bundleId : among) {
+      if (holds(bundleId)) {
+        found.insert(bundleId);
+      }
+    }
+    return found;
+  }
+};
+
+}  // namespace glintboard

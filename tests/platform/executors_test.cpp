@@ -1,0 +1,110 @@
+#include "platform/executors.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <atomic>
+#include <thread>
+
+#include "platform/actor.h"
+#include "platform/async_lock.h"
+#include "platform/main_thread.h"
+#include "platform/run_on.h"
+#include "platform/spawn.h"
+#include "tests/support/await.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+
+// An actor whose operation needs a lock across an await.
+class Counter : public Actor {
+ public:
+  explicit Counter(asio::any_io_executor executor)
+      : Actor(std::move(executor)), lock_(this->executor()) {}
+  Awaitable<int> increment() { return enter(doIncrement()); }
+
+ private:
+  Awaitable<int> doIncrement() {
+    const auto guard = co_await lock_.acquire();
+    const int before = value_;
+    co_await sleepFor(1ms);
+    value_ = before + 1;
+    co_return value_;
+  }
+
+  AsyncLock lock_;
+  int value_ = 0;
+};
+
+Awaitable<> incrementTwice(Counter& counter, std::atomic<int>& done) {
+  co_await counter.increment();
+  co_await counter.increment();
+  ++done;
+}
+
+TEST(Actor, ALockHeldAcrossAnAwaitKeepsCallersOfEveryExecutorApart) {
+  Executors executors;
+  Counter counter(executors.service());
+  std::atomic<int> done = 0;
+  for (int i = 0; i < 5; ++i) {
+    spawn(executors.service(), incrementTwice(counter, done), "test");
+    spawn(executors.workers(), incrementTwice(counter, done), "test");
+  }
+  while (done < 10) {
+    std::this_thread::sleep_for(1ms);
+  }
+  EXPECT_EQ(test::await(executors.workers(), counter.increment()), 21);
+}
+
+TEST(RunBefore, GivesUpOnACallThatHangsAndSurvivesItsLateAnswer) {
+  Executors executors;
+  std::atomic<bool> ended = false;
+  const auto late = test::await(executors.service(), runBefore(20ms, executors.keychainLane(), [&] {
+                                  std::this_thread::sleep_for(100ms);
+                                  ended = true;
+                                  return 1;
+                                }));
+  EXPECT_FALSE(late.has_value());
+  EXPECT_FALSE(ended);
+  const auto intime =
+      test::await(executors.service(), runBefore(5s, executors.keychainLane(), [] { return 2; }));
+  EXPECT_TRUE(ended);
+  EXPECT_EQ(intime, 2);
+}
+
+TEST(RunBefore, PassesTheCallsExceptionOn) {
+  Executors executors;
+  EXPECT_THROW(
+      test::await(executors.service(), runBefore(5s, executors.volumeLane(),
+                                                 []() -> int { throw std::runtime_error("no"); })),
+      std::runtime_error);
+}
+
+Awaitable<> hop(Executors& executors, std::vector<std::thread::id>& seen) {
+  for (int i = 0; i < 3; ++i) {
+    seen.push_back(std::this_thread::get_id());
+    co_await runOn(executors.service(), [] { return 0; });
+  }
+  seen.push_back(std::this_thread::get_id());
+  QCoreApplication::quit();
+}
+
+TEST(MainThread, ResumesItsCoroutinesOnTheThreadOfTheEventLoop) {
+  int argc = 1;
+  char name[] = "test";
+  char* argv[] = {name, nullptr};
+  const QCoreApplication application(argc, argv);
+  Executors executors;
+  MainThread mainThread;
+  std::vector<std::thread::id> seen;
+  spawn(mainThread.executor(), hop(executors, seen), "test");
+  QTimer::singleShot(5s, [] { QCoreApplication::exit(1); });
+  EXPECT_EQ(QCoreApplication::exec(), 0);
+  EXPECT_EQ(seen, std::vector(4, std::this_thread::get_id()));
+}
+
+}  // namespace
+}  // namespace glintboard
