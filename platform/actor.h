@@ -26,7 +26,8 @@ class Actor {
   // actor's executor continues without a hop.
   template <class T>
   Awaitable<T> enter(Awaitable<T> operation) {
-    if (co_await asio::this_coro::executor == executor_) {
+    const asio::any_io_executor current = co_await asio::this_coro::executor;
+    if (current == executor_) {
       co_return co_await std::move(operation);
     }
     co_return co_await asio::co_spawn(executor_, std::move(operation), asio::use_awaitable);
