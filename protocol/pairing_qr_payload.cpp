@@ -1,0 +1,85 @@
+#include "protocol/pairing_qr_payload.h"
+
+#include <boost/url/encode.hpp>
+#include <boost/url/parse.hpp>
+#include <boost/url/rfc/unreserved_chars.hpp>
+#include <boost/url/url_view.hpp>
+#include <charconv>
+#include <map>
+
+#include "protocol/glintboard_service.h"
+#include "protocol/utf8.h"
+
+namespace glintboard {
+namespace {
+
+namespace urls = boost::urls;
+
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+  const auto first = text.find_first_not_of(whiteSpace);
+  if (first == std::string_view::npos) {
+    return {};
+  }
+  return text.substr(first, text.find_last_not_of(whiteSpace) - first + 1);
+}
+
+std::optional<std::int64_t> integer(std::string_view digits) {
+  if (digits.starts_with('+') && !digits.starts_with("+-")) {
+    digits.remove_prefix(1);
+  }
+  std::int64_t number = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (error != std::errc{} || end != digits.data() + digits.size()) {
+    return std::nullopt;
+  }
+  return number;
+}
+
+// The decoded query items that have a value; none when a name occurs twice.
+std::optional<std::map<std::string, std::string>> queryItems(const urls::url_view& url) {
+  urls::encoding_opts options;
+  options.space_as_plus = false;
+  std::map<std::string, std::string> items;
+  for (const auto item : url.params(options)) {
+    if (item.has_value && !items.emplace(item.key, item.value).second) {
+      return std::nullopt;
+    }
+  }
+  return items;
+}
+
+}  // namespace
+
+std::optional<std::string> PairingQRPayload::encodedURL() const {
+  if (!isValidUtf8(macName) || !isValidUtf8(code)) {
+    return std::nullopt;
+  }
+  std::string url;
+  url.append(GlintboardService::qrURLScheme).append("://").append(GlintboardService::qrURLHost);
+  url.append("?v=").append(std::to_string(version));
+  url.append("&name=").append(urls::encode(macName, urls::unreserved_chars));
+  url.append("&code=").append(urls::encode(code, urls::unreserved_chars));
+  return url;
+}
+
+std::optional<PairingQRPayload> PairingQRPayload::parse(std::string_view text) {
+  const auto url = urls::parse_uri(trimmed(text));
+  if (!url || url->scheme() != GlintboardService::qrURLScheme ||
+      url->encoded_host() != GlintboardService::qrURLHost || !url->has_query()) {
+    return std::nullopt;
+  }
+  const auto items = queryItems(*url);
+  if (!items || !items->contains("v") || !items->contains("name") || !items->contains("code")) {
+    return std::nullopt;
+  }
+  const auto version = integer(items->at("v"));
+  PairingQRPayload payload{items->at("name"), items->at("code"), version.value_or(0)};
+  if (!version || payload.macName.empty() || payload.code.empty() ||
+      !isValidUtf8(payload.macName) || !isValidUtf8(payload.code)) {
+    return std::nullopt;
+  }
+  return payload;
+}
+
+}  // namespace glintboard

@@ -1,0 +1,28 @@
+// The secrets that a phone shows to be paired.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace glintboard {
+
+namespace PINGenerator {
+// A new random PIN of six digits. Throws SecureRandomError.
+std::string generate();
+// The number in decimal, padded with zeros to the length of a PIN.
+std::string format(std::int64_t number);
+}  // namespace PINGenerator
+
+namespace PairingCodeGenerator {
+// A new random pairing code: 43 characters of the URL-safe Base64 alphabet. Throws
+// SecureRandomError.
+std::string generate();
+}  // namespace PairingCodeGenerator
+
+namespace PairingSecret {
+// Whether the two are equal, in a time that depends on their lengths alone.
+bool matches(std::string_view provided, std::string_view expected);
+}  // namespace PairingSecret
+
+}  // namespace glintboard
