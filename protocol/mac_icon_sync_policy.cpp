@@ -3,21 +3,13 @@
 #include <algorithm>
 #include <set>
 
+#include "protocol/text.h"
 #include "protocol/uuid.h"
 
 namespace glintboard::MacIconSyncPolicy {
 namespace {
 
 using Revisions = std::map<std::string, std::string>;
-
-std::string lowercased(std::string text) {
-  for (char& letter : text) {
-    if (letter >= 'A' && letter <= 'Z') {
-      letter = static_cast<char>(letter - 'A' + 'a');
-    }
-  }
-  return text;
-}
 
 // The entry of a key: under its own spelling, else in lower case, else under any letter case.
 Revisions::const_iterator find(const Revisions& revisions, const std::string& key) {

@@ -8,21 +8,13 @@
 #include <map>
 
 #include "protocol/glintboard_service.h"
+#include "protocol/text.h"
 #include "protocol/utf8.h"
 
 namespace glintboard {
 namespace {
 
 namespace urls = boost::urls;
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view whiteSpace = " \t\n\v\f\r";
-  const auto first = text.find_first_not_of(whiteSpace);
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(whiteSpace) - first + 1);
-}
 
 std::optional<std::int64_t> integer(std::string_view digits) {
   if (digits.starts_with('+') && !digits.starts_with("+-")) {

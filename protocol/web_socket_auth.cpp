@@ -1,25 +1,13 @@
 #include "protocol/web_socket_auth.h"
 
-#include <algorithm>
-
 #include "protocol/glintboard_service.h"
+#include "protocol/text.h"
 
 namespace glintboard {
-namespace {
-
-char lowered(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, {}, lowered, lowered);
-}
-
-}  // namespace
-
 std::optional<std::string> WebSocketAuth::token(const HeaderList& headers) {
+  const std::string wanted = lowercased(GlintboardService::authHeaderName);
   for (const auto& [name, value] : headers) {
-    if (equalIgnoringCase(name, GlintboardService::authHeaderName)) {
+    if (lowercased(name) == wanted) {
       return value;
     }
   }

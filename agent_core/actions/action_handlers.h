@@ -1,0 +1,38 @@
+// Action requests to replies.
+#pragma once
+
+#include <variant>
+
+#include "agent_core/actions/system_action_runner.h"
+#include "agent_core/wire_handler.h"
+#include "protocol/wire_message.h"
+
+namespace glintboard {
+
+using ActionMessageResponse =
+    std::variant<WireMessage<ActionOKPayload>, WireMessage<ActionErrorPayload>>;
+
+// Answers with "action.ok" or "action.error" under the request's id. Blocks as long as the volume
+// does; never throws.
+class ActionMessageHandler {
+ public:
+  explicit ActionMessageHandler(SystemActionRunner runner) : runner_(runner) {}
+
+  ActionMessageResponse handleRun(const std::string& actionId, Uuid messageId) const;
+
+ private:
+  SystemActionRunner runner_;
+};
+
+// Answers raw "action.run" messages.
+class ActionWireHandler {
+ public:
+  explicit ActionWireHandler(ActionMessageHandler handler) : handler_(handler) {}
+
+  WireReply handle(std::string_view bytes) const;
+
+ private:
+  ActionMessageHandler handler_;
+};
+
+}  // namespace glintboard

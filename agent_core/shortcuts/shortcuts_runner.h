@@ -1,0 +1,49 @@
+// What a Shortcut key does.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "platform/process_running.h"
+#include "protocol/payloads.h"
+
+namespace glintboard {
+
+namespace ShortcutRunResult {
+struct Ok {
+  std::string shortcutIdentifier;
+  bool operator==(const Ok&) const = default;
+};
+struct Error {
+  std::string shortcutIdentifier;
+  ShortcutErrorCode code{};
+  std::optional<std::string> message;
+  bool operator==(const Error&) const = default;
+};
+using Result = std::variant<Ok, Error>;
+}  // namespace ShortcutRunResult
+
+// Runs one Shortcut through the command-line tool. Any executor, several at once.
+class ShortcutsRunner {
+ public:
+  static constexpr std::chrono::seconds defaultTimeout{25};
+
+  // `runner` must outlive this.
+  ShortcutsRunner(std::string executable, ProcessRunning& runner,
+                  std::chrono::duration<double> timeout = defaultTimeout)
+      : executable_(std::move(executable)), runner_(runner), timeout_(timeout) {}
+
+  // Never throws: every failure is a result.
+  Awaitable<ShortcutRunResult::Result> run(std::string shortcutIdentifier) const;
+
+  // The text for a failure of that kind. `stderrText` is what the tool said.
+  static std::string message(ShortcutErrorCode code, std::string_view stderrText);
+
+ private:
+  std::string executable_;
+  ProcessRunning& runner_;
+  std::chrono::duration<double> timeout_;
+};
+
+}  // namespace glintboard
