@@ -1,0 +1,197 @@
+// What becomes of one message.
+#include <QCoreApplication>
+#include <chrono>
+
+#include "agent/connection/listener_service.h"
+#include "agent_core/shortcuts/shortcuts_catalog.h"
+#include "platform/log.h"
+#include "platform/run_on.h"
+#include "protocol/base64.h"
+#include "protocol/message_factory.h"
+#include "protocol/wire_codec.h"
+
+namespace glintboard {
+namespace {
+
+using Replies = std::vector<std::string>;
+namespace Parser = WireMessageParser;
+
+std::string unauthorizedMessage() {
+  return "Missing or invalid " + std::string(GlintboardService::authHeaderName) + " header";
+}
+
+std::string shortcutsHint() {
+  return QCoreApplication::translate("ListenerService",
+                                     "Allow this Shortcut on your Mac (System Settings \u2192 "
+                                     "Privacy & Security \u2192 Automation), then try again.")
+      .toStdString();
+}
+
+template <class Payload>
+Replies one(const WireMessage<Payload>& reply) {
+  return {WireCodec::encodeString(reply)};
+}
+
+template <class... Alternatives>
+Replies one(const std::variant<Alternatives...>& response) {
+  return std::visit([](const auto& reply) { return one(reply); }, response);
+}
+
+Replies appUnauthorized(std::string bundleId, Uuid id) {
+  return one(MessageFactory::appError(std::move(bundleId), AppErrorCode::unauthorized,
+                                      unauthorizedMessage(), id));
+}
+
+// The answers to a connection without a paired phone's token.
+struct Refusal {
+  Replies operator()(const WireMessage<EmptyPayload>& request) const {
+    return appUnauthorized("", request.id);
+  }
+  Replies operator()(const Parser::AppLaunch& request) const {
+    return appUnauthorized(request.message.payload.bundleId, request.message.id);
+  }
+  Replies operator()(const Parser::AppFocus& request) const {
+    return appUnauthorized(request.message.payload.bundleId, request.message.id);
+  }
+  Replies operator()(const WireMessage<ActionRunPayload>& request) const {
+    return one(MessageFactory::actionError(request.payload.actionId, ActionErrorCode::unauthorized,
+                                           unauthorizedMessage(), request.id));
+  }
+  Replies operator()(const WireMessage<ShortcutRunPayload>& request) const {
+    return one(MessageFactory::shortcutError(request.payload.shortcutIdentifier,
+                                             ShortcutErrorCode::unauthorized, unauthorizedMessage(),
+                                             request.id));
+  }
+  // Pings, icon requests and what the agent does not accept are met with silence.
+  template <class Other>
+  Replies operator()(const Other&) const {
+    return {};
+  }
+};
+
+// Whether the reply says that the Shortcut waits for the user.
+bool needsUser(std::string_view reply) {
+  const auto error = WireCodec::decode<ShortcutErrorPayload>(reply);
+  return error && error->type == rawValue(MessageType::shortcutError) &&
+         (error->payload.code == ShortcutErrorCode::cancelled ||
+          error->payload.code == ShortcutErrorCode::timedOut);
+}
+
+}  // namespace
+
+Awaitable<Replies> ListenerService::dispatch(std::string message,
+                                             std::optional<std::string> token) {
+  auto parsed = Parser::parse(message);
+  if (!parsed) {
+    co_return Replies();
+  }
+  try {
+    if (auto* request = std::get_if<WireMessage<PairRequestPayload>>(&*parsed)) {
+      co_return co_await pair(std::move(*request));
+    }
+    const auto paired = co_await device(token);
+    if (!paired) {
+      co_return std::visit(Refusal{}, *parsed);
+    }
+    co_return co_await answer(std::move(*parsed), std::move(message));
+  } catch (const std::exception& error) {
+    log::warning("a message got no reply: ", error.what());
+    co_return Replies();
+  }
+}
+
+Awaitable<std::optional<PairedDevice>> ListenerService::device(
+    const std::optional<std::string>& token) {
+  if (!token || token->empty()) {
+    co_return std::nullopt;
+  }
+  co_return co_await parts_.pairingService.device(*token);
+}
+
+Awaitable<Replies> ListenerService::answer(Parser::ParsedMessage message, std::string bytes) {
+  if (auto* sync = std::get_if<WireMessage<EmptyPayload>>(&message)) {
+    co_return co_await synchronise(sync->id);
+  }
+  if (auto* ping = std::get_if<WireMessage<PingPayload>>(&message)) {
+    co_return co_await pong(std::move(*ping));
+  }
+  if (auto* launch = std::get_if<Parser::AppLaunch>(&message)) {
+    const auto response = co_await parts_.appMessageHandler.handleLaunch(
+        std::move(launch->message.payload.bundleId), launch->message.id);
+    co_return one(response);
+  }
+  if (auto* focus = std::get_if<Parser::AppFocus>(&message)) {
+    const auto response = co_await parts_.appMessageHandler.handleFocus(
+        std::move(focus->message.payload.bundleId), focus->message.id);
+    co_return one(response);
+  }
+  if (auto* action = std::get_if<WireMessage<ActionRunPayload>>(&message)) {
+    co_return co_await runAction(std::move(*action));
+  }
+  if (std::holds_alternative<WireMessage<ShortcutRunPayload>>(message)) {
+    co_return co_await runShortcut(std::move(bytes));
+  }
+  if (auto* request = std::get_if<WireMessage<AppIconRequestPayload>>(&message)) {
+    co_return co_await icons(std::move(*request));
+  }
+  co_return Replies();
+}
+
+Awaitable<Replies> ListenerService::pair(WireMessage<PairRequestPayload> request) {
+  const auto response =
+      co_await parts_.pairingService.handlePairRequest(std::move(request.payload), request.id);
+  // A pairing may have replaced the phone that other connections belong to.
+  co_await dropUnpairedConnections();
+  co_return one(response);
+}
+
+Awaitable<Replies> ListenerService::synchronise(Uuid requestId) {
+  auto decks = co_await parts_.deckStore.deckSnapshots(parts_.workspace, parts_.iconProvider,
+                                                       parts_.shortcutIconProvider);
+  co_return one(MessageFactory::decksSnapshot(std::move(decks), requestId));
+}
+
+Awaitable<Replies> ListenerService::pong(WireMessage<PingPayload> request) {
+  using namespace std::chrono;
+  const duration<double> elapsed = system_clock::now() - request.payload.ts.time;
+  auto running = co_await parts_.deckStore.runningDeckBundleIds(parts_.workspace);
+  co_return one(
+      MessageFactory::pong(request.payload.ts, elapsed.count(), std::move(running), request.id));
+}
+
+Awaitable<Replies> ListenerService::runAction(WireMessage<ActionRunPayload> request) {
+  const auto response = co_await runOn(
+      parts_.actionLane, [handler = parts_.actionMessageHandler, request = std::move(request)] {
+        return handler.handleRun(request.payload.actionId, request.id);
+      });
+  co_return one(response);
+}
+
+Awaitable<Replies> ListenerService::runShortcut(std::string bytes) {
+  const auto reply = co_await parts_.shortcutWireHandler.handle(std::move(bytes));
+  if (!reply || !*reply) {
+    co_return Replies();
+  }
+  std::string text = WireCodec::checkedText(**reply);
+  if (!shortcutCoachMessage_ && needsUser(text)) {
+    shortcutCoachMessage_ = shortcutsHint();
+  }
+  co_return Replies{std::move(text)};
+}
+
+Awaitable<Replies> ListenerService::icons(WireMessage<AppIconRequestPayload> request) {
+  Replies replies;
+  for (auto& key : request.payload.bundleIds) {
+    auto lookup = ShortcutsCatalog::isShortcutIdentifier(key)
+                      ? parts_.shortcutIconProvider.pngAndRevision(key)
+                      : parts_.iconProvider.pngAndRevision(key, parts_.workspace);
+    auto icon = co_await std::move(lookup);
+    if (icon) {
+      replies.push_back(WireCodec::encodeString(MessageFactory::appIcon(
+          std::move(key), std::move(icon->revision), base64Encode(icon->data), randomUuid())));
+    }
+  }
+  co_return replies;
+}
+
+}  // namespace glintboard

@@ -1,0 +1,253 @@
+#include "agent/connection/listener_service.h"
+
+#include <QCoreApplication>
+#include <boost/system/errc.hpp>
+
+#include "platform/log.h"
+#include "platform/spawn.h"
+#include "protocol/message_factory.h"
+#include "protocol/wire_codec.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto portConflictPause = 400ms;
+
+std::string description(ListenerServiceError::Code code) {
+  return code == ListenerServiceError::Code::invalidPort ? "The listener's port is not valid."
+                                                         : "The listener is already running.";
+}
+
+std::string portInUseText(std::uint16_t port) {
+  return QCoreApplication::translate(
+             "ListenerService", "Port %1 is already in use. Quit the other Glintboard Agent first.")
+      .arg(port)
+      .toStdString();
+}
+
+}  // namespace
+
+ListenerServiceError::ListenerServiceError(Code given)
+    : std::runtime_error(description(given)), code(given) {}
+
+ListenerService::ListenerService(asio::any_io_executor executor, Parts parts, std::uint16_t port)
+    : Actor(std::move(executor)), parts_(std::move(parts)), port_(port) {}
+
+Awaitable<> ListenerService::start() {
+  return enter(doStart());
+}
+
+Awaitable<> ListenerService::stop() {
+  return enter(doStop());
+}
+
+Awaitable<> ListenerService::restart() {
+  return enter(doRestart());
+}
+
+Awaitable<ListenerState> ListenerService::state() {
+  return enter(doState());
+}
+
+Awaitable<> ListenerService::dismissShortcutCoachMessage() {
+  return enter(doDismissShortcutCoachMessage());
+}
+
+Awaitable<> ListenerService::pushDecksSnapshot() {
+  return enter(doPushDecksSnapshot());
+}
+
+Awaitable<> ListenerService::shutDown() {
+  return enter(doShutDown());
+}
+
+Awaitable<> ListenerService::doStart() {
+  startListener();
+  co_return;
+}
+
+Awaitable<> ListenerService::doStop() {
+  stopListener();
+  co_return;
+}
+
+Awaitable<> ListenerService::doRestart() {
+  stopListener();
+  portConflictRetries_ = 0;
+  lastError_.reset();
+  startListener();
+  co_return;
+}
+
+Awaitable<ListenerState> ListenerService::doState() {
+  co_await dropUnpairedConnections();
+  co_return ListenerState{isRunning_, lastError_, !pushConnections_.empty(), shortcutCoachMessage_};
+}
+
+Awaitable<> ListenerService::doDismissShortcutCoachMessage() {
+  shortcutCoachMessage_.reset();
+  co_return;
+}
+
+void ListenerService::startListener() {
+  if (listener_ && isRunning_) {
+    throw ListenerServiceError(ListenerServiceError::Code::alreadyRunning);
+  }
+  listener_.reset();
+  if (port_ == 0) {
+    throw ListenerServiceError(ListenerServiceError::Code::invalidPort);
+  }
+  listener_ = std::make_unique<WebSocketListener>(executor(), port_);
+  isRunning_ = false;
+  lastError_.reset();
+  listener_->start(
+      [weak = weak_from_this()](const WebSocketListenerState& state) {
+        if (const auto self = weak.lock()) {
+          self->handleListenerState(state);
+        }
+      },
+      [weak = weak_from_this()](ConnectionPointer connection) {
+        if (const auto self = weak.lock()) {
+          spawn(self->executor(), serve(self, std::move(connection)), "connection");
+        }
+      });
+}
+
+void ListenerService::stopListener() {
+  listener_.reset();
+  parts_.bonjour.withdraw();
+  isRunning_ = false;
+  pushConnections_.clear();
+  pushConnectionsChanged();
+}
+
+void ListenerService::handleListenerState(const WebSocketListenerState& state) {
+  switch (state.kind) {
+    case WebSocketListenerState::Kind::ready:
+      portConflictRetries_ = 0;
+      isRunning_ = true;
+      lastError_.reset();
+      advertise();
+      return;
+    case WebSocketListenerState::Kind::cancelled:
+      isRunning_ = false;
+      parts_.bonjour.withdraw();
+      return;
+    case WebSocketListenerState::Kind::failed:
+      break;
+  }
+  const bool portInUse = state.error == boost::system::errc::address_in_use;
+  lastError_ = portInUse ? portInUseText(port_) : state.error.message();
+  isRunning_ = false;
+  parts_.bonjour.withdraw();
+  if (portInUse && portConflictRetries_ < maxPortConflictRetries) {
+    ++portConflictRetries_;
+    listener_.reset();
+    spawn(executor(), retryStartAfterPortConflict(weak_from_this()), "listener");
+  }
+}
+
+Awaitable<> ListenerService::retryStartAfterPortConflict(std::weak_ptr<ListenerService> weak) {
+  co_await sleepFor(portConflictPause);
+  const auto self = weak.lock();
+  if (!self || self->listener_ || self->isRunning_) {
+    co_return;
+  }
+  try {
+    self->startListener();
+  } catch (const std::exception& error) {
+    self->lastError_ = error.what();
+  }
+}
+
+void ListenerService::advertise() {
+  parts_.bonjour.publish({parts_.localizedName().value_or("Glintboard Mac"),
+                          std::string(GlintboardService::bonjourType),
+                          std::string(GlintboardService::bonjourDomain), port_});
+}
+
+Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
+                                   ConnectionPointer connection) {
+  self->connections_[connection.get()] = connection;
+  auto token = WebSocketAuth::token(connection->handshake().headers);
+  const auto paired = co_await self->device(token);
+  if (paired) {
+    self->pushConnections_[connection.get()] = {connection, *token};
+    self->pushConnectionsChanged();
+  }
+  try {
+    co_await self->receiveMessages(connection, std::move(token));
+  } catch (const std::exception& error) {
+    log::warning("connection: ", error.what());
+  }
+  self->removeConnection(connection);
+  connection->cancel();
+}
+
+Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
+                                             std::optional<std::string> token) {
+  for (;;) {
+    auto message = co_await connection->receive();
+    if (!message) {
+      co_return;
+    }
+    if (message->empty()) {
+      continue;
+    }
+    auto replies = co_await dispatch(std::move(*message), token);
+    for (auto& reply : replies) {
+      co_await connection->send(std::move(reply));
+    }
+  }
+}
+
+void ListenerService::removeConnection(const ConnectionPointer& connection) {
+  connections_.erase(connection.get());
+  pushConnections_.erase(connection.get());
+  pushConnectionsChanged();
+}
+
+Awaitable<> ListenerService::dropUnpairedConnections() {
+  std::vector<PushConnection> all;
+  for (const auto& [key, pushed] : pushConnections_) {
+    all.push_back(pushed);
+  }
+  for (const auto& pushed : all) {
+    const auto paired = co_await device(pushed.token);
+    if (!paired) {
+      pushConnections_.erase(pushed.connection.get());
+    }
+  }
+  pushConnectionsChanged();
+}
+
+void ListenerService::pushConnectionsChanged() {
+  if (phoneConnected_ != !pushConnections_.empty()) {
+    phoneConnected_ = !phoneConnected_;
+    parts_.phoneConnected(phoneConnected_);
+  }
+}
+
+Awaitable<> ListenerService::doPushDecksSnapshot() {
+  auto decks = co_await parts_.deckStore.deckSnapshots(parts_.workspace, parts_.iconProvider,
+                                                       parts_.shortcutIconProvider);
+  const auto text = std::make_shared<const std::string>(
+      WireCodec::encodeString(MessageFactory::decksSnapshot(std::move(decks), randomUuid())));
+  co_await dropUnpairedConnections();
+  for (const auto& [key, pushed] : pushConnections_) {
+    pushed.connection->push(text);
+  }
+}
+
+Awaitable<> ListenerService::doShutDown() {
+  stopListener();
+  const auto all = std::exchange(connections_, {});
+  for (const auto& [key, connection] : all) {
+    connection->cancel();
+  }
+  co_return;
+}
+
+}  // namespace glintboard

@@ -1,0 +1,144 @@
+// The agent's network endpoint.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "agent/connection/web_socket_server.h"
+#include "agent/decks/deck_store.h"
+#include "agent/pairing/pairing_service.h"
+#include "agent_core/actions/action_handlers.h"
+#include "agent_core/apps/app_handlers.h"
+#include "agent_core/icons/app_icon_provider.h"
+#include "agent_core/icons/shortcut_icon_provider.h"
+#include "agent_core/shortcuts/shortcut_handlers.h"
+#include "platform/actor.h"
+#include "platform/bonjour.h"
+#include "protocol/glintboard_service.h"
+#include "protocol/wire_message_parser.h"
+
+namespace glintboard {
+
+class ListenerServiceError : public std::runtime_error {
+ public:
+  enum class Code { invalidPort, alreadyRunning };
+  explicit ListenerServiceError(Code code);
+  Code code;
+};
+
+// What the user is shown of the listener.
+struct ListenerState {
+  bool isRunning = false;
+  std::optional<std::string> lastError;
+  bool hasPushConnections = false;
+  std::optional<std::string> shortcutCoachMessage;
+};
+
+// Listens for phones, advertises itself, answers their messages one connection at a time, and
+// pushes the decks to the paired ones when they change. A port that is briefly taken is tried
+// again by itself.
+//
+// An actor of the service loop, held by a shared_ptr. What it is given must outlive it and the
+// connections that it made.
+class ListenerService : public Actor, public std::enable_shared_from_this<ListenerService> {
+ public:
+  struct Parts {
+    PairingService& pairingService;
+    AppMessageHandler appMessageHandler;
+    ActionMessageHandler actionMessageHandler;
+    ShortcutWireHandler shortcutWireHandler;
+    DeckStore& deckStore;
+    AppIconProvider& iconProvider;
+    ShortcutIconProvider& shortcutIconProvider;
+    WorkspaceClient workspace;
+    BonjourAdvertiser& bonjour;
+    // The computer's name as its user sees it.
+    std::function<std::optional<std::string>()> localizedName;
+    // Where actions block.
+    asio::any_io_executor actionLane;
+    // Told whether a paired phone is connected, when that changes.
+    std::function<void(bool)> phoneConnected;
+  };
+
+  static constexpr int maxPortConflictRetries = 8;
+
+  ListenerService(asio::any_io_executor executor, Parts parts,
+                  std::uint16_t port = GlintboardService::defaultPort);
+
+  // Creates the listener and starts it; isRunning becomes true when it is ready. Throws
+  // ListenerServiceError.
+  Awaitable<> start();
+  // Ends the listener. Connections that are open go on, but receive no more pushes.
+  Awaitable<> stop();
+  // A start from scratch, whatever came before: stop, retries and error forgotten, start.
+  Awaitable<> restart();
+  Awaitable<ListenerState> state();
+  Awaitable<> dismissShortcutCoachMessage();
+  // Sends the decks to every connection of a paired phone.
+  Awaitable<> pushDecksSnapshot();
+  // Ends the listener and every connection, for good.
+  Awaitable<> shutDown();
+
+  // The replies to one message of a connection that presented `token`; none when nothing is to be
+  // sent. Runs in the actor's turns.
+  Awaitable<std::vector<std::string>> dispatch(std::string message,
+                                               std::optional<std::string> token);
+
+ private:
+  using ConnectionPointer = std::shared_ptr<WebSocketConnection>;
+  struct PushConnection {
+    ConnectionPointer connection;
+    std::string token;
+  };
+
+  Awaitable<> doStart();
+  Awaitable<> doStop();
+  Awaitable<> doRestart();
+  Awaitable<ListenerState> doState();
+  Awaitable<> doDismissShortcutCoachMessage();
+  Awaitable<> doPushDecksSnapshot();
+  Awaitable<> doShutDown();
+  void startListener();
+  void stopListener();
+
+  void handleListenerState(const WebSocketListenerState& state);
+  static Awaitable<> retryStartAfterPortConflict(std::weak_ptr<ListenerService> weak);
+  void advertise();
+
+  // The life of one connection, from its upgrade to its end.
+  static Awaitable<> serve(std::shared_ptr<ListenerService> self, ConnectionPointer connection);
+  Awaitable<> receiveMessages(ConnectionPointer connection, std::optional<std::string> token);
+  void removeConnection(const ConnectionPointer& connection);
+  Awaitable<> dropUnpairedConnections();
+  void pushConnectionsChanged();
+
+  // Dispatch by message.
+  Awaitable<std::optional<PairedDevice>> device(const std::optional<std::string>& token);
+  Awaitable<std::vector<std::string>> answer(WireMessageParser::ParsedMessage message,
+                                             std::string bytes);
+  Awaitable<std::vector<std::string>> pair(WireMessage<PairRequestPayload> request);
+  Awaitable<std::vector<std::string>> synchronise(Uuid requestId);
+  Awaitable<std::vector<std::string>> pong(WireMessage<PingPayload> request);
+  Awaitable<std::vector<std::string>> runAction(WireMessage<ActionRunPayload> request);
+  Awaitable<std::vector<std::string>> runShortcut(std::string bytes);
+  Awaitable<std::vector<std::string>> icons(WireMessage<AppIconRequestPayload> request);
+
+  Parts parts_;
+  std::uint16_t port_;
+  std::unique_ptr<WebSocketListener> listener_;
+  std::map<WebSocketConnection*, PushConnection> pushConnections_;
+  std::map<WebSocketConnection*, ConnectionPointer> connections_;
+  bool isRunning_ = false;
+  std::optional<std::string> lastError_;
+  std::optional<std::string> shortcutCoachMessage_;
+  int portConflictRetries_ = 0;
+  bool phoneConnected_ = false;
+};
+
+}  // namespace glintboard

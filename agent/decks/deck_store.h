@@ -1,0 +1,105 @@
+// The user's decks.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "agent/decks/decks_file.h"
+#include "agent_core/icons/app_icon_provider.h"
+#include "agent_core/icons/shortcut_icon_provider.h"
+#include "platform/actor.h"
+#include "platform/async_lock.h"
+#include "platform/workspace_client.h"
+#include "protocol/deck_templates.h"
+#include "protocol/payloads.h"
+
+namespace glintboard {
+
+// The only reader and writer of the decks file. It holds no decks in memory: every operation reads
+// the file afresh, so that the file is the one truth. Changes are made one after another; reading
+// never waits for them and sees the file as it stands. Nothing the user made is destroyed: a file
+// that cannot be read now is left alone, and one that holds no usable decks is kept under another
+// name before the built-in decks replace it.
+//
+// An actor of the service loop; files are written on the workers. The workspace and the icon
+// providers given to an operation must stay valid until it has ended.
+class DeckStore : public Actor {
+ public:
+  // `storageURL` is the decks file; without one it lies in the agent's own folder. No file is
+  // touched.
+  DeckStore(asio::any_io_executor executor, asio::any_io_executor workers,
+            std::optional<std::filesystem::path> storageURL = std::nullopt);
+
+  const std::filesystem::path& storageURL() const { return storageURL_; }
+
+  // The deck to edit: the stored one as it is, else the built-in one. Never fails.
+  Awaitable<DeckTemplate> loadDeck(DeckCategoryID category, const WorkspaceClient& workspace);
+  // Stores the deck with its tiles renumbered. Throws DeckStoreError or std::system_error; the
+  // file is then unchanged.
+  Awaitable<> saveDeck(DeckCategoryID category, std::string name, std::vector<DeckTile> tiles,
+                       const WorkspaceClient& workspace);
+  // Stores the built-in deck in place of the user's and returns it. Throws as saveDeck does.
+  Awaitable<DeckTemplate> resetDeck(DeckCategoryID category, const WorkspaceClient& workspace);
+  // What the phone sees: each deck with its installed applications, those that run, and the
+  // revisions of the icons.
+  Awaitable<std::vector<DeckSnapshotPayload>> deckSnapshots(
+      const WorkspaceClient& workspace, AppIconProvider& iconProvider,
+      ShortcutIconProvider& shortcutIconProvider);
+  // The running applications of all decks, deck after deck; one that is on several decks occurs
+  // several times.
+  Awaitable<std::vector<std::string>> runningDeckBundleIds(const WorkspaceClient& workspace);
+  // Resumes when no change is being written.
+  Awaitable<> finishChanges();
+
+ private:
+  using Decks = std::vector<DeckTemplate>;
+
+  Awaitable<DeckTemplate> doLoadDeck(DeckCategoryID category, const WorkspaceClient& workspace);
+  Awaitable<> doSaveDeck(DeckCategoryID category, std::string name, std::vector<DeckTile> tiles,
+                         const WorkspaceClient& workspace);
+  Awaitable<DeckTemplate> doResetDeck(DeckCategoryID category, const WorkspaceClient& workspace);
+  Awaitable<std::vector<DeckSnapshotPayload>> doDeckSnapshots(
+      const WorkspaceClient& workspace, AppIconProvider& iconProvider,
+      ShortcutIconProvider& shortcutIconProvider);
+  Awaitable<std::vector<std::string>> doRunningDeckBundleIds(const WorkspaceClient& workspace);
+  Awaitable<> doFinishChanges();
+
+  // The stored decks after a first start's or an earlier version's file has been made.
+  Awaitable<StoredDecks> migratedDecks(const WorkspaceClient& workspace);
+  Awaitable<> migrateLegacyIfNeeded(const WorkspaceClient& workspace);
+  // The decks that the phone sees.
+  Awaitable<Decks> servedDecks(const WorkspaceClient& workspace);
+  Awaitable<> replaceUnusableFile(const WorkspaceClient& workspace);
+  // Puts the validated deck in its category's place and writes all decks.
+  Awaitable<DeckTemplate> store(DeckCategoryID category, DeckTemplate deck,
+                                const WorkspaceClient& workspace);
+  Awaitable<> writeDecks(Decks decks, bool keepingBackup = false);
+  Awaitable<std::map<std::string, std::string>> iconRevisions(
+      const std::vector<DeckTile>& tiles, const WorkspaceClient& workspace,
+      AppIconProvider& iconProvider, ShortcutIconProvider& shortcutIconProvider);
+
+  std::filesystem::path storageURL_;
+  std::filesystem::path legacyURL_;
+  asio::any_io_executor workers_;
+  AsyncLock changes_;
+};
+
+// The rules of stored decks, without a file.
+namespace DeckRules {
+
+// The deck that a template gives on this computer: installed applications only, numbered from 1.
+DeckTemplate adaptedTemplate(const DeckTemplate& deck, const WorkspaceClient& workspace);
+// The adapted built-in decks in the order of the categories.
+std::vector<DeckTemplate> defaultDecks(const WorkspaceClient& workspace);
+// Exactly one deck for each category: the first of its id, else the adapted built-in one.
+std::vector<DeckTemplate> normalizedDecks(const std::vector<DeckTemplate>& decks,
+                                          const WorkspaceClient& workspace);
+// The deck with its tiles numbered from 1. Throws DeckStoreError when it holds too many tiles, two
+// of the same identity, or one without its identifier.
+DeckTemplate validated(const DeckTemplate& deck);
+
+}  // namespace DeckRules
+}  // namespace glintboard

@@ -1,0 +1,69 @@
+#include "agent/decks/decks_file.h"
+
+#include "agent/decks/deck_store_error.h"
+#include "platform/atomic_file.h"
+#include "protocol/json_reader.h"
+#include "protocol/json_writer.h"
+#include "protocol/utf8.h"
+
+namespace glintboard {
+namespace {
+
+constexpr mode_t fileMode = 0644;
+
+bool isMissing(const std::error_code& error) {
+  return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+}
+
+}  // namespace
+
+StoredDecks readDecks(const std::filesystem::path& path) {
+  StoredDecks stored;
+  std::string content;
+  try {
+    content = readWholeFile(path);
+  } catch (const std::system_error& error) {
+    const bool missing = isMissing(error.code());
+    stored.state = missing ? StoredDecks::State::absent : StoredDecks::State::unavailable;
+    stored.error = error.code();
+    return stored;
+  }
+  auto file = decodeJson<DecksFile>(content);
+  stored.state = file ? StoredDecks::State::present : StoredDecks::State::unusable;
+  if (file) {
+    stored.decks = std::move(file->decks);
+  }
+  return stored;
+}
+
+std::optional<DeckTemplate> readLegacyDeck(const std::filesystem::path& path) {
+  try {
+    auto deck = decodeJson<DeckTemplate>(readWholeFile(path));
+    return deck ? std::optional(std::move(*deck)) : std::nullopt;
+  } catch (const std::system_error& error) {
+    if (isMissing(error.code())) {
+      return std::nullopt;
+    }
+    throw;
+  }
+}
+
+void writeDecksFile(const std::filesystem::path& path, const DecksFile& file) {
+  const std::string content = jsonText(file);
+  if (!isValidUtf8(content)) {
+    throw DeckStoreError(DeckStoreError::Code::encodingFailed);
+  }
+  std::filesystem::create_directories(path.parent_path());
+  writeAtomically(path, content, fileMode);
+}
+
+void keepBackup(const std::filesystem::path& path) {
+  const std::filesystem::path first = path.string() + ".bak";
+  std::filesystem::path backup = first;
+  for (int number = 1; std::filesystem::exists(backup); ++number) {
+    backup = first.string() + "." + std::to_string(number);
+  }
+  writeAtomically(backup, readWholeFile(path), fileMode);
+}
+
+}  // namespace glintboard

@@ -1,0 +1,49 @@
+// The decks on disk.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <variant>
+#include <vector>
+
+#include "protocol/deck_template.h"
+
+namespace glintboard {
+
+// The root object of the decks file, written with its keys in ascending order.
+struct DecksFile {
+  std::int64_t version = 1;  // of the format; not examined
+  std::vector<DeckTemplate> decks;
+};
+BOOST_DESCRIBE_STRUCT(DecksFile, (), (version, decks))
+
+// What reading the decks gave.
+struct StoredDecks {
+  enum class State {
+    present,      // `decks` holds them
+    absent,       // there is no file
+    unusable,     // the file's content is not decks
+    unavailable,  // the file cannot be read now; it may hold good decks
+  };
+  State state = State::absent;
+  std::vector<DeckTemplate> decks;
+  std::error_code error;  // why the file is unavailable
+};
+
+// Each blocks on the disk.
+StoredDecks readDecks(const std::filesystem::path& path);
+
+// The single deck of an earlier version's file; none when there is none or it is not a deck.
+// Throws std::system_error when it is there but cannot be read.
+std::optional<DeckTemplate> readLegacyDeck(const std::filesystem::path& path);
+
+// Writes the file atomically, creating its folder. Throws DeckStoreError::encodingFailed or
+// std::system_error; the previous file is then intact.
+void writeDecksFile(const std::filesystem::path& path, const DecksFile& file);
+
+// Keeps a copy of the file beside it, under the first free name of "decks.json.bak",
+// "decks.json.bak.1" and so on. Throws std::system_error.
+void keepBackup(const std::filesystem::path& path);
+
+}  // namespace glintboard

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <stdexcept>
+
+#include "agent/pairing/paired_device_storing.h"
+#include "platform/keychain.h"
+
+namespace glintboard {
+
+class KeychainPairedDeviceStoreError : public std::runtime_error {
+ public:
+  enum class Code { saveFailed, deleteFailed };
+  KeychainPairedDeviceStoreError(Code code, KeychainStatus status);
+
+  bool operator==(const KeychainPairedDeviceStoreError& other) const {
+    return code == other.code && status == other.status;
+  }
+
+  Code code;
+  KeychainStatus status;
+};
+
+// Keeps the list as one generic password: a JSON array of devices.
+class KeychainPairedDeviceStore : public PairedDeviceStoring {
+ public:
+  // `keychain` must outlive the store.
+  explicit KeychainPairedDeviceStore(Keychain& keychain) : keychain_(keychain) {}
+
+  std::vector<PairedDevice> load() override;
+  void save(const std::vector<PairedDevice>& devices) override;
+  void deleteAll() override;
+
+ private:
+  Keychain& keychain_;
+};
+
+}  // namespace glintboard

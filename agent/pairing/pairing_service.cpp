@@ -1,0 +1,217 @@
+#include "agent/pairing/pairing_service.h"
+
+#include <algorithm>
+
+#include "platform/log.h"
+#include "platform/run_on.h"
+#include "platform/spawn.h"
+#include "protocol/message_factory.h"
+#include "protocol/pairing_secrets.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto loadDeadline = 2s;
+constexpr auto changeDeadline = 5s;
+
+PairFailPayload failure(PairingFailureReason reason, std::string message) {
+  return {reason, std::move(message)};
+}
+
+PairFailPayload lockoutFailure() {
+  return failure(PairingFailureReason::lockout, "Too many failed PIN attempts");
+}
+
+}  // namespace
+
+// The loading of the stored list. It goes on when the service has stopped waiting for it.
+class PairingService::Loading {
+ public:
+  explicit Loading(const asio::any_io_executor& executor) : ended_(executor) {
+    ended_.expires_after(loadDeadline);
+  }
+
+  static Awaitable<> run(std::shared_ptr<Loading> loading,
+                         std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
+    loading->devices_ = co_await runOn(lane, [store] { return store->load(); });
+    loading->ended_.expires_at(asio::steady_timer::time_point::min());
+  }
+
+  // Resumes when the list is there, or is not expected any more.
+  Awaitable<> wait() {
+    if (ended_.expiry() > std::chrono::steady_clock::now()) {
+      co_await ended_.async_wait(asio::as_tuple(asio::use_awaitable));
+    }
+  }
+
+  // The list, once.
+  std::optional<std::vector<PairedDevice>> take() { return std::exchange(devices_, std::nullopt); }
+
+ private:
+  asio::steady_timer ended_;
+  std::optional<std::vector<PairedDevice>> devices_;
+};
+
+PairingService::PairingService(asio::any_io_executor executor, asio::any_io_executor storeLane,
+                               std::unique_ptr<PairedDeviceStoring> store)
+    : Actor(std::move(executor)),
+      store_(std::move(store)),
+      storeLane_(std::move(storeLane)),
+      changes_(this->executor()),
+      loading_(std::make_shared<Loading>(this->executor())) {
+  renewSecrets();
+  spawn(this->executor(), Loading::run(loading_, store_, storeLane_), "loading the pairing");
+}
+
+Awaitable<PairingResponse> PairingService::handlePairRequest(PairRequestPayload request,
+                                                             Uuid requestId) {
+  return enter(doHandlePairRequest(std::move(request), requestId));
+}
+
+Awaitable<std::optional<PairedDevice>> PairingService::device(std::string token) {
+  return enter(doDevice(std::move(token)));
+}
+
+Awaitable<> PairingService::unpairAll() {
+  return enter(doUnpairAll());
+}
+
+Awaitable<> PairingService::beginReplacementPairing() {
+  return enter(doBeginReplacementPairing());
+}
+
+Awaitable<> PairingService::endReplacementPairing() {
+  return enter(doEndReplacementPairing());
+}
+
+Awaitable<PairingState> PairingService::state() {
+  return enter(doState());
+}
+
+Awaitable<> PairingService::loaded() {
+  co_await loading_->wait();
+  // A list that comes late still counts, unless a phone was paired or forgotten meanwhile.
+  auto devices = loading_->take();
+  if (devices && !storedListIsOutdated_) {
+    pairedDevices_ = std::move(*devices);
+  }
+}
+
+Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayload request,
+                                                               Uuid requestId) {
+  co_await loaded();
+  const auto guard = co_await changes_.acquire();
+  auto refused = refusal(request);
+  if (!refused) {
+    refused = secretRefusal(request);
+  }
+  if (refused) {
+    co_return MessageFactory::pairFail(refused->reason, std::move(refused->message), requestId);
+  }
+  const std::string token = uuidText(randomUuid());
+  pairedDevices_ = {PairedDevice{request.deviceId, std::move(request.deviceName),
+                                 DeviceToken{token}, ReferenceDate::now()}};
+  storedListIsOutdated_ = true;
+  bool saved = false;
+  try {
+    const auto done =
+        co_await runBefore(changeDeadline, storeLane_, [store = store_, list = pairedDevices_] {
+          store->save(list);
+          return true;
+        });
+    saved = done.has_value();
+  } catch (const std::exception& error) {
+    log::warning("saving the pairing: ", error.what());
+  }
+  if (!saved) {
+    throw PairingServiceError(PairingServiceError::Code::persistenceFailed);
+  }
+  replacementPairingEnabled_ = false;
+  renewSecrets();
+  engine_.resetAttempts();
+  co_return MessageFactory::pairOK(token, requestId);
+}
+
+// Why the request is refused whatever its secret, or none.
+std::optional<PairFailPayload> PairingService::refusal(const PairRequestPayload& request) {
+  if (request.method == PairingMethod::pin && engine_.isLockedOut()) {
+    return lockoutFailure();
+  }
+  const bool isKnown = std::ranges::find(pairedDevices_, request.deviceId, &PairedDevice::id) !=
+                       pairedDevices_.end();
+  if (!isKnown && !pairedDevices_.empty() && !replacementPairingEnabled_) {
+    return failure(
+        PairingFailureReason::alreadyPaired,
+        "Mac is already paired. Show the pairing code again or Unpair to add a new device.");
+  }
+  return std::nullopt;
+}
+
+std::optional<PairFailPayload> PairingService::secretRefusal(const PairRequestPayload& request) {
+  if (request.method == PairingMethod::qr) {
+    return PairingSecret::matches(request.secret, currentPairingCode_)
+               ? std::nullopt
+               : std::optional(failure(PairingFailureReason::invalidCode, "Invalid pairing code"));
+  }
+  const auto result = engine_.check(request.secret, currentPIN_);
+  if (std::holds_alternative<PINCheckResult::Lockout>(result)) {
+    return lockoutFailure();
+  }
+  return std::holds_alternative<PINCheckResult::Accepted>(result)
+             ? std::nullopt
+             : std::optional(failure(PairingFailureReason::invalidPIN, "Invalid PIN"));
+}
+
+Awaitable<std::optional<PairedDevice>> PairingService::doDevice(std::string token) {
+  co_await loaded();
+  const auto device = std::ranges::find(pairedDevices_, token, [](const PairedDevice& paired) {
+    return std::string_view(paired.token.value);
+  });
+  co_return device == pairedDevices_.end() ? std::nullopt : std::optional(*device);
+}
+
+Awaitable<> PairingService::doUnpairAll() {
+  co_await loaded();
+  const auto guard = co_await changes_.acquire();
+  pairedDevices_.clear();
+  replacementPairingEnabled_ = false;
+  storedListIsOutdated_ = true;
+  const auto done = co_await runBefore(changeDeadline, storeLane_, [store = store_] {
+    store->deleteAll();
+    return true;
+  });
+  if (!done) {
+    throw std::runtime_error("Removing the stored pairing took too long.");
+  }
+  renewSecrets();
+  engine_.resetAttempts();
+}
+
+Awaitable<> PairingService::doBeginReplacementPairing() {
+  co_await loaded();
+  const auto guard = co_await changes_.acquire();
+  renewSecrets();
+  engine_.resetAttempts();
+  replacementPairingEnabled_ = true;
+}
+
+Awaitable<> PairingService::doEndReplacementPairing() {
+  co_await loaded();
+  const auto guard = co_await changes_.acquire();
+  replacementPairingEnabled_ = false;
+}
+
+Awaitable<PairingState> PairingService::doState() {
+  co_await loaded();
+  co_return PairingState{currentPIN_, currentPairingCode_, pairedDevices_, engine_.isLockedOut(),
+                         replacementPairingEnabled_};
+}
+
+void PairingService::renewSecrets() {
+  currentPIN_ = PINGenerator::generate();
+  currentPairingCode_ = PairingCodeGenerator::generate();
+}
+
+}  // namespace glintboard

@@ -1,0 +1,26 @@
+#include "agent/shell/agent_services.h"
+
+#include "agent/pairing/keychain_paired_device_store.h"
+
+namespace glintboard {
+
+AgentServices::AgentServices(AgentEnvironment environment, DeckStore& deckStore)
+    : environment_(std::move(environment)),
+      pairingService_(environment_.executors.service(), environment_.executors.keychainLane(),
+                      std::make_unique<KeychainPairedDeviceStore>(environment_.keychain)),
+      volume_(environment_.audioOutput),
+      appIconProvider_(environment_.executors.workerStrand(), environment_.applicationIcons),
+      shortcutIconProvider_(environment_.executors.workerStrand(), environment_.shortcutIcons),
+      listenerService_(std::make_shared<ListenerService>(
+          environment_.executors.service(),
+          ListenerService::Parts{
+              pairingService_, AppMessageHandler(AppLauncher(environment_.workspace)),
+              ActionMessageHandler(SystemActionRunner(volume_)),
+              ShortcutWireHandler(ShortcutMessageHandler(
+                  ShortcutsRunner(environment_.shortcutsExecutable, environment_.processRunner))),
+              deckStore, appIconProvider_, shortcutIconProvider_, environment_.workspace,
+              environment_.bonjour, environment_.localizedName, environment_.executors.volumeLane(),
+              environment_.phoneConnected},
+          environment_.port)) {}
+
+}  // namespace glintboard

@@ -1,0 +1,62 @@
+// The long-lived services, made and wired once.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "agent/connection/listener_service.h"
+#include "agent/decks/deck_store.h"
+#include "agent/pairing/pairing_service.h"
+#include "agent_core/actions/core_audio_volume_controller.h"
+#include "agent_core/icons/app_icon_provider.h"
+#include "agent_core/icons/shortcut_icon_provider.h"
+#include "agent_core/shortcuts/shortcuts_catalog.h"
+#include "platform/application_icon_client.h"
+#include "platform/bonjour.h"
+#include "platform/executors.h"
+#include "platform/keychain.h"
+#include "platform/process_running.h"
+#include "platform/shortcut_icon_client.h"
+
+namespace glintboard {
+
+// What the services need of the desktop. Everything here outlives them.
+struct AgentEnvironment {
+  Executors& executors;
+  WorkspaceClient workspace;
+  ApplicationIconClient applicationIcons;
+  ShortcutIconClient shortcutIcons;
+  ProcessRunning& processRunner;
+  AudioOutput& audioOutput;
+  Keychain& keychain;
+  BonjourAdvertiser& bonjour;
+  std::function<std::optional<std::string>()> localizedName;
+  // Told whether a paired phone is connected.
+  std::function<void(bool)> phoneConnected;
+  std::uint16_t port = GlintboardService::defaultPort;
+  std::string shortcutsExecutable = ShortcutsCatalog::defaultExecutable;
+};
+
+// Owns the pairing, the icons, the handlers and the listener. Throws SecureRandomError when made
+// without a source of secrets.
+class AgentServices {
+ public:
+  // `deckStore` must outlive the services.
+  AgentServices(AgentEnvironment environment, DeckStore& deckStore);
+
+  PairingService& pairingService() { return pairingService_; }
+  ListenerService& listenerService() { return *listenerService_; }
+  const AgentEnvironment& environment() const { return environment_; }
+
+ private:
+  AgentEnvironment environment_;
+  PairingService pairingService_;
+  CoreAudioVolumeController volume_;
+  AppIconProvider appIconProvider_;
+  ShortcutIconProvider shortcutIconProvider_;
+  std::shared_ptr<ListenerService> listenerService_;
+};
+
+}  // namespace glintboard

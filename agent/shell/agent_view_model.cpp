@@ -1,0 +1,195 @@
+#include "agent/shell/agent_view_model.h"
+
+#include <QStringList>
+
+#include "platform/log.h"
+#include "platform/spawn.h"
+#include "protocol/pairing_qr_payload.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto refreshPeriod = 1s;
+
+QString text(const std::string& utf8) {
+  return QString::fromStdString(utf8);
+}
+
+// Null when absent.
+QString text(const std::optional<std::string>& utf8) {
+  return utf8 ? text(*utf8) : QString();
+}
+
+}  // namespace
+
+AgentViewModel::AgentViewModel(asio::any_io_executor mainThread, AgentEnvironment environment,
+                               DeckStore& deckStore)
+    : mainThread_(std::move(mainThread)),
+      deckStore_(deckStore),
+      services_(std::move(environment), deckStore) {
+  connect(this, &AgentViewModel::pairedDevicesChanged, this,
+          &AgentViewModel::pairingStatusTextChanged);
+  connect(this, &AgentViewModel::isLockedOutChanged, this,
+          &AgentViewModel::pairingStatusTextChanged);
+  startRefreshLoop();
+  spawn(mainThread_, startListener(), "starting the listener");
+}
+
+AgentViewModel::~AgentViewModel() {
+  *refreshTask_ = false;
+}
+
+QString AgentViewModel::pairingStatusText() const {
+  if (!pairedDevices_.empty()) {
+    QStringList names;
+    for (const auto& device : pairedDevices_) {
+      names.append(text(device.name));
+    }
+    return names.join(QStringLiteral(", "));
+  }
+  return isLockedOut_ ? tr("Pairing locked \u2014 too many failed attempts")
+                      : tr("Waiting for iPhone to scan QR");
+}
+
+void AgentViewModel::startRefreshLoop() {
+  if (refreshTask_) {
+    *refreshTask_ = false;
+  }
+  refreshTask_ = std::make_shared<bool>(true);
+  spawn(mainThread_, refreshLoop(this, refreshTask_, services_.environment().executors.service()),
+        "refresh");
+}
+
+// The task's flag is what keeps the loop from touching a view model that is gone.
+Awaitable<> AgentViewModel::refreshLoop(AgentViewModel* viewModel, std::shared_ptr<bool> task,
+                                        asio::any_io_executor timer) {
+  while (*task) {
+    try {
+      co_await viewModel->refresh();
+    } catch (const std::exception& error) {
+      log::warning("refresh: ", error.what());
+    }
+    co_await asio::co_spawn(timer, sleepFor(refreshPeriod), asio::use_awaitable);
+  }
+}
+
+Awaitable<> AgentViewModel::refresh() {
+  const PairingState pairing = co_await services_.pairingService().state();
+  const ListenerState listener = co_await services_.listenerService().state();
+  setPairing(pairing);
+  setListener(listener);
+  if (!isListenerRunning_ && !listenerError_.isNull()) {
+    co_await attemptAutomaticRecoveryIfNeeded();
+  }
+}
+
+void AgentViewModel::setPairing(const PairingState& pairing) {
+  set(currentPIN_, text(pairing.currentPIN), &AgentViewModel::currentPINChanged);
+  set(pairedDevices_, pairing.pairedDevices, &AgentViewModel::pairedDevicesChanged);
+  set(isLockedOut_, pairing.isLockedOut, &AgentViewModel::isLockedOutChanged);
+  if (pairedDevices_.empty() || !pairing.replacementPairingEnabled) {
+    set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
+  }
+  const std::string name = services_.environment().localizedName().value_or("Glintboard Mac");
+  set(bonjourServiceName_, text(name), &AgentViewModel::bonjourServiceNameChanged);
+  const PairingQRPayload payload{name, pairing.currentPairingCode};
+  set(pairingQRString_, text(payload.encodedURL().value_or("")),
+      &AgentViewModel::pairingQRStringChanged);
+}
+
+void AgentViewModel::setListener(const ListenerState& listener) {
+  set(isListenerRunning_, listener.isRunning, &AgentViewModel::isListenerRunningChanged);
+  set(listenerError_, text(listener.lastError), &AgentViewModel::listenerErrorChanged);
+  set(hasConnectedPhone_, listener.hasPushConnections, &AgentViewModel::hasConnectedPhoneChanged);
+  set(shortcutCoachMessage_, text(listener.shortcutCoachMessage),
+      &AgentViewModel::shortcutCoachMessageChanged);
+}
+
+void AgentViewModel::setListenerError(const std::exception& error) {
+  set(listenerError_, QString::fromUtf8(error.what()), &AgentViewModel::listenerErrorChanged);
+}
+
+Awaitable<> AgentViewModel::startListener() {
+  try {
+    co_await services_.listenerService().start();
+  } catch (const ListenerServiceError& error) {
+    if (error.code == ListenerServiceError::Code::alreadyRunning) {
+      set(listenerError_, tr("Listener is already running."),
+          &AgentViewModel::listenerErrorChanged);
+    } else {
+      setListenerError(error);
+    }
+  } catch (const std::exception& error) {
+    setListenerError(error);
+  }
+  co_await refresh();
+}
+
+Awaitable<> AgentViewModel::restart() {
+  try {
+    co_await services_.listenerService().restart();
+  } catch (const std::exception& error) {
+    setListenerError(error);
+  }
+}
+
+Awaitable<> AgentViewModel::restartListener() {
+  co_await restart();
+  co_await refresh();
+}
+
+Awaitable<> AgentViewModel::attemptAutomaticRecoveryIfNeeded() {
+  const auto now = std::chrono::steady_clock::now();
+  if (lastRecoveryAttempt_ && now - *lastRecoveryAttempt_ < recoveryCooldown_) {
+    co_return;
+  }
+  lastRecoveryAttempt_ = now;
+  try {
+    co_await services_.listenerService().restart();
+    const ListenerState listener = co_await services_.listenerService().state();
+    setListener(listener);
+  } catch (const std::exception& error) {
+    setListenerError(error);
+  }
+}
+
+Awaitable<> AgentViewModel::showPairingCode() {
+  co_await services_.pairingService().beginReplacementPairing();
+  set(isShowingPairingCode_, true, &AgentViewModel::isShowingPairingCodeChanged);
+  co_await refresh();
+}
+
+Awaitable<> AgentViewModel::hidePairingCode() {
+  co_await services_.pairingService().endReplacementPairing();
+  set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
+  co_await refresh();
+}
+
+Awaitable<> AgentViewModel::unpair() {
+  try {
+    co_await services_.pairingService().unpairAll();
+  } catch (const std::exception& error) {
+    // The phone is forgotten all the same.
+    log::warning("unpairing: ", error.what());
+  }
+  set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
+  co_await refresh();
+}
+
+Awaitable<> AgentViewModel::dismissShortcutCoachMessage() {
+  co_await services_.listenerService().dismissShortcutCoachMessage();
+  co_await refresh();
+}
+
+template <class T>
+void AgentViewModel::set(T& field, T value, void (AgentViewModel::*changed)()) {
+  if (field == value) {
+    return;
+  }
+  field = std::move(value);
+  Q_EMIT(this->*changed)();
+}
+
+}  // namespace glintboard

@@ -1,0 +1,118 @@
+// What the user interface shows and commands.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "agent/decks/deck_store.h"
+#include "agent/shell/agent_services.h"
+#include "protocol/paired_device.h"
+
+namespace glintboard {
+
+// A snapshot of the services' state, at most about a second old. A field's signal is emitted only
+// when its value changes. Optional texts are null when absent.
+//
+// Lives on the main thread; its coroutines run there and await the services.
+class AgentViewModel : public QObject {
+  Q_OBJECT
+  Q_PROPERTY(QString currentPIN READ currentPIN NOTIFY currentPINChanged)
+  Q_PROPERTY(QString pairingQRString READ pairingQRString NOTIFY pairingQRStringChanged)
+  Q_PROPERTY(QString bonjourServiceName READ bonjourServiceName NOTIFY bonjourServiceNameChanged)
+  Q_PROPERTY(QString pairingStatusText READ pairingStatusText NOTIFY pairingStatusTextChanged)
+  Q_PROPERTY(bool isPaired READ isPaired NOTIFY pairedDevicesChanged)
+  Q_PROPERTY(bool isLockedOut READ isLockedOut NOTIFY isLockedOutChanged)
+  Q_PROPERTY(bool isListenerRunning READ isListenerRunning NOTIFY isListenerRunningChanged)
+  Q_PROPERTY(QString listenerError READ listenerError NOTIFY listenerErrorChanged)
+  Q_PROPERTY(bool hasConnectedPhone READ hasConnectedPhone NOTIFY hasConnectedPhoneChanged)
+  Q_PROPERTY(
+      QString shortcutCoachMessage READ shortcutCoachMessage NOTIFY shortcutCoachMessageChanged)
+  Q_PROPERTY(bool isShowingPairingCode READ isShowingPairingCode NOTIFY isShowingPairingCodeChanged)
+
+ public:
+  // Makes the services, starts the refresh loop and then the listener. `mainThread` is the
+  // executor over the thread that makes this; `deckStore` must outlive it.
+  AgentViewModel(asio::any_io_executor mainThread, AgentEnvironment environment,
+                 DeckStore& deckStore);
+  ~AgentViewModel() override;
+
+  QString currentPIN() const { return currentPIN_; }
+  QString pairingQRString() const { return pairingQRString_; }
+  QString bonjourServiceName() const { return bonjourServiceName_; }
+  const std::vector<PairedDevice>& pairedDevices() const { return pairedDevices_; }
+  bool isPaired() const { return !pairedDevices_.empty(); }
+  bool isLockedOut() const { return isLockedOut_; }
+  bool isListenerRunning() const { return isListenerRunning_; }
+  QString listenerError() const { return listenerError_; }
+  bool hasConnectedPhone() const { return hasConnectedPhone_; }
+  QString shortcutCoachMessage() const { return shortcutCoachMessage_; }
+  bool isShowingPairingCode() const { return isShowingPairingCode_; }
+  // The names of the paired phones, else what pairing waits for.
+  QString pairingStatusText() const;
+
+  DeckStore& deckStore() { return deckStore_; }
+  AgentServices& services() { return services_; }
+  const asio::any_io_executor& executor() const { return mainThread_; }
+
+  // Copies the services' state into the fields, and restarts a listener that has failed.
+  Awaitable<> refresh();
+  Awaitable<> startListener();
+  // The user's command.
+  Awaitable<> restartListener();
+  // Restarts a failed listener, at most once in five seconds.
+  Awaitable<> attemptAutomaticRecoveryIfNeeded();
+  // Shows a fresh code, by which another phone may replace the paired one.
+  Awaitable<> showPairingCode();
+  Awaitable<> hidePairingCode();
+  Awaitable<> unpair();
+  Awaitable<> dismissShortcutCoachMessage();
+
+ Q_SIGNALS:
+  void currentPINChanged();
+  void pairingQRStringChanged();
+  void bonjourServiceNameChanged();
+  void pairingStatusTextChanged();
+  void pairedDevicesChanged();
+  void isLockedOutChanged();
+  void isListenerRunningChanged();
+  void listenerErrorChanged();
+  void hasConnectedPhoneChanged();
+  void shortcutCoachMessageChanged();
+  void isShowingPairingCodeChanged();
+
+ private:
+  template <class T>
+  void set(T& field, T value, void (AgentViewModel::*changed)());
+  void setPairing(const PairingState& pairing);
+  void setListener(const ListenerState& listener);
+  void setListenerError(const std::exception& error);
+  Awaitable<> restart();
+  void startRefreshLoop();
+  static Awaitable<> refreshLoop(AgentViewModel* viewModel, std::shared_ptr<bool> task,
+                                 asio::any_io_executor timer);
+
+  asio::any_io_executor mainThread_;
+  DeckStore& deckStore_;
+  AgentServices services_;
+
+  QString currentPIN_;
+  QString pairingQRString_;
+  QString bonjourServiceName_;
+  std::vector<PairedDevice> pairedDevices_;
+  bool isLockedOut_ = false;
+  bool isListenerRunning_ = false;
+  QString listenerError_;
+  bool hasConnectedPhone_ = false;
+  QString shortcutCoachMessage_;
+  bool isShowingPairingCode_ = false;
+
+  std::shared_ptr<bool> refreshTask_;  // set to false, it ends the loop
+  std::optional<std::chrono::steady_clock::time_point> lastRecoveryAttempt_;
+  std::chrono::duration<double> recoveryCooldown_{5.0};
+};
+
+}  // namespace glintboard

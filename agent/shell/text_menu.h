@@ -1,0 +1,44 @@
+// The menu of an agent without windows.
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "agent/shell/menu_content.h"
+
+namespace glintboard {
+
+// Prints the menu whenever a field changes, and reads commands as lines: a button's number or its
+// text. Main thread.
+class TextMenu : public QObject {
+  Q_OBJECT
+
+ public:
+  // `input` and `output` are descriptors. `quit` ends the application.
+  TextMenu(AgentViewModel& viewModel, int input, int output, std::function<void()> quit);
+
+  // The menu as lines of text; with the QR code when `withQRCode`.
+  static std::string block(const AgentViewModel& viewModel, bool withQRCode);
+  // The command that a line of input means, among those offered.
+  static std::optional<MenuCommand> command(const AgentViewModel& viewModel, const QString& line);
+
+ private:
+  void schedulePrint();
+  void print();
+  void readInput();
+  void press(MenuCommand command);
+  void write(std::string_view text) const;
+
+  AgentViewModel& viewModel_;
+  int input_;
+  int output_;
+  std::function<void()> quit_;
+  QSocketNotifier notifier_;
+  QByteArray unread_;
+  bool printScheduled_ = false;
+};
+
+}  // namespace glintboard
