@@ -135,7 +135,7 @@ Decoded<boost::json::value> parseJson(std::string_view text, boost::json::storag
 
 // A value of type `T` out of a parsed text.
 template <class T>
-Decoded<T> decodeJson(const boost::json::value& value) {
+Decoded<T> decodeValue(const boost::json::value& value) {
   T output{};
   JsonReader reader;
   if (!reader.read(value, output)) {
@@ -153,7 +153,7 @@ Decoded<T> decodeJson(std::string_view text) {
   if (!value) {
     return value.error();
   }
-  return decodeJson<T>(*value);
+  return decodeValue<T>(*value);
 }
 
 }  // namespace glintboard

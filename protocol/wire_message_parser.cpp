@@ -5,7 +5,7 @@ namespace {
 
 template <class Payload, class Wrapper = WireMessage<Payload>>
 Decoded<ParsedMessage> typed(const boost::json::value& value) {
-  auto message = decodeJson<WireMessage<Payload>>(value);
+  auto message = decodeValue<WireMessage<Payload>>(value);
   if (!message) {
     return message.error();
   }
@@ -21,7 +21,7 @@ Decoded<ParsedMessage> parse(std::string_view bytes) {
   if (!value) {
     return value.error();
   }
-  auto envelope = decodeJson<MessageEnvelope>(*value);
+  auto envelope = decodeValue<MessageEnvelope>(*value);
   if (!envelope) {
     return envelope.error();
   }

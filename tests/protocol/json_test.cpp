@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+
+#include "protocol/base64.h"
+#include "protocol/json_reader.h"
+#include "protocol/json_writer.h"
+#include "protocol/payloads.h"
+#include "protocol/utf8.h"
+
+namespace glintboard {
+namespace {
+
+TEST(Json, WritesKeysInOrderWithoutSpacesAndLeavesAbsentOptionalsOut) {
+  AppErrorPayload payload{"a\"b\\c\n\x01/é", AppErrorCode::notFound, std::nullopt};
+  EXPECT_EQ(jsonText(payload), "{\"bundleId\":\"a\\\"b\\\\c\\n\\u0001/é\",\"code\":\"not_found\"}");
+  EXPECT_EQ(jsonText(DeckSnapshotPayload{}),
+            R"({"deckId":"","iconRevisions":{},"name":"","runningBundleIds":[],"tiles":[]})");
+}
+
+TEST(Json, NumbersReadBackAsTheyWere) {
+  for (const double number : {0.0, -0.25, 1.0 / 3, 1e-12, 1.7976931348623157e308, -86400.5}) {
+    std::string text;
+    JsonWriter(text).write(number);
+    const auto back = decodeJson<double>(text);
+    ASSERT_TRUE(back) << text;
+    EXPECT_EQ(*back, number);
+  }
+}
+
+TEST(Json, ReadsLenientlyWhatMayVaryAndRefusesTheRest) {
+  struct Case {
+    const char* text;
+    bool fits;
+  };
+  const Case cases[] = {
+      {R"({"bundleId":"a","code":"not_found"})", true},
+      {R"({"bundleId":"a","code":"not_found","message":null,"unknown":[1,{}]})", true},
+      {R"({"bundleId":"x","bundleId":"a","code":"not_found"})", true},
+      {R"({"bundleId":"a","code":"Not_Found"})", false},
+      {R"({"bundleId":"a","code":1})", false},
+      {R"({"bundleId":1,"code":"not_found"})", false},
+      {R"({"bundleId":null,"code":"not_found"})", false},
+      {R"({"code":"not_found"})", false},
+      {R"({"bundleId":"a","code":"not_found","message":7})", false},
+      {R"([])", false},
+      {"{\"bundleId\":\"\xff\",\"code\":\"not_found\"}", false},
+      {R"({"bundleId":"a","code":"not_found"} x)", false},
+      {"", false},
+  };
+  for (const auto& [text, fits] : cases) {
+    const auto payload = decodeJson<AppErrorPayload>(text);
+    EXPECT_EQ(payload.has_value(), fits) << text;
+    if (fits && payload) {
+      EXPECT_EQ(*payload, (AppErrorPayload{"a", AppErrorCode::notFound, std::nullopt}));
+    }
+  }
+  EXPECT_FALSE(parseJson(std::string(100'000, '[')));
+}
+
+TEST(Json, SaysWhereATextDoesNotFit) {
+  const auto snapshot =
+      decodeJson<DecksSnapshotPayload>(R"({"decks":[{"deckId":"a","name":"b","tiles":[{}]}]})");
+  ASSERT_FALSE(snapshot);
+  EXPECT_EQ(snapshot.error().reason, "decks.tiles.bundleId: missing");
+}
+
+TEST(Utf8, AcceptsOnlyWellFormedText) {
+  for (const char* good : {"", "abc", "\u00e9\u2212\U0001F600", "\xf4\x8f\xbf\xbf"}) {
+    EXPECT_TRUE(isValidUtf8(good)) << good;
+  }
+  for (const char* bad : {"\x80", "\xc3", "\xc0\xaf", "\xe0\x80\xaf", "\xed\xa0\x80",
+                          "\xf4\x90\x80\x80", "\xff", "\xc3\x28"}) {
+    EXPECT_FALSE(isValidUtf8(bad)) << bad;
+  }
+}
+
+TEST(Base64, RoundTripsEveryLengthOfPadding) {
+  const std::string bytes("\x00\xff\x10 any", 7);
+  for (std::size_t length = 0; length <= bytes.size(); ++length) {
+    const auto part = bytes.substr(0, length);
+    EXPECT_EQ(base64Decode(base64Encode(part)), part);
+  }
+  EXPECT_EQ(base64Encode("M\xfb\xff"), "Tfv/");
+  EXPECT_EQ(base64Decode("abc"), std::nullopt);
+  EXPECT_EQ(base64Decode("ab!="), std::nullopt);
+}
+
+}  // namespace
+}  // namespace glintboard

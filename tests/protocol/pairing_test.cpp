@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+
+#include "protocol/json_reader.h"
+#include "protocol/json_writer.h"
+#include "protocol/paired_device.h"
+#include "protocol/pairing_engine.h"
+#include "protocol/pairing_qr_payload.h"
+#include "protocol/pairing_secrets.h"
+#include "protocol/web_socket_auth.h"
+
+namespace glintboard {
+namespace {
+
+using namespace PINCheckResult;
+
+TEST(PairingEngine, CountsDownLocksAndOnlyAResetUnlocks) {
+  PairingEngine engine;
+  const char* wrong[] = {"12345", "1234567", "12345a", "654321"};
+  for (int remaining = 4; remaining >= 1; --remaining) {
+    EXPECT_EQ(engine.check(wrong[4 - remaining], "123456"),
+              PairingEngine::Result(InvalidPIN{remaining}));
+  }
+  EXPECT_FALSE(engine.isLockedOut());
+  EXPECT_EQ(engine.check("123456", "123456"), PairingEngine::Result(Accepted{}));
+  EXPECT_EQ(engine.failedAttempts(), 0);
+
+  for (int i = 0; i < 4; ++i) {
+    engine.check("000000", "123456");
+  }
+  EXPECT_EQ(engine.check("000000", "123456"), PairingEngine::Result(Lockout{}));
+  EXPECT_EQ(engine.check("123456", "123456"), PairingEngine::Result(Lockout{}));
+  EXPECT_EQ(engine.failedAttempts(), 5);
+  EXPECT_EQ(engine.remainingAttempts(), 0);
+  engine.resetAttempts();
+  EXPECT_EQ(engine.check("123456", "123456"), PairingEngine::Result(Accepted{}));
+}
+
+TEST(PairingSecrets, AreWellFormedAndDiffer) {
+  EXPECT_EQ(PINGenerator::format(7), "000007");
+  const std::string pin = PINGenerator::generate();
+  EXPECT_EQ(pin.size(), 6u);
+  EXPECT_EQ(pin.find_first_not_of("0123456789"), std::string::npos);
+  const std::string code = PairingCodeGenerator::generate();
+  EXPECT_EQ(code.size(), 43u);
+  EXPECT_EQ(code.find_first_of("+/="), std::string::npos);
+  EXPECT_NE(code, PairingCodeGenerator::generate());
+}
+
+TEST(PairingSecret, MatchesOnlyTheSameBytes) {
+  EXPECT_TRUE(PairingSecret::matches("abc", "abc"));
+  for (const char* other : {"", "ab", "abd", "abcd", "abc\xcc\x81"}) {
+    EXPECT_FALSE(PairingSecret::matches(other, "abc")) << other;
+  }
+}
+
+TEST(WebSocketAuth, TakesTheFirstTokenHeaderUnchanged) {
+  EXPECT_EQ(
+      WebSocketAuth::token(
+          {{"Host", "x"}, {"x-glintboard-token", " first "}, {"X-Glintboard-Token", "second"}}),
+      " first ");
+  EXPECT_EQ(WebSocketAuth::token({{"X-Glintboard-Tokens", "no"}}), std::nullopt);
+}
+
+TEST(PairingQRPayload, MakesTheAddressAndReadsItBack) {
+  EXPECT_EQ((PairingQRPayload{"Studio Mac", "C"}.encodedURL()),
+            "glintboard://pair?v=1&name=Studio%20Mac&code=C");
+  for (const char* name : {"Studio Mac", "a&b=c+d%20?#/", "Büro \u2014 日本"}) {
+    const PairingQRPayload payload{name, PairingCodeGenerator::generate()};
+    EXPECT_EQ(PairingQRPayload::parse(*payload.encodedURL()), payload);
+  }
+  EXPECT_EQ((PairingQRPayload{"\xff", "C"}.encodedURL()), std::nullopt);
+}
+
+TEST(PairingQRPayload, ReadsOnlyCompletePairingAddresses) {
+  EXPECT_EQ(PairingQRPayload::parse(" glintboard://pair?v=+2&x&name=Studio%20Mac&code=abc\n"),
+            (PairingQRPayload{"Studio Mac", "abc", 2}));
+  for (const char* bad :
+       {"GLINTBOARD://pair?v=1&name=a&code=b", "glintboard://Pair?v=1&name=a&code=b",
+        "glintboard://pair", "glintboard://pair?v=1&code=b", "glintboard://pair?v=1&name=&code=b",
+        "glintboard://pair?v=1&name=a&code=", "glintboard://pair?v=1&name=a&code",
+        "glintboard://pair?v=one&name=a&code=b", "glintboard://pair?v=&name=a&code=b",
+        "glintboard://pair?v=+-1&name=a&code=b",
+        "glintboard://pair?v=99999999999999999999&name=a&code=b", "glintboard://pair?name=a&code=b",
+        "glintboard://pair?v=1&v=1&name=a&code=b", "glintboard://pair?v=1&name=%ff&code=b",
+        "//pair?v=1&name=a&code=b", "pair", ""}) {
+    EXPECT_EQ(PairingQRPayload::parse(bad), std::nullopt) << bad;
+  }
+}
+
+TEST(PairedDevice, IsStoredWithAllItsMembers) {
+  const PairedDevice device{
+      *parseUuid("0f8fad5b-d9cb-469f-a165-70867728950e"), "iPhone", {"T"}, {800000000.25}};
+  const std::string text = jsonText(device);
+  EXPECT_EQ(text, R"({"id":"0F8FAD5B-D9CB-469F-A165-70867728950E","name":"iPhone",)"
+                  R"("pairedAt":800000000.25,"token":{"value":"T"}})");
+  EXPECT_EQ(*decodeJson<PairedDevice>(text), device);
+  EXPECT_FALSE(decodeJson<PairedDevice>(R"({"id":"0F8FAD5B-D9CB-469F-A165-70867728950E",)"
+                                        R"("name":"iPhone","token":{"value":"T"}})"));
+}
+
+}  // namespace
+}  // namespace glintboard
