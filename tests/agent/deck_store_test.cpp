@@ -1,0 +1,191 @@
+#include "agent/decks/deck_store.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <functional>
+
+#include "agent/decks/deck_store_error.h"
+#include "platform/atomic_file.h"
+#include "platform/executors.h"
+#include "protocol/json_writer.h"
+#include "tests/support/await.h"
+#include "tests/support/fake_desktop.h"
+#include "tests/support/temporary_folder.h"
+
+namespace glintboard {
+namespace {
+
+using enum DeckCategoryID;
+
+std::vector<DeckTile> applications(int count, std::int64_t firstSlot = 1) {
+  std::vector<DeckTile> tiles;
+  for (int i = 0; i < count; ++i) {
+    tiles.push_back(DeckTile::app(firstSlot + 3 * i, "App", "app" + std::to_string(i)));
+  }
+  return tiles;
+}
+
+std::vector<std::string> summary(const std::vector<DeckTile>& tiles) {
+  std::vector<std::string> lines;
+  for (const auto& tile : tiles) {
+    lines.push_back(std::to_string(tile.slot) + " " + tile.id);
+  }
+  return lines;
+}
+
+using Lines = std::vector<std::string>;
+
+class DeckStoreTest : public testing::Test {
+ protected:
+  test::TemporaryFolder folder;
+  test::FakeDesktop desktop;
+  Executors executors;
+  WorkspaceClient workspace = desktop.client();
+  QImage image{1, 1, QImage::Format_ARGB32};
+  AppIconProvider icons{executors.workerStrand(),
+                        {[](const ApplicationLocation&) { return ContentModification{}; },
+                         [this](const ApplicationLocation&, int) { return image; }}};
+  ShortcutIconProvider shortcutIcons{executors.workerStrand(),
+                                     {[](const std::string&, int) { return QImage(); },
+                                      [](int) { return std::vector<ShortcutIconClient::Icon>(); }}};
+  std::filesystem::path path = folder / "data/decks.json";
+  DeckStore store{executors.service(), executors.workers(), path};
+
+  void SetUp() override {
+    image.fill(Qt::red);
+    desktop.installed = {"com.discord.Discord", "com.apple.Safari", "com.valvesoftware.steam"};
+  }
+
+  template <class T>
+  T run(Awaitable<T> operation) {
+    return test::await(executors.service(), std::move(operation));
+  }
+  DeckTemplate load(DeckCategoryID category) { return run(store.loadDeck(category, workspace)); }
+  void save(DeckCategoryID category, std::vector<DeckTile> tiles) {
+    run(store.saveDeck(category, "Mine", std::move(tiles), workspace));
+  }
+  std::vector<DeckSnapshotPayload> snapshots() {
+    return run(store.deckSnapshots(workspace, icons, shortcutIcons));
+  }
+  std::string content(const std::string& name) { return readWholeFile(path.parent_path() / name); }
+  bool exists(const std::string& name) {
+    return std::filesystem::exists(path.parent_path() / name);
+  }
+};
+
+TEST_F(DeckStoreTest, AFirstUseStoresTheBuiltInDecksOfThisComputer) {
+  EXPECT_EQ(summary(load(streaming).tiles), (Lines{"1 com.discord.Discord", "2 com.apple.Safari"}));
+  EXPECT_TRUE(
+      content("decks.json").starts_with(R"({"decks":[{"id":"streaming","name":"Streaming")"));
+  EXPECT_TRUE(content("decks.json").ends_with(R"("version":1})"));
+  EXPECT_EQ(summary(load(gaming).tiles),
+            (Lines{"1 com.valvesoftware.steam", "2 com.discord.Discord", "3 com.apple.Safari"}));
+}
+
+TEST_F(DeckStoreTest, SavingRenumbersValidatesAndReplacesOneDeck) {
+  const auto untouched = load(gaming);
+  auto tiles = applications(3, 3);
+  tiles[0].id = "stale";
+  save(streaming, tiles);
+  EXPECT_EQ(load(streaming).name, "Mine");
+  EXPECT_EQ(summary(load(streaming).tiles), (Lines{"1 app0", "2 app1", "3 app2"}));
+  EXPECT_EQ(load(gaming), untouched);
+  save(streaming, applications(24));
+
+  const std::string before = content("decks.json");
+  auto twice = applications(2);
+  twice.push_back(twice[0]);
+  const auto action = DeckTile::action(1, BuiltinAction::volumeUp);
+  auto noAction = action;
+  noAction.actionId.reset();
+  const auto shortcut = DeckTile::shortcut(1, "S", "s", "x");
+  const std::pair<std::vector<DeckTile>, const char*> bad[] = {
+      {applications(25), "A deck can have at most 24 tiles."},
+      {twice, "app0 is already on the deck."},
+      {{action, action}, "system.volume.up is already on the deck."},
+      {{shortcut, shortcut}, "That Shortcut is already on the deck."},
+      {{noAction}, "Could not read the saved deck."},
+      {{DeckTile::app(1, "\xff", "a")}, "Could not save the deck."},
+  };
+  for (const auto& [deck, message] : bad) {
+    try {
+      save(streaming, deck);
+      ADD_FAILURE() << "saved: " << message;
+    } catch (const DeckStoreError& error) {
+      EXPECT_STREQ(error.what(), message);
+    }
+    EXPECT_EQ(content("decks.json"), before);
+  }
+  EXPECT_EQ(run(store.resetDeck(streaming, workspace)).name, "Streaming");
+  EXPECT_EQ(summary(load(streaming).tiles), (Lines{"1 com.discord.Discord", "2 com.apple.Safari"}));
+}
+
+TEST_F(DeckStoreTest, TheDeckOfAnEarlierVersionBecomesTheStreamingDeck) {
+  folder.write("data/deck.json", jsonText(DeckTemplate("old", "Old", applications(3, 4))));
+  EXPECT_EQ(snapshots().size(), 2u);
+  EXPECT_EQ(load(streaming).name, "Old");
+  EXPECT_EQ(summary(load(streaming).tiles), (Lines{"1 app0", "2 app1", "3 app2"}));
+  EXPECT_FALSE(exists("deck.json"));
+}
+
+TEST_F(DeckStoreTest, AnEarlierVersionsDeckThatIsNotTakenOverStaysWithTheUser) {
+  const std::string tooMany = jsonText(DeckTemplate("old", "Old", applications(30)));
+  folder.write("data/deck.json", tooMany);
+  EXPECT_EQ(load(streaming).name, "Streaming");
+  EXPECT_EQ(content("deck.json.bak"), tooMany);
+}
+
+TEST_F(DeckStoreTest, AnUnusableFileIsKeptBeforeItIsReplaced) {
+  folder.write("data/decks.json", "not decks");
+  folder.write("data/decks.json.bak", "older");
+  EXPECT_EQ(load(streaming).name, "Streaming");
+  EXPECT_EQ(content("decks.json"), "not decks") << "loading writes nothing";
+  EXPECT_EQ(snapshots().size(), 2u);
+  EXPECT_EQ(content("decks.json.bak.1"), "not decks");
+  EXPECT_EQ(content("decks.json.bak"), "older");
+  EXPECT_TRUE(content("decks.json").starts_with("{"));
+}
+
+TEST_F(DeckStoreTest, AnIncompleteFileIsCompletedForTheEditorAndReplacedForThePhone) {
+  const std::string half = jsonText(DecksFile{1, {DeckTemplate("gaming", "Mine", {})}});
+  folder.write("data/decks.json", half);
+  EXPECT_EQ(load(gaming).name, "Mine");
+  EXPECT_EQ(load(streaming).name, "Streaming");
+  EXPECT_EQ(snapshots()[1].name, "Gaming");
+  EXPECT_EQ(content("decks.json.bak"), half);
+}
+
+TEST_F(DeckStoreTest, DecksComeInTheirOrderWhateverTheFilesIs) {
+  folder.write("data/decks.json", jsonText(DecksFile{7,
+                                                     {DeckTemplate("gaming", "G", {}),
+                                                      DeckTemplate("streaming", "S", {}),
+                                                      DeckTemplate("other", "O", {})}}));
+  const auto decks = snapshots();
+  ASSERT_EQ(decks.size(), 2u);
+  EXPECT_EQ(decks[0].name + decks[1].name, "SG");
+  save(gaming, {});
+  EXPECT_EQ(content("decks.json").find("other"), std::string::npos);
+}
+
+TEST_F(DeckStoreTest, AFileThatCannotBeReadNowIsLeftAlone) {
+  std::filesystem::create_directories(path);  // reading a folder is an error that may pass
+  EXPECT_EQ(snapshots()[0].name, "Streaming");
+  EXPECT_THROW(save(streaming, {}), std::system_error);
+  EXPECT_TRUE(std::filesystem::is_directory(path));
+}
+
+TEST_F(DeckStoreTest, SnapshotsTellWhatRunsAndTheRevisionsOfTheIcons) {
+  desktop.running = {"com.apple.Safari", "com.valvesoftware.steam"};
+  const auto decks = snapshots();
+  EXPECT_EQ(decks[0].runningBundleIds, Lines{"com.apple.Safari"});
+  const auto revision = run(icons.revision("com.apple.Safari", workspace)).value_or("no icon");
+  EXPECT_EQ(decks[0].iconRevisions,
+            (std::map<std::string, std::string>{{"com.apple.Safari", revision},
+                                                {"com.discord.Discord", revision}}));
+  EXPECT_EQ(run(store.runningDeckBundleIds(workspace)),
+            (Lines{"com.apple.Safari", "com.valvesoftware.steam", "com.apple.Safari"}));
+}
+
+}  // namespace
+}  // namespace glintboard

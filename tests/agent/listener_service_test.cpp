@@ -1,0 +1,218 @@
+#include "agent/connection/listener_service.h"
+
+#include <gtest/gtest.h>
+
+#include "protocol/message_factory.h"
+#include "tests/support/test_agent.h"
+#include "tools/phone/phone_connection.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+using phone::PhoneConnection;
+
+phone::Deadline soon() {
+  return std::chrono::steady_clock::now() + 5s;
+}
+
+class ListenerServiceTest : public testing::Test {
+ protected:
+  test::TestAgent agent;
+  AgentServices services{agent.environment(), agent.deckStore};
+  ListenerService& listener = services.listenerService();
+  const Uuid id = randomUuid();
+
+  void start() {
+    agent.run(listener.start());
+    ASSERT_TRUE(test::eventually([&] { return state().isRunning; }));
+  }
+  void TearDown() override { agent.run(listener.shutDown()); }
+
+  ListenerState state() { return agent.run(listener.state()); }
+
+  PhoneConnection connect(const std::optional<std::string>& token = std::nullopt) {
+    return {{"127.0.0.1", agent.port}, token, soon()};
+  }
+
+  // The replies to a message, up to the pong of a ping that follows it. Only for paired phones.
+  template <class Payload>
+  std::vector<std::string> ask(PhoneConnection& phone, const WireMessage<Payload>& request) {
+    phone.send(WireCodec::encode(request), soon());
+    const auto mark = MessageFactory::ping(WireDate::now(), randomUuid());
+    phone.send(WireCodec::encode(mark), soon());
+    std::vector<std::string> replies;
+    for (;;) {
+      auto reply = phone.receive(soon()).value_or("");
+      const auto pong = WireCodec::decode<PongPayload>(reply);
+      if (reply.empty() || (pong && pong->id == mark.id)) {
+        return replies;
+      }
+      replies.push_back(std::move(reply));
+    }
+  }
+
+  std::string pair(Uuid device) {
+    auto phone = connect();
+    const auto secrets = agent.run(services.pairingService().state());
+    phone.send(WireCodec::encode(MessageFactory::pairRequest(PairingMethod::pin, secrets.currentPIN,
+                                                             "Phone", device, id)),
+               soon());
+    const auto reply = WireCodec::decode<PairOKPayload>(phone.receive(soon()).value_or(""));
+    return reply ? reply->payload.token : "not paired";
+  }
+};
+
+TEST_F(ListenerServiceTest, AStrangerIsRefusedByTypeAndMayOnlyPair) {
+  start();
+  auto stranger = connect("no such token");
+  const auto refusal = std::optional<std::string>("Missing or invalid X-Glintboard-Token header");
+  const std::pair<std::string, std::string> cases[] = {
+      {WireCodec::encode(MessageFactory::deckSync(id)),
+       WireCodec::encode(MessageFactory::appError("", AppErrorCode::unauthorized, refusal, id))},
+      {WireCodec::encode(MessageFactory::appLaunch("a", id)),
+       WireCodec::encode(MessageFactory::appError("a", AppErrorCode::unauthorized, refusal, id))},
+      {WireCodec::encode(MessageFactory::appFocus("a", id)),
+       WireCodec::encode(MessageFactory::appError("a", AppErrorCode::unauthorized, refusal, id))},
+      {WireCodec::encode(MessageFactory::actionRun("x", id)),
+       WireCodec::encode(
+           MessageFactory::actionError("x", ActionErrorCode::unauthorized, refusal, id))},
+      {WireCodec::encode(MessageFactory::shortcutRun("x", std::nullopt, id)),
+       WireCodec::encode(
+           MessageFactory::shortcutError("x", ShortcutErrorCode::unauthorized, refusal, id))},
+  };
+  // What is met with silence comes first, so that its reply would be found in another's place.
+  for (const std::string& silent :
+       {WireCodec::encode(MessageFactory::ping(WireDate::now(), id)),
+        WireCodec::encode(MessageFactory::appIconRequest({"a"}, id)),
+        WireCodec::encode(WireMessage<EmptyPayload>{"deck.snapshot", id, {}}),
+        std::string("no json"), std::string("{}")}) {
+    stranger.send(silent, soon());
+  }
+  for (const auto& [request, reply] : cases) {
+    stranger.send(request, soon());
+    EXPECT_EQ(stranger.receive(soon()), reply);
+  }
+  EXPECT_FALSE(state().hasPushConnections);
+  EXPECT_TRUE(agent.desktop.calls.empty());
+}
+
+TEST_F(ListenerServiceTest, APairedPhoneIsAnswered) {
+  agent.desktop.installed = {"com.apple.Safari", "com.spotify.client"};
+  agent.desktop.running = {"com.apple.Safari"};
+  start();
+  auto phone = connect(pair(id));
+  EXPECT_TRUE(test::eventually([&] { return agent.phoneConnected.load(); }));
+
+  const auto ts = WireDate::now();
+  phone.send(WireCodec::encode(MessageFactory::ping(ts, id)), soon());
+  const auto pong = WireCodec::decode<PongPayload>(phone.receive(soon()).value_or(""));
+  ASSERT_TRUE(pong);
+  EXPECT_EQ(pong->payload.ts, ts);
+  EXPECT_NEAR(pong->payload.rtt.value_or(-99), 0.5, 1.5);
+  EXPECT_EQ(pong->payload.runningBundleIds,
+            (std::vector<std::string>{"com.apple.Safari", "com.apple.Safari"}));
+
+  const auto sync = ask(phone, MessageFactory::deckSync(id));
+  ASSERT_EQ(sync.size(), 1u);
+  const auto decks = WireCodec::decode<DecksSnapshotPayload>(sync[0]);
+  ASSERT_TRUE(decks);
+  EXPECT_EQ(decks->id, id);
+  ASSERT_EQ(decks->payload.decks.size(), 2u);
+  const auto revision = decks->payload.decks[0].iconRevisions.at("com.apple.Safari");
+
+  const auto icons = ask(phone, MessageFactory::appIconRequest(
+                                    {"com.spotify.client", "absent", "com.apple.Safari"}, id));
+  ASSERT_EQ(icons.size(), 2u);
+  const auto first = WireCodec::decode<AppIconPayload>(icons[0]);
+  const auto second = WireCodec::decode<AppIconPayload>(icons[1]);
+  ASSERT_TRUE(first && second);
+  EXPECT_EQ(first->payload.bundleId, "com.spotify.client");
+  EXPECT_EQ(second->payload.revision, revision);
+  EXPECT_NE(first->id, id);
+  EXPECT_NE(first->id, second->id);
+
+  EXPECT_EQ(ask(phone, MessageFactory::appLaunch("com.spotify.client", id)),
+            std::vector{WireCodec::encode(MessageFactory::appOK("com.spotify.client", id))});
+  EXPECT_EQ(ask(phone, MessageFactory::actionRun("system.volume.mute", id)),
+            std::vector{WireCodec::encode(MessageFactory::actionOK("system.volume.mute", id))});
+  EXPECT_TRUE(agent.sound.muted);
+}
+
+TEST_F(ListenerServiceTest, AShortcutThatWaitsForTheUserLeavesAHintUntilItIsDismissed) {
+  start();
+  auto phone = connect(pair(id));
+  const auto run = MessageFactory::shortcutRun("x", std::nullopt, id);
+  agent.processRunner.result = {1, "", "not found"};
+  ask(phone, run);
+  EXPECT_EQ(state().shortcutCoachMessage, std::nullopt);
+  agent.processRunner.result.timedOut = true;
+  ask(phone, run);
+  EXPECT_EQ(state().shortcutCoachMessage,
+            "Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Security \u2192 "
+            "Automation), then try again.");
+  agent.run(listener.dismissShortcutCoachMessage());
+  EXPECT_EQ(state().shortcutCoachMessage, std::nullopt);
+  ask(phone, run);
+  EXPECT_NE(state().shortcutCoachMessage, std::nullopt);
+}
+
+TEST_F(ListenerServiceTest, PushesReachThePairedPhoneAloneAndEndWithItsPairing) {
+  start();
+  const auto token = pair(id);
+  auto phone = connect(token);
+  auto stranger = connect();
+  ASSERT_TRUE(test::eventually([&] { return state().hasPushConnections; }));
+  agent.run(listener.pushDecksSnapshot());
+  const auto push = WireCodec::decode<DecksSnapshotPayload>(phone.receive(soon()).value_or(""));
+  EXPECT_TRUE(push && push->payload.decks.size() == 2);
+  EXPECT_EQ(stranger.receive(std::chrono::steady_clock::now() + 200ms), std::nullopt);
+
+  agent.run(services.pairingService().unpairAll());
+  EXPECT_FALSE(state().hasPushConnections);
+  EXPECT_TRUE(test::eventually([&] { return !agent.phoneConnected; }));
+  agent.run(listener.pushDecksSnapshot());
+  phone.send(WireCodec::encode(MessageFactory::appLaunch("a", id)), soon());
+  const auto refused = WireCodec::decode<AppErrorPayload>(phone.receive(soon()).value_or(""));
+  ASSERT_TRUE(refused) << "neither closed nor pushed to";
+  EXPECT_EQ(refused->payload.code, AppErrorCode::unauthorized);
+}
+
+TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
+  start();
+  EXPECT_TRUE(agent.bonjour.isAdvertised);
+  auto phone = connect(pair(id));
+  ASSERT_TRUE(test::eventually([&] { return state().hasPushConnections; }));
+  EXPECT_THROW(agent.run(listener.start()), ListenerServiceError);
+  agent.run(listener.stop());
+  EXPECT_FALSE(agent.bonjour.isAdvertised);
+  EXPECT_FALSE(state().isRunning);
+  EXPECT_FALSE(state().hasPushConnections);
+  EXPECT_EQ(ask(phone, MessageFactory::deckSync(id)).size(), 1u);
+  EXPECT_THROW(connect(), std::exception);
+  start();
+  connect();
+}
+
+TEST_F(ListenerServiceTest, ATakenPortIsTriedAgainByItself) {
+  auto held = std::make_unique<FileDescriptor>(test::holdPort(agent.port));
+  agent.run(listener.start());
+  const auto text = "Port " + std::to_string(agent.port) +
+                    " is already in use. Quit the other Glintboard Agent first.";
+  EXPECT_TRUE(test::eventually([&] { return state().lastError == text; }));
+  EXPECT_FALSE(state().isRunning);
+  EXPECT_FALSE(agent.bonjour.isAdvertised);
+  held.reset();
+  EXPECT_TRUE(test::eventually([&] { return state().isRunning; }));
+  EXPECT_EQ(state().lastError, std::nullopt);
+}
+
+TEST_F(ListenerServiceTest, AnInvalidPortIsReported) {
+  auto environment = agent.environment();
+  environment.port = 0;
+  AgentServices other(environment, agent.deckStore);
+  EXPECT_THROW(agent.run(other.listenerService().start()), ListenerServiceError);
+}
+
+}  // namespace
+}  // namespace glintboard

@@ -1,0 +1,190 @@
+#include "agent/pairing/pairing_service.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "agent/pairing/in_memory_paired_device_store.h"
+#include "platform/executors.h"
+#include "protocol/message_factory.h"
+#include "tests/support/await.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+
+// A store that can be told to fail or to hang.
+class TroubledStore : public PairedDeviceStoring {
+ public:
+  struct Trouble {
+    std::atomic<bool> fails = false;
+    std::chrono::milliseconds loadTakes{0};
+    std::vector<PairedDevice> stored;
+  };
+  explicit TroubledStore(Trouble& trouble) : trouble_(trouble) {}
+
+  std::vector<PairedDevice> load() override {
+    std::this_thread::sleep_for(trouble_.loadTakes);
+    return trouble_.stored;
+  }
+  void save(const std::vector<PairedDevice>& devices) override {
+    check();
+    trouble_.stored = devices;
+  }
+  void deleteAll() override {
+    check();
+    trouble_.stored.clear();
+  }
+
+ private:
+  void check() const {
+    if (trouble_.fails) {
+      throw std::runtime_error("the store fails");
+    }
+  }
+  Trouble& trouble_;
+};
+
+class PairingServiceTest : public testing::Test {
+ protected:
+  const Uuid phone = randomUuid();
+  const Uuid otherPhone = randomUuid();
+  TroubledStore::Trouble trouble;
+  Executors executors;
+  std::optional<PairingService> service;
+
+  void SetUp() override { restart(); }
+
+  void restart() {
+    service.emplace(executors.service(), executors.keychainLane(),
+                    std::make_unique<TroubledStore>(trouble));
+  }
+
+  template <class T>
+  T run(Awaitable<T> operation) {
+    return test::await(executors.service(), std::move(operation));
+  }
+
+  PairingState state() { return run(service->state()); }
+
+  // The token, or the reason and message of the refusal.
+  std::string pair(PairingMethod method, const std::string& secret, Uuid device) {
+    const Uuid id = randomUuid();
+    const auto response = run(service->handlePairRequest({method, secret, "Phone", device}, id));
+    if (const auto* ok = std::get_if<WireMessage<PairOKPayload>>(&response)) {
+      EXPECT_EQ(*ok, MessageFactory::pairOK(ok->payload.token, id));
+      return ok->payload.token;
+    }
+    const auto& fail = std::get<WireMessage<PairFailPayload>>(response);
+    EXPECT_EQ(fail.id, id);
+    return std::string(rawValue(fail.payload.reason)) + ": " + fail.payload.message.value_or("");
+  }
+  std::string pairByCode(Uuid device) {
+    return pair(PairingMethod::qr, state().currentPairingCode, device);
+  }
+  std::string pairByPIN(Uuid device) {
+    return pair(PairingMethod::pin, state().currentPIN, device);
+  }
+  std::string wrongPIN() { return pair(PairingMethod::pin, "nonsense", phone); }
+  bool knows(const std::string& token) { return run(service->device(token)).has_value(); }
+
+  const std::string alreadyPaired =
+      "already_paired: Mac is already paired. Show the pairing code again or Unpair to add a new "
+      "device.";
+  const std::string lockedOut = "lockout: Too many failed PIN attempts";
+};
+
+TEST_F(PairingServiceTest, APairingIsKeptAndItsSecretsAreUsedUp) {
+  const auto before = state();
+  const std::string token = pairByCode(phone);
+  EXPECT_EQ(token.size(), 36u);
+  EXPECT_TRUE(knows(token));
+  EXPECT_FALSE(knows("x" + token));
+  const auto after = state();
+  ASSERT_EQ(after.pairedDevices.size(), 1u);
+  EXPECT_EQ(after.pairedDevices[0].id, phone);
+  EXPECT_NE(after.currentPIN + after.currentPairingCode,
+            before.currentPIN + before.currentPairingCode);
+  EXPECT_EQ(pair(PairingMethod::qr, before.currentPairingCode, phone),
+            "invalid_code: Invalid pairing code");
+  restart();
+  EXPECT_TRUE(knows(token));
+}
+
+TEST_F(PairingServiceTest, OnlyThePairedPhoneMayPairAgain) {
+  const std::string first = pairByPIN(phone);
+  EXPECT_EQ(pairByPIN(otherPhone), alreadyPaired);
+  EXPECT_EQ(pair(PairingMethod::pin, "nonsense", otherPhone), alreadyPaired);
+  const std::string second = pairByPIN(phone);
+  EXPECT_TRUE(knows(second));
+  EXPECT_FALSE(knows(first));
+
+  run(service->beginReplacementPairing());
+  run(service->endReplacementPairing());
+  EXPECT_EQ(pairByCode(otherPhone), alreadyPaired);
+  run(service->beginReplacementPairing());
+  const std::string third = pairByCode(otherPhone);
+  EXPECT_TRUE(knows(third));
+  EXPECT_FALSE(knows(second));
+  EXPECT_FALSE(state().replacementPairingEnabled);
+  EXPECT_EQ(pairByCode(phone), alreadyPaired);
+}
+
+TEST_F(PairingServiceTest, FiveWrongPINsLockOutUntilTheCodeIsUsedOrRenewed) {
+  const auto fail = [this] {
+    for (int i = 0; i < 4; ++i) {
+      EXPECT_EQ(wrongPIN(), "invalid_pin: Invalid PIN");
+    }
+    EXPECT_EQ(wrongPIN(), lockedOut);
+    EXPECT_EQ(pairByPIN(phone), lockedOut);
+    EXPECT_TRUE(state().isLockedOut);
+  };
+  fail();
+  EXPECT_EQ(pairByCode(phone).size(), 36u);
+  EXPECT_FALSE(state().isLockedOut);
+  fail();
+  const auto before = state();
+  run(service->beginReplacementPairing());
+  EXPECT_NE(state().currentPairingCode, before.currentPairingCode);
+  EXPECT_EQ(pairByPIN(phone).size(), 36u);
+  fail();
+  run(service->unpairAll());
+  EXPECT_EQ(pairByPIN(otherPhone).size(), 36u);
+}
+
+TEST_F(PairingServiceTest, AFailingStoreLosesNothingThatIsInMemory) {
+  const std::string kept = pairByCode(phone);
+  trouble.fails = true;
+  const auto before = state();
+  EXPECT_THROW(pairByCode(phone), PairingServiceError);
+  const auto after = state();
+  EXPECT_EQ(after.currentPairingCode, before.currentPairingCode);
+  EXPECT_FALSE(knows(kept));
+  EXPECT_TRUE(knows(after.pairedDevices.at(0).token.value));
+  EXPECT_THROW(run(service->unpairAll()), std::runtime_error);
+  EXPECT_TRUE(state().pairedDevices.empty());
+  trouble.fails = false;
+  restart();
+  EXPECT_TRUE(knows(kept)) << "the store kept what it had";
+}
+
+TEST_F(PairingServiceTest, AStoreThatHangsAtTheStartIsWaitedForTwoSeconds) {
+  trouble.stored = {{phone, "Phone", {"stored"}, {}}};
+  trouble.loadTakes = 2500ms;
+  restart();
+  const auto began = std::chrono::steady_clock::now();
+  EXPECT_FALSE(knows("stored"));
+  EXPECT_LT(std::chrono::steady_clock::now() - began, 2400ms);
+  std::this_thread::sleep_for(700ms);
+  EXPECT_TRUE(knows("stored")) << "nothing was paired since: the late list counts";
+  restart();
+  std::this_thread::sleep_for(2100ms);
+  run(service->unpairAll());
+  std::this_thread::sleep_for(600ms);
+  EXPECT_FALSE(knows("stored")) << "the phone was forgotten meanwhile";
+}
+
+}  // namespace
+}  // namespace glintboard

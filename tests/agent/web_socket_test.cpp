@@ -1,0 +1,209 @@
+#include <gtest/gtest.h>
+#include <poll.h>
+
+#include "agent/connection/web_socket_server.h"
+#include "platform/spawn.h"
+#include "tests/support/test_agent.h"
+#include "tools/phone/phone_connection.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+
+phone::Deadline soon() {
+  return std::chrono::steady_clock::now() + 5s;
+}
+
+// A raw TCP connection to the server.
+class RawClient {
+ public:
+  explicit RawClient(std::uint16_t port) : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(port);
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (::connect(socket_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) !=
+        0) {
+      throw std::runtime_error("cannot connect");
+    }
+  }
+
+  void send(std::string_view bytes) const {
+    EXPECT_EQ(::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
+              static_cast<ssize_t>(bytes.size()));
+  }
+  // What comes until there is a pause or the end.
+  std::string receive() const {
+    std::string all;
+    pollfd waiting{socket_.get(), POLLIN, 0};
+    char buffer[4096];
+    while (::poll(&waiting, 1, 500) == 1) {
+      const ssize_t count = ::recv(socket_.get(), buffer, sizeof(buffer), 0);
+      if (count <= 0) {
+        return all + "[end]";
+      }
+      all.append(buffer, static_cast<std::size_t>(count));
+    }
+    return all;
+  }
+
+  void upgrade(const std::string& moreHeaders = "") const {
+    send(
+        "GET / HTTP/1.1\r\nHost: a\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+        "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n" +
+        moreHeaders + "\r\n");
+    EXPECT_TRUE(receive().starts_with("HTTP/1.1 101")) << "no upgrade";
+  }
+
+ private:
+  FileDescriptor socket_;
+};
+
+// A short masked frame whose mask is zero.
+std::string frame(unsigned char head, const std::string& payload) {
+  std::string bytes;
+  bytes += static_cast<char>(head);
+  bytes += static_cast<char>(0x80 | payload.size());
+  return bytes + std::string(4, '\0') + payload;
+}
+
+// A server that sends every message back `times` times.
+class WebSocketTest : public testing::Test {
+ protected:
+  const std::uint16_t port = test::freePort();
+  std::atomic<int> times = 1;
+  std::atomic<int> live = 0;
+  std::atomic<bool> ready = false;
+  Executors executors;
+  std::unique_ptr<WebSocketListener> listener;
+  std::shared_ptr<WebSocketConnection> latest;
+
+  void SetUp() override {
+    run([this] {
+      listener = std::make_unique<WebSocketListener>(executors.service(), port);
+      listener->start([this](const WebSocketListenerState&) { ready = true; },
+                      [this](std::shared_ptr<WebSocketConnection> connection) {
+                        latest = connection;
+                        spawn(executors.service(), echo(this, std::move(connection)), "echo");
+                      });
+    });
+    ASSERT_TRUE(test::eventually([this] { return ready.load(); }));
+  }
+  void TearDown() override {
+    run([this] {
+      listener.reset();
+      latest.reset();
+    });
+    EXPECT_TRUE(test::eventually([this] { return live == 0; })) << "a connection is left over";
+  }
+
+  void run(std::function<void()> work) {
+    test::await(executors.service(), [](std::function<void()> given) -> Awaitable<> {
+      given();
+      co_return;
+    }(std::move(work)));
+  }
+
+  static Awaitable<> echo(WebSocketTest* test, std::shared_ptr<WebSocketConnection> connection) {
+    ++test->live;
+    for (;;) {
+      auto message = co_await connection->receive();
+      if (!message) {
+        break;
+      }
+      for (int i = 0; i < test->times; ++i) {
+        co_await connection->send(*message);
+      }
+    }
+    --test->live;
+  }
+
+  phone::PhoneConnection connect() { return {{"127.0.0.1", port}, std::nullopt, soon()}; }
+};
+
+TEST_F(WebSocketTest, TreatsTextBinaryAndFragmentsAlikeAndAnswersPings) {
+  const RawClient client(port);
+  client.upgrade("x-glintboard-token: first\r\nX-Glintboard-Token: second\r\n");
+  client.send(frame(0x81, "text"));
+  EXPECT_EQ(client.receive(), "\x81\x04text");
+  client.send(frame(0x82, "binary"));
+  EXPECT_EQ(client.receive(),
+            "\x81\x06"
+            "binary");
+  client.send(frame(0x01, "frag") + frame(0x89, "ping") + frame(0x80, "ment"));
+  EXPECT_EQ(client.receive(),
+            "\x8a\x04ping\x81\x08"
+            "fragment");
+  run([this] { EXPECT_EQ(WebSocketAuth::token(latest->handshake().headers), "first"); });
+}
+
+TEST_F(WebSocketTest, EndsConnectionsThatBreakTheRulesAndNoOthers) {
+  auto other = connect();
+  const std::string closes[] = {frame(0x81, "\xff"),           // text that is not UTF-8
+                                frame(0xC1, "x"),              // a reserved bit
+                                frame(0x83, "x"),              // an unknown opcode
+                                frame(0x80, "x"),              // continues nothing
+                                std::string("\x81\x01x", 3)};  // not masked
+  for (const auto& bytes : closes) {
+    const RawClient client(port);
+    client.upgrade();
+    client.send(bytes);
+    EXPECT_TRUE(client.receive().ends_with("[end]")) << testing::PrintToString(bytes);
+  }
+  for (const char* request : {"GET / HTTP/1.1\r\nHost: a\r\n\r\n", "nonsense\r\n\r\n"}) {
+    const RawClient client(port);
+    client.send(request);
+    const auto answer = client.receive();
+    EXPECT_TRUE(answer.ends_with("[end]")) << answer;
+    EXPECT_FALSE(answer.starts_with("HTTP/1.1 101"));
+  }
+  {
+    const RawClient client(port);
+    client.send("GET / HTTP/1.1\r\nX: " + std::string(20'000, 'x') + "\r\n\r\n");
+    EXPECT_TRUE(client.receive().ends_with("[end]"));
+  }
+  {
+    auto large = connect();
+    large.send(std::string((1 << 20) + 1, 'x'), soon());
+    EXPECT_THROW(large.receive(soon()), std::exception);
+  }
+  other.send("still here", soon());
+  EXPECT_EQ(other.receive(soon()), "still here");
+}
+
+TEST_F(WebSocketTest, APhoneThatDoesNotReadStallsItselfAloneAndFindsEveryReply) {
+  times = 64;
+  auto slow = connect();
+  auto quick = connect();
+  const std::string large(256 << 10, 'a');
+  slow.send(large, soon());
+  slow.send("last", soon());
+  std::this_thread::sleep_for(200ms);
+  quick.send("quick", soon());
+  EXPECT_EQ(quick.receive(soon()), "quick");
+  for (int i = 0; i < 64; ++i) {
+    ASSERT_EQ(slow.receive(soon()), large) << i;
+  }
+  EXPECT_EQ(slow.receive(soon()), "last");
+}
+
+TEST_F(WebSocketTest, OfSeveralWaitingPushesTheLatestIsSent) {
+  auto phone = connect();
+  ASSERT_TRUE(test::eventually([this] { return live == 1; }));
+  run([this] {
+    for (int i = 0; i < 100; ++i) {
+      latest->push(std::make_shared<const std::string>(std::to_string(i)));
+    }
+  });
+  std::string last;
+  while (last != "99") {
+    auto received = phone.receive(soon());
+    ASSERT_TRUE(received);
+    last = *received;
+    EXPECT_TRUE(last == "0" || last == "99") << last;
+  }
+}
+
+}  // namespace
+}  // namespace glintboard

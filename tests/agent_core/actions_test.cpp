@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include "agent_core/actions/action_handlers.h"
+#include "agent_core/actions/core_audio_volume_controller.h"
+#include "protocol/message_factory.h"
+#include "tests/support/fakes.h"
+
+namespace glintboard {
+namespace {
+
+using test::FakeOutput;
+using test::Sound;
+
+TEST(Volume, StepsClampAndUnmuteOnlyAboveSilence) {
+  struct Case {
+    const char* action;
+    float volume;
+    bool muted;
+    float expected;
+    bool mutedAfter;
+  };
+  const Case cases[] = {
+      {"system.volume.up", 0.5F, true, 0.5625F, false},
+      {"system.volume.up", 1.0F, true, 1.0F, false},
+      {"system.volume.down", 0.5F, true, 0.4375F, false},
+      {"system.volume.down", 0.03F, true, 0.0F, true},
+      {"system.volume.down", 0.0F, false, 0.0F, false},
+      {"system.volume.mute", 0.5F, false, 0.5F, true},
+      {"system.volume.mute", 0.5F, true, 0.5F, false},
+  };
+  for (const auto& it : cases) {
+    Sound sound{it.volume, it.muted, true, ""};
+    FakeOutput output(sound);
+    CoreAudioVolumeController volume(output);
+    EXPECT_EQ(SystemActionRunner(volume).perform(it.action),
+              SystemActionResult::Result(SystemActionResult::Ok{it.action}));
+    EXPECT_FLOAT_EQ(sound.volume, it.expected) << it.action << it.volume;
+    EXPECT_EQ(sound.muted, it.mutedAfter) << it.action << it.volume;
+  }
+}
+
+TEST(Volume, EveryFailureHasItsText) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"system.volume.up", "read volume", "Could not read volume (error -7)."},
+      {"system.volume.down", "write volume", "Could not change volume (error -7)."},
+      {"system.volume.mute", "read mute", "Could not read mute state (error -7)."},
+      {"system.volume.up", "write mute", "Could not toggle mute (error -7)."},
+      {"system.volume.mute", "device", "No audio output device found."},
+  };
+  for (const auto& [action, failing, message] : cases) {
+    Sound sound{0.5F, false, std::string(failing) != "device", failing};
+    FakeOutput output(sound);
+    CoreAudioVolumeController volume(output);
+    EXPECT_EQ(SystemActionRunner(volume).perform(action),
+              SystemActionResult::Result(
+                  SystemActionResult::Error{action, ActionErrorCode::failed, message}));
+  }
+}
+
+TEST(ActionWireHandler, AnswersActionsAndLeavesOthersAlone) {
+  MockVolumeController volume;
+  const ActionWireHandler handler{ActionMessageHandler(SystemActionRunner(volume))};
+  const Uuid id = randomUuid();
+  const auto run = [&](const char* action) {
+    return **handler.handle(WireCodec::encode(MessageFactory::actionRun(action, id)));
+  };
+  EXPECT_EQ(run("system.volume.mute"),
+            WireCodec::encode(MessageFactory::actionOK("system.volume.mute", id)));
+  EXPECT_EQ(run("System.volume.mute"),
+            WireCodec::encode(MessageFactory::actionError(
+                "System.volume.mute", ActionErrorCode::unknown, "Unknown action", id)));
+  EXPECT_EQ(volume.toggleMuteCount, 1);
+  volume.shouldThrow = true;
+  EXPECT_EQ(run("system.volume.up"),
+            WireCodec::encode(MessageFactory::actionError(
+                "system.volume.up", ActionErrorCode::failed, "simulated", id)));
+  EXPECT_EQ(*handler.handle(WireCodec::encode(MessageFactory::appLaunch("a", id))), std::nullopt);
+  EXPECT_FALSE(handler.handle("{}"));
+}
+
+}  // namespace
+}  // namespace glintboard

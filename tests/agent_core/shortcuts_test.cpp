@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include "agent_core/shortcuts/shortcut_handlers.h"
+#include "agent_core/shortcuts/shortcuts_catalog.h"
+#include "platform/executors.h"
+#include "protocol/message_factory.h"
+#include "tests/support/await.h"
+#include "tests/support/fakes.h"
+
+namespace glintboard {
+namespace {
+
+using namespace ShortcutRunResult;
+using test::FakeRunner;
+
+const std::string someShortcut = "0F8FAD5B-D9CB-469F-A165-70867728950E";
+
+TEST(ShortcutsRunner, ClassifiesEveryEnd) {
+  struct Case {
+    ProcessRunResult ended;
+    ShortcutErrorCode code;
+    const char* message;
+  };
+  using enum ShortcutErrorCode;
+  const char* missing = "Shortcut missing \u2014 replace it in Edit Deck.";
+  const char* permission = "Needs permission or input on your Mac.";
+  const Case cases[] = {
+      {{1, "", "Error: Shortcut NOT found; no permission"}, notFound, missing},
+      {{1, "", "It couldn't find it"}, notFound, missing},
+      {{1, "", "does not exist"}, notFound, missing},
+      {{1, "", "User Cancelled."}, cancelled, permission},
+      {{143, "", ""}, cancelled, permission},
+      {{1, "", "Not authorized to send"}, cancelled, permission},
+      {{1, "", "privacy settings"}, cancelled, permission},
+      {{1, "", "is not allowed"}, cancelled, permission},
+      {{1, "", "  Something Broke \n"}, runFailed, "Something Broke"},
+      {{1, "out", " \n"}, runFailed, "Could not run Shortcut on Mac."},
+      {{0, "", "", true}, timedOut, "Still waiting on your Mac \u2014 check for a dialog."},
+  };
+  Executors executors;
+  FakeRunner runner;
+  const ShortcutsRunner shortcuts("/bin/true", runner);
+  for (const auto& [ended, code, message] : cases) {
+    runner.result = ended;
+    EXPECT_EQ(test::await(executors.service(), shortcuts.run(someShortcut)),
+              Result(Error{someShortcut, code, message}))
+        << ended.stderrText;
+  }
+  runner.result = {0, "", "not found"};
+  EXPECT_EQ(test::await(executors.service(), shortcuts.run(someShortcut)),
+            Result(Ok{someShortcut}));
+  EXPECT_EQ(runner.arguments, (std::vector<std::string>{"run", someShortcut}));
+  runner.startFailure = "no processes left";
+  EXPECT_EQ(test::await(executors.service(), shortcuts.run(someShortcut)),
+            Result(Error{someShortcut, runFailed, "no processes left"}));
+  EXPECT_EQ(
+      test::await(executors.service(), ShortcutsRunner("/no/such/tool", runner).run(someShortcut)),
+      Result(Error{someShortcut, runFailed, "The shortcuts CLI is not available on this Mac."}));
+}
+
+TEST(ShortcutWireHandler, AnswersRunsUnderTheRequestsId) {
+  Executors executors;
+  FakeRunner runner;
+  const ShortcutWireHandler handler{ShortcutMessageHandler(ShortcutsRunner("/bin/true", runner))};
+  const auto handle = [&](std::string bytes) {
+    return test::await(executors.service(), handler.handle(std::move(bytes)));
+  };
+  const Uuid id = randomUuid();
+  EXPECT_EQ(*handle(WireCodec::encode(MessageFactory::shortcutRun("x", "Label", id))),
+            WireCodec::encode(MessageFactory::shortcutOK("x", id)));
+  EXPECT_EQ(*handle(WireCodec::encode(MessageFactory::appLaunch("a", id))), std::nullopt);
+  EXPECT_FALSE(handle("[]"));
+}
+
+TEST(ShortcutsCatalog, ListsWhatParsesAndReportsWhatFails) {
+  Executors executors;
+  FakeRunner runner;
+  const ShortcutsCatalog catalog("/bin/true", runner);
+  const auto list = [&](const ShortcutsCatalog& from) {
+    return test::await(executors.service(), from.list());
+  };
+  const auto failure = [&](const ShortcutsCatalog& from) -> std::string {
+    try {
+      list(from);
+      return "no failure";
+    } catch (const std::exception& error) {
+      return error.what();
+    }
+  };
+  runner.result.stdoutText = "\r\n  Lights (on) (" + someShortcut + ")  \nno identifier (x)\n(" +
+                             someShortcut + ")\nTwice (0f8fad5b-d9cb-469f-a165-70867728950e)\n" +
+                             "Wrong (0f8fad5bd-9cb-469f-a165-70867728950e)";
+  EXPECT_EQ(list(catalog),
+            (std::vector<CatalogShortcut>{{"Lights (on)", someShortcut},
+                                          {"Twice", "0f8fad5b-d9cb-469f-a165-70867728950e"}}));
+  EXPECT_EQ(runner.arguments, (std::vector<std::string>{"list", "--show-identifiers"}));
+  runner.result = {0, "nothing to parse", ""};
+  EXPECT_TRUE(list(catalog).empty());
+  runner.result = {3, "", " broken\n"};
+  EXPECT_EQ(failure(catalog), "Could not list Shortcuts: broken");
+  runner.result = {3, "", ""};
+  EXPECT_EQ(failure(catalog), "Could not list Shortcuts (exit 3).");
+  runner.result = {0, "", "", true};
+  EXPECT_EQ(failure(catalog), "Could not list Shortcuts (exit 0).");
+  EXPECT_EQ(failure(ShortcutsCatalog("/no/such/tool", runner)),
+            "The shortcuts CLI is not available on this Mac.");
+}
+
+TEST(ShortcutsCatalog, PrefersTheSuggestedShortcutByItsExactName) {
+  const CatalogShortcut similar{"my VOICE for cursor", "1"};
+  const CatalogShortcut preferred{std::string(ShortcutsCatalog::heroRecipePreferredName), "2"};
+  const CatalogShortcut other{"Voice", "3"};
+  EXPECT_EQ(ShortcutsCatalog::findHero({other, similar, preferred}), preferred);
+  EXPECT_EQ(ShortcutsCatalog::findHero({other, similar}), similar);
+  EXPECT_EQ(ShortcutsCatalog::findHero({other}), std::nullopt);
+}
+
+}  // namespace
+}  // namespace glintboard

@@ -1,0 +1,117 @@
+// Doubles of the platform's interfaces, for tests of the logic above them.
+#pragma once
+
+#include <atomic>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/audio_output.h"
+#include "platform/bonjour.h"
+#include "platform/keychain.h"
+#include "platform/process_running.h"
+
+namespace glintboard::test {
+
+struct Sound {
+  float volume = 0.5F;
+  bool muted = false;
+  bool present = true;
+  std::string failing;  // the operation that fails
+};
+
+class FakeDevice : public AudioOutputDevice {
+ public:
+  explicit FakeDevice(Sound& sound) : sound_(sound) {}
+  float volume() override { return check("read volume"), sound_.volume; }
+  void setVolume(float volume) override { check("write volume"), sound_.volume = volume; }
+  bool isMuted() override { return check("read mute"), sound_.muted; }
+  void setMuted(bool muted) override { check("write mute"), sound_.muted = muted; }
+
+ private:
+  void check(const std::string& operation) const {
+    if (sound_.failing == operation) {
+      throw AudioError(-7);
+    }
+  }
+  Sound& sound_;
+};
+
+class FakeOutput : public AudioOutput {
+ public:
+  explicit FakeOutput(Sound& sound) : sound_(sound) {}
+  std::unique_ptr<AudioOutputDevice> defaultOutputDevice() override {
+    return sound_.present ? std::make_unique<FakeDevice>(sound_) : nullptr;
+  }
+
+ private:
+  Sound& sound_;
+};
+
+// Ends every process as the test says.
+class FakeRunner : public ProcessRunning {
+ public:
+  ProcessRunResult result;
+  std::string startFailure;
+  std::vector<std::string> arguments;
+
+  Awaitable<ProcessRunResult> run(std::string, std::vector<std::string> given,
+                                  std::chrono::duration<double>) override {
+    arguments = std::move(given);
+    if (!startFailure.empty()) {
+      throw std::runtime_error(startFailure);
+    }
+    co_return result;
+  }
+};
+
+// A keychain in memory that can be told to fail.
+class FakeKeychain : public Keychain {
+ public:
+  std::map<std::string, std::string> items;
+  KeychainStatus failure = keychainSuccess;
+
+  KeychainStatus copyMatching(const KeychainQuery& query, std::string& data) override {
+    const auto item = items.find(key(query));
+    if (failure != keychainSuccess || item == items.end()) {
+      return failure != keychainSuccess ? failure : keychainItemNotFound;
+    }
+    data = item->second;
+    return keychainSuccess;
+  }
+  KeychainStatus update(const KeychainQuery& query, const std::string& data) override {
+    if (failure != keychainSuccess || !items.contains(key(query))) {
+      return failure != keychainSuccess ? failure : keychainItemNotFound;
+    }
+    items[key(query)] = data;
+    return keychainSuccess;
+  }
+  KeychainStatus add(const KeychainQuery& query, const std::string& data) override {
+    return items.emplace(key(query), data).second ? failure : -25299;
+  }
+  KeychainStatus remove(const KeychainQuery& query) override {
+    if (failure != keychainSuccess) {
+      return failure;
+    }
+    return items.erase(key(query)) != 0 ? keychainSuccess : keychainItemNotFound;
+  }
+
+ private:
+  static std::string key(const KeychainQuery& query) { return query.service + "/" + query.account; }
+};
+
+// Remembers what is advertised.
+class FakeBonjour : public BonjourAdvertiser {
+ public:
+  std::atomic<int> published = 0;
+  std::atomic<bool> isAdvertised = false;
+  void publish(const BonjourService&) override {
+    ++published;
+    isAdvertised = true;
+  }
+  void withdraw() override { isAdvertised = false; }
+};
+
+}  // namespace glintboard::test
