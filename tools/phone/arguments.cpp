@@ -25,7 +25,8 @@ std::optional<Number> number(std::string_view text) {
 
 std::chrono::milliseconds seconds(const std::string& option, std::string_view text) {
   const auto value = number<double>(text);
-  if (!value || !(*value >= 0.001 && *value <= longestSeconds)) {
+  const bool inRange = value && *value >= 0.001 && *value <= longestSeconds;  // no NaN either
+  if (!inRange) {
     throw usageFailure(option + " takes a number of seconds, at least 0.001.");
   }
   return std::chrono::milliseconds(static_cast<std::int64_t>(*value * 1000));

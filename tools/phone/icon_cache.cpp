@@ -21,7 +21,7 @@ std::string fileName(const std::string& key) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string name;
   for (const char c : key) {
-    if (isPlain(c) && !(name.empty() && c == '.')) {
+    if (isPlain(c) && (c != '.' || !name.empty())) {
       name += c;
       continue;
     }

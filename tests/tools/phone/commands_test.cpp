@@ -177,6 +177,7 @@ TEST_F(PhoneCommands, RawNeedsNoPairingAndEndsWithoutAReply) {
 TEST_F(PhoneCommands, NoAgentAndAMuteOneAreToldApart) {
   // A socket that is bound but accepts nothing by itself: the connection opens, the upgrade hangs.
   const FileDescriptor socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  ASSERT_TRUE(socket);
   sockaddr_in address{};
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
