@@ -1,0 +1,44 @@
+// What the commands share.
+#pragma once
+
+#include <string>
+
+#include "platform/bonjour.h"
+#include "tools/phone/agent_session.h"
+#include "tools/phone/arguments.h"
+#include "tools/phone/find_agent.h"
+#include "tools/phone/output.h"
+#include "tools/phone/phone_state.h"
+
+namespace glintboard::phone {
+
+// Lives as long as one run of the program.
+struct CommandContext {
+  const Arguments& arguments;
+  Output& output;
+  BonjourBrowser* browser;  // may be null
+  PhoneStateFile stateFile;
+
+  // The agent of the command line, else the one that `wanted` or the network tells.
+  FoundAgent chooseAgent(const std::optional<std::string>& wanted) const;
+  // Connects to the first address that answers. Throws PhoneFailure.
+  AgentSession open(const FoundAgent& agent, const std::optional<std::string>& token) const;
+  // A session with the agent that this phone is paired with. Throws PhoneFailure.
+  AgentSession openPaired() const;
+};
+
+// The commands. Each throws PhoneFailure or std::system_error; what it returns has gone well.
+void pairCommand(const CommandContext& context);
+void forgetCommand(const CommandContext& context);
+void decksCommand(const CommandContext& context);
+void watchCommand(const CommandContext& context);
+void tapCommand(const CommandContext& context);
+void focusCommand(const CommandContext& context);
+void iconsCommand(const CommandContext& context);
+void pingCommand(const CommandContext& context);
+void rawCommand(const CommandContext& context);
+
+// The text of --help.
+std::string helpText();
+
+}  // namespace glintboard::phone

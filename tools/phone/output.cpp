@@ -1,0 +1,109 @@
+#include "tools/phone/output.h"
+
+#include <algorithm>
+
+namespace glintboard::phone {
+namespace {
+
+bool isContinuation(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
+// The length of the character that `text` begins with; at least 1.
+std::size_t characterLength(std::string_view text) {
+  const auto end = std::find_if_not(text.begin() + 1, text.end(), isContinuation);
+  return static_cast<std::size_t>(end - text.begin());
+}
+
+// ASCII control characters, their high counterparts, line and paragraph separators, and the
+// embeddings, overrides and isolates of bidirectional text.
+bool steersTerminal(std::string_view character) {
+  const auto first = static_cast<unsigned char>(character[0]);
+  if (character.size() == 1) {
+    return first < 0x20 || first >= 0x7F;
+  }
+  if (character.size() == 2) {
+    return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
+  }
+  return (character >= "\u2028" && character <= "\u202E" && character.size() == 3) ||
+         (character >= "\u2066" && character <= "\u2069" && character.size() == 3);
+}
+
+std::size_t width(std::string_view text) {
+  return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, isContinuation));
+}
+
+// The serializer escapes what JSON demands; a terminal also obeys the rest of the control
+// characters, which occur in strings alone and can therefore be escaped as well.
+std::string escapeHighControls(std::string_view json) {
+  std::string escaped;
+  constexpr std::string_view digits = "0123456789abcdef";
+  while (!json.empty()) {
+    const auto character = json.substr(0, characterLength(json));
+    json.remove_prefix(character.size());
+    const auto last = static_cast<unsigned char>(character.back());
+    if (character.size() <= 2 && steersTerminal(character)) {
+      escaped.append("\\u00").append(1, digits[last >> 4U]).append(1, digits[last & 0xFU]);
+    } else {
+      escaped.append(character);
+    }
+  }
+  return escaped;
+}
+
+}  // namespace
+
+std::string printable(std::string_view text) {
+  std::string kept;
+  while (!text.empty()) {
+    const auto character = text.substr(0, characterLength(text));
+    text.remove_prefix(character.size());
+    if (!steersTerminal(character)) {
+      kept.append(character);
+    }
+  }
+  return kept;
+}
+
+void Output::line(std::string_view text) {
+  if (!json_) {
+    out_ << printable(text) << std::endl;
+  }
+}
+
+void Output::table(const std::vector<std::vector<std::string>>& rows) {
+  std::vector<std::size_t> widths;
+  for (const auto& row : rows) {
+    widths.resize(std::max(widths.size(), row.size()));
+    for (std::size_t column = 0; column < row.size(); ++column) {
+      widths[column] = std::max(widths[column], width(printable(row[column])));
+    }
+  }
+  for (const auto& row : rows) {
+    std::string text;
+    for (std::size_t column = 0; column < row.size(); ++column) {
+      const std::string cell = printable(row[column]);
+      text += "  " + cell + std::string(widths[column] - width(cell), ' ');
+    }
+    line(text.substr(0, text.find_last_not_of(' ') + 1));
+  }
+}
+
+void Output::note(std::string_view text) {
+  if (!json_) {
+    error_ << printable(text) << std::endl;
+  }
+}
+
+void Output::record(const boost::json::object& object) {
+  if (json_) {
+    out_ << escapeHighControls(boost::json::serialize(object)) << std::endl;
+  }
+}
+
+void Output::failure(const PhoneFailure& failure) {
+  note(failure.what());
+  record({{"ok", false}, {"code", failure.code}, {"message", failure.what()}});
+}
+
+}  // namespace glintboard::phone
