@@ -1,0 +1,35 @@
+// A keychain for sessions that have none.
+#pragma once
+
+#include <filesystem>
+
+#include "platform/keychain.h"
+
+namespace glintboard {
+
+// Keeps each item of one service in `<account>.json` in a folder; the folder and the files are the
+// user's alone (0700, 0600). The service is not looked at.
+//
+// Statuses: keychainItemNotFound without the file; keychainDuplicateItem when `add` finds one;
+// otherwise the negated errno: -EPERM for a folder of another user, -EINVAL for an account that is
+// no file name. Nothing throws.
+class FileKeychain : public Keychain {
+ public:
+  static constexpr KeychainStatus keychainDuplicateItem = -25299;
+
+  // The folder is created when an item is first written.
+  explicit FileKeychain(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+  KeychainStatus copyMatching(const KeychainQuery& query, std::string& data) override;
+  KeychainStatus update(const KeychainQuery& query, const std::string& data) override;
+  KeychainStatus add(const KeychainQuery& query, const std::string& data) override;
+  KeychainStatus remove(const KeychainQuery& query) override;
+
+ private:
+  std::filesystem::path fileOf(const KeychainQuery& query) const;
+  void prepareFolder() const;
+
+  std::filesystem::path folder_;
+};
+
+}  // namespace glintboard

@@ -1,0 +1,102 @@
+// Programs that a test starts for itself.
+#pragma once
+
+#include <fcntl.h>
+#include <signal.h>
+#include <stdio.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace glintboard::test {
+
+// Whether `holds` becomes true within `limit`; asks every few milliseconds.
+template <class Condition>
+bool eventually(Condition holds, std::chrono::milliseconds limit = std::chrono::seconds(10)) {
+  const auto deadline = std::chrono::steady_clock::now() + limit;
+  while (!holds()) {
+    if (std::chrono::steady_clock::now() > deadline) {
+      return false;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  return true;
+}
+
+// A program found through PATH, started with the test's environment and silent. It ends with this
+// object, and with the test even when that crashes.
+class ChildProcess {
+ public:
+  explicit ChildProcess(std::vector<std::string> command) {
+    std::vector<char*> argv;
+    for (std::string& word : command) {
+      argv.push_back(word.data());
+    }
+    argv.push_back(nullptr);
+    id_ = ::fork();
+    if (id_ == 0) {
+      ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+      const int null = ::open("/dev/null", O_RDWR);
+      for (const int stream : {0, 1, 2}) {
+        // GLINTBOARD_TEST_VERBOSE=1 shows what the programs of a failing test say.
+        if (stream == 0 || ::getenv("GLINTBOARD_TEST_VERBOSE") == nullptr) {
+          ::dup2(null, stream);
+        }
+      }
+      ::execvp(argv[0], argv.data());
+      ::_exit(127);
+    }
+  }
+  ChildProcess(const ChildProcess&) = delete;
+  ChildProcess& operator=(const ChildProcess&) = delete;
+  ~ChildProcess() { end(); }
+
+  pid_t id() const { return id_; }
+  void signal(int number) const { ::kill(id_, number); }
+
+  // Whether the program has ended by itself; its exit status is then gone.
+  bool hasEnded() {
+    if (id_ > 0 && ::waitpid(id_, nullptr, WNOHANG) == id_) {
+      id_ = 0;
+    }
+    return id_ <= 0;
+  }
+
+  // Asks the program to end, and kills it after two seconds.
+  void end() {
+    if (hasEnded()) {
+      return;
+    }
+    signal(SIGCONT);
+    signal(SIGTERM);
+    if (!eventually([this] { return hasEnded(); }, std::chrono::seconds(2))) {
+      signal(SIGKILL);
+      ::waitpid(id_, nullptr, 0);
+      id_ = 0;
+    }
+  }
+
+ private:
+  pid_t id_ = 0;
+};
+
+// What a shell command prints on standard output.
+inline std::string outputOf(const std::string& command) {
+  std::string output;
+  FILE* stream = ::popen(command.c_str(), "r");
+  if (stream == nullptr) {
+    return output;
+  }
+  for (int c = ::fgetc(stream); c != EOF; c = ::fgetc(stream)) {
+    output += static_cast<char>(c);
+  }
+  ::pclose(stream);
+  return output;
+}
+
+}  // namespace glintboard::test
