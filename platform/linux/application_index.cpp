@@ -99,7 +99,8 @@ Awaitable<> ApplicationIndex::follow(std::shared_ptr<ApplicationIndex> self) {
     // An installation changes many files at once.
     co_await sleepFor(std::chrono::milliseconds(100));
     self->watcher_.drain();
-    co_await runOn(self->workers_, [self] { self->scan(); });
+    auto scanned = runOn(self->workers_, [self] { self->scan(); });
+    co_await std::move(scanned);
   }
 }
 

@@ -38,7 +38,9 @@ void activateService(GioCalls& calls, const DesktopEntry& entry, GAppInfo* appli
         g_app_info_launch_uris_async(application, nullptr, nullptr, cancellable, callback, data);
       });
   GLibPointer<GError> error;
-  g_app_info_launch_uris_finish(application, result.get(), leftIn(error));
+  if (result) {
+    g_app_info_launch_uris_finish(application, result.get(), leftIn(error));
+  }
   // An application that takes longer has been asked all the same.
   if (error && !g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
     fail(entry, reasonOf(*error));
@@ -108,7 +110,7 @@ bool activateOverDBus(const DesktopEntry& entry, std::chrono::milliseconds deadl
                                G_DBUS_CALL_FLAGS_NONE, -1, cancellable, callback, data);
       });
   const GLibPointer<GVariant> reply(
-      g_dbus_connection_call_finish(bus.get(), result.get(), leftIn(error)));
+      result ? g_dbus_connection_call_finish(bus.get(), result.get(), leftIn(error)) : nullptr);
   return reply != nullptr;
 }
 

@@ -21,14 +21,16 @@ class GioCalls {
   GioCalls(const GioCalls&) = delete;
   GioCalls& operator=(const GioCalls&) = delete;
 
-  // Starts a call and blocks until its result is there: at the deadline, the result of a cancelled
-  // call. Give it to the call's `_finish` function.
+  // Starts a call and blocks until its result is there, for the call's `_finish` function. The
+  // deadline cancels the call; null when even that does not end it.
   GObjectPointer<GAsyncResult> run(const Start& start);
 
  private:
   GLibPointer<GMainContext> context_;
   GObjectPointer<GCancellable> cancellable_;
   GLibPointer<GSource> deadline_;
+  GLibPointer<GSource> giveUp_;
+  bool gaveUp_ = false;
 };
 
 // The session bus, or null with the reason in `error` when there is none or it does not answer.

@@ -29,12 +29,13 @@ Awaitable<bool> open(asio::any_io_executor workers, Index index, Running running
   if (entry == nullptr) {
     throw std::runtime_error("The application is no longer installed");
   }
-  co_await runOn(workers, [installed, entry, running] {
+  auto launch = runOn(workers, [installed, entry, running] {
     const auto started = launchApplication(*entry);
     if (started) {
       running->launched(bundleIdentifier(entry->id), *started);
     }
   });
+  co_await std::move(launch);
   co_return true;
 }
 
@@ -46,11 +47,10 @@ Awaitable<bool> activate(asio::any_io_executor service, asio::any_io_executor wo
     co_return false;
   }
   // A worker may be long in coming; the caller must not wait longer for that.
-  auto accepted = co_await asio::co_spawn(
-      service,
-      runBefore(kActivationDeadline, workers,
-                [installed, entry] { return activateOverDBus(*entry, kActivationDeadline); }),
-      asio::use_awaitable);
+  auto asking = runBefore(kActivationDeadline, workers, [installed, entry] {
+    return activateOverDBus(*entry, kActivationDeadline);
+  });
+  const auto accepted = co_await asio::co_spawn(service, std::move(asking), asio::use_awaitable);
   co_return accepted.value_or(false);
 }
 

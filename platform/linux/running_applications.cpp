@@ -70,7 +70,8 @@ Awaitable<> RunningApplications::followSession(std::weak_ptr<RunningApplications
     if (!self) {
       co_return;
     }
-    process = co_await runOn(self->workers_, [leader] { return processOfSession(leader); });
+    auto other = runOn(self->workers_, [leader] { return processOfSession(leader); });
+    process = co_await std::move(other);
     const std::scoped_lock lock(self->mutex_);
     if (process) {
       self->launched_[leader].process = *process;
@@ -85,7 +86,8 @@ Awaitable<> RunningApplications::followSession(std::weak_ptr<RunningApplications
   std::optional<Snapshot> scanned;
   if (self->watching_) {
     const unsigned round = self->round_;
-    scanned = co_await runOn(self->workers_, [self] { return self->scan(); });
+    auto scanning = runOn(self->workers_, [self] { return self->scan(); });
+    scanned = co_await std::move(scanning);
     if (round != self->round_) {
       scanned.reset();
     }
@@ -101,7 +103,8 @@ Awaitable<> RunningApplications::followSession(std::weak_ptr<RunningApplications
 Awaitable<> RunningApplications::scanRepeatedly(std::shared_ptr<RunningApplications> self,
                                                 unsigned round) {
   for (;;) {
-    auto scanned = co_await runOn(self->workers_, [self] { return self->scan(); });
+    auto scanning = runOn(self->workers_, [self] { return self->scan(); });
+    auto scanned = co_await std::move(scanning);
     if (round != self->round_) {
       co_return;
     }
