@@ -8,25 +8,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <string>
-#include <thread>
 #include <vector>
 
-namespace glintboard::test {
+#include "tests/support/eventually.h"
 
-// Whether `holds` becomes true within `limit`; asks every few milliseconds.
-template <class Condition>
-bool eventually(Condition holds, std::chrono::milliseconds limit = std::chrono::seconds(10)) {
-  const auto deadline = std::chrono::steady_clock::now() + limit;
-  while (!holds()) {
-    if (std::chrono::steady_clock::now() > deadline) {
-      return false;
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  }
-  return true;
-}
+namespace glintboard::test {
 
 // A program found through PATH, started with the test's environment and silent. It ends with this
 // object, and with the test even when that crashes.

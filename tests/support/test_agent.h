@@ -5,12 +5,11 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 
-#include <thread>
-
 #include "agent/decks/deck_store.h"
 #include "agent/shell/agent_services.h"
 #include "platform/file_descriptor.h"
 #include "tests/support/await.h"
+#include "tests/support/eventually.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/fakes.h"
 #include "tests/support/temporary_folder.h"
@@ -36,19 +35,6 @@ inline std::uint16_t freePort() {
   socklen_t size = sizeof(address);
   ::getsockname(socket.get(), reinterpret_cast<sockaddr*>(&address), &size);
   return ntohs(address.sin_port);
-}
-
-// Whether `holds` becomes true before a few seconds have passed.
-template <class Condition>
-bool eventually(Condition holds, std::chrono::milliseconds limit = std::chrono::seconds(6)) {
-  const auto end = std::chrono::steady_clock::now() + limit;
-  while (!holds()) {
-    if (std::chrono::steady_clock::now() > end) {
-      return false;
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(2));
-  }
-  return true;
 }
 
 struct TestAgent {

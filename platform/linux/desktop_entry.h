@@ -1,0 +1,40 @@
+// The desktop entry file of one application.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace glintboard {
+
+struct DesktopEntry {
+  // The desktop file id without ".desktop".
+  std::string id;
+  std::filesystem::path path;
+  // In the user's language; the id where the file has none.
+  std::string name;
+  // A file or a name to look up in the icon theme; may be empty.
+  std::string icon;
+  // The program and its fixed arguments: arguments with a field code ("%U") are left out. Empty
+  // when there is no usable Exec line.
+  std::vector<std::string> command;
+  std::string tryExec;
+  // The window class of the application's windows, where it says so.
+  std::string startupWmClass;
+  // Marked as deleted.
+  bool hidden = false;
+  // Not to be offered in menus.
+  bool noDisplay = false;
+  bool dbusActivatable = false;
+};
+
+// Reads an application's entry; none when the file cannot be read or is no application's. Works
+// where GIO refuses the entry because its program is missing. Blocks on the disk.
+std::optional<DesktopEntry> readDesktopEntry(const std::filesystem::path& path, std::string id);
+
+// The file of a program that is named as in an entry: an absolute path, or a name to look for in
+// PATH. Empty when there is none that may be executed.
+std::filesystem::path findProgram(const std::string& program);
+
+}  // namespace glintboard

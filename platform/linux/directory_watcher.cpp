@@ -1,0 +1,84 @@
+#include "platform/linux/directory_watcher.h"
+
+#include <sys/inotify.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "platform/log.h"
+
+namespace glintboard {
+
+DirectoryWatcher::DirectoryWatcher(const asio::any_io_executor& service) : events_(service) {
+  const int descriptor = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
+  if (descriptor < 0) {
+    log::warning("changes of folders go unnoticed: ", std::strerror(errno));
+    return;
+  }
+  events_.assign(descriptor);
+}
+
+void DirectoryWatcher::watch(const std::filesystem::path& folder) {
+  if (!events_.is_open()) {
+    return;
+  }
+  // A missing folder may appear just before the one above it is watched: then look again.
+  for (int attempt = 0; attempt < 3; ++attempt) {
+    auto existing = folder;
+    auto missing = folder;
+    while (!add(existing) && existing.has_relative_path()) {
+      missing = std::exchange(existing, existing.parent_path());
+    }
+    std::error_code ignored;
+    if (existing == folder || !std::filesystem::is_directory(missing, ignored)) {
+      return;
+    }
+  }
+}
+
+bool DirectoryWatcher::add(const std::filesystem::path& folder) {
+  constexpr std::uint32_t kChanges = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
+                                     IN_CLOSE_WRITE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+  const int watch = ::inotify_add_watch(events_.native_handle(), folder.c_str(), kChanges);
+  if (watch >= 0) {
+    wanted_.insert(watch);
+  } else if (errno == ENOSPC) {
+    log::warning("changes in ", folder.string(), " go unnoticed: no more watches");
+    return true;
+  }
+  return watch >= 0;
+}
+
+void DirectoryWatcher::forgetOthers() {
+  for (const int watch : watched_) {
+    if (!wanted_.contains(watch)) {
+      // Fails for a folder that is gone, whose watch the system has ended already.
+      ::inotify_rm_watch(events_.native_handle(), watch);
+    }
+  }
+  watched_ = std::exchange(wanted_, {});
+}
+
+Awaitable<bool> DirectoryWatcher::changed() {
+  if (stopped_) {
+    co_return false;
+  }
+  const auto [error] = co_await events_.async_wait(asio::posix::stream_descriptor::wait_read,
+                                                   asio::as_tuple(asio::use_awaitable));
+  co_return !error;
+}
+
+void DirectoryWatcher::stop() {
+  stopped_ = true;
+  error_code ignored;
+  events_.cancel(ignored);
+}
+
+void DirectoryWatcher::drain() {
+  alignas(inotify_event) std::array<char, 4096> buffer{};
+  while (events_.is_open() && ::read(events_.native_handle(), buffer.data(), buffer.size()) > 0) {
+  }
+}
+
+}  // namespace glintboard

@@ -1,0 +1,43 @@
+// Notices that something changed in some folders, without looking at them again and again.
+#pragma once
+
+#include <boost/asio/posix/stream_descriptor.hpp>
+#include <filesystem>
+#include <set>
+
+#include "platform/asio.h"
+
+namespace glintboard {
+
+// Watches folders, not what lies below them. The owner calls one operation at a time, on any
+// thread where nothing else is said. Where the system has no more watches to give, changes go
+// unnoticed and the log says so.
+class DirectoryWatcher {
+ public:
+  // `service` is the executor of the service loop. The watcher must outlive `changed`.
+  explicit DirectoryWatcher(const asio::any_io_executor& service);
+
+  // Watches `folder`; where it does not exist, the nearest folder above it that does. To miss
+  // nothing, call it before reading the folder.
+  void watch(const std::filesystem::path& folder);
+  // Ends the watching of every folder that `watch` was not called for since the last time.
+  void forgetOthers();
+  // Resumes when something has changed since the last call. False when there is nothing more to
+  // wait for. On the service loop.
+  Awaitable<bool> changed();
+  // Takes the changes noticed so far as known. On the service loop.
+  void drain();
+  // Ends `changed`, the one under way and all later ones. On the service loop, also while another
+  // operation runs elsewhere.
+  void stop();
+
+ private:
+  bool add(const std::filesystem::path& folder);
+
+  asio::posix::stream_descriptor events_;
+  std::set<int> watched_;
+  std::set<int> wanted_;
+  bool stopped_ = false;
+};
+
+}  // namespace glintboard

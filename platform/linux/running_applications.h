@@ -1,0 +1,71 @@
+// Which applications run, for a desktop whose windows cannot be asked.
+#pragma once
+
+#include <sys/types.h>
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string>
+
+#include "platform/executors.h"
+#include "platform/linux/application_index.h"
+#include "platform/linux/application_matcher.h"
+
+namespace glintboard {
+
+// Knows at once what this agent launched, until the last process of the launched program's session
+// has ended; finds the rest among the user's processes every two seconds while it is told to
+// watch. Does nothing while nobody watches and nothing launched runs.
+class RunningApplications : public std::enable_shared_from_this<RunningApplications> {
+ public:
+  // The processes of each running application, by bundle identifier.
+  using Snapshot = std::map<std::string, std::set<pid_t>>;
+
+  static std::shared_ptr<RunningApplications> create(Executors& executors,
+                                                     std::shared_ptr<const ApplicationIndex> index);
+
+  // At once, on any thread.
+  std::shared_ptr<const Snapshot> current() const;
+  // Adds an application that was just launched; `leader` leads a session of its own. Any thread.
+  void launched(const std::string& bundleId, pid_t leader);
+  // Any thread. What was found is forgotten when the watching ends.
+  void watch(bool on);
+
+ private:
+  struct Launched {
+    std::string bundleId;
+    // A living process of the session.
+    pid_t process = 0;
+  };
+
+  RunningApplications(Executors& executors, std::shared_ptr<const ApplicationIndex> index);
+  static Awaitable<> followSession(std::weak_ptr<RunningApplications> weakSelf, pid_t leader);
+  static Awaitable<> scanRepeatedly(std::shared_ptr<RunningApplications> self, unsigned round);
+  void startOrStop(bool on);
+  // Looks through all processes. On a worker.
+  Snapshot scan();
+  // Merges what is known into a new snapshot; with `mutex_` held.
+  void publish();
+
+  const asio::any_io_executor service_;
+  const asio::any_io_executor workers_;
+  const std::shared_ptr<const ApplicationIndex> index_;
+
+  // Touched on the service loop alone.
+  asio::steady_timer nextScan_;
+  bool watching_ = false;
+  unsigned round_ = 0;
+
+  std::mutex scanMutex_;
+  std::unique_ptr<const ApplicationMatcher> matcher_;
+
+  mutable std::mutex mutex_;
+  // By the leader of the session.
+  std::map<pid_t, Launched> launched_;
+  Snapshot scanned_;
+  std::shared_ptr<const Snapshot> current_ = std::make_shared<const Snapshot>();
+};
+
+}  // namespace glintboard

@@ -1,0 +1,27 @@
+// The base folders of the freedesktop rules.
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+namespace glintboard {
+
+// All paths are absolute; the folders need not exist. Lists are in order of precedence.
+struct XdgFolders {
+  std::filesystem::path home;
+  std::filesystem::path dataHome;
+  std::vector<std::filesystem::path> dataDirs;
+  std::filesystem::path configHome;
+  std::vector<std::filesystem::path> configDirs;
+
+  // `dataHome` and then `dataDirs`, each followed by `name`.
+  std::vector<std::filesystem::path> dataFolders(const std::filesystem::path& name) const;
+  // `configHome` and then `configDirs`, each followed by `name`.
+  std::vector<std::filesystem::path> configFolders(const std::filesystem::path& name) const;
+};
+
+// The folders that this process's environment names. Call it before other threads run that change
+// the environment.
+XdgFolders xdgFoldersOfEnvironment();
+
+}  // namespace glintboard

@@ -1,0 +1,106 @@
+#include "platform/linux/application_index.h"
+
+#include <gmock/gmock.h>
+
+#include "tests/platform/desktop_folders.h"
+#include "tests/support/eventually.h"
+
+namespace glintboard {
+namespace {
+
+using testing::ElementsAre;
+
+class ApplicationIndexTest : public testing::Test {
+ protected:
+  ~ApplicationIndexTest() override {
+    if (index_) {
+      index_->stop();
+    }
+  }
+  void open() { index_ = ApplicationIndex::open(executors_, desktop_.folders); }
+  // "bundle id: entry file below the root" for each installed application.
+  std::vector<std::string> installed() const {
+    std::vector<std::string> found;
+    const auto applications = index_->current();
+    for (const auto& entry : applications->all()) {
+      found.push_back(entry.id + ": " +
+                      entry.path.lexically_relative(desktop_.root.path()).string());
+      EXPECT_EQ(applications->withBundleId(entry.id), &entry);
+      EXPECT_EQ(applications->atPath(entry.path), &entry);
+    }
+    return found;
+  }
+  // Whether the live index comes to hold an identifier, or to lack it.
+  bool becomes(const std::string& bundleId, bool present) const {
+    return test::eventually(
+        [&] { return (index_->current()->withBundleId(bundleId) != nullptr) == present; },
+        std::chrono::seconds(3));
+  }
+
+  test::DesktopFolders desktop_;
+  Executors executors_;
+  std::shared_ptr<ApplicationIndex> index_;
+};
+
+TEST_F(ApplicationIndexTest, TheFirstFolderWithAnIdDecidesWhetherItIsInstalled) {
+  const std::string mine = "home/data/applications/";
+  const std::string local = "local/applications/";
+  const std::string system = "system/applications/";
+  for (const auto& folder : {mine, local, system}) {
+    desktop_.entry(folder + "twice.desktop", "Exec=true\n");
+  }
+  desktop_.entry(local + "masked.desktop", "Exec=true\nHidden=true\n");
+  desktop_.entry(system + "masked.desktop", "Exec=true\n");
+  desktop_.root.write(mine + "damaged.desktop", "no group\n");
+  desktop_.entry(system + "damaged.desktop", "Exec=true\n");
+  desktop_.entry(system + "not-in-menus.desktop", "Exec=true\nNoDisplay=true\n");
+  desktop_.entry(system + "tried.desktop", "Exec=true\nTryExec=/bin/sh\n");
+  desktop_.entry(system + "tried-in-vain.desktop", "Exec=true\nTryExec=no-such-program\n");
+  desktop_.entry(system + "no-program.desktop", "Exec=no-such-program\n");
+  desktop_.entry(system + "vendor/deep/er.desktop", "Exec=true\n");
+  desktop_.root.write(system + "link.desktop", "[Desktop Entry]\nType=Link\nName=l\nURL=a:b\n");
+  desktop_.root.write(system + "mimeinfo.cache", "");
+  std::filesystem::create_directory_symlink("..", desktop_.root / (system + "vendor/loop"));
+  open();
+  EXPECT_THAT(installed(),
+              ElementsAre("no-program: system/applications/no-program.desktop",
+                          "not-in-menus: system/applications/not-in-menus.desktop",
+                          "tried: system/applications/tried.desktop",
+                          "twice: home/data/applications/twice.desktop",
+                          "vendor-deep-er: system/applications/vendor/deep/er.desktop"));
+  EXPECT_TRUE(index_->current()->withBundleId("not-in-menus")->noDisplay);
+}
+
+TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
+  desktop_.entry("system/applications/org.test.Full.desktop",
+                 "Name[C]=Full Name\nIcon=full\nStartupWMClass=FullClass\nDBusActivatable=true\n"
+                 "Exec=\"/opt/my app/run\" --fixed \"a \\\\\"b\\\\\"\" --title=%c 100%% %U\n");
+  open();
+  const auto applications = index_->current();
+  const auto* entry = applications->withBundleId("org.test.Full");
+  ASSERT_NE(entry, nullptr);
+  EXPECT_EQ(entry->name, "Full Name");
+  EXPECT_EQ(entry->icon, "full");
+  EXPECT_EQ(entry->startupWmClass, "FullClass");
+  EXPECT_TRUE(entry->dbusActivatable);
+  EXPECT_THAT(entry->command, ElementsAre("/opt/my app/run", "--fixed", "a \"b\"", "100%"));
+}
+
+TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLater) {
+  open();
+  EXPECT_THAT(installed(), ElementsAre());
+  desktop_.entry("home/data/applications/new.desktop", "Exec=true\n");
+  EXPECT_TRUE(becomes("new", true)) << "several folders were missing";
+  desktop_.entry("home/data/applications/sub/folder/other.desktop", "Exec=true\n");
+  EXPECT_TRUE(becomes("sub-folder-other", true));
+  desktop_.entry("home/data/applications/new.desktop", "Exec=true\nHidden=true\n");
+  EXPECT_TRUE(becomes("new", false));
+  std::filesystem::rename(desktop_.root / "home/data/applications/sub", desktop_.root / "away");
+  EXPECT_TRUE(becomes("sub-folder-other", false));
+  std::filesystem::remove_all(desktop_.root / "home");
+  desktop_.entry("home/data/applications/again.desktop", "Exec=true\n");
+  EXPECT_TRUE(becomes("again", true)) << "the folder was removed and made again";
+}
+
+}  // namespace
+}  // namespace glintboard

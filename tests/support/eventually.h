@@ -1,0 +1,22 @@
+// Waiting for what other threads and programs do.
+#pragma once
+
+#include <chrono>
+#include <thread>
+
+namespace glintboard::test {
+
+// Whether `holds` becomes true within `limit`; asks every few milliseconds.
+template <class Condition>
+bool eventually(Condition holds, std::chrono::milliseconds limit = std::chrono::seconds(10)) {
+  const auto deadline = std::chrono::steady_clock::now() + limit;
+  while (!holds()) {
+    if (std::chrono::steady_clock::now() > deadline) {
+      return false;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  return true;
+}
+
+}  // namespace glintboard::test
