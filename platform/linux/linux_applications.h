@@ -23,7 +23,7 @@ class LinuxApplications {
   LinuxApplications& operator=(const LinuxApplications&) = delete;
 
   WorkspaceClient workspaceClient();
-  ApplicationIconClient iconClient();
+  ApplicationIconClient iconClient() { return icons_; }
   // Whether to look for running applications that this agent did not start. Any thread.
   void watchRunningApplications(bool watch);
   // The installed applications, for those who need more of an entry than its file. Any thread.
@@ -34,6 +34,7 @@ class LinuxApplications {
   asio::any_io_executor workers_;
   std::shared_ptr<ApplicationIndex> index_;
   std::shared_ptr<RunningApplications> running_;
+  ApplicationIconClient icons_;
 };
 
 }  // namespace glintboard
