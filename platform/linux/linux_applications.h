@@ -13,8 +13,9 @@ namespace glintboard {
 class ApplicationIndex;
 class RunningApplications;
 
-// Owns what is known of applications and follows its changes. `executors` must outlive it; the
-// clients may outlive it, and then answer from what was known last.
+// Owns what is known of applications and follows its changes. The clients may outlive it, and then
+// answer from what was known last; `executors` must outlive both. It may be destroyed while an
+// operation is under way.
 class LinuxApplications {
  public:
   LinuxApplications(Executors& executors, const XdgFolders& folders);
