@@ -160,10 +160,11 @@ Awaitable<Replies> ListenerService::pong(WireMessage<PingPayload> request) {
 }
 
 Awaitable<Replies> ListenerService::runAction(WireMessage<ActionRunPayload> request) {
-  const auto response = co_await runOn(
+  auto running = runOn(
       parts_.actionLane, [handler = parts_.actionMessageHandler, request = std::move(request)] {
         return handler.handleRun(request.payload.actionId, request.id);
       });
+  const auto response = co_await std::move(running);
   co_return one(response);
 }
 

@@ -235,13 +235,13 @@ Awaitable<> DeckStore::writeDecks(Decks decks, bool keepingBackup) {
   for (const auto& deck : decks) {
     file.decks.push_back(DeckRules::validated(deck));
   }
-  co_await runOn(workers_, [path = storageURL_, file = std::move(file), keepingBackup] {
+  auto writing = runOn(workers_, [path = storageURL_, file = std::move(file), keepingBackup] {
     if (keepingBackup) {
       keepBackup(path);
     }
     writeDecksFile(path, file);
-    return true;
   });
+  co_await std::move(writing);
 }
 
 }  // namespace glintboard

@@ -35,7 +35,8 @@ class PairingService::Loading {
 
   static Awaitable<> run(std::shared_ptr<Loading> loading,
                          std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
-    loading->devices_ = co_await runOn(lane, [store] { return store->load(); });
+    auto load = runOn(lane, [store] { return store->load(); });
+    loading->devices_ = co_await std::move(load);
     loading->ended_.expires_at(asio::steady_timer::time_point::min());
   }
 
@@ -116,12 +117,11 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
   storedListIsOutdated_ = true;
   bool saved = false;
   try {
-    const auto done =
-        co_await runBefore(changeDeadline, storeLane_, [store = store_, list = pairedDevices_] {
-          store->save(list);
-          return true;
-        });
-    saved = done.has_value();
+    auto saving = runBefore(changeDeadline, storeLane_, [store = store_, list = pairedDevices_] {
+      store->save(list);
+      return true;
+    });
+    saved = (co_await std::move(saving)).has_value();
   } catch (const std::exception& error) {
     log::warning("saving the pairing: ", error.what());
   }
@@ -178,10 +178,11 @@ Awaitable<> PairingService::doUnpairAll() {
   pairedDevices_.clear();
   replacementPairingEnabled_ = false;
   storedListIsOutdated_ = true;
-  const auto done = co_await runBefore(changeDeadline, storeLane_, [store = store_] {
+  auto deleting = runBefore(changeDeadline, storeLane_, [store = store_] {
     store->deleteAll();
     return true;
   });
+  const auto done = co_await std::move(deleting);
   if (!done) {
     throw std::runtime_error("Removing the stored pairing took too long.");
   }

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "platform/linux/application_icons.h"
 #include "platform/linux/application_index.h"
 #include "platform/linux/application_launcher.h"
 #include "platform/linux/running_applications.h"
@@ -60,7 +61,8 @@ LinuxApplications::LinuxApplications(Executors& executors, const XdgFolders& fol
     : service_(executors.service()),
       workers_(executors.workers()),
       index_(ApplicationIndex::open(executors, folders)),
-      running_(RunningApplications::create(executors, index_)) {}
+      running_(RunningApplications::create(executors, index_)),
+      icons_(applicationIcons(index_, folders)) {}
 
 LinuxApplications::~LinuxApplications() {
   index_->stop();

@@ -13,8 +13,9 @@ namespace glintboard {
 class ApplicationIndex;
 class RunningApplications;
 
-// Owns what is known of applications and follows its changes. `executors` must outlive it; the
-// clients may outlive it, and then answer from what was known last.
+// Owns what is known of applications and follows its changes. The clients may outlive it, and then
+// answer from what was known last; `executors` must outlive both. It may be destroyed while an
+// operation is under way.
 class LinuxApplications {
  public:
   LinuxApplications(Executors& executors, const XdgFolders& folders);
@@ -23,7 +24,7 @@ class LinuxApplications {
   LinuxApplications& operator=(const LinuxApplications&) = delete;
 
   WorkspaceClient workspaceClient();
-  ApplicationIconClient iconClient();
+  ApplicationIconClient iconClient() { return icons_; }
   // Whether to look for running applications that this agent did not start. Any thread.
   void watchRunningApplications(bool watch);
   // The installed applications, for those who need more of an entry than its file. Any thread.
@@ -34,6 +35,7 @@ class LinuxApplications {
   asio::any_io_executor workers_;
   std::shared_ptr<ApplicationIndex> index_;
   std::shared_ptr<RunningApplications> running_;
+  ApplicationIconClient icons_;
 };
 
 }  // namespace glintboard

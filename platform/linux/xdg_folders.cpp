@@ -55,6 +55,8 @@ XdgFolders xdgFoldersOfEnvironment() {
   folders.dataDirs = listFrom("XDG_DATA_DIRS", "/usr/local/share:/usr/share");
   folders.configHome = folderFrom("XDG_CONFIG_HOME", folders.home / ".config");
   folders.configDirs = listFrom("XDG_CONFIG_DIRS", "/etc/xdg");
+  const char* desktop = std::getenv("XDG_CURRENT_DESKTOP");
+  folders.currentDesktop = desktop == nullptr ? "" : desktop;
   return folders;
 }
 

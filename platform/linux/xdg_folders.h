@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 namespace glintboard {
@@ -13,6 +14,8 @@ struct XdgFolders {
   std::vector<std::filesystem::path> dataDirs;
   std::filesystem::path configHome;
   std::vector<std::filesystem::path> configDirs;
+  // The names of the running desktop, as XDG_CURRENT_DESKTOP has them; may be empty.
+  std::string currentDesktop;
 
   // `dataHome` and then `dataDirs`, each followed by `name`.
   std::vector<std::filesystem::path> dataFolders(const std::filesystem::path& name) const;

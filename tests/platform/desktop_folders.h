@@ -14,7 +14,8 @@ struct DesktopFolders {
                      .dataHome = root / "home/data",
                      .dataDirs = {root / "local", root / "system"},
                      .configHome = root / "home/config",
-                     .configDirs = {root / "etc"}};
+                     .configDirs = {root / "etc"},
+                     .currentDesktop = ""};
 
   // Writes a desktop entry below the root; `lines` follow its name.
   std::filesystem::path entry(const std::filesystem::path& file, const std::string& lines) const {

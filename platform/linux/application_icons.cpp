@@ -1,0 +1,115 @@
+#include "platform/linux/application_icons.h"
+
+#include <sys/stat.h>
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QImageReader>
+#include <QPainter>
+
+#include "platform/linux/icon_lookup.h"
+
+namespace glintboard {
+
+namespace {
+
+class ApplicationIcons {
+ public:
+  ApplicationIcons(std::shared_ptr<const ApplicationIndex> index, const XdgFolders& folders)
+      : index_(std::move(index)), lookup_(folders) {}
+
+  std::optional<ContentModification> contentModification(const ApplicationLocation& location) {
+    std::error_code error;
+    ContentModification modification;
+    modification.entryModified = std::filesystem::last_write_time(location.path, error);
+    if (error) {
+      return std::nullopt;
+    }
+    modification.iconFile = fileOf(location);
+    struct stat status{};
+    if (::stat(modification.iconFile.c_str(), &status) == 0) {
+      modification.iconModified = std::filesystem::last_write_time(modification.iconFile, error);
+      modification.iconInode = status.st_ino;
+    }
+    return modification;
+  }
+
+  QImage image(const ApplicationLocation& location, int side) {
+    const auto own = drawIcon(fileOf(location), side);
+    return own.isNull() ? drawIcon(lookup_.find(kGenericIcon), side) : own;
+  }
+
+ private:
+  static constexpr const char* kGenericIcon = "application-x-executable";
+
+  std::filesystem::path fileOf(const ApplicationLocation& location) {
+    const auto installed = index_->current();
+    const auto* entry = installed->atPath(location.path);
+    auto file = entry == nullptr ? std::filesystem::path() : lookup_.find(entry->icon);
+    return file.empty() ? lookup_.find(kGenericIcon) : file;
+  }
+
+  std::shared_ptr<const ApplicationIndex> index_;
+  IconLookup lookup_;
+};
+
+// The image fitted into the square, not centred yet.
+QImage readFitted(const std::filesystem::path& file, const QSize& square) {
+  constexpr int kLargestSide = 4096;
+  QImageReader reader(QFile::decodeName(file.c_str()));
+  const QSize natural = reader.size();
+  const QSize fitted = natural.isEmpty()
+                           ? square
+                           : natural.scaled(square, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+  if (reader.format().startsWith("svg")) {
+    // Qt ends a process that draws text without a QGuiApplication.
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr) {
+      return {};
+    }
+    reader.setScaledSize(fitted);
+    return reader.read();
+  }
+  if (natural.width() > kLargestSide || natural.height() > kLargestSide) {
+    return {};
+  }
+  const QImage image = reader.read();
+  return image.isNull() ? image
+                        : image.scaled(square, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
+
+QImage drawIcon(const std::filesystem::path& file, int side) {
+  constexpr std::uintmax_t kLargestFile = 16u << 20u;
+  std::error_code error;
+  // Opening a named pipe would wait for its writer.
+  if (!std::filesystem::is_regular_file(file, error) ||
+      std::filesystem::file_size(file, error) > kLargestFile) {
+    return {};
+  }
+  const QImage fitted = readFitted(file, QSize(side, side));
+  if (fitted.isNull()) {
+    return {};
+  }
+  QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
+  square.fill(Qt::transparent);
+  QPainter painter(&square);
+  painter.drawImage((side - fitted.width()) / 2, (side - fitted.height()) / 2, fitted);
+  painter.end();
+  return square;
+}
+
+ApplicationIconClient applicationIcons(std::shared_ptr<const ApplicationIndex> index,
+                                       const XdgFolders& folders) {
+  const auto icons = std::make_shared<ApplicationIcons>(std::move(index), folders);
+  ApplicationIconClient client;
+  client.contentModification = [icons](const ApplicationLocation& location) {
+    return icons->contentModification(location);
+  };
+  client.image = [icons](const ApplicationLocation& location, int side) {
+    return icons->image(location, side);
+  };
+  return client;
+}
+
+}  // namespace glintboard

@@ -1,0 +1,15 @@
+// Which icon theme the user has chosen.
+#pragma once
+
+#include <string>
+
+#include "platform/linux/file_stamps.h"
+#include "platform/linux/xdg_folders.h"
+
+namespace glintboard {
+
+// The name of the theme that the desktop's settings choose, or empty. Notes in `stamps` the files
+// whose change may change it. Reads files and starts nothing; takes some milliseconds.
+std::string desktopIconTheme(const XdgFolders& folders, FileStamps& stamps);
+
+}  // namespace glintboard

@@ -1,0 +1,44 @@
+// Finds the files of icons that are given by name.
+#pragma once
+
+#include <chrono>
+#include <mutex>
+#include <string>
+#include <unordered_map>
+
+#include "platform/linux/icon_theme.h"
+#include "platform/linux/xdg_folders.h"
+
+namespace glintboard {
+
+// Looks in the user's icon theme, the themes it inherits, the common theme and the folders of
+// unthemed icons. Themes are read at the first question and again after they changed. Safe on any
+// thread; blocks on the disk.
+class IconLookup {
+ public:
+  explicit IconLookup(XdgFolders folders);
+
+  // The best file for a square of 128 pixels, or empty. `icon` is an absolute path or a name, with
+  // or without the extension of an image file.
+  std::filesystem::path find(const std::string& icon);
+
+ private:
+  void refresh();
+  void readThemes();
+  void addThemes(const std::string& name, std::vector<std::string>& seen);
+  std::filesystem::path search(const std::string& name) const;
+
+  const XdgFolders folders_;
+  const std::vector<std::filesystem::path> bases_;
+
+  std::mutex mutex_;
+  std::chrono::steady_clock::time_point checked_;
+  std::string userTheme_;
+  FileStamps settings_;
+  FileStamps themes_;
+  // Where to look, best first.
+  std::vector<std::filesystem::path> iconFolders_;
+  std::unordered_map<std::string, std::filesystem::path> found_;
+};
+
+}  // namespace glintboard

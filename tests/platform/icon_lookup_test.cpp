@@ -1,0 +1,138 @@
+#include "platform/linux/icon_lookup.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "tests/platform/desktop_folders.h"
+
+namespace glintboard {
+namespace {
+
+class IconLookupTest : public testing::Test {
+ protected:
+  IconLookupTest() {
+    // The user's own settings stay out of it.
+    ::setenv("GSETTINGS_BACKEND", "memory", 1);
+    icon("system/icons/hicolor/48x48/apps/common.png");
+    theme("hicolor", "", {"48x48/apps"});
+  }
+
+  void icon(const std::string& file) { desktop_.root.write(file, ""); }
+  // Writes the index of a theme whose fixed folders are named "SIZExSIZE/…".
+  void theme(const std::string& name, const std::string& inherits,
+             const std::vector<std::string>& folders, const std::string& more = "") {
+    std::string listed;
+    std::string groups;
+    for (const auto& folder : folders) {
+      listed += folder + ",";
+      groups += "[" + folder + "]\nSize=" + folder.substr(0, folder.find('x')) + "\nType=Fixed\n";
+    }
+    desktop_.root.write("system/icons/" + name + "/index.theme",
+                        "[Icon Theme]\nName=t\nInherits=" + inherits + "\nDirectories=" + listed +
+                            (more.empty() ? "" : "drawn/apps") + "\n" + groups + more);
+  }
+  void choose(const std::string& name) {
+    desktop_.root.write("home/config/gtk-3.0/settings.ini",
+                        "[Settings]\ngtk-icon-theme-name=" + name + "\n");
+  }
+  std::string found(const std::string& name) {
+    const auto file = lookup_.find(name);
+    return file.empty() ? "" : file.lexically_relative(desktop_.root.path()).string();
+  }
+
+  test::DesktopFolders desktop_;
+  IconLookup lookup_{desktop_.folders};
+};
+
+TEST_F(IconLookupTest, LooksInTheThemesAndThenInTheUnthemedFolders) {
+  const std::string scalable = "[drawn/apps]\nSize=48\nMinSize=8\nMaxSize=512\nType=Scalable\n";
+  theme("mine", "parent,mine,../../etc", {"16x16/apps", "64x64/apps", "256x256/apps", "512x512/a"},
+        scalable);
+  theme("parent", "grandparent", {"128x128/apps", "32x32@2/apps"},
+        "[drawn/apps]\nSize=16\nMaxSize=24\nType=Scalable\n");
+  theme("grandparent", "mine", {"22x22/apps"});
+  choose("mine");
+  for (const char* file :
+       {"mine/16x16/apps/sizes.png", "mine/64x64/apps/sizes.png", "mine/256x256/apps/sizes.png",
+        "mine/512x512/a/sizes.png", "mine/16x16/apps/small.png", "mine/64x64/apps/small.xpm",
+        "mine/256x256/apps/drawn.png", "mine/drawn/apps/drawn.svg", "mine/16x16/apps/both.png",
+        "parent/128x128/apps/both.png", "parent/128x128/apps/exact.png",
+        "parent/drawn/apps/exact.svg", "grandparent/22x22/apps/org.test.Old.svgz",
+        "grandparent/22x22/apps/common.png", "unthemed.svg"}) {
+    icon(std::string("system/icons/") + file);
+  }
+  icon("home/.icons/personal.png");
+  icon("home/data/icons/mine/64x64/apps/added.png");
+  icon("local/pixmaps/old.xpm");
+  icon("system/pixmaps/old.xpm");
+  const struct {
+    const char* name;
+    const char* file;
+  } cases[] = {
+      {"sizes", "system/icons/mine/256x256/apps/sizes.png"},
+      {"small", "system/icons/mine/64x64/apps/small.xpm"},
+      {"drawn", "system/icons/mine/drawn/apps/drawn.svg"},
+      {"both", "system/icons/mine/16x16/apps/both.png"},
+      {"exact", "system/icons/parent/128x128/apps/exact.png"},
+      {"org.test.Old", "system/icons/grandparent/22x22/apps/org.test.Old.svgz"},
+      {"common", "system/icons/grandparent/22x22/apps/common.png"},
+      {"added", "home/data/icons/mine/64x64/apps/added.png"},
+      {"unthemed", "system/icons/unthemed.svg"},
+      {"personal", "home/.icons/personal.png"},
+      {"old", "local/pixmaps/old.xpm"},
+      {"sizes.png", "system/icons/mine/256x256/apps/sizes.png"},
+      {"small.svg", "system/icons/mine/64x64/apps/small.xpm"},
+      {"absent", ""},
+      {"../mine/16x16/apps/both", ""},
+      {"", ""},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(found(each.name), each.file) << each.name;
+  }
+  EXPECT_EQ(found((desktop_.root / "system/pixmaps/old.xpm").string()), "system/pixmaps/old.xpm");
+  EXPECT_EQ(found((desktop_.root / "system/pixmaps").string()), "") << "a folder is no icon";
+}
+
+TEST_F(IconLookupTest, SurvivesThemesThatAreDamagedOrMissing) {
+  for (const auto* index : {"", "no group\n", "[Icon Theme]\nInherits=mine\nDirectories=a,/,..,,\n",
+                            "[Icon Theme]\nDirectories=a\n[a]\nSize=99999999999\nScale=-7\n"}) {
+    desktop_.root.write("system/icons/mine/index.theme", index);
+    choose("mine");
+    IconLookup lookup(desktop_.folders);
+    EXPECT_EQ(lookup.find("absent"), "") << index;
+    EXPECT_FALSE(lookup.find("common").empty()) << index;
+  }
+  std::filesystem::remove(desktop_.root / "system/icons/hicolor/index.theme");
+  choose("no-such-theme");
+  IconLookup lookup(desktop_.folders);
+  EXPECT_FALSE(lookup.find("common").empty()) << "icons are put there even without an index";
+}
+
+TEST_F(IconLookupTest, SeesWhatIsInstalledChosenAndRemovedLater) {
+  theme("mine", "", {"64x64/apps"});
+  const auto later = [] { std::this_thread::sleep_for(std::chrono::milliseconds(60)); };
+  EXPECT_EQ(found("common"), "system/icons/hicolor/48x48/apps/common.png");
+  icon("system/icons/mine/64x64/apps/common.png");
+  choose("mine");
+  later();
+  EXPECT_EQ(found("common"), "system/icons/mine/64x64/apps/common.png");
+  EXPECT_EQ(found("new"), "");
+  icon("home/data/icons/hicolor/48x48/apps/new.png");
+  later();
+  EXPECT_EQ(found("new"), "home/data/icons/hicolor/48x48/apps/new.png");
+  std::filesystem::remove(desktop_.root / "system/icons/mine/64x64/apps/common.png");
+  EXPECT_EQ(found("common"), "system/icons/hicolor/48x48/apps/common.png");
+  desktop_.root.write("home/config/kdeglobals", "[Icons]\nTheme=other\n");
+  theme("other", "", {"64x64/apps"});
+  icon("system/icons/other/64x64/apps/common.png");
+  later();
+  EXPECT_EQ(found("common"), "system/icons/hicolor/48x48/apps/common.png")
+      << "another desktop's setting";
+  desktop_.folders.currentDesktop = "KDE";
+  EXPECT_EQ(IconLookup(desktop_.folders).find("common"),
+            desktop_.root / "system/icons/other/64x64/apps/common.png");
+}
+
+}  // namespace
+}  // namespace glintboard
