@@ -55,7 +55,10 @@ class PairingServiceTest : public testing::Test {
   Executors executors;
   std::optional<PairingService> service;
 
-  void SetUp() override { restart(); }
+  void SetUp() override {
+    restart();
+    state();  // the list is loaded
+  }
 
   void restart() {
     service.emplace(executors.service(), executors.keychainLane(),
