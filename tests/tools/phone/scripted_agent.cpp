@@ -38,14 +38,16 @@ ScriptedAgent::ScriptedAgent() {
     throw std::runtime_error("the scripted agent cannot be started");
   }
 
-  std::array<char, 16> port{};
+  // The line may come in pieces.
+  std::string port;
   pollfd readable{report.get(), POLLIN, 0};
-  const bool reported = ::poll(&readable, 1, 20'000) == 1;
-  const auto length = reported ? ::read(report.get(), port.data(), port.size()) : 0;
-  if (length <= 1) {
-    throw std::runtime_error("the scripted agent does not come up");
+  for (char next = 0; next != '\n'; port += next) {
+    if (::poll(&readable, 1, 20'000) != 1 || ::read(report.get(), &next, 1) != 1) {
+      throw std::runtime_error("the scripted agent does not come up");
+    }
   }
-  host_ = "127.0.0.1:" + std::string(port.data(), static_cast<std::size_t>(length - 1));
+  port.pop_back();
+  host_ = "127.0.0.1:" + port;
 }
 
 ScriptedAgent::~ScriptedAgent() {
