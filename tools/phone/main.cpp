@@ -1,8 +1,10 @@
 #include <iostream>
 
+#include "platform/bonjour.h"
 #include "tools/phone/commands.h"
 
 int main(int count, char** words) {
+  const auto browser = glintboard::BonjourBrowser::live();
   return glintboard::phone::runPhone({words + (count > 0 ? 1 : 0), words + count}, std::cout,
-                                     std::cerr, nullptr);
+                                     std::cerr, browser.get());
 }
