@@ -17,6 +17,7 @@ class ChildProcess {
  public:
   explicit ChildProcess(std::vector<std::string> command) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (auto& argument : command) {
       arguments.push_back(argument.data());
     }
