@@ -72,6 +72,7 @@ std::string fromPortal() {
     return "";
   }
   constexpr auto kFlags =
+      // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
       static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
   GioCalls calls(std::chrono::seconds(1));
