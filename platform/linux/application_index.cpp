@@ -91,7 +91,7 @@ void ApplicationIndex::stop() {
 }
 
 Awaitable<> ApplicationIndex::follow(std::shared_ptr<ApplicationIndex> self) {
-  for (;;) {
+  while (!self->watcher_.stopped()) {
     const bool changed = co_await self->watcher_.changed();
     if (!changed) {
       co_return;

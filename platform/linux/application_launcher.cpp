@@ -49,6 +49,7 @@ void activateService(GioCalls& calls, const DesktopEntry& entry, GAppInfo* appli
 
 std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* application) {
   // Without G_SPAWN_DO_NOT_REAP_CHILD, GLib makes the program no child of this process.
+  // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
   constexpr auto kFlags = static_cast<GSpawnFlags>(
       G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
   std::optional<pid_t> started;

@@ -1,10 +1,16 @@
 #include "platform/linux/desktop_icon_theme.h"
 
+#include <cstdlib>
+
+#include "platform/linux/gio_call.h"
 #include "platform/linux/key_file.h"
 
 namespace glintboard {
 
 namespace {
+
+constexpr const char* kGnomeSettings = "org.gnome.desktop.interface";
+constexpr const char* kGnomeKey = "icon-theme";
 
 std::string fromFiles(const std::vector<std::filesystem::path>& files, const char* group,
                       const char* key, FileStamps& stamps) {
@@ -30,28 +36,74 @@ std::string fromGtk(const XdgFolders& folders, FileStamps& stamps) {
   return "";
 }
 
-struct GnomeSetting {
-  // The user's own choice, and what holds without one.
-  std::string chosen;
-  std::string usual;
-};
-
-GnomeSetting fromGnome(const XdgFolders& folders, FileStamps& stamps) {
-  constexpr const char* kKey = "icon-theme";
-  stamps.note(folders.configHome / "dconf/user");
+// The theme that GNOME's settings have until the user chooses one.
+std::string gnomeDefault() {
   auto* source = g_settings_schema_source_get_default();
-  // GLib ends a process that asks for a setting that is not described.
   const GLibPointer<GSettingsSchema> schema(
-      source == nullptr
-          ? nullptr
-          : g_settings_schema_source_lookup(source, "org.gnome.desktop.interface", TRUE));
-  if (!schema || g_settings_schema_has_key(schema.get(), kKey) == 0) {
-    return {};
+      source == nullptr ? nullptr : g_settings_schema_source_lookup(source, kGnomeSettings, TRUE));
+  // GLib ends a process that asks for a setting that is not described.
+  if (!schema || g_settings_schema_has_key(schema.get(), kGnomeKey) == 0) {
+    return "";
   }
-  const GObjectPointer<GSettings> settings(g_settings_new_full(schema.get(), nullptr, nullptr));
-  const GLibPointer<GVariant> chosen(g_settings_get_user_value(settings.get(), kKey));
-  const GLibPointer<char> usual(g_settings_get_string(settings.get(), kKey));
-  return {chosen ? g_variant_get_string(chosen.get(), nullptr) : "", usual.get()};
+  const GLibPointer<GSettingsSchemaKey> key(g_settings_schema_get_key(schema.get(), kGnomeKey));
+  const GLibPointer<GVariant> value(g_settings_schema_key_get_default_value(key.get()));
+  return g_variant_get_string(value.get(), nullptr);
+}
+
+// Where the session bus listens, or empty. Asking GIO for it might start one.
+std::string sessionBusAddress() {
+  const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+  const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+  if (address != nullptr && *address != '\0') {
+    return address;
+  }
+  std::error_code ignored;
+  const auto usual = std::filesystem::path(runtimeFolder == nullptr ? "" : runtimeFolder) / "bus";
+  return usual.is_absolute() && std::filesystem::exists(usual, ignored)
+             ? "unix:path=" + usual.string()
+             : "";
+}
+
+// The theme that the running desktop portal reports from GNOME's settings. GSettings would tell it
+// too, but leaves a connection to the bus in this process that ends it when the bus goes away.
+std::string fromPortal() {
+  const auto address = sessionBusAddress();
+  if (address.empty()) {
+    return "";
+  }
+  constexpr auto kFlags =
+      // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
+      static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                        G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+  GioCalls calls(std::chrono::seconds(1));
+  const auto connected =
+      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+        g_dbus_connection_new_for_address(address.c_str(), kFlags, nullptr, cancellable, callback,
+                                          data);
+      });
+  const GObjectPointer<GDBusConnection> bus(
+      connected ? g_dbus_connection_new_for_address_finish(connected.get(), nullptr) : nullptr);
+  if (!bus) {
+    return "";
+  }
+  const auto answered =
+      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+        g_dbus_connection_call(bus.get(), "org.freedesktop.portal.Desktop",
+                               "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings",
+                               "Read", g_variant_new("(ss)", kGnomeSettings, kGnomeKey),
+                               G_VARIANT_TYPE("(v)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
+                               cancellable, callback, data);
+      });
+  GLibPointer<GVariant> value(
+      answered ? g_dbus_connection_call_finish(bus.get(), answered.get(), nullptr) : nullptr);
+  // The text comes wrapped several times.
+  while (value && g_variant_is_container(value.get()) != 0) {
+    value.reset(g_variant_n_children(value.get()) == 0 ? nullptr
+                                                       : g_variant_get_child_value(value.get(), 0));
+  }
+  return value && g_variant_is_of_type(value.get(), G_VARIANT_TYPE_STRING) != 0
+             ? g_variant_get_string(value.get(), nullptr)
+             : "";
 }
 
 }  // namespace
@@ -59,10 +111,11 @@ GnomeSetting fromGnome(const XdgFolders& folders, FileStamps& stamps) {
 std::string desktopIconTheme(const XdgFolders& folders, FileStamps& stamps) {
   const auto kde = fromFiles(folders.configFolders("kdeglobals"), "Icons", "Theme", stamps);
   const auto gtk = fromGtk(folders, stamps);
-  const auto gnome = fromGnome(folders, stamps);
+  // The portal's answer changes with it.
+  stamps.note(folders.configHome / "dconf/user");
   const bool onKde = folders.currentDesktop.find("KDE") != std::string::npos;
   // Where a desktop has no settings of its own here, they may be another desktop's leftovers.
-  for (const auto& theme : {onKde ? kde : gnome.chosen, gtk, gnome.usual, kde}) {
+  for (const auto& theme : {onKde ? kde : fromPortal(), gtk, gnomeDefault(), kde}) {
     if (!theme.empty()) {
       return theme;
     }

@@ -9,7 +9,8 @@
 namespace glintboard {
 
 // The name of the theme that the desktop's settings choose, or empty. Notes in `stamps` the files
-// whose change may change it. Reads files and starts nothing; takes some milliseconds.
+// whose change may change it. Reads files and asks a running desktop portal, but starts nothing.
+// Blocks, at most about a second.
 std::string desktopIconTheme(const XdgFolders& folders, FileStamps& stamps);
 
 }  // namespace glintboard

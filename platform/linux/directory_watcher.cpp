@@ -61,9 +61,6 @@ void DirectoryWatcher::forgetOthers() {
 }
 
 Awaitable<bool> DirectoryWatcher::changed() {
-  if (stopped_) {
-    co_return false;
-  }
   const auto [error] = co_await events_.async_wait(asio::posix::stream_descriptor::wait_read,
                                                    asio::as_tuple(asio::use_awaitable));
   co_return !error;

@@ -27,9 +27,11 @@ class DirectoryWatcher {
   Awaitable<bool> changed();
   // Takes the changes noticed so far as known. On the service loop.
   void drain();
-  // Ends `changed`, the one under way and all later ones. On the service loop, also while another
-  // operation runs elsewhere.
+  // Ends the `changed` under way; the next must not be started. On the service loop, also while
+  // another operation runs elsewhere.
   void stop();
+  // Whether `stop` was called. On the service loop.
+  bool stopped() const { return stopped_; }
 
  private:
   bool add(const std::filesystem::path& folder);

@@ -13,6 +13,7 @@ struct GLibRelease {
   void operator()(GKeyFile* file) const { g_key_file_unref(file); }
   void operator()(GMainContext* context) const { g_main_context_unref(context); }
   void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
+  void operator()(GSettingsSchemaKey* key) const { g_settings_schema_key_unref(key); }
   void operator()(GSource* source) const {
     g_source_destroy(source);
     g_source_unref(source);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <sstream>
 #include <tuple>
 
 #include "platform/linux/key_file.h"
@@ -50,8 +51,9 @@ Listed listedIn(GKeyFile* index, const std::string& name) {
 std::vector<Listed> usualFoldersOfHicolor() {
   std::vector<Listed> folders{listed("scalable/apps", 1, 512, true)};
   for (const int size : {16, 22, 24, 32, 36, 48, 64, 72, 96, 128, 192, 256, 512, 1024}) {
-    const auto number = std::to_string(size);
-    folders.push_back(listed(number + "x" + number + "/apps", size, size, false));
+    std::ostringstream name;
+    name << size << 'x' << size << "/apps";
+    folders.push_back(listed(name.str(), size, size, false));
   }
   return folders;
 }

@@ -11,7 +11,7 @@ namespace glintboard {
 
 // The bundle identifier of the application with a desktop file id (without ".desktop"). The one
 // place where the two meet.
-inline const std::string& bundleIdentifier(const std::string& desktopId) {
+inline std::string bundleIdentifier(const std::string& desktopId) {
   return desktopId;
 }
 

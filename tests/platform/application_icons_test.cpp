@@ -14,7 +14,7 @@ namespace {
 class ApplicationIconsTest : public testing::Test {
  protected:
   ApplicationIconsTest() {
-    ::setenv("GSETTINGS_BACKEND", "memory", 1);
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     application_.emplace(argumentCount_, arguments_);
   }

@@ -12,11 +12,7 @@ using testing::ElementsAre;
 
 class ApplicationIndexTest : public testing::Test {
  protected:
-  ~ApplicationIndexTest() override {
-    if (index_) {
-      index_->stop();
-    }
-  }
+  void TearDown() override { index_->stop(); }
   void open() { index_ = ApplicationIndex::open(executors_, desktop_.folders); }
   // "bundle id: entry file below the root" for each installed application.
   std::vector<std::string> installed() const {

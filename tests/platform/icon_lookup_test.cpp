@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "tests/platform/desktop_folders.h"
+#include "tests/support/session_bus.h"
 
 namespace glintboard {
 namespace {
@@ -13,7 +14,7 @@ class IconLookupTest : public testing::Test {
  protected:
   IconLookupTest() {
     // The user's own settings stay out of it.
-    ::setenv("GSETTINGS_BACKEND", "memory", 1);
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
     icon("system/icons/hicolor/48x48/apps/common.png");
     theme("hicolor", "", {"48x48/apps"});
   }
@@ -132,6 +133,35 @@ TEST_F(IconLookupTest, SeesWhatIsInstalledChosenAndRemovedLater) {
   desktop_.folders.currentDesktop = "KDE";
   EXPECT_EQ(IconLookup(desktop_.folders).find("common"),
             desktop_.root / "system/icons/other/64x64/apps/common.png");
+}
+
+TEST_F(IconLookupTest, AsksARunningDesktopPortalFirst) {
+  const test::SessionBus bus;
+  const auto ready = desktop_.root / "ready";
+  const auto portal = desktop_.program("bin/portal", R"(#!/usr/bin/python3 -E
+import sys
+from gi.repository import Gio, GLib
+xml = """<node><interface name='org.freedesktop.portal.Settings'><method name='Read'>
+<arg type='s' direction='in'/><arg type='s' direction='in'/><arg type='v' direction='out'/>
+</method></interface></node>"""
+def call(connection, sender, path, interface, method, parameters, invocation):
+    known = parameters.unpack() == ('org.gnome.desktop.interface', 'icon-theme')
+    value = GLib.Variant('v', GLib.Variant('s', 'chosen' if known else ''))
+    invocation.return_value(GLib.Variant('(v)', (value,)))
+def acquired(connection, name):
+    interface = Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0]
+    connection.register_object('/org/freedesktop/portal/desktop', interface, call, None, None)
+def owned(connection, name):
+    open(sys.argv[1], 'w').close()
+Gio.bus_own_name(Gio.BusType.SESSION, 'org.freedesktop.portal.Desktop', 0, acquired, owned, None)
+GLib.MainLoop().run()
+)");
+  const test::ChildProcess process({portal.string(), ready.string()});
+  ASSERT_TRUE(test::eventually([&] { return std::filesystem::exists(ready); }));
+  theme("chosen", "", {"64x64/apps"});
+  icon("system/icons/chosen/64x64/apps/common.png");
+  choose("no-such-theme");
+  EXPECT_EQ(found("common"), "system/icons/chosen/64x64/apps/common.png");
 }
 
 }  // namespace

@@ -201,6 +201,7 @@ TEST_F(LinuxApplicationsTest, MayBeDestroyedWhileItsWorkIsUnderWay) {
 
 TEST_F(LinuxApplicationsTest, ABusThatNeverAnswersHoldsAnActivationNoLongerThanItsDeadline) {
   const FileDescriptor silent(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  ASSERT_TRUE(silent);
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   const auto path = (desktop_.root / "silent").string();
