@@ -90,14 +90,17 @@ void AvahiAdvertiser::update() {
 }
 
 void AvahiAdvertiser::takeWanted() {
-  const std::lock_guard lock(mutex_);
-  if (!wantedChanged_) {
-    return;
+  {
+    // Not held any longer than this: what follows may wait for the daemon.
+    const std::lock_guard lock(mutex_);
+    if (!wantedChanged_) {
+      return;
+    }
+    wantedChanged_ = false;
+    service_ = wanted_;
   }
-  wantedChanged_ = false;
   group_.reset();
   collided_ = false;
-  service_ = wanted_;
   if (service_) {
     name_ = networkName(service_->name);
   }

@@ -1,0 +1,224 @@
+// Runs inside tests/support/private-network.sh, with Avahi daemons of its own.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "platform/linux/avahi_advertiser.h"
+#include "platform/linux/avahi_browser.h"
+#include "tests/support/child_process.h"
+#include "tests/support/temporary_folder.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+using Names = std::vector<std::string>;
+
+const std::string type = "_glintboard._tcp";
+
+// A computer of its own on the network: a system bus and, while it runs, an Avahi daemon. The bus's
+// address is the same in every test, because libdbus reads it once in a process.
+class Computer {
+ public:
+  explicit Computer(const std::string& name) : address_("unix:path=/run/bus-" + name) {
+    folder_.write("bus.conf",
+                  "<busconfig><type>system</type><listen>" + address_ +
+                      "</listen><auth>EXTERNAL</auth><policy context='default'><allow user='*'/>"
+                      "<allow own='*'/><allow send_destination='*'/><allow receive_sender='*'/>"
+                      "</policy></busconfig>");
+    folder_.write("avahi.conf", "[server]\nhost-name=" + name +
+                                    "\nuse-ipv6=no\n[publish]\npublish-workstation=no\n");
+  }
+
+  void startBus() {
+    std::filesystem::remove(address_.substr(address_.find('/')));
+    bus_ = std::make_unique<test::ChildProcess>(
+        std::vector<std::string>{"dbus-daemon", "--nofork", "--nopidfile",
+                                 "--config-file=" + (folder_ / "bus.conf").string()});
+    EXPECT_TRUE(test::eventually([this] {
+      return !run("dbus-send --system --print-reply --dest=org.freedesktop.DBus / "
+                  "org.freedesktop.DBus.GetId")
+                  .empty();
+    }));
+  }
+
+  // Starts the daemon where `prefix` leads: a shell command that ends with its last argument.
+  void startDaemon(const std::string& prefix = "exec") {
+    daemon_ = std::make_unique<test::ChildProcess>(
+        std::vector<std::string>{"sh", "-c",
+                                 "export DBUS_SYSTEM_BUS_ADDRESS=" + address_ + "; " + prefix +
+                                     " avahi-daemon -f " + (folder_ / "avahi.conf").string() +
+                                     " --no-drop-root --no-chroot --no-proc-title --no-rlimits"});
+  }
+  void stopBus() { bus_.reset(); }
+  void stopDaemon() { daemon_.reset(); }
+  const test::ChildProcess& daemon() const { return *daemon_; }
+  const std::string& address() const { return address_; }
+
+  std::string run(const std::string& command) const {
+    return test::outputOf("DBUS_SYSTEM_BUS_ADDRESS=" + address_ + " " + command + " 2>/dev/null");
+  }
+
+ private:
+  const std::string address_;
+  test::TemporaryFolder folder_;
+  std::unique_ptr<test::ChildProcess> bus_;
+  std::unique_ptr<test::ChildProcess> daemon_;
+};
+
+class Avahi : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (::getenv("GLINTBOARD_PRIVATE_NETWORK") == nullptr) {
+      GTEST_SKIP() << "only in a network of its own";
+    }
+    long first = 0;
+    long outside = 0;
+    long users = 0;
+    std::ifstream("/proc/self/uid_map") >> first >> outside >> users;
+    if (users == 1) {
+      GTEST_SKIP() << "Avahi's daemon needs more than one user";
+    }
+    ::setenv("DBUS_SYSTEM_BUS_ADDRESS", computer_.address().c_str(), 1);
+    computer_.startBus();
+  }
+
+  // The names that the browser finds, each once.
+  static Names found() {
+    Names names;
+    for (const auto& instance : BonjourBrowser::live()->browse(type, 2s)) {
+      if (std::find(names.begin(), names.end(), instance.name) == names.end()) {
+        names.push_back(instance.name);
+      }
+    }
+    return names;
+  }
+
+  static bool eventuallyFound(const Names& names) {
+    return test::eventually([&] { return found() == names; });
+  }
+
+  Computer computer_{"box"};
+};
+
+TEST_F(Avahi, AdvertisesAndWithdraws) {
+  computer_.startDaemon();
+  AvahiAdvertiser advertiser;
+  advertiser.publish({"Anna's Box", type, "local.", 9847});
+  ASSERT_TRUE(eventuallyFound({"Anna's Box"}));
+  const auto instances = BonjourBrowser::live()->browse(type, 2s);
+  ASSERT_EQ(instances.size(), 1U);
+  EXPECT_EQ(instances[0].address, "127.0.0.1");
+  EXPECT_EQ(instances[0].port, 9847);
+  // The last field is the TXT record: none.
+  EXPECT_THAT(computer_.run("avahi-browse -rtp " + type),
+              testing::HasSubstr(";box.local;127.0.0.1;9847;\n"));
+  advertiser.publish({"Renamed", type, "local.", 9848});
+  EXPECT_TRUE(eventuallyFound({"Renamed"}));
+  advertiser.withdraw();
+  EXPECT_TRUE(eventuallyFound({}));
+}
+
+TEST_F(Avahi, JoinsADaemonThatComesLaterAndEachOneAfterIt) {
+  AvahiAdvertiser advertiser;
+  advertiser.publish({"Box", type, "local.", 9847});
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(found(), Names{});
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 1s) << "without a daemon nothing is awaited";
+  for (int i = 0; i < 2; ++i) {
+    computer_.startDaemon();
+    EXPECT_TRUE(eventuallyFound({"Box"})) << "daemon " << i;
+    computer_.stopDaemon();
+  }
+}
+
+TEST_F(Avahi, FitsTheNameToTheNetworkAlone) {
+  computer_.startDaemon();
+  AvahiAdvertiser advertiser;
+  const std::string long62(62, 'x');
+  advertiser.publish({long62 + "\u00fc and more", type, "local.", 9847});
+  EXPECT_TRUE(eventuallyFound({long62}));
+  advertiser.publish({"gr\xfcn", type, "local.", 9847});
+  EXPECT_TRUE(eventuallyFound({"gr\ufffdn"}));
+  // Neither ends the process nor is advertised.
+  advertiser.publish({"", type, "local.", 9847});
+  advertiser.publish({"Box", "\xff", "local.", 9847});
+  EXPECT_TRUE(eventuallyFound({}));
+  EXPECT_TRUE(BonjourBrowser::live()->browse("\xff", 1s).empty());
+}
+
+TEST_F(Avahi, TakesTheNextNameWhenThisComputerHasTheNameAlready) {
+  computer_.startDaemon();
+  AvahiAdvertiser first;
+  first.publish({"Box", type, "local.", 9847});
+  ASSERT_TRUE(eventuallyFound({"Box"}));
+  AvahiAdvertiser second;
+  second.publish({"Box", type, "local.", 9848});
+  EXPECT_TRUE(eventuallyFound({"Box", "Box #2"}));
+}
+
+TEST_F(Avahi, TakesTheNextNameWhenAnotherComputerHasIt) {
+  // The other computer is a network namespace at the far end of a cable.
+  Computer other("other");
+  other.startBus();
+  other.startDaemon(
+      "exec unshare --net --mount sh -c 'mkdir -p /run/avahi-daemon; "
+      "mount -t tmpfs tmpfs /run/avahi-daemon; "
+      "until ip addr add 10.99.0.2/24 dev far; do sleep 0.05; done; "
+      "ip link set far up; exec \"$@\"' sh");
+  const std::string far = std::to_string(other.daemon().id());
+  ASSERT_TRUE(test::eventually([&] {
+    return test::outputOf("readlink /proc/self/ns/net") !=
+           test::outputOf("readlink /proc/" + far + "/ns/net");
+  }));
+  ASSERT_EQ(::system(("ip link add near type veth peer name far netns " + far +
+                      " && ip addr add 10.99.0.1/24 dev near && ip link set near up")
+                         .c_str()),
+            0);
+  computer_.startDaemon();
+  ASSERT_TRUE(test::eventually([&] {
+    return !other
+                .run(
+                    "dbus-send --system --print-reply --dest=org.freedesktop.Avahi / "
+                    "org.freedesktop.Avahi.Server.GetVersionString")
+                .empty();
+  }));
+  const test::ChildProcess theirs({"env", "DBUS_SYSTEM_BUS_ADDRESS=" + other.address(),
+                                   "avahi-publish", "-s", "Box", type, "9847"});
+  EXPECT_TRUE(eventuallyFound({"Box"})) << "over the cable";
+  AvahiAdvertiser ours;
+  ours.publish({"Box", type, "local.", 9848});
+  EXPECT_TRUE(eventuallyFound({"Box", "Box #2"}));
+  ::system("ip link delete near");
+}
+
+TEST_F(Avahi, ADaemonThatHangsHoldsUpNoCaller) {
+  computer_.startDaemon();
+  AvahiAdvertiser advertiser;
+  advertiser.publish({"Box", type, "local.", 9847});
+  ASSERT_TRUE(eventuallyFound({"Box"}));
+  computer_.daemon().signal(SIGSTOP);
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 100; ++i) {
+    advertiser.withdraw();
+    advertiser.publish({"Again", type, "local.", 9847});
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 100ms);
+  computer_.daemon().signal(SIGCONT);
+  EXPECT_TRUE(eventuallyFound({"Again"}));
+}
+
+TEST_F(Avahi, WithoutASystemBusNothingIsAdvertisedUntilTheNextTime) {
+  computer_.stopBus();
+  AvahiAdvertiser advertiser;
+  advertiser.publish({"Box", type, "local.", 9847});
+  EXPECT_EQ(found(), Names{});
+  computer_.startBus();
+  computer_.startDaemon();
+  advertiser.publish({"Box", type, "local.", 9847});
+  EXPECT_TRUE(eventuallyFound({"Box"}));
+}
+
+}  // namespace
+}  // namespace glintboard
