@@ -34,6 +34,7 @@ class ChildProcess {
  public:
   explicit ChildProcess(std::vector<std::string> command) {
     std::vector<char*> argv;
+    argv.reserve(command.size() + 1);
     for (std::string& word : command) {
       argv.push_back(word.data());
     }
