@@ -25,6 +25,7 @@ FOLDER = pathlib.Path(os.environ["GLINTBOARD_E2E_FOLDER"])
 # How many times longer than a release build this build may take.
 SLOWNESS = float(os.environ.get("GLINTBOARD_SLOWNESS", "1"))
 PORT = 9847
+SHOW, HIDE = "Show Pairing Code\u2026", "Hide Pairing Code"
 
 logging.getLogger("asyncio").setLevel(logging.ERROR)
 
@@ -100,10 +101,15 @@ class Agent:
     def qr(self):
         return self.line("glintboard://pair?")
 
-    def new_pin(self, old):
-        """The code once it is another than `old`: the menu follows within a second."""
-        return eventually(lambda: "Manual code" in self.menu() and self.pin() != old and self.pin(),
-                          "A new code")
+    def show_code(self):
+        """Presses that button and returns the new code."""
+        self.menu_shows(SHOW)
+        self.press(SHOW)
+        self.menu_shows("Manual code")
+        # The code before may be printed for a moment.
+        eventually(lambda: time.time() - os.stat(self._menu.name).st_mtime > 0.3 * SLOWNESS,
+                   "A menu that lasts")
+        return self.pin()
 
     def press(self, button):
         self._process.stdin.write(button.encode() + b"\n")

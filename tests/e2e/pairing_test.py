@@ -4,9 +4,7 @@ import stat
 import unittest
 
 from client import Client
-from desktop import DesktopTest, eventually
-
-SHOW, HIDE = "Show Pairing Code\u2026", "Hide Pairing Code"
+from desktop import HIDE, SHOW, DesktopTest, eventually
 
 
 class PairingLife(DesktopTest):
@@ -15,13 +13,11 @@ class PairingLife(DesktopTest):
 
     async def test_a_phone_that_pairs_again_gets_a_new_token_and_loses_the_old(self):
         agent = self.start_agent()
-        pin = agent.pin()
         phone = self.paired_phone(agent)
         client = await Client.connect(phone.token)
         self.assertTrue(await self.is_known(client))
         agent.menu_shows(SHOW, "iPhone connected")
-        agent.press(SHOW)
-        again = phone.pair(agent.new_pin(pin))
+        again = phone.pair(agent.show_code())
         self.assertNotEqual(again["token"], phone.token)
         self.assertFalse(await self.is_known(client))
         self.assertEqual(phone.outcome("decks"), "ok")
@@ -33,27 +29,23 @@ class PairingLife(DesktopTest):
         first, second = self.paired_phone(agent, "First"), self.phone("Second")
         self.assertEqual(second.outcome("pair", pin), "already_paired")
         agent.menu_shows(SHOW, "First")
-        agent.press(SHOW)
-        shown = agent.new_pin(pin)
+        shown = agent.show_code()
         agent.press(HIDE)
         agent.menu_shows(SHOW)
         self.assertEqual(second.outcome("pair", shown), "already_paired")
         self.assertEqual(first.outcome("decks"), "ok")
-        agent.press(SHOW)
-        self.assertTrue(second.pair(agent.new_pin(shown))["ok"])
+        self.assertTrue(second.pair(agent.show_code())["ok"])
         self.assertEqual(first.outcome("decks"), "unauthorized")
         self.assertEqual(second.outcome("decks"), "ok")
         self.assertNotIn("First", agent.menu_shows(SHOW, "Second"))
 
     async def test_unpairing_takes_effect_on_open_connections(self):
         agent = self.start_agent()
-        pin = agent.pin()
         phone = self.paired_phone(agent)
         client = await Client.connect(phone.token)
         agent.menu_shows("iPhone connected", "Unpair iPhone")
         agent.press("Unpair iPhone")
-        self.assertNotEqual(agent.new_pin(pin), pin)
-        agent.menu_shows("Ready for iPhone")
+        agent.menu_shows("Ready for iPhone", "Manual code")
         self.assertFalse(await self.is_known(client))
         self.assertFalse(self.desktop.keychain_file.exists())
         agent.end()

@@ -51,8 +51,8 @@ class PhoneLife(DesktopTest):
         self.assertEqual(phone.outcome("decks"), "ok")
         agent.menu_shows("Sam[31m's phone", "Waiting for iPhone")
         self.assertEqual(phone.outcome("pair", qr), "invalid_code", "no secret serves twice")
-        agent.press("Show Pairing Code\u2026")
-        self.assertEqual(phone.outcome("pair", agent.new_pin(pin)), "ok", "the lockout is over")
+        self.assertEqual(phone.outcome("pair", pin), "invalid_pin", "the lockout is over")
+        self.assertEqual(phone.outcome("pair", agent.show_code()), "ok")
 
     def test_decks_hold_what_is_installed_with_revisions_of_icons(self):
         icon = self.desktop.write(self.desktop.root / "editor.png", png((200, 0, 0)))
@@ -149,7 +149,7 @@ class PhoneLife(DesktopTest):
         sound.wait()
         self.assertEqual(phone("tap", up)["message"], "No audio output device found.")
 
-    def test_shortcuts_are_run_and_their_failures_told(self):
+    async def test_shortcuts_are_run_and_their_failures_told(self):
         self.desktop.set_decks([shortcut(each) for each in (TEA, GONE, REFUSED, BROKEN)])
         agent = self.start_agent()
         phone = self.paired_phone(agent)
@@ -161,7 +161,9 @@ class PhoneLife(DesktopTest):
             {REFUSED}) kill -TERM $$;;
             {BROKEN}) echo ' The kettle is dry ' >&2; exit 3;;""")
         self.assert_slot_outcomes(phone, "tap", ["ok", "not_found"])
-        self.assertNotIn("Privacy & Security", agent.menu())
+        client = await Client.connect(phone.token)
+        self.assertNotIn("Allow this Shortcut", agent.menu_shows("iPhone connected"))
+        await client.socket.close()
         self.assert_slot_outcomes(phone, "tap", ["ok", "not_found", "cancelled", "run_failed"])
         self.assertEqual(phone("tap", 4)["message"], "The kettle is dry")
         agent.menu_shows("Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Security"
