@@ -45,8 +45,9 @@ KeychainPairedDeviceStoreError::KeychainPairedDeviceStoreError(Code givenCode,
 std::vector<PairedDevice> KeychainPairedDeviceStore::load() {
   std::string data;
   const KeychainStatus status = keychain_.copyMatching(itemQuery(), data);
+  const bool couldBeAsked = !isOutOfReach_;
   isOutOfReach_ = status != keychainSuccess && status != keychainItemNotFound;
-  if (isOutOfReach_) {
+  if (isOutOfReach_ && couldBeAsked) {
     log::info("the stored pairing cannot be read (error ", status, ")");
   }
   return status == keychainSuccess ? devicesIn(data) : std::vector<PairedDevice>();

@@ -61,8 +61,12 @@ TEST_F(SecretServiceKeychainTest, KeepsAnItemUnderItsAttributes) {
   session.restartUnlocked();
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
   EXPECT_EQ(data, "[3]");
-  const std::string found = test::outputOf("secret-tool search --all service org.example.service");
-  EXPECT_NE(found.find("label = Glintboard Agent paired devices"), std::string::npos) << found;
+  const std::string found = test::outputOf("secret-tool search account paired-devices 2>&1 | sort");
+  for (const char* line :
+       {"attribute.class = generic-password\n", "attribute.service = org.example.service\n",
+        "label = Glintboard Agent paired devices\n", "secret = [3]\n"}) {
+    EXPECT_NE(found.find(line), std::string::npos) << found;
+  }
 
   EXPECT_EQ(keychain.remove(item), keychainSuccess);
   EXPECT_EQ(test::outputOf(lookup), "");
