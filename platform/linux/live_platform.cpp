@@ -6,30 +6,38 @@
 #include "platform/linux/host_name.h"
 #include "platform/linux/linux_applications.h"
 #include "platform/linux/pulse_audio_output.h"
+#include "platform/linux/secret_service_keychain.h"
+#include "platform/linux/two_place_keychain.h"
 #include "platform/linux/xdg_folders.h"
 #include "platform/live.h"
 
 namespace glintboard {
 
 struct LivePlatform::Parts {
-  explicit Parts(Executors& executors)
+  Parts(Executors& executors, KeychainMergeRule keychainRule)
       : applications(executors, xdgFoldersOfEnvironment()),
         processRunner(executors.service()),
-        keychain(applicationSupportFolder()) {}
+        fileKeychain(applicationSupportFolder()),
+        keychain(secretService, fileKeychain, std::move(keychainRule)) {}
 
   LinuxApplications applications;
   FoundationProcessRunner processRunner;
   PulseAudioOutput audioOutput;
-  FileKeychain keychain;
+  SecretServiceKeychain secretService;
+  FileKeychain fileKeychain;
+  TwoPlaceKeychain keychain;
   AvahiAdvertiser bonjourAdvertiser;
   HostName hostName;
 };
 
-LivePlatform::LivePlatform(Executors& executors) : parts_(std::make_unique<Parts>(executors)) {}
+LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
+    : parts_(std::make_unique<Parts>(executors, std::move(keychainRule))) {}
 
 LivePlatform::~LivePlatform() = default;
 
-WorkspaceClient LivePlatform::workspaceClient() { return parts_->applications.workspaceClient(); }
+WorkspaceClient LivePlatform::workspaceClient() {
+  return parts_->applications.workspaceClient();
+}
 
 ApplicationIconClient LivePlatform::applicationIconClient() {
   return parts_->applications.iconClient();
@@ -41,13 +49,21 @@ ShortcutIconClient LivePlatform::shortcutIconClient() {
           [](int) { return std::vector<ShortcutIconClient::Icon>(); }};
 }
 
-ProcessRunning& LivePlatform::processRunner() { return parts_->processRunner; }
+ProcessRunning& LivePlatform::processRunner() {
+  return parts_->processRunner;
+}
 
-AudioOutput& LivePlatform::audioOutput() { return parts_->audioOutput; }
+AudioOutput& LivePlatform::audioOutput() {
+  return parts_->audioOutput;
+}
 
-Keychain& LivePlatform::keychain() { return parts_->keychain; }
+Keychain& LivePlatform::keychain() {
+  return parts_->keychain;
+}
 
-BonjourAdvertiser& LivePlatform::bonjourAdvertiser() { return parts_->bonjourAdvertiser; }
+BonjourAdvertiser& LivePlatform::bonjourAdvertiser() {
+  return parts_->bonjourAdvertiser;
+}
 
 std::optional<std::string> LivePlatform::localizedName() const {
   return parts_->hostName.localizedName();

@@ -67,13 +67,15 @@ class FakeRunner : public ProcessRunning {
   }
 };
 
-// A keychain in memory that can be told to fail.
+// A keychain in memory that can be told to fail, or to hang when it is read.
 class FakeKeychain : public Keychain {
  public:
   std::map<std::string, std::string> items;
   KeychainStatus failure = keychainSuccess;
+  std::atomic<bool> hangs = false;
 
   KeychainStatus copyMatching(const KeychainQuery& query, std::string& data) override {
+    hangs.wait(true);
     const auto item = items.find(key(query));
     if (failure != keychainSuccess || item == items.end()) {
       return failure != keychainSuccess ? failure : keychainItemNotFound;
