@@ -1,11 +1,12 @@
-#include <QImage>
-
 #include "platform/linux/avahi_advertiser.h"
 #include "platform/linux/file_keychain.h"
 #include "platform/linux/foundation_process_runner.h"
 #include "platform/linux/host_name.h"
 #include "platform/linux/linux_applications.h"
 #include "platform/linux/pulse_audio_output.h"
+#include "platform/linux/shortcut_folder.h"
+#include "platform/linux/shortcut_icons.h"
+#include "platform/linux/shortcuts_application.h"
 #include "platform/linux/xdg_folders.h"
 #include "platform/live.h"
 
@@ -13,10 +14,14 @@ namespace glintboard {
 
 struct LivePlatform::Parts {
   explicit Parts(Executors& executors)
-      : applications(executors, xdgFoldersOfEnvironment()),
+      : workers(executors.workers()),
+        folders(xdgFoldersOfEnvironment()),
+        applications(executors, folders),
         processRunner(executors.service()),
         keychain(applicationSupportFolder()) {}
 
+  asio::any_io_executor workers;
+  XdgFolders folders;
   LinuxApplications applications;
   FoundationProcessRunner processRunner;
   PulseAudioOutput audioOutput;
@@ -29,25 +34,34 @@ LivePlatform::LivePlatform(Executors& executors) : parts_(std::make_unique<Parts
 
 LivePlatform::~LivePlatform() = default;
 
-WorkspaceClient LivePlatform::workspaceClient() { return parts_->applications.workspaceClient(); }
+WorkspaceClient LivePlatform::workspaceClient() {
+  return withShortcutsApplication(parts_->applications.workspaceClient(), parts_->workers,
+                                  ShortcutFolder::pathIn(parts_->folders));
+}
 
 ApplicationIconClient LivePlatform::applicationIconClient() {
   return parts_->applications.iconClient();
 }
 
-// No Shortcut has an icon as long as nothing here can read the user's Shortcuts.
 ShortcutIconClient LivePlatform::shortcutIconClient() {
-  return {[](const std::string&, int) { return QImage(); },
-          [](int) { return std::vector<ShortcutIconClient::Icon>(); }};
+  return shortcutIcons(parts_->applications.index(), parts_->folders);
 }
 
-ProcessRunning& LivePlatform::processRunner() { return parts_->processRunner; }
+ProcessRunning& LivePlatform::processRunner() {
+  return parts_->processRunner;
+}
 
-AudioOutput& LivePlatform::audioOutput() { return parts_->audioOutput; }
+AudioOutput& LivePlatform::audioOutput() {
+  return parts_->audioOutput;
+}
 
-Keychain& LivePlatform::keychain() { return parts_->keychain; }
+Keychain& LivePlatform::keychain() {
+  return parts_->keychain;
+}
 
-BonjourAdvertiser& LivePlatform::bonjourAdvertiser() { return parts_->bonjourAdvertiser; }
+BonjourAdvertiser& LivePlatform::bonjourAdvertiser() {
+  return parts_->bonjourAdvertiser;
+}
 
 std::optional<std::string> LivePlatform::localizedName() const {
   return parts_->hostName.localizedName();
