@@ -34,7 +34,7 @@ std::string identifierOf(const std::filesystem::path& file) {
 std::string requiredText(GKeyFile* content, const char* key) {
   GLibPointer<GError> error;
   const GLibPointer<char> text(g_key_file_get_string(content, group, key, leftIn(error)));
-  if (!text && g_error_matches(error.get(), G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_INVALID_VALUE)) {
+  if (g_error_matches(error.get(), G_KEY_FILE_ERROR, G_KEY_FILE_ERROR_INVALID_VALUE)) {
     throw ShortcutFileError(std::string("its ") + key + " is no valid text");
   }
   const std::string found = text ? text.get() : "";

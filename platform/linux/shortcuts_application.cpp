@@ -13,7 +13,7 @@ namespace glintboard {
 namespace {
 
 DesktopEntry fileManager() {
-  const GObjectPointer<GAppInfo> handler(g_app_info_get_default_for_type("inode/directory", TRUE));
+  const GObjectPointer<GAppInfo> handler(g_app_info_get_default_for_type("inode/directory", FALSE));
   const char* file = handler && G_IS_DESKTOP_APP_INFO(handler.get())
                          ? g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(handler.get()))
                          : nullptr;
