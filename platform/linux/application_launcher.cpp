@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "platform/linux/gio_call.h"
+#include "platform/linux/key_file.h"
 
 namespace glintboard {
 
@@ -32,10 +33,28 @@ void leaveTheAgent(void* /*data*/) {
   ::sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
-void activateService(GioCalls& calls, const DesktopEntry& entry, GAppInfo* application) {
+// GIO's form of a list of texts, which must outlive it.
+class TextList {
+ public:
+  explicit TextList(const std::vector<std::string>& texts) {
+    for (auto text = texts.rbegin(); text != texts.rend(); ++text) {
+      list_ = g_list_prepend(list_, const_cast<char*>(text->c_str()));
+    }
+  }
+  TextList(const TextList&) = delete;
+  TextList& operator=(const TextList&) = delete;
+  ~TextList() { g_list_free(list_); }
+  GList* get() const { return list_; }
+
+ private:
+  GList* list_ = nullptr;
+};
+
+void activateService(GioCalls& calls, const DesktopEntry& entry, GAppInfo* application,
+                     GList* uris) {
   const auto result =
-      calls.run([application](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_app_info_launch_uris_async(application, nullptr, nullptr, cancellable, callback, data);
+      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+        g_app_info_launch_uris_async(application, uris, nullptr, cancellable, callback, data);
       });
   GLibPointer<GError> error;
   if (result) {
@@ -47,7 +66,8 @@ void activateService(GioCalls& calls, const DesktopEntry& entry, GAppInfo* appli
   }
 }
 
-std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* application) {
+std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* application,
+                                  GList* uris) {
   // Without G_SPAWN_DO_NOT_REAP_CHILD, GLib makes the program no child of this process.
   // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
   constexpr auto kFlags = static_cast<GSpawnFlags>(
@@ -57,7 +77,7 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* ap
     *static_cast<std::optional<pid_t>*>(place) = pid;
   };
   GLibPointer<GError> error;
-  g_desktop_app_info_launch_uris_as_manager(application, nullptr, nullptr, kFlags, leaveTheAgent,
+  g_desktop_app_info_launch_uris_as_manager(application, uris, nullptr, kFlags, leaveTheAgent,
                                             nullptr, keep, &started, leftIn(error));
   if (error) {
     fail(entry, reasonOf(*error));
@@ -65,9 +85,67 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* ap
   return started;
 }
 
+// The session bus, or null when there is none. GIO connects to it in any case, and would wait for
+// ever for one that hangs.
+GObjectPointer<GDBusConnection> busFor(GioCalls& calls, const DesktopEntry& entry) {
+  GLibPointer<GError> error;
+  auto bus = connectToSessionBus(calls, error);
+  if (error && g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
+    fail(entry, "the session bus does not answer");
+  }
+  return bus;
+}
+
+// The object of an application's service on the bus.
+std::string objectPath(const DesktopEntry& entry) {
+  std::string object = "/" + entry.id;
+  std::replace(object.begin(), object.end(), '.', '/');
+  std::replace(object.begin(), object.end(), '-', '_');
+  return object;
+}
+
+void activateAction(GioCalls& calls, GDBusConnection* bus, const DesktopEntry& entry,
+                    const std::string& action) {
+  const auto result =
+      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+        g_dbus_connection_call(
+            bus, entry.id.c_str(), objectPath(entry).c_str(), "org.freedesktop.Application",
+            "ActivateAction",
+            g_variant_new("(s@av@a{sv})", action.c_str(), g_variant_new("av", nullptr),
+                          g_variant_new("a{sv}", nullptr)),
+            nullptr, G_DBUS_CALL_FLAGS_NONE, -1, cancellable, callback, data);
+      });
+  GLibPointer<GError> error;
+  const GLibPointer<GVariant> reply(
+      result ? g_dbus_connection_call_finish(bus, result.get(), leftIn(error)) : nullptr);
+  // An application that takes longer has been asked all the same.
+  if (error && !g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
+    fail(entry, reasonOf(*error));
+  }
+}
+
+// An application that does the action when it is started as a program, or null.
+GObjectPointer<GDesktopAppInfo> applicationForAction(const DesktopEntry& entry,
+                                                     const std::string& action) {
+  const auto file = loadKeyFile(entry.path);
+  if (!file) {
+    return nullptr;
+  }
+  const std::string group = "Desktop Action " + action;
+  const GLibPointer<char> exec(
+      g_key_file_get_value(file.get(), group.c_str(), G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr));
+  if (!exec) {
+    return nullptr;
+  }
+  g_key_file_set_value(file.get(), G_KEY_FILE_DESKTOP_GROUP, G_KEY_FILE_DESKTOP_KEY_EXEC,
+                       exec.get());
+  return GObjectPointer<GDesktopAppInfo>(g_desktop_app_info_new_from_keyfile(file.get()));
+}
+
 }  // namespace
 
-std::optional<pid_t> launchApplication(const DesktopEntry& entry) {
+std::optional<pid_t> launchApplication(const DesktopEntry& entry,
+                                       const std::vector<std::string>& uris) {
   const GObjectPointer<GDesktopAppInfo> application(
       g_desktop_app_info_new_from_filename(entry.path.c_str()));
   if (!application) {
@@ -77,17 +155,27 @@ std::optional<pid_t> launchApplication(const DesktopEntry& entry) {
     fail(entry, "its desktop entry cannot be used");
   }
   GioCalls calls(std::chrono::seconds(10));
-  GLibPointer<GError> error;
-  // GIO connects to the bus in any case, and would wait for ever for one that hangs.
-  const auto bus = connectToSessionBus(calls, error);
-  if (error && g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
-    fail(entry, "the session bus does not answer");
-  }
+  const auto bus = busFor(calls, entry);
+  const TextList list(uris);
   if (bus && entry.dbusActivatable) {
-    activateService(calls, entry, G_APP_INFO(application.get()));
+    activateService(calls, entry, G_APP_INFO(application.get()), list.get());
     return std::nullopt;
   }
-  return startProgram(entry, application.get());
+  return startProgram(entry, application.get(), list.get());
+}
+
+std::optional<pid_t> launchApplicationAction(const DesktopEntry& entry, const std::string& action) {
+  GioCalls calls(std::chrono::seconds(10));
+  const auto bus = busFor(calls, entry);
+  if (bus && entry.dbusActivatable && g_dbus_is_name(entry.id.c_str()) != 0) {
+    activateAction(calls, bus.get(), entry, action);
+    return std::nullopt;
+  }
+  const auto application = applicationForAction(entry, action);
+  if (!application) {
+    fail(entry, "its action \"" + action + "\" names no program that is installed");
+  }
+  return startProgram(entry, application.get(), nullptr);
 }
 
 bool activateOverDBus(const DesktopEntry& entry, std::chrono::milliseconds deadline) {
@@ -100,12 +188,9 @@ bool activateOverDBus(const DesktopEntry& entry, std::chrono::milliseconds deadl
   if (!bus) {
     return false;
   }
-  std::string object = "/" + entry.id;
-  std::replace(object.begin(), object.end(), '.', '/');
-  std::replace(object.begin(), object.end(), '-', '_');
   const auto result =
       calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_dbus_connection_call(bus.get(), entry.id.c_str(), object.c_str(),
+        g_dbus_connection_call(bus.get(), entry.id.c_str(), objectPath(entry).c_str(),
                                "org.freedesktop.Application", "Activate",
                                g_variant_new("(@a{sv})", g_variant_new("a{sv}", nullptr)), nullptr,
                                G_DBUS_CALL_FLAGS_NONE, -1, cancellable, callback, data);

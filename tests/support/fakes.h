@@ -12,6 +12,7 @@
 #include "platform/bonjour.h"
 #include "platform/keychain.h"
 #include "platform/process_running.h"
+#include "platform/shortcut_icon_client.h"
 
 namespace glintboard::test {
 
@@ -115,5 +116,11 @@ class FakeBonjour : public BonjourAdvertiser {
   }
   void withdraw() override { isAdvertised = false; }
 };
+
+// A user without Shortcuts.
+inline ShortcutIconClient noShortcutIcons() {
+  return {[](const std::string&) { return std::optional<ShortcutIconClient::Icon>(); },
+          [] { return std::vector<ShortcutIconClient::Icon>(); }};
+}
 
 }  // namespace glintboard::test
