@@ -79,6 +79,47 @@ bool needsUser(std::string_view reply) {
 
 }  // namespace
 
+// The answers to a paired phone.
+struct ListenerService::Answer {
+  ListenerService& listener;
+  std::string bytes;  // the message as received
+
+  Awaitable<Replies> operator()(WireMessage<EmptyPayload> request) {
+    return listener.synchronise(request.id);
+  }
+  Awaitable<Replies> operator()(WireMessage<PingPayload> request) {
+    return listener.pong(std::move(request));
+  }
+  Awaitable<Replies> operator()(Parser::AppLaunch request) {
+    return reply(listener.parts_.appMessageHandler.handleLaunch(
+        std::move(request.message.payload.bundleId), request.message.id));
+  }
+  Awaitable<Replies> operator()(Parser::AppFocus request) {
+    return reply(listener.parts_.appMessageHandler.handleFocus(
+        std::move(request.message.payload.bundleId), request.message.id));
+  }
+  Awaitable<Replies> operator()(WireMessage<ActionRunPayload> request) {
+    return listener.runAction(std::move(request));
+  }
+  Awaitable<Replies> operator()(const WireMessage<ShortcutRunPayload>&) {
+    return listener.runShortcut(std::move(bytes));
+  }
+  Awaitable<Replies> operator()(WireMessage<AppIconRequestPayload> request) {
+    return listener.icons(std::move(request));
+  }
+  Awaitable<Replies> operator()(WireMessage<PairRequestPayload> request) {
+    return listener.pair(std::move(request));
+  }
+  Awaitable<Replies> operator()(const Parser::Unknown&) { return silence(); }
+
+ private:
+  static Awaitable<Replies> silence() { co_return Replies(); }
+  static Awaitable<Replies> reply(Awaitable<AppMessageResponse> answering) {
+    const auto response = co_await std::move(answering);
+    co_return one(response);
+  }
+};
+
 Awaitable<Replies> ListenerService::dispatch(std::string message,
                                              std::optional<std::string> token) {
   auto parsed = Parser::parse(message);
@@ -93,7 +134,8 @@ Awaitable<Replies> ListenerService::dispatch(std::string message,
     if (!paired) {
       co_return std::visit(Refusal{}, *parsed);
     }
-    co_return co_await answer(std::move(*parsed), std::move(message));
+    auto answering = std::visit(Answer{*this, std::move(message)}, std::move(*parsed));
+    co_return co_await std::move(answering);
   } catch (const std::exception& error) {
     log::warning("a message got no reply: ", error.what());
     co_return Replies();
@@ -106,35 +148,6 @@ Awaitable<std::optional<PairedDevice>> ListenerService::device(
     co_return std::nullopt;
   }
   co_return co_await parts_.pairingService.device(*token);
-}
-
-Awaitable<Replies> ListenerService::answer(Parser::ParsedMessage message, std::string bytes) {
-  if (auto* sync = std::get_if<WireMessage<EmptyPayload>>(&message)) {
-    co_return co_await synchronise(sync->id);
-  }
-  if (auto* ping = std::get_if<WireMessage<PingPayload>>(&message)) {
-    co_return co_await pong(std::move(*ping));
-  }
-  if (auto* launch = std::get_if<Parser::AppLaunch>(&message)) {
-    const auto response = co_await parts_.appMessageHandler.handleLaunch(
-        std::move(launch->message.payload.bundleId), launch->message.id);
-    co_return one(response);
-  }
-  if (auto* focus = std::get_if<Parser::AppFocus>(&message)) {
-    const auto response = co_await parts_.appMessageHandler.handleFocus(
-        std::move(focus->message.payload.bundleId), focus->message.id);
-    co_return one(response);
-  }
-  if (auto* action = std::get_if<WireMessage<ActionRunPayload>>(&message)) {
-    co_return co_await runAction(std::move(*action));
-  }
-  if (std::holds_alternative<WireMessage<ShortcutRunPayload>>(message)) {
-    co_return co_await runShortcut(std::move(bytes));
-  }
-  if (auto* request = std::get_if<WireMessage<AppIconRequestPayload>>(&message)) {
-    co_return co_await icons(std::move(*request));
-  }
-  co_return Replies();
 }
 
 Awaitable<Replies> ListenerService::pair(WireMessage<PairRequestPayload> request) {
@@ -160,10 +173,10 @@ Awaitable<Replies> ListenerService::pong(WireMessage<PingPayload> request) {
 }
 
 Awaitable<Replies> ListenerService::runAction(WireMessage<ActionRunPayload> request) {
-  auto running = runOn(
-      parts_.actionLane, [handler = parts_.actionMessageHandler, request = std::move(request)] {
-        return handler.handleRun(request.payload.actionId, request.id);
-      });
+  auto running = runOn(parts_.actionLane,
+                       [handler = parts_.actionMessageHandler, request = std::move(request)] {
+                         return handler.handleRun(request.payload.actionId, request.id);
+                       });
   const auto response = co_await std::move(running);
   co_return one(response);
 }

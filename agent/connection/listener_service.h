@@ -120,8 +120,7 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
 
   // Dispatch by message.
   Awaitable<std::optional<PairedDevice>> device(const std::optional<std::string>& token);
-  Awaitable<std::vector<std::string>> answer(WireMessageParser::ParsedMessage message,
-                                             std::string bytes);
+  struct Answer;
   Awaitable<std::vector<std::string>> pair(WireMessage<PairRequestPayload> request);
   Awaitable<std::vector<std::string>> synchronise(Uuid requestId);
   Awaitable<std::vector<std::string>> pong(WireMessage<PingPayload> request);

@@ -1,5 +1,6 @@
 #include "agent/shell/text_menu.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <QTimer>
@@ -147,8 +148,12 @@ void TextMenu::press(MenuCommand command) {
 }
 
 void TextMenu::write(std::string_view text) const {
-  // Whoever reads may be gone or slow; the agent serves all the same.
-  [[maybe_unused]] const auto written = ::write(output_, text.data(), text.size());
+  // Whoever reads may be gone, or so slow that writing would wait: then this text is lost, and the
+  // menu goes on.
+  pollfd writable{output_, POLLOUT, 0};
+  if (::poll(&writable, 1, 0) == 1) {
+    [[maybe_unused]] const auto written = ::write(output_, text.data(), text.size());
+  }
 }
 
 }  // namespace glintboard

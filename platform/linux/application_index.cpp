@@ -78,7 +78,7 @@ std::shared_ptr<ApplicationIndex> ApplicationIndex::open(Executors& executors,
 ApplicationIndex::ApplicationIndex(Executors& executors, const XdgFolders& folders)
     : service_(executors.service()),
       workers_(executors.workers()),
-      folders_(folders.dataFolders("applications")),
+      folders_(folders),
       watcher_(service_) {}
 
 std::shared_ptr<const InstalledApplications> ApplicationIndex::current() const {
@@ -106,11 +106,14 @@ Awaitable<> ApplicationIndex::follow(std::shared_ptr<ApplicationIndex> self) {
 
 void ApplicationIndex::scan() {
   Scanner scanner(watcher_);
-  for (const auto& folder : folders_) {
+  for (const auto& folder : folders_.dataFolders("applications")) {
     scanner.readFolder(folder);
   }
   watcher_.forgetOthers();
-  auto scanned = std::make_shared<const InstalledApplications>(scanner.installed());
+  auto entries = scanner.installed();
+  auto known = knownApplications(entries, folders_);
+  auto scanned =
+      std::make_shared<const InstalledApplications>(std::move(entries), std::move(known));
   const std::scoped_lock lock(mutex_);
   current_.swap(scanned);
 }

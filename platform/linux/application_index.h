@@ -30,7 +30,7 @@ class ApplicationIndex : public std::enable_shared_from_this<ApplicationIndex> {
 
   const asio::any_io_executor service_;
   const asio::any_io_executor workers_;
-  const std::vector<std::filesystem::path> folders_;
+  const XdgFolders folders_;
   DirectoryWatcher watcher_;
   mutable std::mutex mutex_;
   std::shared_ptr<const InstalledApplications> current_;

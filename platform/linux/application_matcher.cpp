@@ -106,7 +106,7 @@ void ApplicationMatcher::addProgram(const DesktopEntry& entry) {
   }
   const std::string file = fileBehind(findProgram(*program));
   if (!file.empty()) {
-    programs_[file].push_back({bundleIdentifier(entry.id), {program + 1, end}});
+    programs_[file].push_back({installed_->bundleIdOf(entry), {program + 1, end}});
   }
 }
 
@@ -131,10 +131,10 @@ void ApplicationMatcher::matchUnits(const std::string& controlGroups,
     for (const auto& unit : fs::path(group)) {
       const auto ids = idsOfUnit(unit.native());
       const auto known = std::find_if(ids.begin(), ids.end(), [this](const std::string& id) {
-        return installed_->withBundleId(bundleIdentifier(id)) != nullptr;
+        return installed_->withBundleId(id) != nullptr;
       });
       if (known != ids.end()) {
-        found.insert(bundleIdentifier(*known));
+        found.insert(installed_->bundleIdOf(*installed_->withBundleId(*known)));
       }
     }
   }

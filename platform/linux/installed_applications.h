@@ -6,24 +6,24 @@
 #include <vector>
 
 #include "platform/linux/desktop_entry.h"
+#include "platform/linux/identifier_table.h"
 
 namespace glintboard {
-
-// The bundle identifier of the application with a desktop file id (without ".desktop"). The one
-// place where the two meet.
-inline std::string bundleIdentifier(const std::string& desktopId) {
-  return desktopId;
-}
 
 // The entries of all installed applications. Does not change: any thread may read it.
 class InstalledApplications {
  public:
-  explicit InstalledApplications(std::vector<DesktopEntry> entries);
+  // `known` names entries by identifiers that are not their ids.
+  InstalledApplications(std::vector<DesktopEntry> entries, KnownApplications known);
   InstalledApplications(const InstalledApplications&) = delete;
   InstalledApplications& operator=(const InstalledApplications&) = delete;
 
-  // The entry of an application, or null; it lives as long as this object.
+  // The entry of an application, or null; it lives as long as this object. An application is found
+  // under the id of its entry too, which wins over an identifier that was given to another.
   const DesktopEntry* withBundleId(const std::string& bundleId) const;
+  // The one identifier that an application goes by: one that is known everywhere, else the id of
+  // its entry (without ".desktop").
+  const std::string& bundleIdOf(const DesktopEntry& entry) const;
   const DesktopEntry* atPath(const std::filesystem::path& path) const;
   // Every entry, also those that are not to be offered in menus, sorted by id.
   const std::vector<DesktopEntry>& all() const { return entries_; }
@@ -33,7 +33,9 @@ class InstalledApplications {
   const DesktopEntry* find(const Places& places, const std::string& key) const;
 
   std::vector<DesktopEntry> entries_;
-  Places byBundleId_;
+  KnownApplications known_;
+  std::unordered_map<std::string, std::string> knownById_;
+  Places byId_;
   Places byPath_;
 };
 

@@ -33,7 +33,7 @@ Awaitable<bool> open(asio::any_io_executor workers, Index index, Running running
   auto launch = runOn(workers, [installed, entry, running] {
     const auto started = launchApplication(*entry);
     if (started) {
-      running->launched(bundleIdentifier(entry->id), *started);
+      running->launched(installed->bundleIdOf(*entry), *started);
     }
   });
   co_await std::move(launch);
@@ -77,7 +77,9 @@ WorkspaceClient LinuxApplications::workspaceClient() {
   client.runningApplication =
       [service = service_, workers = workers_, index = Index(index_),
        running = running_](const std::string& bundleId) -> std::optional<RunningApplicationClient> {
-    if (!running->current()->contains(bundleId)) {
+    const auto installed = index->current();
+    const auto* entry = installed->withBundleId(bundleId);
+    if (entry == nullptr || !running->current()->contains(installed->bundleIdOf(*entry))) {
       return std::nullopt;
     }
     return RunningApplicationClient{[service, workers, index, bundleId] {

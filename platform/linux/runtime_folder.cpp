@@ -23,12 +23,12 @@ std::optional<std::filesystem::path> runtimeFolder() {
     return named;
   }
   const std::string user = std::to_string(::geteuid());
-  const std::filesystem::path usual = "/run/user/" + user;
+  std::filesystem::path usual = "/run/user/" + user;
   if (isOurs(usual)) {
     return usual;
   }
   std::error_code ignored;
-  const auto temporary = std::filesystem::temp_directory_path(ignored) / ("glintboard-" + user);
+  auto temporary = std::filesystem::temp_directory_path(ignored) / ("glintboard-" + user);
   ::mkdir(temporary.c_str(), 0700);
   if (isOurs(temporary)) {
     return temporary;

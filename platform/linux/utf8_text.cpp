@@ -9,14 +9,14 @@ namespace glintboard {
 bool isUtf8(std::string_view text) {
   // GLib takes a NUL for an error, so the pieces between them are looked at.
   for (;;) {
-    const std::size_t length = std::min(text.find('\0'), text.size());
-    if (g_utf8_validate_len(text.data(), length, nullptr) == FALSE) {
+    const std::string_view piece = text.substr(0, text.find('\0'));
+    if (::g_utf8_validate_len(piece.data(), piece.size(), nullptr) == FALSE) {
       return false;
     }
-    if (length == text.size()) {
+    if (piece.size() == text.size()) {
       return true;
     }
-    text.remove_prefix(length + 1);
+    text.remove_prefix(piece.size() + 1);
   }
 }
 

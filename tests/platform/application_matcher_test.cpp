@@ -33,7 +33,7 @@ TEST(ApplicationMatcher, AttributesAProcessByItsUnitAndByItsProgram) {
   add("my-app", {});
   add("firefox_firefox", {});
   const ApplicationMatcher matcher(
-      std::make_shared<const InstalledApplications>(std::move(entries)));
+      std::make_shared<const InstalledApplications>(std::move(entries), KnownApplications()));
 
   const struct {
     const char* what;

@@ -170,7 +170,7 @@ TEST_F(ProcessRunner, RunsManyAtOnceAndLeavesNeitherZombiesNorDescriptors) {
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < 20; ++i) {
     asio::co_spawn(executors_.service(), runAndCount(runner_, "sleep 0.3", ran),
-                   [](std::exception_ptr) {});
+                   [](const std::exception_ptr&) {});
   }
   EXPECT_TRUE(test::eventually([&] { return ran == 20; }));
   EXPECT_LT(std::chrono::steady_clock::now() - start, 3s);
@@ -187,8 +187,8 @@ TEST_F(ProcessRunner, ARunGoesOnToItsEndWhenItsCallerIsCancelled) {
   asio::cancellation_signal cancel;
   asio::co_spawn(executors_.service(),
                  runAndCount(runner_, "sleep 0.3; touch " + (folder / "done").string(), ran),
-                 asio::bind_cancellation_slot(cancel.slot(),
-                                              [&resumed](std::exception_ptr) { resumed = true; }));
+                 asio::bind_cancellation_slot(
+                     cancel.slot(), [&resumed](const std::exception_ptr&) { resumed = true; }));
   std::this_thread::sleep_for(100ms);
   asio::post(executors_.service(), [&] { cancel.emit(asio::cancellation_type::terminal); });
   EXPECT_TRUE(test::eventually([&] { return resumed.load(); }));
@@ -206,7 +206,7 @@ TEST_F(ProcessRunner, ALoopThatIsDestroyedLeavesItsProcessesAlone) {
     std::atomic<int> ran = 0;
     asio::co_spawn(passing.service(),
                    runAndCount(runner, "sleep 0.3; touch " + (folder / "done").string(), ran),
-                   [](std::exception_ptr) {});
+                   [](const std::exception_ptr&) {});
     EXPECT_TRUE(test::eventually([] { return hasChild(); }));
   }
   EXPECT_EQ(openDescriptors(), before);
