@@ -11,6 +11,11 @@ bool isAnswer(KeychainStatus status) {
          status == keychainDuplicateItem;
 }
 
+// The fallback's note that the preferred keychain holds the item.
+KeychainQuery noteOf(const KeychainQuery& query) {
+  return {query.service, query.account + ".moved"};
+}
+
 KeychainStatus put(Keychain& keychain, const KeychainQuery& query, const std::string& data) {
   const KeychainStatus status = keychain.update(query, data);
   return status == keychainItemNotFound ? keychain.add(query, data) : status;
@@ -24,6 +29,9 @@ KeychainStatus TwoPlaceKeychain::copyMatching(const KeychainQuery& query, std::s
   const bool isRemoved = isKept && kept == rule_.removed;
   std::string preferred;
   const KeychainStatus status = preferred_.copyMatching(query, preferred);
+  if (status == keychainSuccess) {
+    fallback_.add(noteOf(query), rule_.removed);
+  }
   if (!isKept || (status == keychainSuccess && !isRemoved && !rule_.isLater(kept, preferred))) {
     if (isKept) {
       fallback_.remove(query);
@@ -33,15 +41,15 @@ KeychainStatus TwoPlaceKeychain::copyMatching(const KeychainQuery& query, std::s
     }
     return status;
   }
-  if (isAnswer(status)) {
-    const KeychainStatus settled =
-        isRemoved ? preferred_.remove(query) : put(preferred_, query, kept);
-    if (settled == keychainSuccess || settled == keychainItemNotFound) {
-      fallback_.remove(query);
-    }
-  }
   if (isRemoved) {
+    if (isAnswer(status)) {
+      remove(query);
+    }
     return keychainItemNotFound;
+  }
+  if (isAnswer(status) && put(preferred_, query, kept) == keychainSuccess) {
+    fallback_.add(noteOf(query), rule_.removed);
+    fallback_.remove(query);
   }
   data = std::move(kept);
   return keychainSuccess;
@@ -69,6 +77,9 @@ KeychainStatus TwoPlaceKeychain::write(const KeychainQuery& query, const std::st
   const KeychainStatus status =
       isKept ? put(preferred_, query, data) : (preferred_.*operation)(query, data);
   if (isAnswer(status)) {
+    if (status == keychainSuccess) {
+      fallback_.add(noteOf(query), rule_.removed);
+    }
     if (isKept) {
       fallback_.remove(query);
     }
@@ -80,11 +91,15 @@ KeychainStatus TwoPlaceKeychain::write(const KeychainQuery& query, const std::st
 
 KeychainStatus TwoPlaceKeychain::remove(const KeychainQuery& query) {
   const KeychainStatus status = preferred_.remove(query);
-  if (!isAnswer(status)) {
-    return put(fallback_, query, rule_.removed);
+  if (isAnswer(status)) {
+    fallback_.remove(noteOf(query));
+    const KeychainStatus keptStatus = fallback_.remove(query);
+    return keptStatus == keychainItemNotFound ? status : keptStatus;
   }
-  const KeychainStatus keptStatus = fallback_.remove(query);
-  return keptStatus == keychainItemNotFound ? status : keptStatus;
+  std::string note;
+  const bool mayBeHeld = status != keychainNotAvailable ||
+                         fallback_.copyMatching(noteOf(query), note) == keychainSuccess;
+  return mayBeHeld ? put(fallback_, query, rule_.removed) : fallback_.remove(query);
 }
 
 }  // namespace glintboard

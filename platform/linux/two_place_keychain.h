@@ -14,10 +14,11 @@ namespace glintboard {
 // later one by the rule wins.
 //
 // A removal that the preferred keychain cannot be told is kept in the fallback too, as the rule's
-// data for a removed item.
+// data for a removed item, unless there is no preferred keychain and there never was: that it took
+// an item is noted in the fallback, under the account with ".moved" behind it.
 //
 // The statuses are the keychains' own; `update` makes an item where the preferred keychain cannot
-// say whether there is one. Nothing is remembered between calls. For one thread.
+// say whether there is one. Nothing is remembered in memory. For one thread.
 class TwoPlaceKeychain : public Keychain {
  public:
   // Both keychains must outlive this.

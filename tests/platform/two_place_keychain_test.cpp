@@ -43,6 +43,11 @@ class TwoPlaceKeychainTest : public testing::Test {
 
 TEST_F(TwoPlaceKeychainTest, WhatWasKeptWithoutTheServiceMovesToItWhenItAppears) {
   EXPECT_EQ(read(keychain), std::to_string(keychainNotAvailable));
+  EXPECT_EQ(save("0"), keychainSuccess);
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  EXPECT_EQ(keychain.remove(item), keychainItemNotFound);
+  EXPECT_TRUE(std::filesystem::is_empty(session.folder() / "agent"));
+
   EXPECT_EQ(keychain.update(item, "1"), keychainSuccess);
   EXPECT_EQ(save("2"), keychainSuccess);
   EXPECT_EQ(read(keychain), "2");
@@ -53,6 +58,7 @@ TEST_F(TwoPlaceKeychainTest, WhatWasKeptWithoutTheServiceMovesToItWhenItAppears)
   expectOnlyInSecretService("3");
   EXPECT_EQ(keychain.remove(item), keychainSuccess);
   expectOnlyInSecretService("none");
+  EXPECT_TRUE(std::filesystem::is_empty(session.folder() / "agent"));
   EXPECT_EQ(keychain.update(item, "4"), keychainItemNotFound);
   EXPECT_EQ(keychain.remove(item), keychainItemNotFound);
 }
