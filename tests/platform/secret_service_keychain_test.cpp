@@ -18,7 +18,7 @@ const KeychainQuery item{"org.example.service", "paired-devices"};
 class SecretServiceKeychainTest : public testing::Test {
  protected:
   test::KeyringSession session;
-  SecretServiceKeychain keychain{{400ms, 600ms}};
+  SecretServiceKeychain keychain{{2s, 3s}};
   std::string data;
 
   // Every operation's status, with how long the slowest took.
@@ -102,7 +102,7 @@ TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIs
   session.lock();
   EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
   EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
-  EXPECT_LT(slowest, 600ms);
+  EXPECT_LT(slowest, 2500ms);
   EXPECT_TRUE(test::eventually([&] { return !readWholeFile(prompts).empty(); }));
   EXPECT_EQ(readWholeFile(prompts), "BeginPrompting\n");
 
@@ -120,7 +120,7 @@ TEST_F(SecretServiceKeychainTest, NoDefaultCollectionIsMade) {
   EXPECT_EQ(statuses(),
             (std::vector<KeychainStatus>{keychainItemNotFound, keychainItemNotFound,
                                          keychainNoSuchKeychain, keychainItemNotFound}));
-  EXPECT_LT(slowest, 600ms);
+  EXPECT_LT(slowest, 2500ms);
 }
 
 TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppears) {
@@ -130,7 +130,7 @@ TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppea
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
   session.kill();
   EXPECT_EQ(statuses(), always(keychainNotAvailable));
-  EXPECT_LT(slowest, 300ms);
+  EXPECT_LT(slowest, 2s);
 }
 
 TEST(SecretServiceKeychain, WithoutABusIsNotAvailable) {
@@ -146,7 +146,7 @@ TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheD
   ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   session.signal(SIGSTOP);
   EXPECT_EQ(statuses(), always(keychainTimedOut));
-  EXPECT_LT(slowest, 800ms);
+  EXPECT_LT(slowest, 4s);
   session.signal(SIGCONT);
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
 

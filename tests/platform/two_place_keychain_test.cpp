@@ -18,7 +18,7 @@ const KeychainQuery item{"org.example.service", "paired-devices"};
 class TwoPlaceKeychainTest : public testing::Test {
  protected:
   test::KeyringSession session;
-  SecretServiceKeychain secretService{{400ms, 600ms}};
+  SecretServiceKeychain secretService{{2s, 3s}};
   FileKeychain file{session.folder() / "agent"};
   TwoPlaceKeychain keychain{secretService, file, {std::greater<>(), "removed"}};
 
