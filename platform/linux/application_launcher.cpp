@@ -21,6 +21,10 @@ std::string reasonOf(GError& error) {
   return error.message;
 }
 
+bool isActivatable(const DesktopEntry& entry) {
+  return entry.dbusActivatable && g_dbus_is_name(entry.id.c_str()) != 0;
+}
+
 // Runs in the new process, between fork and exec.
 void leaveTheAgent(void* /*data*/) {
   ::setsid();
@@ -32,22 +36,44 @@ void leaveTheAgent(void* /*data*/) {
   ::sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
-void activateService(GioCalls& calls, const DesktopEntry& entry, GAppInfo* application) {
+// Calls the entry's org.freedesktop.Application, which the bus starts if need be. None of reply and
+// error is there when the deadline came first.
+GLibPointer<GVariant> callActivate(GioCalls& calls, GDBusConnection* bus, const DesktopEntry& entry,
+                                   const LaunchToken& token, GLibPointer<GError>& error) {
+  std::string object = "/" + entry.id;
+  std::replace(object.begin(), object.end(), '.', '/');
+  std::replace(object.begin(), object.end(), '-', '_');
+  GVariantBuilder platformData;
+  g_variant_builder_init(&platformData, G_VARIANT_TYPE_VARDICT);
+  for (const auto& [name, value] : {std::pair("desktop-startup-id", &token.startupId),
+                                    std::pair("activation-token", &token.activationToken)}) {
+    if (!value->empty()) {
+      g_variant_builder_add(&platformData, "{sv}", name, g_variant_new_string(value->c_str()));
+    }
+  }
+  GVariant* const arguments = g_variant_new("(@a{sv})", g_variant_builder_end(&platformData));
   const auto result =
-      calls.run([application](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_app_info_launch_uris_async(application, nullptr, nullptr, cancellable, callback, data);
+      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+        g_dbus_connection_call(bus, entry.id.c_str(), object.c_str(), "org.freedesktop.Application",
+                               "Activate", arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
+                               cancellable, callback, data);
       });
-  GLibPointer<GError> error;
-  if (result) {
-    g_app_info_launch_uris_finish(application, result.get(), leftIn(error));
-  }
-  // An application that takes longer has been asked all the same.
-  if (error && !g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
-    fail(entry, reasonOf(*error));
-  }
+  return GLibPointer<GVariant>(
+      result ? g_dbus_connection_call_finish(bus, result.get(), leftIn(error)) : nullptr);
 }
 
-std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* application) {
+std::optional<pid_t> startProgram(const DesktopEntry& entry, const LaunchToken& token,
+                                  GDesktopAppInfo* application) {
+  // Without tokens, the program must not get those that this one was started with.
+  const GObjectPointer<GAppLaunchContext> context(g_app_launch_context_new());
+  for (const auto& [name, value] : {std::pair("DESKTOP_STARTUP_ID", &token.startupId),
+                                    std::pair("XDG_ACTIVATION_TOKEN", &token.activationToken)}) {
+    if (value->empty()) {
+      g_app_launch_context_unsetenv(context.get(), name);
+    } else {
+      g_app_launch_context_setenv(context.get(), name, value->c_str());
+    }
+  }
   // Without G_SPAWN_DO_NOT_REAP_CHILD, GLib makes the program no child of this process.
   // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
   constexpr auto kFlags = static_cast<GSpawnFlags>(
@@ -57,8 +83,8 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* ap
     *static_cast<std::optional<pid_t>*>(place) = pid;
   };
   GLibPointer<GError> error;
-  g_desktop_app_info_launch_uris_as_manager(application, nullptr, nullptr, kFlags, leaveTheAgent,
-                                            nullptr, keep, &started, leftIn(error));
+  g_desktop_app_info_launch_uris_as_manager(application, nullptr, context.get(), kFlags,
+                                            leaveTheAgent, nullptr, keep, &started, leftIn(error));
   if (error) {
     fail(entry, reasonOf(*error));
   }
@@ -67,7 +93,7 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* ap
 
 }  // namespace
 
-std::optional<pid_t> launchApplication(const DesktopEntry& entry) {
+std::optional<pid_t> launchApplication(const DesktopEntry& entry, const LaunchToken& token) {
   const GObjectPointer<GDesktopAppInfo> application(
       g_desktop_app_info_new_from_filename(entry.path.c_str()));
   if (!application) {
@@ -83,15 +109,20 @@ std::optional<pid_t> launchApplication(const DesktopEntry& entry) {
   if (error && g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
     fail(entry, "the session bus does not answer");
   }
-  if (bus && entry.dbusActivatable) {
-    activateService(calls, entry, G_APP_INFO(application.get()));
+  if (bus && isActivatable(entry)) {
+    callActivate(calls, bus.get(), entry, token, error);
+    // An application that takes longer has been asked all the same.
+    if (error && !g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
+      fail(entry, reasonOf(*error));
+    }
     return std::nullopt;
   }
-  return startProgram(entry, application.get());
+  return startProgram(entry, token, application.get());
 }
 
-bool activateOverDBus(const DesktopEntry& entry, std::chrono::milliseconds deadline) {
-  if (!entry.dbusActivatable || g_dbus_is_name(entry.id.c_str()) == 0) {
+bool activateOverDBus(const DesktopEntry& entry, const LaunchToken& token,
+                      std::chrono::milliseconds deadline) {
+  if (!isActivatable(entry)) {
     return false;
   }
   GioCalls calls(deadline);
@@ -100,19 +131,7 @@ bool activateOverDBus(const DesktopEntry& entry, std::chrono::milliseconds deadl
   if (!bus) {
     return false;
   }
-  std::string object = "/" + entry.id;
-  std::replace(object.begin(), object.end(), '.', '/');
-  std::replace(object.begin(), object.end(), '-', '_');
-  const auto result =
-      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_dbus_connection_call(bus.get(), entry.id.c_str(), object.c_str(),
-                               "org.freedesktop.Application", "Activate",
-                               g_variant_new("(@a{sv})", g_variant_new("a{sv}", nullptr)), nullptr,
-                               G_DBUS_CALL_FLAGS_NONE, -1, cancellable, callback, data);
-      });
-  const GLibPointer<GVariant> reply(
-      result ? g_dbus_connection_call_finish(bus.get(), result.get(), leftIn(error)) : nullptr);
-  return reply != nullptr;
+  return callActivate(calls, bus.get(), entry, token, error) != nullptr;
 }
 
 }  // namespace glintboard

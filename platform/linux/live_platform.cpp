@@ -13,7 +13,7 @@ namespace glintboard {
 
 struct LivePlatform::Parts {
   explicit Parts(Executors& executors)
-      : applications(executors, xdgFoldersOfEnvironment()),
+      : applications(executors, xdgFoldersOfEnvironment(), displaysOfEnvironment()),
         processRunner(executors.service()),
         keychain(applicationSupportFolder()) {}
 
@@ -29,7 +29,9 @@ LivePlatform::LivePlatform(Executors& executors) : parts_(std::make_unique<Parts
 
 LivePlatform::~LivePlatform() = default;
 
-WorkspaceClient LivePlatform::workspaceClient() { return parts_->applications.workspaceClient(); }
+WorkspaceClient LivePlatform::workspaceClient() {
+  return parts_->applications.workspaceClient();
+}
 
 ApplicationIconClient LivePlatform::applicationIconClient() {
   return parts_->applications.iconClient();
@@ -41,13 +43,21 @@ ShortcutIconClient LivePlatform::shortcutIconClient() {
           [](int) { return std::vector<ShortcutIconClient::Icon>(); }};
 }
 
-ProcessRunning& LivePlatform::processRunner() { return parts_->processRunner; }
+ProcessRunning& LivePlatform::processRunner() {
+  return parts_->processRunner;
+}
 
-AudioOutput& LivePlatform::audioOutput() { return parts_->audioOutput; }
+AudioOutput& LivePlatform::audioOutput() {
+  return parts_->audioOutput;
+}
 
-Keychain& LivePlatform::keychain() { return parts_->keychain; }
+Keychain& LivePlatform::keychain() {
+  return parts_->keychain;
+}
 
-BonjourAdvertiser& LivePlatform::bonjourAdvertiser() { return parts_->bonjourAdvertiser; }
+BonjourAdvertiser& LivePlatform::bonjourAdvertiser() {
+  return parts_->bonjourAdvertiser;
+}
 
 std::optional<std::string> LivePlatform::localizedName() const {
   return parts_->hostName.localizedName();
