@@ -8,6 +8,7 @@
 #include "platform/linux/application_index.h"
 #include "platform/linux/application_launcher.h"
 #include "platform/linux/running_applications.h"
+#include "platform/linux/wayland_windows.h"
 #include "platform/linux/x11_windows.h"
 #include "platform/run_on.h"
 
@@ -121,7 +122,11 @@ Displays displaysOfEnvironment() {
     const char* value = std::getenv(name);
     return std::string(value == nullptr ? "" : value);
   };
-  return {.x11 = variable("DISPLAY")};
+  Displays displays{.wayland = variable("WAYLAND_DISPLAY"), .x11 = variable("DISPLAY")};
+  if (!displays.wayland.empty() && !displays.wayland.starts_with('/')) {
+    displays.wayland = variable("XDG_RUNTIME_DIR") + "/" + displays.wayland;
+  }
+  return displays;
 }
 
 LinuxApplications::LinuxApplications(Executors& executors, const XdgFolders& folders,
@@ -133,11 +138,27 @@ LinuxApplications::LinuxApplications(Executors& executors, const XdgFolders& fol
   const auto processes = std::make_shared<CurrentApplicationMatcher>(parts_->index);
   parts_->running = RunningApplications::create(executors, processes);
   icons_ = applicationIcons(parts_->index, folders);
+  const auto windows = [&] { return OpenWindows::create(executors, parts_->index, processes); };
+  std::shared_ptr<X11Windows> x11;
   if (!displays.x11.empty()) {
-    const auto system = std::make_shared<X11Windows>(
-        executors, OpenWindows::create(executors, parts_->index, processes), displays.x11);
-    system->start();
-    parts_->windows.push_back(system);
+    x11 = std::make_shared<X11Windows>(executors, windows(), displays.x11);
+  }
+  if (!displays.wayland.empty()) {
+    // Its list holds the X11 windows too; where it has none, X11 tells of those at least. Asking
+    // X11 for nothing would start an X server that nobody needs.
+    const auto wayland =
+        std::make_shared<WaylandWindows>(executors, windows(), displays.wayland, [x11] {
+          if (x11) {
+            x11->start();
+          }
+        });
+    wayland->start();
+    parts_->windows.push_back(wayland);
+  } else if (x11) {
+    x11->start();
+  }
+  if (x11) {
+    parts_->windows.push_back(x11);
   }
 }
 

@@ -15,8 +15,10 @@ class ApplicationIndex;
 
 // The window systems of the user's session. Empty where there is none.
 struct Displays {
+  // The path of the compositor's socket.
+  std::string wayland = {};
   // As in DISPLAY.
-  std::string x11;
+  std::string x11 = {};
 };
 Displays displaysOfEnvironment();
 

@@ -4,41 +4,30 @@
 #include <memory>
 #include <string>
 
-#include "platform/linux/open_windows.h"
-#include "platform/linux/window_system.h"
+#include "platform/linux/display_windows.h"
 
 namespace glintboard {
 
 class X11Session;
 
-// Connects to an X server, and again after one second, two, … and up to thirty when there is none
-// or it has gone.
-class X11Windows : public WindowSystem, public std::enable_shared_from_this<X11Windows> {
+class X11Windows : public DisplayWindows {
  public:
-  // `display` is named as in DISPLAY.
+  // `display` is named as in DISPLAY; only those of this computer are connected to.
   X11Windows(Executors& executors, std::shared_ptr<OpenWindows> windows, std::string display);
   ~X11Windows() override;
 
-  // Begins to connect. Any thread.
-  void start();
-
-  bool has(const std::string& bundleId) override { return windows_->has(bundleId); }
   Awaitable<bool> activate(std::string bundleId) override;
   Awaitable<LaunchToken> launchToken() override;
-  void stop() override;
 
  private:
-  static Awaitable<> run(std::shared_ptr<X11Windows> self);
+  Awaitable<bool> follow() override;
+  void disconnect() override;
 
-  const asio::any_io_executor service_;
   const asio::any_io_executor workers_;
-  const std::shared_ptr<OpenWindows> windows_;
   const std::string display_;
 
   // Touched on the service loop alone.
   std::shared_ptr<X11Session> session_;
-  asio::steady_timer nextTry_;
-  bool stopped_ = false;
   unsigned launches_ = 0;
 };
 
