@@ -39,6 +39,16 @@ namespace {
 
 constexpr std::chrono::seconds activationDeadline{2};
 
+// Runs `work` on the service loop, without leaving it if the caller is there.
+template <class T>
+Awaitable<T> onService(asio::any_io_executor service, Awaitable<T> work) {
+  const auto current = co_await asio::this_coro::executor;
+  if (current == service) {
+    co_return co_await std::move(work);
+  }
+  co_return co_await asio::co_spawn(service, std::move(work), asio::use_awaitable);
+}
+
 template <class Parts>
 Awaitable<LaunchToken> launchToken(std::shared_ptr<Parts> parts) {
   LaunchToken token;
@@ -62,11 +72,8 @@ Awaitable<bool> open(std::shared_ptr<Parts> parts, ApplicationLocation applicati
   if (entry == nullptr) {
     throw std::runtime_error("The application is no longer installed");
   }
-  LaunchToken token;
-  if (!parts->windows.empty()) {
-    auto asking = launchToken(parts);
-    token = co_await asio::co_spawn(parts->service, std::move(asking), asio::use_awaitable);
-  }
+  auto asking = onService(parts->service, launchToken(parts));
+  const auto token = co_await std::move(asking);
   auto launch = runOn(parts->workers, [installed, entry, token, running = parts->running] {
     const auto started = launchApplication(*entry, token);
     if (started) {
@@ -103,16 +110,6 @@ Awaitable<bool> bringForward(std::shared_ptr<Parts> parts, std::string bundleId)
   });
   const auto accepted = co_await std::move(activating);
   co_return accepted.value_or(false);
-}
-
-template <class Parts>
-Awaitable<bool> activate(std::shared_ptr<Parts> parts, std::string bundleId) {
-  const auto current = co_await asio::this_coro::executor;
-  auto activating = bringForward(parts, std::move(bundleId));
-  if (current == parts->service) {
-    co_return co_await std::move(activating);
-  }
-  co_return co_await asio::co_spawn(parts->service, std::move(activating), asio::use_awaitable);
 }
 
 }  // namespace
@@ -183,7 +180,8 @@ WorkspaceClient LinuxApplications::workspaceClient() {
     if (!parts->isRunning(bundleId)) {
       return std::nullopt;
     }
-    return RunningApplicationClient{[parts, bundleId] { return activate(parts, bundleId); }};
+    return RunningApplicationClient{
+        [parts, bundleId] { return onService(parts->service, bringForward(parts, bundleId)); }};
   };
   client.openApplication = [parts = parts_](ApplicationLocation application) {
     return open(parts, std::move(application));
