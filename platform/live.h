@@ -22,7 +22,8 @@ namespace glintboard {
 // and references stay valid as long as this object, which must outlive the work on `executors`.
 class LivePlatform {
  public:
-  explicit LivePlatform(Executors& executors);
+  // `keychainRule` tells which of two stored pairings is the later one.
+  LivePlatform(Executors& executors, KeychainMergeRule keychainRule);
   ~LivePlatform();
 
   WorkspaceClient workspaceClient();

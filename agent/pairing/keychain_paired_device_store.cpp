@@ -1,6 +1,10 @@
 #include "agent/pairing/keychain_paired_device_store.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "platform/identity.h"
+#include "platform/log.h"
 #include "protocol/json_reader.h"
 #include "protocol/json_writer.h"
 
@@ -11,6 +15,20 @@ using Code = KeychainPairedDeviceStoreError::Code;
 
 KeychainQuery itemQuery() {
   return {std::string(agentIdentifier) + ".paired-devices", "paired-devices"};
+}
+
+// An unreadable list is an empty one.
+std::vector<PairedDevice> devicesIn(const std::string& data) {
+  auto devices = decodeJson<std::vector<PairedDevice>>(data);
+  return devices ? std::move(*devices) : std::vector<PairedDevice>();
+}
+
+double lastPairingIn(const std::string& data) {
+  double last = -std::numeric_limits<double>::infinity();
+  for (const PairedDevice& device : devicesIn(data)) {
+    last = std::max(last, device.pairedAt.secondsSinceReference);
+  }
+  return last;
 }
 
 }  // namespace
@@ -26,11 +44,13 @@ KeychainPairedDeviceStoreError::KeychainPairedDeviceStoreError(Code givenCode,
 
 std::vector<PairedDevice> KeychainPairedDeviceStore::load() {
   std::string data;
-  if (keychain_.copyMatching(itemQuery(), data) != keychainSuccess) {
-    return {};
+  const KeychainStatus status = keychain_.copyMatching(itemQuery(), data);
+  const bool couldBeAsked = !isOutOfReach_;
+  isOutOfReach_ = status != keychainSuccess && status != keychainItemNotFound;
+  if (isOutOfReach_ && couldBeAsked) {
+    log::info("the stored pairing cannot be read (error ", status, ")");
   }
-  auto devices = decodeJson<std::vector<PairedDevice>>(data);
-  return devices ? std::move(*devices) : std::vector<PairedDevice>();
+  return status == keychainSuccess ? devicesIn(data) : std::vector<PairedDevice>();
 }
 
 void KeychainPairedDeviceStore::save(const std::vector<PairedDevice>& devices) {
@@ -49,6 +69,13 @@ void KeychainPairedDeviceStore::deleteAll() {
   if (status != keychainSuccess && status != keychainItemNotFound) {
     throw KeychainPairedDeviceStoreError(Code::deleteFailed, status);
   }
+}
+
+KeychainMergeRule pairedDevicesMergeRule() {
+  return {[](const std::string& a, const std::string& b) {
+            return lastPairingIn(a) > lastPairingIn(b);
+          },
+          jsonText(std::vector<PairedDevice>())};
 }
 
 }  // namespace glintboard

@@ -27,11 +27,16 @@ class KeychainPairedDeviceStore : public PairedDeviceStoring {
   explicit KeychainPairedDeviceStore(Keychain& keychain) : keychain_(keychain) {}
 
   std::vector<PairedDevice> load() override;
+  bool isOutOfReach() const override { return isOutOfReach_; }
   void save(const std::vector<PairedDevice>& devices) override;
   void deleteAll() override;
 
  private:
   Keychain& keychain_;
+  bool isOutOfReach_ = false;
 };
+
+// Of two stored lists the one with the later pairing is the later one; an empty list is none.
+KeychainMergeRule pairedDevicesMergeRule();
 
 }  // namespace glintboard

@@ -13,6 +13,8 @@ class PairedDeviceStoring {
   virtual ~PairedDeviceStoring() = default;
   // The stored list; empty when there is none or it cannot be read. Never throws.
   virtual std::vector<PairedDevice> load() = 0;
+  // Whether the last `load` could not ask what is stored, so that a later one may tell more.
+  virtual bool isOutOfReach() const { return false; }
   // Replaces the stored list. Throws; the list stored before is then kept.
   virtual void save(const std::vector<PairedDevice>& devices) = 0;
   // Removes the stored list; there being none is a success. Throws.

@@ -15,6 +15,7 @@ using namespace std::chrono_literals;
 
 constexpr auto loadDeadline = 2s;
 constexpr auto changeDeadline = 5s;
+constexpr std::chrono::milliseconds longestPause = 2min;
 
 PairFailPayload failure(PairingFailureReason reason, std::string message) {
   return {reason, std::move(message)};
@@ -26,18 +27,32 @@ PairFailPayload lockoutFailure() {
 
 }  // namespace
 
-// The loading of the stored list. It goes on when the service has stopped waiting for it.
+// The loading of the stored list. It goes on when the service has stopped waiting for it, and
+// again as long as the store is out of reach; it ends when the service drops it.
 class PairingService::Loading {
  public:
   explicit Loading(const asio::any_io_executor& executor) : ended_(executor) {
     ended_.expires_after(loadDeadline);
   }
 
-  static Awaitable<> run(std::shared_ptr<Loading> loading,
-                         std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
-    auto load = runOn(lane, [store] { return store->load(); });
-    loading->devices_ = co_await std::move(load);
-    loading->ended_.expires_at(asio::steady_timer::time_point::min());
+  static Awaitable<> run(std::weak_ptr<Loading> wanted, std::shared_ptr<PairedDeviceStoring> store,
+                         asio::any_io_executor lane, std::chrono::milliseconds pause) {
+    while (!wanted.expired()) {
+      auto load = runOn(lane, [store] {
+        auto devices = store->load();
+        return std::pair(std::move(devices), store->isOutOfReach());
+      });
+      auto [devices, isOutOfReach] = co_await std::move(load);
+      if (const auto loading = wanted.lock()) {
+        loading->devices_ = std::move(devices);
+        loading->ended_.expires_at(asio::steady_timer::time_point::min());
+      }
+      if (!isOutOfReach) {
+        break;
+      }
+      co_await sleepFor(pause);
+      pause = std::min(2 * pause, longestPause);
+    }
   }
 
   // Resumes when the list is there, or is not expected any more.
@@ -56,14 +71,16 @@ class PairingService::Loading {
 };
 
 PairingService::PairingService(asio::any_io_executor executor, asio::any_io_executor storeLane,
-                               std::unique_ptr<PairedDeviceStoring> store)
+                               std::unique_ptr<PairedDeviceStoring> store,
+                               std::chrono::milliseconds retryPause)
     : Actor(std::move(executor)),
       store_(std::move(store)),
       storeLane_(std::move(storeLane)),
       changes_(this->executor()),
       loading_(std::make_shared<Loading>(this->executor())) {
   renewSecrets();
-  spawn(this->executor(), Loading::run(loading_, store_, storeLane_), "loading the pairing");
+  spawn(this->executor(), Loading::run(loading_, store_, storeLane_, retryPause),
+        "loading the pairing");
 }
 
 Awaitable<PairingResponse> PairingService::handlePairRequest(PairRequestPayload request,
@@ -92,10 +109,14 @@ Awaitable<PairingState> PairingService::state() {
 }
 
 Awaitable<> PairingService::loaded() {
-  co_await loading_->wait();
+  const auto loading = loading_;
+  if (!loading) {
+    co_return;
+  }
+  co_await loading->wait();
   // A list that comes late still counts, unless a phone was paired or forgotten meanwhile.
-  auto devices = loading_->take();
-  if (devices && !storedListIsOutdated_) {
+  auto devices = loading->take();
+  if (devices && loading_) {
     pairedDevices_ = std::move(*devices);
   }
 }
@@ -114,7 +135,7 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
   const std::string token = uuidText(randomUuid());
   pairedDevices_ = {PairedDevice{request.deviceId, std::move(request.deviceName),
                                  DeviceToken{token}, ReferenceDate::now()}};
-  storedListIsOutdated_ = true;
+  loading_.reset();
   bool saved = false;
   try {
     auto saving = runBefore(changeDeadline, storeLane_, [store = store_, list = pairedDevices_] {
@@ -177,7 +198,7 @@ Awaitable<> PairingService::doUnpairAll() {
   const auto guard = co_await changes_.acquire();
   pairedDevices_.clear();
   replacementPairingEnabled_ = false;
-  storedListIsOutdated_ = true;
+  loading_.reset();
   auto deleting = runBefore(changeDeadline, storeLane_, [store = store_] {
     store->deleteAll();
     return true;

@@ -1,6 +1,7 @@
 // The one owner of this computer's pairing.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -40,14 +41,16 @@ struct PairingState {
 // Judges pairing requests, issues device tokens and says whose a token is. At most one phone is
 // trusted: a successful pairing replaces the list. Changes happen one after another, each with its
 // store call; looking a token up never waits for them. Everything waits at most two seconds for
-// the stored list at the start.
+// the stored list at the start; one that comes later is taken as long as nothing was changed.
 //
 // An actor of the service loop.
 class PairingService : public Actor {
  public:
-  // Starts loading the stored list. Throws SecureRandomError.
+  // Starts loading the stored list, and again after `retryPause`, then ever longer ones, while the
+  // store is out of reach. Throws SecureRandomError.
   PairingService(asio::any_io_executor executor, asio::any_io_executor storeLane,
-                 std::unique_ptr<PairedDeviceStoring> store);
+                 std::unique_ptr<PairedDeviceStoring> store,
+                 std::chrono::milliseconds retryPause = std::chrono::seconds(10));
 
   // Throws PairingServiceError::persistenceFailed when the new pairing cannot be saved; it is in
   // effect all the same until the agent ends.
@@ -86,7 +89,7 @@ class PairingService : public Actor {
   std::string currentPairingCode_;
   std::vector<PairedDevice> pairedDevices_;
   bool replacementPairingEnabled_ = false;
-  bool storedListIsOutdated_ = false;  // a phone was paired or forgotten since the start
+  // None once a phone was paired or forgotten: the stored list is then outdated.
   std::shared_ptr<Loading> loading_;
 };
 

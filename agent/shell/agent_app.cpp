@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "agent/connection/single_instance_guard.h"
+#include "agent/pairing/keychain_paired_device_store.h"
 #include "agent/shell/agent_view_model.h"
 #include "agent/shell/text_menu.h"
 #include "platform/live.h"
@@ -42,7 +43,7 @@ AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
 class AgentApp {
  public:
   AgentApp()
-      : platform_(executors_),
+      : platform_(executors_, pairedDevicesMergeRule()),
         deckStore_(executors_.service(), executors_.workers()),
         viewModel_(mainThread_.executor(), environment(executors_, platform_), deckStore_),
         menu_(viewModel_, STDIN_FILENO, STDOUT_FILENO, [this] { stop(); }) {

@@ -39,35 +39,53 @@ std::optional<std::string> ShortcutIconProvider::pngData(const QImage& image, in
 Awaitable<std::optional<Icon>> ShortcutIconProvider::doPngAndRevision(std::string identifier) {
   const std::string key = normalizedKey(identifier);
   if (const auto cached = cache_.find(key); cached != cache_.end()) {
-    co_return cached->second;
+    co_return cached->second.icon;
   }
-  auto png = pngData(icons_.icon(identifier, iconSide), iconSide);
-  if (!png) {
-    co_return std::nullopt;
+  const auto found = icons_.icon(identifier);
+  auto icon = found ? render(*found) : std::nullopt;
+  if (icon) {
+    cache_[key] = {*icon, found->stamp};
   }
-  Icon icon{AppIconProvider::revision(*png), std::move(*png)};
-  cache_[key] = icon;
   co_return icon;
 }
 
 Awaitable<std::optional<std::string>> ShortcutIconProvider::doCachedPNG(std::string identifier) {
   const auto cached = cache_.find(normalizedKey(identifier));
-  co_return cached == cache_.end() ? std::nullopt : std::optional(cached->second.data);
+  co_return cached == cache_.end() ? std::nullopt : std::optional(cached->second.icon.data);
 }
 
 Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::doPreloadAll() {
   std::map<std::string, std::string> loaded;
-  for (const auto& [identifier, image] : icons_.icons(iconSide)) {
-    if (!ShortcutsCatalog::isShortcutIdentifier(identifier)) {
+  // The actions of one application mostly share its icon.
+  std::unordered_map<std::string, std::optional<Icon>> rendered;
+  for (const auto& found : icons_.icons()) {
+    if (!ShortcutsCatalog::isShortcutIdentifier(found.identifier)) {
       continue;
     }
-    if (auto png = pngData(image, iconSide)) {
-      const std::string key = normalizedKey(identifier);
-      cache_[key] = {AppIconProvider::revision(*png), *png};
-      loaded[key] = std::move(*png);
+    const std::string key = normalizedKey(found.identifier);
+    const auto cached = cache_.find(key);
+    if (cached != cache_.end() && cached->second.stamp == found.stamp) {
+      loaded[key] = cached->second.icon.data;
+      continue;
+    }
+    const auto [image, isNew] = rendered.try_emplace(found.stamp);
+    if (isNew) {
+      image->second = render(found);
+    }
+    if (const auto& icon = image->second) {
+      cache_[key] = {*icon, found.stamp};
+      loaded[key] = icon->data;
     }
   }
   co_return loaded;
+}
+
+std::optional<Icon> ShortcutIconProvider::render(const ShortcutIconClient::Icon& icon) {
+  auto png = pngData(icon.draw(iconSide), iconSide);
+  if (!png) {
+    return std::nullopt;
+  }
+  return Icon{AppIconProvider::revision(*png), std::move(*png)};
 }
 
 }  // namespace glintboard

@@ -13,7 +13,8 @@
 namespace glintboard {
 
 // The icons of the user's Shortcuts, cached under their identifiers in any letter case. An entry
-// is kept until preloadAll() finds another icon. An actor of the workers.
+// is kept until preloadAll() finds another icon, and rendered anew only then. An actor of the
+// workers.
 class ShortcutIconProvider : public Actor {
  public:
   ShortcutIconProvider(asio::any_io_executor executor, ShortcutIconClient icons)
@@ -33,12 +34,15 @@ class ShortcutIconProvider : public Actor {
   static std::optional<std::string> pngData(const QImage& image, int side);
 
  private:
-  // Revision and PNG bytes.
-  using CacheEntry = Icon;
+  struct CacheEntry {
+    Icon icon;
+    std::string stamp;
+  };
 
   Awaitable<std::optional<Icon>> doPngAndRevision(std::string identifier);
   Awaitable<std::optional<std::string>> doCachedPNG(std::string identifier);
   Awaitable<std::map<std::string, std::string>> doPreloadAll();
+  static std::optional<Icon> render(const ShortcutIconClient::Icon& icon);
 
   ShortcutIconClient icons_;
   std::unordered_map<std::string, CacheEntry> cache_;

@@ -1,71 +1,10 @@
 #include "platform/linux/application_index.h"
 
-#include <sys/stat.h>
-
-#include <map>
-#include <set>
-
+#include "platform/linux/application_scan.h"
 #include "platform/run_on.h"
 #include "platform/spawn.h"
 
 namespace glintboard {
-
-namespace {
-
-// Reads applications folders in order of precedence.
-class Scanner {
- public:
-  explicit Scanner(DirectoryWatcher& watcher) : watcher_(watcher) {}
-
-  void readFolder(const std::filesystem::path& folder, const std::string& prefix = "") {
-    watcher_.watch(folder);
-    struct stat status{};
-    // Symbolic links may lead back to a folder above.
-    if (::stat(folder.c_str(), &status) != 0 ||
-        !seenFolders_.emplace(status.st_dev, status.st_ino).second) {
-      return;
-    }
-    std::set<std::filesystem::path> subfolders;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-      std::error_code ignored;
-      if (entry->path().extension() == ".desktop") {
-        readEntry(entry->path(), prefix + entry->path().stem().string());
-      } else if (entry->is_directory(ignored)) {
-        subfolders.insert(entry->path());
-      }
-    }
-    for (const auto& subfolder : subfolders) {
-      readFolder(subfolder, prefix + subfolder.filename().string() + "-");
-    }
-  }
-
-  std::vector<DesktopEntry> installed() {
-    std::vector<DesktopEntry> entries;
-    for (auto& [id, entry] : entries_) {
-      if (entry && !entry->hidden &&
-          (entry->tryExec.empty() || !findProgram(entry->tryExec).empty())) {
-        entries.push_back(std::move(*entry));
-      }
-    }
-    return entries;
-  }
-
- private:
-  // The first folder that holds an id decides, even when its file cannot be used.
-  void readEntry(const std::filesystem::path& path, const std::string& id) {
-    if (!entries_.contains(id)) {
-      entries_.emplace(id, readDesktopEntry(path, id));
-    }
-  }
-
-  DirectoryWatcher& watcher_;
-  std::set<std::pair<dev_t, ino_t>> seenFolders_;
-  std::map<std::string, std::optional<DesktopEntry>> entries_;
-};
-
-}  // namespace
 
 std::shared_ptr<ApplicationIndex> ApplicationIndex::open(Executors& executors,
                                                          const XdgFolders& folders) {
@@ -105,12 +44,10 @@ Awaitable<> ApplicationIndex::follow(std::shared_ptr<ApplicationIndex> self) {
 }
 
 void ApplicationIndex::scan() {
-  Scanner scanner(watcher_);
-  for (const auto& folder : folders_.dataFolders("applications")) {
-    scanner.readFolder(folder);
-  }
+  auto entries =
+      scanApplications(folders_.dataFolders("applications"),
+                       [this](const std::filesystem::path& folder) { watcher_.watch(folder); });
   watcher_.forgetOthers();
-  auto entries = scanner.installed();
   auto known = knownApplications(entries, folders_);
   auto scanned =
       std::make_shared<const InstalledApplications>(std::move(entries), std::move(known));

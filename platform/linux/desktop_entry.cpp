@@ -43,6 +43,27 @@ std::vector<std::string> commandOf(const std::string& exec) {
   return command;
 }
 
+// In the user's language, or empty.
+std::string localText(GKeyFile* file, const char* group, const char* key) {
+  const GLibPointer<char> text(g_key_file_get_locale_string(file, group, key, nullptr, nullptr));
+  return text ? text.get() : "";
+}
+
+std::vector<DesktopEntry::Action> actionsOf(GKeyFile* file) {
+  std::vector<DesktopEntry::Action> actions;
+  const GLibPointer<char*> ids(
+      g_key_file_get_string_list(file, kGroup, G_KEY_FILE_DESKTOP_KEY_ACTIONS, nullptr, nullptr));
+  for (char** id = ids.get(); id != nullptr && *id != nullptr; ++id) {
+    const std::string group = std::string("Desktop Action ") + *id;
+    auto name = localText(file, group.c_str(), G_KEY_FILE_DESKTOP_KEY_NAME);
+    if (!name.empty()) {
+      actions.push_back(
+          {*id, std::move(name), localText(file, group.c_str(), G_KEY_FILE_DESKTOP_KEY_ICON)});
+    }
+  }
+  return actions;
+}
+
 }  // namespace
 
 std::optional<DesktopEntry> readDesktopEntry(const std::filesystem::path& path, std::string id) {
@@ -54,18 +75,18 @@ std::optional<DesktopEntry> readDesktopEntry(const std::filesystem::path& path, 
   DesktopEntry entry;
   entry.id = std::move(id);
   entry.path = path;
-  const GLibPointer<char> name(g_key_file_get_locale_string(
-      file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_NAME, nullptr, nullptr));
-  entry.name = name ? name.get() : entry.id;
-  const GLibPointer<char> icon(g_key_file_get_locale_string(
-      file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_ICON, nullptr, nullptr));
-  entry.icon = icon ? icon.get() : "";
+  entry.name = localText(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_NAME);
+  if (entry.name.empty()) {
+    entry.name = entry.id;
+  }
+  entry.icon = localText(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_ICON);
   entry.command = commandOf(textOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_EXEC));
   entry.tryExec = textOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_TRY_EXEC);
   entry.startupWmClass = textOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS);
   entry.hidden = flagOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_HIDDEN);
   entry.noDisplay = flagOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_NO_DISPLAY);
   entry.dbusActivatable = flagOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE);
+  entry.actions = actionsOf(file.get());
   return entry;
 }
 

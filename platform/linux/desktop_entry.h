@@ -9,6 +9,15 @@
 namespace glintboard {
 
 struct DesktopEntry {
+  // Something the application can be started to do, such as opening a new window.
+  struct Action {
+    std::string id;
+    // In the user's language.
+    std::string name;
+    // As the entry's; may be empty.
+    std::string icon;
+  };
+
   // The desktop file id without ".desktop".
   std::string id;
   std::filesystem::path path;
@@ -27,6 +36,8 @@ struct DesktopEntry {
   // Not to be offered in menus.
   bool noDisplay = false;
   bool dbusActivatable = false;
+  // Those that have a name.
+  std::vector<Action> actions;
 };
 
 // Reads an application's entry; none when the file cannot be read or is no application's. Works

@@ -15,8 +15,6 @@ namespace glintboard {
 // no file name. Nothing throws.
 class FileKeychain : public Keychain {
  public:
-  static constexpr KeychainStatus keychainDuplicateItem = -25299;
-
   // The folder is created when an item is first written.
   explicit FileKeychain(std::filesystem::path folder) : folder_(std::move(folder)) {}
 

@@ -24,6 +24,10 @@ GioCalls::GioCalls(std::chrono::milliseconds deadline)
 }
 
 GioCalls::~GioCalls() {
+  // GIO frees what it kept for signals in the context of the calls. A call that was given up must
+  // not report any more.
+  while (!gaveUp_ && g_main_context_iteration(context_.get(), FALSE)) {
+  }
   g_main_context_pop_thread_default(context_.get());
 }
 

@@ -4,7 +4,7 @@
 
 namespace glintboard {
 
-GLibPointer<GKeyFile> loadKeyFile(const std::filesystem::path& path) {
+GLibPointer<GKeyFile> loadKeyFile(const std::filesystem::path& path, GKeyFileFlags flags) {
   constexpr std::uintmax_t kLargest = 4u << 20u;
   std::error_code error;
   // Opening a named pipe would wait for its writer.
@@ -13,7 +13,7 @@ GLibPointer<GKeyFile> loadKeyFile(const std::filesystem::path& path) {
     return nullptr;
   }
   GLibPointer<GKeyFile> file(g_key_file_new());
-  if (g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, nullptr) == 0) {
+  if (g_key_file_load_from_file(file.get(), path.c_str(), flags, nullptr) == 0) {
     return nullptr;
   }
   return file;

@@ -10,7 +10,8 @@
 namespace glintboard {
 
 // Reads such a file; null when it is missing, no regular file, larger than 4 MiB or damaged.
-GLibPointer<GKeyFile> loadKeyFile(const std::filesystem::path& path);
+GLibPointer<GKeyFile> loadKeyFile(const std::filesystem::path& path,
+                                  GKeyFileFlags flags = G_KEY_FILE_NONE);
 
 // The text of a key with its escapes resolved, or empty.
 std::string textOf(GKeyFile* file, const char* group, const char* key);

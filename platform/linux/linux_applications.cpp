@@ -75,7 +75,7 @@ Awaitable<bool> open(std::shared_ptr<Parts> parts, ApplicationLocation applicati
   auto asking = onService(parts->service, launchToken(parts));
   const auto token = co_await std::move(asking);
   auto launch = runOn(parts->workers, [installed, entry, token, running = parts->running] {
-    const auto started = launchApplication(*entry, token);
+    const auto started = launchApplication(*entry, {}, token);
     if (started) {
       running->launched(installed->bundleIdOf(*entry), *started);
     }

@@ -1,46 +1,56 @@
-#include <QImage>
-
 #include "platform/linux/avahi_advertiser.h"
 #include "platform/linux/file_keychain.h"
 #include "platform/linux/foundation_process_runner.h"
 #include "platform/linux/host_name.h"
 #include "platform/linux/linux_applications.h"
 #include "platform/linux/pulse_audio_output.h"
+#include "platform/linux/secret_service_keychain.h"
+#include "platform/linux/shortcut_folder.h"
+#include "platform/linux/shortcut_icons.h"
+#include "platform/linux/shortcuts_application.h"
+#include "platform/linux/two_place_keychain.h"
 #include "platform/linux/xdg_folders.h"
 #include "platform/live.h"
 
 namespace glintboard {
 
 struct LivePlatform::Parts {
-  explicit Parts(Executors& executors)
-      : applications(executors, xdgFoldersOfEnvironment(), displaysOfEnvironment()),
+  Parts(Executors& executors, KeychainMergeRule keychainRule)
+      : workers(executors.workers()),
+        folders(xdgFoldersOfEnvironment()),
+        applications(executors, folders, displaysOfEnvironment()),
         processRunner(executors.service()),
-        keychain(applicationSupportFolder()) {}
+        fileKeychain(applicationSupportFolder()),
+        keychain(secretService, fileKeychain, std::move(keychainRule)) {}
 
+  asio::any_io_executor workers;
+  XdgFolders folders;
   LinuxApplications applications;
   FoundationProcessRunner processRunner;
   PulseAudioOutput audioOutput;
-  FileKeychain keychain;
+  SecretServiceKeychain secretService;
+  FileKeychain fileKeychain;
+  TwoPlaceKeychain keychain;
   AvahiAdvertiser bonjourAdvertiser;
   HostName hostName;
 };
 
-LivePlatform::LivePlatform(Executors& executors) : parts_(std::make_unique<Parts>(executors)) {}
+LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
+    : parts_(std::make_unique<Parts>(executors, std::move(keychainRule))) {}
 
 LivePlatform::~LivePlatform() = default;
 
 WorkspaceClient LivePlatform::workspaceClient() {
-  return parts_->applications.workspaceClient();
+  return withShortcutsApplication(parts_->applications.workspaceClient(), parts_->workers,
+                                  ShortcutFolder::pathIn(parts_->folders));
 }
 
 ApplicationIconClient LivePlatform::applicationIconClient() {
   return parts_->applications.iconClient();
 }
 
-// No Shortcut has an icon as long as nothing here can read the user's Shortcuts.
 ShortcutIconClient LivePlatform::shortcutIconClient() {
-  return {[](const std::string&, int) { return QImage(); },
-          [](int) { return std::vector<ShortcutIconClient::Icon>(); }};
+  return shortcutIcons(parts_->applications.index(), parts_->folders);
 }
 
 ProcessRunning& LivePlatform::processRunner() {

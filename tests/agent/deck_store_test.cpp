@@ -11,6 +11,7 @@
 #include "protocol/json_writer.h"
 #include "tests/support/await.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/fakes.h"
 #include "tests/support/temporary_folder.h"
 
 namespace glintboard {
@@ -46,9 +47,7 @@ class DeckStoreTest : public testing::Test {
   AppIconProvider icons{executors.workerStrand(),
                         {[](const ApplicationLocation&) { return ContentModification{}; },
                          [this](const ApplicationLocation&, int) { return image; }}};
-  ShortcutIconProvider shortcutIcons{executors.workerStrand(),
-                                     {[](const std::string&, int) { return QImage(); },
-                                      [](int) { return std::vector<ShortcutIconClient::Icon>(); }}};
+  ShortcutIconProvider shortcutIcons{executors.workerStrand(), test::noShortcutIcons()};
   std::filesystem::path path = folder / "data/decks.json";
   DeckStore store{executors.service(), executors.workers(), path};
 

@@ -207,6 +207,36 @@ TEST_F(ListenerServiceTest, ATakenPortIsTriedAgainByItself) {
   EXPECT_EQ(state().lastError, std::nullopt);
 }
 
+TEST_F(ListenerServiceTest, AKeychainThatHangsDelaysNoMessageBeyondTheFirstTwoSeconds) {
+  agent.keychain.hangs = true;
+  AgentServices waiting(agent.environment(), agent.deckStore);
+  auto& pairing = waiting.pairingService();
+  const auto began = std::chrono::steady_clock::now();
+  agent.run(waiting.listenerService().start());
+  auto stranger = connect("stored token");
+  stranger.send(WireCodec::encode(MessageFactory::appLaunch("a", id)), soon());
+  EXPECT_NE(stranger.receive(soon()), std::nullopt);
+  EXPECT_LT(std::chrono::steady_clock::now() - began, 2500ms);
+
+  const auto code = agent.run(pairing.state()).currentPairingCode;
+  auto saving = asio::co_spawn(
+      agent.executors.service(),
+      pairing.handlePairRequest({PairingMethod::qr, code, "Phone", id}, id), asio::use_future);
+  EXPECT_TRUE(test::eventually([&] { return !agent.run(pairing.state()).pairedDevices.empty(); }));
+  const auto devices = agent.run(pairing.state()).pairedDevices;
+  auto phone = connect(devices.empty() ? "none" : devices[0].token.value);
+  const auto asked = std::chrono::steady_clock::now();
+  phone.send(WireCodec::encode(MessageFactory::ping(WireDate::now(), id)), soon());
+  EXPECT_TRUE(WireCodec::decode<PongPayload>(phone.receive(soon()).value_or("")));
+  EXPECT_LT(std::chrono::steady_clock::now() - asked, 500ms);
+  EXPECT_EQ(saving.wait_for(0s), std::future_status::timeout) << "the keychain still hangs";
+
+  agent.keychain.hangs = false;
+  agent.keychain.hangs.notify_all();
+  EXPECT_TRUE(std::holds_alternative<WireMessage<PairOKPayload>>(saving.get()));
+  agent.run(waiting.listenerService().shutDown());
+}
+
 TEST_F(ListenerServiceTest, AnInvalidPortIsReported) {
   auto environment = agent.environment();
   environment.port = 0;

@@ -66,7 +66,28 @@ TEST(PairedDeviceStore, ReportsTheKeychainsStatusAndKeepsTheItem) {
   EXPECT_EQ(thrownBy([&] { store.save({}); }), Error(Error::Code::saveFailed, -25308));
   EXPECT_EQ(thrownBy([&] { store.deleteAll(); }), Error(Error::Code::deleteFailed, -25308));
   EXPECT_TRUE(store.load().empty());
+  EXPECT_TRUE(store.isOutOfReach());
   EXPECT_EQ(keychain.items, before);
+  keychain.failure = keychainSuccess;
+  EXPECT_FALSE(store.load().empty());
+  EXPECT_FALSE(store.isOutOfReach());
+}
+
+TEST(PairedDeviceStore, OfTwoListsTheOneWithTheLaterPairingIsLater) {
+  const auto list = [](double pairedAt) {
+    FakeKeychain keychain;
+    KeychainPairedDeviceStore(keychain).save({{randomUuid(), "a", {"TOKEN"}, {pairedAt}}});
+    return keychain.items.at(itemKey);
+  };
+  const auto rule = pairedDevicesMergeRule();
+  EXPECT_TRUE(rule.isLater(list(800000000.5), list(800000000.25)));
+  EXPECT_FALSE(rule.isLater(list(99), list(800000000)));
+  EXPECT_FALSE(rule.isLater(list(5), list(5)));
+  for (const std::string& nothing : {rule.removed, std::string("damaged")}) {
+    EXPECT_TRUE(rule.isLater(list(-5), nothing));
+    EXPECT_FALSE(rule.isLater(nothing, list(-5)));
+  }
+  EXPECT_EQ(rule.removed, "[]");
 }
 
 }  // namespace

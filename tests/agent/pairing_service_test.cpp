@@ -9,6 +9,7 @@
 #include "platform/executors.h"
 #include "protocol/message_factory.h"
 #include "tests/support/await.h"
+#include "tests/support/eventually.h"
 
 namespace glintboard {
 namespace {
@@ -20,6 +21,8 @@ class TroubledStore : public PairedDeviceStoring {
  public:
   struct Trouble {
     std::atomic<bool> fails = false;
+    std::atomic<bool> isOutOfReach = false;
+    std::atomic<int> loads = 0;
     std::chrono::milliseconds loadTakes{0};
     std::vector<PairedDevice> stored;
   };
@@ -27,8 +30,11 @@ class TroubledStore : public PairedDeviceStoring {
 
   std::vector<PairedDevice> load() override {
     std::this_thread::sleep_for(trouble_.loadTakes);
-    return trouble_.stored;
+    ++trouble_.loads;
+    wasOutOfReach_ = trouble_.isOutOfReach;
+    return wasOutOfReach_ ? std::vector<PairedDevice>() : trouble_.stored;
   }
+  bool isOutOfReach() const override { return wasOutOfReach_; }
   void save(const std::vector<PairedDevice>& devices) override {
     check();
     trouble_.stored = devices;
@@ -45,6 +51,7 @@ class TroubledStore : public PairedDeviceStoring {
     }
   }
   Trouble& trouble_;
+  bool wasOutOfReach_ = false;
 };
 
 class PairingServiceTest : public testing::Test {
@@ -62,7 +69,7 @@ class PairingServiceTest : public testing::Test {
 
   void restart() {
     service.emplace(executors.service(), executors.keychainLane(),
-                    std::make_unique<TroubledStore>(trouble));
+                    std::make_unique<TroubledStore>(trouble), 20ms);
   }
 
   template <class T>
@@ -187,6 +194,28 @@ TEST_F(PairingServiceTest, AStoreThatHangsAtTheStartIsWaitedForTwoSeconds) {
   run(service->unpairAll());
   std::this_thread::sleep_for(600ms);
   EXPECT_FALSE(knows("stored")) << "the phone was forgotten meanwhile";
+}
+
+TEST_F(PairingServiceTest, AStoreOutOfReachIsAskedAgainUntilItAnswersOrThePairingChanges) {
+  trouble.stored = {{phone, "Phone", {"stored"}, {}}};
+  trouble.isOutOfReach = true;
+  restart();
+  EXPECT_FALSE(knows("stored"));
+  EXPECT_TRUE(test::eventually([&] { return trouble.loads >= 3; }));
+  EXPECT_FALSE(knows("stored"));
+  trouble.isOutOfReach = false;
+  EXPECT_TRUE(test::eventually([&] { return knows("stored"); }));
+  const int answered = trouble.loads;
+  std::this_thread::sleep_for(400ms);
+  EXPECT_EQ(trouble.loads, answered);
+
+  trouble.isOutOfReach = true;
+  restart();
+  const std::string token = pairByCode(otherPhone);
+  trouble.isOutOfReach = false;
+  std::this_thread::sleep_for(200ms);
+  EXPECT_LE(trouble.loads, answered + 3) << "nobody wants the list any more";
+  EXPECT_TRUE(knows(token));
 }
 
 }  // namespace

@@ -55,39 +55,75 @@ TEST(AppIconProvider, RendersOnceForEachChangeOfTheApplication) {
   EXPECT_FALSE(get()) << "an application whose icon is gone has none";
 }
 
+// One Shortcut and an impostor, whose icons count how often they are drawn.
+struct SomeShortcuts {
+  std::string identifier = "0F8FAD5B-D9CB-469F-A165-70867728950E";
+  std::string stamp = "red";
+  QColor colour = Qt::red;
+  int drawn = 0;
+
+  ShortcutIconClient client() {
+    return {[this](const std::string& asked) {
+              return ShortcutIconProvider::normalizedKey(asked) ==
+                             ShortcutIconProvider::normalizedKey(identifier)
+                         ? std::optional(icon(identifier))
+                         : std::nullopt;
+            },
+            [this] {
+              return std::vector{icon(identifier), icon("no identifier"),
+                                 icon("1F8FAD5B-D9CB-469F-A165-70867728950E")};
+            }};
+  }
+
+ private:
+  ShortcutIconClient::Icon icon(const std::string& of) {
+    return {of, stamp, [this](int side) { return ++drawn, square(2 * side, colour); }};
+  }
+};
+
 TEST(ShortcutIconProvider, CachesUnderTheIdentifierInAnyLetterCase) {
   Executors executors;
-  const std::string upper = "0F8FAD5B-D9CB-469F-A165-70867728950E";
-  const std::string lower = ShortcutIconProvider::normalizedKey(upper);
-  int asked = 0;
-  QColor colour = Qt::red;
-  ShortcutIconProvider provider(
-      executors.workerStrand(),
-      {[&](const std::string& identifier, int side) {
-         return ++asked, identifier == "unknown" ? QImage() : square(2 * side, colour);
-       },
-       [&](int side) {
-         return std::vector<ShortcutIconClient::Icon>{{upper, square(side, colour)},
-                                                      {"no identifier", square(side, colour)}};
-       }});
+  SomeShortcuts shortcuts;
+  ShortcutIconProvider provider(executors.workerStrand(), shortcuts.client());
   const auto run = [&](auto operation) {
     return test::await(executors.service(), std::move(operation));
   };
-  EXPECT_EQ(run(provider.cachedPNG(upper)), std::nullopt);
-  const auto icon = run(provider.pngAndRevision(upper));
+  const std::string key = ShortcutIconProvider::normalizedKey(shortcuts.identifier);
+  EXPECT_EQ(run(provider.cachedPNG(key)), std::nullopt);
+  const auto icon = run(provider.pngAndRevision(shortcuts.identifier));
   ASSERT_TRUE(icon);
   EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(icon->data)).width(), iconSide);
-  EXPECT_EQ(run(provider.revision(lower)), icon->revision);
-  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(run(provider.revision(key)), icon->revision);
+  EXPECT_EQ(shortcuts.drawn, 1);
+  shortcuts.identifier = "another";
   EXPECT_FALSE(run(provider.pngAndRevision("unknown")));
-  EXPECT_FALSE(run(provider.pngAndRevision("unknown")));
-  EXPECT_EQ(asked, 3) << "what is missing is looked for again";
+  shortcuts.identifier = "unknown";
+  EXPECT_TRUE(run(provider.pngAndRevision("unknown"))) << "what is missing is looked for again";
+}
 
-  colour = Qt::blue;
+TEST(ShortcutIconProvider, PreloadingRendersOnlyWhatChanged) {
+  Executors executors;
+  SomeShortcuts shortcuts;
+  ShortcutIconProvider provider(executors.workerStrand(), shortcuts.client());
+  const auto run = [&](auto operation) {
+    return test::await(executors.service(), std::move(operation));
+  };
+  const auto first = run(provider.revision(shortcuts.identifier));
   const auto loaded = run(provider.preloadAll());
-  ASSERT_EQ(loaded.size(), 1u);
-  EXPECT_EQ(run(provider.cachedPNG(upper)), loaded.at(lower));
-  EXPECT_NE(run(provider.revision(upper)), icon->revision);
+  EXPECT_EQ(loaded.size(), 2u) << "all that have an identifier";
+  EXPECT_EQ(shortcuts.drawn, 2);
+  EXPECT_EQ(run(provider.preloadAll()), loaded);
+  EXPECT_EQ(shortcuts.drawn, 2);
+
+  shortcuts.stamp = "blue";
+  shortcuts.colour = Qt::blue;
+  EXPECT_EQ(run(provider.revision(shortcuts.identifier)), first) << "kept until the next preload";
+  const auto changed = run(provider.preloadAll());
+  EXPECT_EQ(shortcuts.drawn, 3) << "icons of one stamp are rendered once";
+  const std::string key = ShortcutIconProvider::normalizedKey(shortcuts.identifier);
+  EXPECT_NE(changed.at(key), loaded.at(key));
+  EXPECT_EQ(run(provider.cachedPNG(key)), changed.at(key));
+  EXPECT_NE(run(provider.revision(key)), first);
 }
 
 }  // namespace

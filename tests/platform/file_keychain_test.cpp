@@ -28,7 +28,7 @@ TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
   EXPECT_FALSE(std::filesystem::exists(folder / "data"));
 
   EXPECT_EQ(keychain.add(item, "[1]"), keychainSuccess);
-  EXPECT_EQ(keychain.add(item, "[2]"), FileKeychain::keychainDuplicateItem);
+  EXPECT_EQ(keychain.add(item, "[2]"), keychainDuplicateItem);
   EXPECT_EQ(readWholeFile(folder / "data/agent/paired-devices.json"), "[1]");
   EXPECT_EQ(modeOf(folder / "data/agent"), 0700u);
   EXPECT_EQ(modeOf(folder / "data/agent/paired-devices.json"), 0600u);

@@ -12,6 +12,7 @@
 #include "platform/bonjour.h"
 #include "platform/keychain.h"
 #include "platform/process_running.h"
+#include "platform/shortcut_icon_client.h"
 
 namespace glintboard::test {
 
@@ -67,13 +68,15 @@ class FakeRunner : public ProcessRunning {
   }
 };
 
-// A keychain in memory that can be told to fail.
+// A keychain in memory that can be told to fail, or to hang when it is read.
 class FakeKeychain : public Keychain {
  public:
   std::map<std::string, std::string> items;
   KeychainStatus failure = keychainSuccess;
+  std::atomic<bool> hangs = false;
 
   KeychainStatus copyMatching(const KeychainQuery& query, std::string& data) override {
+    hangs.wait(true);
     const auto item = items.find(key(query));
     if (failure != keychainSuccess || item == items.end()) {
       return failure != keychainSuccess ? failure : keychainItemNotFound;
@@ -113,5 +116,11 @@ class FakeBonjour : public BonjourAdvertiser {
   }
   void withdraw() override { isAdvertised = false; }
 };
+
+// A user without Shortcuts.
+inline ShortcutIconClient noShortcutIcons() {
+  return {[](const std::string&) { return std::optional<ShortcutIconClient::Icon>(); },
+          [] { return std::vector<ShortcutIconClient::Icon>(); }};
+}
 
 }  // namespace glintboard::test

@@ -1,0 +1,59 @@
+"""A phone that shares no code with the agent."""
+
+import asyncio
+import datetime
+import json
+import uuid
+
+import websockets
+
+from desktop import PORT, SLOWNESS
+
+TOKEN_HEADER = "X-Glintboard-Token"
+
+
+def now():
+    return datetime.datetime.now(datetime.timezone.utc).strftime("%Y-%m-%dT%H:%M:%SZ")
+
+
+def message(kind, payload, identifier=None):
+    return {"type": kind, "id": identifier or str(uuid.uuid4()), "payload": payload}
+
+
+class Client:
+    def __init__(self, socket):
+        self.socket = socket
+
+    @classmethod
+    async def connect(cls, token=None, header=TOKEN_HEADER):
+        headers = {} if token is None else {header: token}
+        return cls(await websockets.connect(f"ws://127.0.0.1:{PORT}", extra_headers=headers,
+                                            ping_interval=None))
+
+    async def send(self, kind, payload, identifier=None):
+        await self.socket.send(json.dumps(message(kind, payload, identifier)))
+
+    async def receive(self, seconds=10):
+        """The next message; fails when none comes."""
+        text = await asyncio.wait_for(self.socket.recv(), seconds * SLOWNESS)
+        assert isinstance(text, str), "messages come in text frames"
+        return json.loads(text)
+
+    async def ask(self, kind, payload):
+        """The next message, which has to answer this one."""
+        identifier = str(uuid.uuid4()).upper()
+        await self.send(kind, payload, identifier)
+        reply = await self.receive()
+        assert reply["id"] == identifier, reply
+        return reply
+
+    async def ping(self):
+        return (await self.ask("ping", {"ts": now()}))["payload"]
+
+    async def pair(self, pin, device=None):
+        """Pairs, and returns the token."""
+        reply = await self.ask("pair.request", {
+            "method": "pin", "secret": pin, "deviceName": "Client",
+            "deviceId": device or str(uuid.uuid4())})
+        assert reply["type"] == "pair.ok", reply
+        return reply["payload"]["token"]

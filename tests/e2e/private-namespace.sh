@@ -1,0 +1,22 @@
+#!/bin/sh
+# Runs a command where port 9847, the process list and /usr/bin are its own, so that it disturbs
+# nobody's agent, and other runs of this script can go on beside it. Needs no special rights.
+#   private-namespace.sh COMMAND [ARGUMENT…]
+# GLINTBOARD_E2E_FOLDER names a folder that vanishes afterwards with everything in it, and
+# /usr/bin/shortcuts is a link to the file "shortcuts" in there.
+set -eu
+if [ "${GLINTBOARD_E2E_FOLDER:-}" = "" ]; then
+  GLINTBOARD_E2E_FOLDER=$(mktemp -d)
+  export GLINTBOARD_E2E_FOLDER
+  trap 'rmdir "$GLINTBOARD_E2E_FOLDER"' EXIT
+  unshare --map-root-user --net --mount --pid --fork --kill-child --mount-proc "$0" "$@"
+  exit
+fi
+ip link set lo up
+mount -t tmpfs tmpfs "$GLINTBOARD_E2E_FOLDER"
+mkdir "$GLINTBOARD_E2E_FOLDER/upper" "$GLINTBOARD_E2E_FOLDER/work"
+ln -s "$GLINTBOARD_E2E_FOLDER/shortcuts" "$GLINTBOARD_E2E_FOLDER/upper/shortcuts"
+mount -t overlay overlay /usr/bin \
+  -o "lowerdir=/usr/bin,upperdir=$GLINTBOARD_E2E_FOLDER/upper,workdir=$GLINTBOARD_E2E_FOLDER/work"
+# Not with exec: this shell, the first process of the namespace, reaps what others leave behind.
+"$@"

@@ -1,0 +1,138 @@
+"""The agent as a process: how it ends, and that there is only one."""
+
+import os
+import pathlib
+import re
+import shutil
+import signal
+import socket
+import time
+import unittest
+
+from client import Client
+from desktop import PORT, SLOWNESS, DesktopTest, alive, eventually
+
+EDITOR = "org.example.Editor"
+STUCK = "11111111-0000-4000-8000-000000000000"
+
+
+class Process(DesktopTest):
+    async def assert_ends_in_time(self, token, number, hang):
+        """A busy machine alone may make it late, but not three times in a row."""
+        late = []
+        while len(late) < 3:
+            agent = self.start_agent()
+            await hang(await Client.connect(token))
+            code, seconds = agent.end(number)
+            self.assertEqual(code, 0)
+            if seconds < 0.08 * SLOWNESS:
+                return
+            late.append(seconds)
+        self.fail(f"the agent took {late} s to end")
+
+    async def test_ends_within_80_ms_whatever_hangs(self):
+        self.desktop.set_shortcuts("*) sleep 600;;")
+        sound = self.desktop.start_sound()
+        agent = self.start_agent()
+        token = self.paired_phone(agent).token
+        agent.press("Quit")
+        self.assertEqual(agent.exit_code(), 0)
+
+        async def nothing(client):
+            await client.ping()
+
+        async def hanging_shortcut(client):
+            before = len(self.desktop.trace("shortcuts"))
+            await client.send("shortcut.run", {"shortcutIdentifier": STUCK})
+            self.desktop.traced("shortcuts", before + 1)
+
+        async def hanging_sound(client):
+            sound.send_signal(signal.SIGCONT)
+            volume = {"actionId": "system.volume.up"}
+            self.assertEqual((await client.ask("action.run", volume))["type"], "action.ok")
+            sound.send_signal(signal.SIGSTOP)
+            await client.send("action.run", volume)
+            # Once another connection is answered, the agent has the key in hand.
+            other = await Client.connect(token)
+            await other.ping()
+            time.sleep(0.1)
+
+        for number in signal.SIGTERM, signal.SIGINT, signal.SIGHUP:
+            for hang in nothing, hanging_shortcut, hanging_sound:
+                with self.subTest(signal=number, hang=hang.__name__):
+                    await self.assert_ends_in_time(token, number, hang)
+        self.assertTrue(all(map(alive, self.desktop.trace("shortcuts"))), "left alone")
+
+    async def test_launched_applications_outlive_it_and_inherit_nothing(self):
+        self.desktop.install(EDITOR)
+        agent = self.start_agent()
+        client = await Client.connect(self.paired_phone(agent).token)
+        await client.ask("app.launch", {"bundleId": EDITOR})
+        editor, = self.desktop.traced(EDITOR)
+        process = pathlib.Path(f"/proc/{editor}")
+        files = [os.readlink(file) for file in (process / "fd").iterdir()]
+        self.assertEqual([file for file in files if not file.startswith(str(self.desktop.root))],
+                         ["/dev/null"] * 3)
+        # A shell blocks signals itself while it starts a program.
+        for signals in "SigBlk", "SigIgn":
+            eventually(lambda: re.search(f"{signals}:\t0+\n", (process / "status").read_text()),
+                       f"An empty {signals}")
+        agent.end()
+        time.sleep(0.1)
+        self.assertTrue(alive(editor))
+
+    def test_a_second_agent_takes_over_from_the_first(self):
+        first = self.start_agent()
+        phone = self.paired_phone(first)
+        second = self.desktop.start_agent()
+        self.assertEqual(first.exit_code(), 0)
+        second.serving()
+        self.assertEqual(phone.outcome("decks"), "ok")
+
+    def test_of_two_that_start_at_once_one_stays(self):
+        for _ in range(4):
+            agents = [self.desktop.start_agent() for _ in range(2)]
+            eventually(lambda: sum(each.running() for each in agents) == 1, "A single agent")
+            survivor, = (each for each in agents if each.running())
+            survivor.serving()
+            self.assertEqual(survivor.end()[0], 0)
+
+    def test_a_program_of_the_same_name_is_left_alone(self):
+        program = self.desktop.root / "glintboard-agent"
+        shutil.copy("/usr/bin/sleep", program)
+        other = self.desktop.start(program, "600")
+        # As if its process had been an agent's before.
+        self.desktop.write(self.desktop.runtime / "glintboard-agents", f"{other.pid} 1\n", 0o600)
+        self.start_agent()
+        self.assertIsNone(other.poll())
+
+    async def test_serves_on_when_its_terminal_is_gone(self):
+        agent = self.start_agent()
+        phone = self.paired_phone(agent)
+        agent.end()
+        reader, writer = os.pipe()
+        agent = self.desktop.start_agent(output=writer)
+        os.close(writer)
+        self.assertIn(b"Glintboard Agent", os.read(reader, 4096))
+        os.close(reader)
+        agent.close_input()
+        eventually(lambda: phone.outcome("decks") == "ok", "An answer")
+        client = await Client.connect(phone.token)
+        used = agent.cpu_seconds()
+        time.sleep(1.5)  # The menu notices the phone and is printed.
+        self.assertLess(agent.cpu_seconds() - used, 0.5 * SLOWNESS, "the end of input is no news")
+        await client.ping()
+        self.assertTrue(agent.running())
+
+    def test_waits_for_a_port_that_is_taken(self):
+        with socket.create_server(("", PORT)):
+            agent = self.desktop.start_agent()
+            agent.menu_shows("Port 9847 is already in use. Quit the other Glintboard Agent first.",
+                             "Connection failed", "Restart Agent")
+        agent.menu_shows("Ready for iPhone")
+        self.assertNotIn("in use", agent.menu())
+        self.paired_phone(agent)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,120 @@
+#include "platform/linux/shortcut_icons.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "platform/linux/shortcut_folder.h"
+#include "platform/linux/shortcut_tile.h"
+#include "tests/platform/desktop_folders.h"
+
+namespace glintboard {
+namespace {
+
+class ShortcutIconsTest : public testing::Test {
+ protected:
+  ShortcutIconsTest() { ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1); }
+
+  ~ShortcutIconsTest() override {
+    if (index_) {
+      index_->stop();
+    }
+  }
+
+  void start() {
+    executors_.emplace();
+    index_ = ApplicationIndex::open(*executors_, desktop_.folders);
+    icons_ = shortcutIcons(index_, desktop_.folders);
+  }
+  std::filesystem::path paint(const std::string& file, Qt::GlobalColor colour) {
+    auto path = desktop_.root.write(file, "");
+    QImage image(16, 16, QImage::Format_ARGB32);
+    image.fill(colour);
+    EXPECT_TRUE(image.save(QString::fromStdString(path.string())));
+    return path;
+  }
+  std::map<std::string, std::string> stamps() {
+    std::map<std::string, std::string> found;
+    for (const auto& icon : icons_->icons()) {
+      found[icon.identifier] = icon.stamp;
+    }
+    return found;
+  }
+  QImage draw(const std::string& identifier) {
+    const auto icon = icons_->icon(identifier);
+    return icon ? icon->draw(64) : QImage();
+  }
+  // The identifier of the one Shortcut that is not among the known ones.
+  std::string otherThan(const std::vector<std::string>& known) {
+    for (const auto& [identifier, stamp] : stamps()) {
+      if (std::find(known.begin(), known.end(), identifier) == known.end()) {
+        return identifier;
+      }
+    }
+    return "";
+  }
+
+  test::DesktopFolders desktop_;
+  ShortcutFolder folder_{ShortcutFolder::pathIn(desktop_.folders)};
+  std::optional<Executors> executors_;
+  std::shared_ptr<ApplicationIndex> index_;
+  std::optional<ShortcutIconClient> icons_;
+};
+
+TEST_F(ShortcutIconsTest, AShortcutHasTheIconThatItNamesOrATileOfItsOwn) {
+  paint("system/icons/hicolor/128x128/apps/browser.png", Qt::blue);
+  desktop_.entry("system/applications/browser.desktop",
+                 "Exec=true\nIcon=browser\nActions=new;\n[Desktop Action new]\nName=New\n");
+  const auto file = paint("own.png", Qt::red);
+  const auto own = folder_.create({"Own", "true", file.string()});
+  const auto plain = folder_.create({"Plain", "true", {}});
+  const auto lost = folder_.create({"Lost", "true", "no-such-icon"});
+  const auto broken =
+      folder_.create({"Broken", "true", desktop_.root.write("broken.png", "no image").string()});
+  start();
+
+  std::string lower = own.identifier;
+  std::transform(lower.begin(), lower.end(), lower.begin(), ::tolower);
+  EXPECT_EQ(draw(lower).pixelColor(32, 32), QColor(Qt::red));
+  EXPECT_EQ(draw(plain.identifier), drawShortcutTile(plain.identifier, 64));
+  EXPECT_EQ(draw(lost.identifier), drawShortcutTile(lost.identifier, 64));
+  EXPECT_NE(draw(lost.identifier), draw(plain.identifier));
+  EXPECT_EQ(draw(broken.identifier).size(), QSize(64, 64));
+  EXPECT_TRUE(draw("unknown").isNull());
+  const auto action =
+      otherThan({own.identifier, plain.identifier, lost.identifier, broken.identifier});
+  EXPECT_EQ(draw(action).pixelColor(32, 32), QColor(Qt::blue)) << "the application's";
+}
+
+TEST_F(ShortcutIconsTest, OnlyTheStampOfAnIconThatMayLookDifferentChanges) {
+  const auto file = paint("own.png", Qt::red);
+  const auto own = folder_.create({"Own", "true", file.string()});
+  const auto plain = folder_.create({"Plain", "true", {}});
+  start();
+  const auto first = stamps();
+  EXPECT_EQ(first.size(), 2u);
+  folder_.change(plain, {"Renamed", "false", {}});
+  EXPECT_EQ(stamps(), first);
+  std::filesystem::rename(paint("new.png", Qt::green), file);
+  const auto repainted = stamps();
+  EXPECT_NE(repainted.at(own.identifier), first.at(own.identifier));
+  EXPECT_EQ(repainted.at(plain.identifier), first.at(plain.identifier));
+  folder_.change(own, {{}, {}, ""});
+  EXPECT_NE(stamps().at(own.identifier), repainted.at(own.identifier));
+  folder_.remove(own);
+  EXPECT_EQ(stamps().size(), 1u);
+}
+
+TEST_F(ShortcutIconsTest, ATileIsRoundedAndDependsOnTheIdentifierAlone) {
+  const auto tile = drawShortcutTile("A", 128);
+  EXPECT_EQ(tile.size(), QSize(128, 128));
+  EXPECT_EQ(tile, drawShortcutTile("A", 128));
+  EXPECT_EQ(tile.pixelColor(0, 0).alpha(), 0);
+  EXPECT_EQ(tile.pixelColor(64, 8).alpha(), 255);
+  EXPECT_EQ(tile.pixelColor(64, 40), QColor(Qt::white)) << "the diamond";
+  EXPECT_NE(tile.pixelColor(78, 58), QColor(Qt::white)) << "the arrow's head";
+  EXPECT_NE(tile.pixelColor(64, 8), drawShortcutTile("B", 128).pixelColor(64, 8));
+}
+
+}  // namespace
+}  // namespace glintboard

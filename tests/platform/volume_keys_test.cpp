@@ -1,0 +1,124 @@
+// The volume keys on the sound servers that desktops have.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include "agent_core/actions/core_audio_volume_controller.h"
+#include "platform/linux/pulse_audio_output.h"
+#include "tests/support/child_process.h"
+#include "tests/support/session_bus.h"
+#include "tests/support/temporary_folder.h"
+
+namespace glintboard {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+class VolumeKeys : public testing::TestWithParam<const char*> {
+ protected:
+  VolumeKeys() {
+    for (const char* name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_STATE_HOME"}) {
+      ::setenv(name, folder_.path().c_str(), 1);
+    }
+    ::setenv("PULSE_SERVER", ("unix:" + socket()).c_str(), 1);
+    startServer();
+  }
+
+  std::string socket() const { return folder_ / "pulse/native"; }
+
+  void startServer() {
+    if (GetParam() == std::string("pipewire")) {
+      for (const char* program : {"pipewire", "wireplumber", "pipewire-pulse"}) {
+        servers_.push_back(std::make_unique<test::ChildProcess>(std::vector<std::string>{program}));
+      }
+    } else {
+      servers_.push_back(std::make_unique<test::ChildProcess>(std::vector<std::string>{
+          "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "-L",
+          "module-native-protocol-unix auth-anonymous=1 socket=" + socket()}));
+    }
+    ASSERT_TRUE(test::eventually([] { return ::system("pactl info >/dev/null 2>&1") == 0; }));
+    addSink("first");
+    addSink("second");
+  }
+
+  void stopServer() {
+    servers_.clear();
+    std::filesystem::remove_all(folder_ / "pulse");
+  }
+
+  static void addSink(const std::string& name) {
+    ::system(("pactl load-module module-null-sink channels=2 sink_name=" + name + " >/dev/null")
+                 .c_str());
+    ASSERT_TRUE(test::eventually([&] {
+      return ::system(("pactl get-sink-volume " + name + " >/dev/null 2>&1").c_str()) == 0;
+    }));
+  }
+
+  static void makeDefault(const std::string& name) {
+    ::system(("pactl set-default-sink " + name).c_str());
+    ASSERT_TRUE(
+        test::eventually([&] { return test::outputOf("pactl get-default-sink") == name + "\n"; }));
+  }
+
+  static std::string volumes(const std::string& sink) {
+    return test::outputOf("pactl get-sink-volume " + sink + " | head -1");
+  }
+
+  const test::TemporaryFolder folder_;
+  const test::SessionBus bus_;
+  std::vector<std::unique_ptr<test::ChildProcess>> servers_;
+  PulseAudioOutput output_;
+  CoreAudioVolumeController volume_{output_};
+};
+
+INSTANTIATE_TEST_SUITE_P(Servers, VolumeKeys, testing::Values("pulseaudio", "pipewire"),
+                         [](const auto& server) { return std::string(server.param); });
+
+TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
+  makeDefault("first");
+  ::system("pactl set-sink-volume first 32768 16384");
+  ::system("pactl set-sink-mute first 1");
+  volume_.volumeUp();
+  EXPECT_THAT(volumes("first"), AllOf(HasSubstr("left: 36864 "), HasSubstr("right: 18432 ")));
+  EXPECT_EQ(test::outputOf("pactl get-sink-mute first"), "Mute: no\n");
+  ::system("pactl set-sink-volume first 98304 49152");
+  volume_.volumeDown();
+  EXPECT_THAT(volumes("first"), AllOf(HasSubstr("left: 65536 "), HasSubstr("right: 32768 ")))
+      << "never above full";
+  volume_.toggleMute();
+  ::system("pactl set-sink-volume first 2000");
+  volume_.volumeDown();
+  EXPECT_THAT(volumes("first"), AllOf(HasSubstr("left: 0 "), HasSubstr("right: 0 ")));
+  EXPECT_EQ(test::outputOf("pactl get-sink-mute first"), "Mute: yes\n")
+      << "silence leaves it as it was";
+}
+
+TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
+  ::system("pactl set-sink-volume first 32768");
+  ::system("pactl set-sink-volume second 32768");
+  makeDefault("first");
+  volume_.volumeUp();
+  makeDefault("second");
+  volume_.volumeDown();
+  EXPECT_THAT(volumes("first"), HasSubstr("left: 36864 "));
+  EXPECT_THAT(volumes("second"), HasSubstr("left: 28672 "));
+
+  stopServer();
+  EXPECT_THROW(volume_.volumeUp(), CoreAudioVolumeError);
+  startServer();
+  makeDefault("second");
+  ::system("pactl set-sink-volume second 32768");
+  volume_.volumeUp();
+  EXPECT_THAT(volumes("second"), HasSubstr("left: 36864 "));
+
+  ::system("pactl unload-module module-null-sink");
+  try {
+    volume_.toggleMute();  // PipeWire keeps a dummy device where there is no other
+  } catch (const CoreAudioVolumeError& error) {
+    EXPECT_STREQ(error.what(), "No audio output device found.");
+  }
+}
+
+}  // namespace
+}  // namespace glintboard

@@ -1,0 +1,68 @@
+// GNOME's keyring, for a test alone.
+#pragma once
+
+#include <optional>
+
+#include "tests/support/session_bus.h"
+
+namespace glintboard::test {
+
+// A session with a bus and a home of its own. The keyring runs in it when the test starts it.
+class KeyringSession {
+ public:
+  KeyringSession() {
+    for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"}) {
+      const auto folder = bus_.folder() / name;
+      std::filesystem::create_directory(folder);
+      std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
+      ::setenv(name, folder.c_str(), 1);
+    }
+    bus_.folder().write("password", "secret");
+  }
+
+  const TemporaryFolder& folder() const { return bus_.folder(); }
+
+  // With a default collection, made where there is none, that is open.
+  void startUnlocked() { start("--unlock < " + (bus_.folder() / "password").string()); }
+  // With what is on the disk, locked.
+  void startLocked() { start(""); }
+  void kill() {
+    daemon_->signal(SIGKILL);
+    waitForOwner(false);
+    daemon_.reset();
+  }
+  void restartUnlocked() {
+    kill();
+    startUnlocked();
+  }
+  void signal(int number) const { daemon_->signal(number); }
+  void lock() const {
+    outputOf(
+        "gdbus call --session --dest org.freedesktop.secrets"
+        " --object-path /org/freedesktop/secrets --method org.freedesktop.Secret.Service.Lock"
+        " \"['/org/freedesktop/secrets/aliases/default']\"");
+  }
+
+ private:
+  void start(const std::string& options) {
+    daemon_.emplace(std::vector<std::string>{
+        "sh", "-c", "exec gnome-keyring-daemon --foreground --components=secrets " + options});
+    waitForOwner(true);
+  }
+  void waitForOwner(bool wanted) {
+    const std::string answer = wanted ? "(true,)\n" : "(false,)\n";
+    if (!eventually([&] {
+          return outputOf(
+                     "gdbus call --session --dest org.freedesktop.DBus --object-path / "
+                     "--method org.freedesktop.DBus.NameHasOwner org.freedesktop.secrets") ==
+                 answer;
+        })) {
+      throw std::runtime_error("the keyring does not start or end");
+    }
+  }
+
+  SessionBus bus_;
+  std::optional<ChildProcess> daemon_;
+};
+
+}  // namespace glintboard::test

@@ -1,0 +1,94 @@
+#include "tests/support/session_bus.h"
+#include "tests/tools/shortcuts/tool_test.h"
+
+namespace glintboard {
+namespace {
+
+using testing::HasSubstr;
+
+class ApplicationActions : public test::ToolTest {
+ protected:
+  // The identifiers of the listed Shortcuts by name.
+  std::map<std::string, std::string> listed() {
+    std::map<std::string, std::string> identifiers;
+    for (auto& shortcut :
+         ShortcutsCatalog::parseListOutput(tool({"list", "--show-identifiers"}).stdoutText)) {
+      identifiers[shortcut.name] = shortcut.identifier;
+    }
+    return identifiers;
+  }
+};
+
+TEST_F(ApplicationActions, AreOfferedUnderIdentifiersThatStayTheSame) {
+  const std::string action =
+      "Actions=new;nameless;\n[Desktop Action new]\nName=New Window\nExec=x\n";
+  desktop_.entry("system/applications/org.test.Browser.desktop", "Exec=true\n" + action);
+  desktop_.entry("system/applications/other.desktop", "Exec=true\n" + action);
+  desktop_.entry("system/applications/unlisted.desktop", "NoDisplay=true\n" + action);
+  desktop_.entry("system/applications/deleted.desktop", "Hidden=true\n" + action);
+  EXPECT_EQ(listed(), (std::map<std::string, std::string>{
+                          {"org.test.Browser: New Window", "51FA575F-895A-5356-A4BE-5F4B8AA67453"},
+                          {"other: New Window", "EE920191-F010-51E2-9BD9-78B054599A58"}}));
+}
+
+TEST_F(ApplicationActions, StartTheApplicationInASessionOfItsOwn) {
+  const auto program = desktop_.program(
+      "bin/browser", "#!/bin/sh\n(echo \"$@\"; pwd; ps -o sid= -p $$; ls -l /proc/$$/fd) >" +
+                         path("new") + "\nmv " + path("new") + " " + path("report") + "\n");
+  desktop_.entry("system/applications/browser.desktop",
+                 "Exec=false\nPath=/usr\nActions=private;lost;\n"
+                 "[Desktop Action private]\nName=Private\nExec=" +
+                     program.string() + " --private \"two words\" %U\n" +
+                     "[Desktop Action lost]\nName=Lost\nExec=/no/such/program\n");
+  EXPECT_EQ(tool({"run", listed().at("browser: Private")}).exitCode, 0);
+  const auto report = written("report");
+  EXPECT_THAT(report, HasSubstr("--private two words\n/usr\n"));
+  EXPECT_THAT(report, HasSubstr("1 -> /dev/null"));
+  EXPECT_THAT(report, HasSubstr("2 -> /dev/null"));
+  EXPECT_THAT(report, testing::Not(HasSubstr(std::to_string(::getsid(0)) + "\n")));
+
+  const auto lost = tool({"run", "browser: Lost"});
+  EXPECT_EQ(lost.exitCode, 1);
+  EXPECT_THAT(lost.stderrText, HasSubstr("names no program that is installed"));
+  for (const auto* command : {"delete", "edit"}) {
+    const auto refused = tool(std::string(command) == "edit"
+                                  ? std::vector<std::string>{"edit", "browser: Lost", "--name", "x"}
+                                  : std::vector<std::string>{"delete", "browser: Lost"});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_THAT(refused.stderrText, HasSubstr("belongs to an application"));
+  }
+}
+
+TEST_F(ApplicationActions, AreActivatedOverTheBusWhereTheEntryAsksForIt) {
+  const test::SessionBus bus;
+  const auto service = desktop_.program("bin/service", R"(#!/usr/bin/python3 -E
+import sys
+from gi.repository import Gio, GLib
+xml = """<node><interface name='org.freedesktop.Application'><method name='ActivateAction'>
+<arg type='s' direction='in'/><arg type='av' direction='in'/><arg type='a{sv}' direction='in'/>
+</method></interface></node>"""
+def call(connection, sender, path, interface, method, parameters, invocation):
+    with open(sys.argv[1], 'w') as log:
+        log.write(f'{method} {path} {parameters.unpack()}')
+    invocation.return_value(None)
+def acquired(connection, name):
+    interface = Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0]
+    connection.register_object('/org/test/Editor', interface, call, None, None)
+Gio.bus_own_name(Gio.BusType.SESSION, 'org.test.Editor', 0, acquired, None, None)
+GLib.MainLoop().run()
+)");
+  bus.folder().write(
+      "services/org.test.Editor.service",
+      "[D-BUS Service]\nName=org.test.Editor\nExec=" + service.string() + " " + path("log") + "\n");
+  const std::string action =
+      "DBusActivatable=true\nActions=new-file;\n"
+      "[Desktop Action new-file]\nName=New File\n";
+  desktop_.entry("system/applications/org.test.Editor.desktop", action);
+  desktop_.entry("system/applications/org.test.Nobody.desktop", action);
+  EXPECT_EQ(tool({"run", "org.test.Editor: New File"}).stderrText, "");
+  EXPECT_EQ(written("log"), "ActivateAction /org/test/Editor ('new-file', [], {})");
+  EXPECT_EQ(tool({"run", "org.test.Nobody: New File"}).exitCode, 1);
+}
+
+}  // namespace
+}  // namespace glintboard

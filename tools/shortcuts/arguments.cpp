@@ -1,0 +1,108 @@
+#include "tools/shortcuts/arguments.h"
+
+#include <algorithm>
+#include <array>
+
+namespace glintboard::shortcuts {
+
+namespace {
+
+struct Option {
+  std::string name;
+  bool takesValue;
+};
+
+struct Command {
+  const char* name;
+  std::size_t operands;
+  std::vector<Option> options;
+  const char* usage;
+};
+
+const std::vector<Command>& commands() {
+  static const std::vector<Command> all = {
+      {"list", 0, {{"show-identifiers", false}}, "list [--show-identifiers]"},
+      {"run", 1, {}, "run ID|NAME"},
+      {"create", 1, {{"command", true}, {"icon", true}}, "create NAME --command COMMAND"},
+      {"edit",
+       1,
+       {{"name", true}, {"command", true}, {"icon", true}},
+       "edit ID|NAME [--name NAME] [--command COMMAND] [--icon ICON]"},
+      {"delete", 1, {}, "delete ID|NAME"},
+      {"show", 1, {}, "show ID|NAME"},
+      {"help", 0, {}, "help"},
+      {"version", 0, {}, "--version"},
+  };
+  return all;
+}
+
+bool asksForHelp(const std::string& word) {
+  return word == "--help" || word == "-h";
+}
+
+const Command& commandNamed(std::string name) {
+  if (asksForHelp(name)) {
+    name = "help";
+  } else if (name == "--version") {
+    name = "version";
+  }
+  const auto found = std::ranges::find(commands(), name, &Command::name);
+  if (found == commands().end()) {
+    throw UsageError("There is no command \"" + name + "\".");
+  }
+  return *found;
+}
+
+// Reads the option at `place` with its value and moves `place` to the last word of both.
+void readOption(const Command& command, const std::vector<std::string>& words, std::size_t& place,
+                Arguments& arguments) {
+  const std::string& word = words[place];
+  const auto equals = word.find('=');
+  const std::string name = word.substr(2, equals == std::string::npos ? equals : equals - 2);
+  const auto option = std::ranges::find(command.options, name, &Option::name);
+  if (option == command.options.end()) {
+    throw UsageError("\"" + std::string(command.name) + "\" has no option \"" + word + "\".");
+  }
+  std::string value;
+  if (equals != std::string::npos) {
+    value = word.substr(equals + 1);
+  } else if (option->takesValue && ++place < words.size()) {
+    value = words[place];
+  }
+  if (place == words.size() || (equals != std::string::npos && !option->takesValue)) {
+    throw UsageError("The option \"--" + name + "\" takes " +
+                     (option->takesValue ? "a value." : "no value."));
+  }
+  if (!arguments.options.emplace(name, std::move(value)).second) {
+    throw UsageError("The option \"--" + name + "\" is given twice.");
+  }
+}
+
+}  // namespace
+
+Arguments parseArguments(const std::vector<std::string>& words) {
+  if (words.empty()) {
+    throw UsageError("Say what to do.");
+  }
+  Arguments arguments;
+  const Command& command = commandNamed(words.front());
+  arguments.command = command.name;
+  bool optionsEnded = false;
+  for (std::size_t place = 1; place < words.size(); ++place) {
+    if (!optionsEnded && words[place] == "--") {
+      optionsEnded = true;
+    } else if (!optionsEnded && asksForHelp(words[place])) {
+      return {"help", {}, {}};
+    } else if (!optionsEnded && words[place].starts_with("--")) {
+      readOption(command, words, place, arguments);
+    } else {
+      arguments.operands.push_back(words[place]);
+    }
+  }
+  if (arguments.operands.size() != command.operands) {
+    throw UsageError(std::string("It is: shortcuts ") + command.usage + ".");
+  }
+  return arguments;
+}
+
+}  // namespace glintboard::shortcuts

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace glintboard::shortcuts {
+
+// What "help" prints.
+const char* helpText();
+
+}  // namespace glintboard::shortcuts
