@@ -42,11 +42,11 @@ constexpr std::chrono::seconds activationDeadline{2};
 // Runs `work` on the service loop, without leaving it if the caller is there.
 template <class T>
 Awaitable<T> onService(asio::any_io_executor service, Awaitable<T> work) {
-  const auto current = co_await asio::this_coro::executor;
-  if (current == service) {
-    co_return co_await std::move(work);
+  const asio::any_io_executor current = co_await asio::this_coro::executor;
+  if (current != service) {
+    co_return co_await asio::co_spawn(service, std::move(work), asio::use_awaitable);
   }
-  co_return co_await asio::co_spawn(service, std::move(work), asio::use_awaitable);
+  co_return co_await std::move(work);
 }
 
 template <class Parts>
