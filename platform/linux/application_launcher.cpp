@@ -50,24 +50,45 @@ class TextList {
   GList* list_ = nullptr;
 };
 
-void activateService(GioCalls& calls, const DesktopEntry& entry, GAppInfo* application,
-                     GList* uris) {
-  const auto result =
-      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_app_info_launch_uris_async(application, uris, nullptr, cancellable, callback, data);
-      });
-  GLibPointer<GError> error;
-  if (result) {
-    g_app_info_launch_uris_finish(application, result.get(), leftIn(error));
-  }
-  // An application that takes longer has been asked all the same.
-  if (error && !g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
-    fail(entry, reasonOf(*error));
-  }
+bool isActivatable(const DesktopEntry& entry) {
+  return entry.dbusActivatable && g_dbus_is_name(entry.id.c_str()) != 0;
 }
 
-std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* application,
-                                  GList* uris) {
+// The object of an application's service on the bus.
+std::string objectPath(const DesktopEntry& entry) {
+  std::string object = "/" + entry.id;
+  std::replace(object.begin(), object.end(), '.', '/');
+  std::replace(object.begin(), object.end(), '-', '_');
+  return object;
+}
+
+// Calls a method of the entry's org.freedesktop.Application, which the bus starts if need be. None
+// of reply and error is there when the deadline came first. Takes `arguments` if they are new.
+GLibPointer<GVariant> callApplication(GioCalls& calls, GDBusConnection* bus,
+                                      const DesktopEntry& entry, const char* method,
+                                      GVariant* arguments, GLibPointer<GError>& error) {
+  const auto result =
+      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+        g_dbus_connection_call(bus, entry.id.c_str(), objectPath(entry).c_str(),
+                               "org.freedesktop.Application", method, arguments, nullptr,
+                               G_DBUS_CALL_FLAGS_NONE, -1, cancellable, callback, data);
+      });
+  return GLibPointer<GVariant>(
+      result ? g_dbus_connection_call_finish(bus, result.get(), leftIn(error)) : nullptr);
+}
+
+std::optional<pid_t> startProgram(const DesktopEntry& entry, const LaunchToken& token,
+                                  GDesktopAppInfo* application, GList* uris) {
+  // Without tokens, the program must not get those that this one was started with.
+  const GObjectPointer<GAppLaunchContext> context(g_app_launch_context_new());
+  for (const auto& [name, value] : {std::pair("DESKTOP_STARTUP_ID", &token.startupId),
+                                    std::pair("XDG_ACTIVATION_TOKEN", &token.activationToken)}) {
+    if (value->empty()) {
+      g_app_launch_context_unsetenv(context.get(), name);
+    } else {
+      g_app_launch_context_setenv(context.get(), name, value->c_str());
+    }
+  }
   // Without G_SPAWN_DO_NOT_REAP_CHILD, GLib makes the program no child of this process.
   // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
   constexpr auto kFlags = static_cast<GSpawnFlags>(
@@ -77,7 +98,7 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, GDesktopAppInfo* ap
     *static_cast<std::optional<pid_t>*>(place) = pid;
   };
   GLibPointer<GError> error;
-  g_desktop_app_info_launch_uris_as_manager(application, uris, nullptr, kFlags, leaveTheAgent,
+  g_desktop_app_info_launch_uris_as_manager(application, uris, context.get(), kFlags, leaveTheAgent,
                                             nullptr, keep, &started, leftIn(error));
   if (error) {
     fail(entry, reasonOf(*error));
@@ -96,32 +117,52 @@ GObjectPointer<GDBusConnection> busFor(GioCalls& calls, const DesktopEntry& entr
   return bus;
 }
 
-// The object of an application's service on the bus.
-std::string objectPath(const DesktopEntry& entry) {
-  std::string object = "/" + entry.id;
-  std::replace(object.begin(), object.end(), '.', '/');
-  std::replace(object.begin(), object.end(), '-', '_');
-  return object;
+// What tells an application who asks.
+GVariant* platformData(const LaunchToken& token) {
+  GVariantBuilder data;
+  g_variant_builder_init(&data, G_VARIANT_TYPE_VARDICT);
+  for (const auto& [name, value] : {std::pair("desktop-startup-id", &token.startupId),
+                                    std::pair("activation-token", &token.activationToken)}) {
+    if (!value->empty()) {
+      g_variant_builder_add(&data, "{sv}", name, g_variant_new_string(value->c_str()));
+    }
+  }
+  return g_variant_builder_end(&data);
+}
+
+void require(const DesktopEntry& entry, GError* error) {
+  // An application that takes longer has been asked all the same.
+  if (error != nullptr && !g_error_matches(error, G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
+    fail(entry, reasonOf(*error));
+  }
+}
+
+void activateService(GioCalls& calls, GDBusConnection* bus, const DesktopEntry& entry,
+                     const std::vector<std::string>& uris, const LaunchToken& token) {
+  GLibPointer<GError> error;
+  if (uris.empty()) {
+    callApplication(calls, bus, entry, "Activate", g_variant_new("(@a{sv})", platformData(token)),
+                    error);
+  } else {
+    GVariantBuilder list;
+    g_variant_builder_init(&list, G_VARIANT_TYPE_STRING_ARRAY);
+    for (const auto& uri : uris) {
+      g_variant_builder_add(&list, "s", uri.c_str());
+    }
+    callApplication(calls, bus, entry, "Open",
+                    g_variant_new("(as@a{sv})", &list, platformData(token)), error);
+  }
+  require(entry, error.get());
 }
 
 void activateAction(GioCalls& calls, GDBusConnection* bus, const DesktopEntry& entry,
                     const std::string& action) {
-  const auto result =
-      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_dbus_connection_call(
-            bus, entry.id.c_str(), objectPath(entry).c_str(), "org.freedesktop.Application",
-            "ActivateAction",
-            g_variant_new("(s@av@a{sv})", action.c_str(), g_variant_new("av", nullptr),
-                          g_variant_new("a{sv}", nullptr)),
-            nullptr, G_DBUS_CALL_FLAGS_NONE, -1, cancellable, callback, data);
-      });
   GLibPointer<GError> error;
-  const GLibPointer<GVariant> reply(
-      result ? g_dbus_connection_call_finish(bus, result.get(), leftIn(error)) : nullptr);
-  // An application that takes longer has been asked all the same.
-  if (error && !g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
-    fail(entry, reasonOf(*error));
-  }
+  callApplication(
+      calls, bus, entry, "ActivateAction",
+      g_variant_new("(s@av@a{sv})", action.c_str(), g_variant_new("av", nullptr), platformData({})),
+      error);
+  require(entry, error.get());
 }
 
 // An application that does the action when it is started as a program, or null.
@@ -145,7 +186,8 @@ GObjectPointer<GDesktopAppInfo> applicationForAction(const DesktopEntry& entry,
 }  // namespace
 
 std::optional<pid_t> launchApplication(const DesktopEntry& entry,
-                                       const std::vector<std::string>& uris) {
+                                       const std::vector<std::string>& uris,
+                                       const LaunchToken& token) {
   const GObjectPointer<GDesktopAppInfo> application(
       g_desktop_app_info_new_from_filename(entry.path.c_str()));
   if (!application) {
@@ -156,18 +198,18 @@ std::optional<pid_t> launchApplication(const DesktopEntry& entry,
   }
   GioCalls calls(std::chrono::seconds(10));
   const auto bus = busFor(calls, entry);
-  const TextList list(uris);
-  if (bus && entry.dbusActivatable) {
-    activateService(calls, entry, G_APP_INFO(application.get()), list.get());
+  if (bus && isActivatable(entry)) {
+    activateService(calls, bus.get(), entry, uris, token);
     return std::nullopt;
   }
-  return startProgram(entry, application.get(), list.get());
+  const TextList list(uris);
+  return startProgram(entry, token, application.get(), list.get());
 }
 
 std::optional<pid_t> launchApplicationAction(const DesktopEntry& entry, const std::string& action) {
   GioCalls calls(std::chrono::seconds(10));
   const auto bus = busFor(calls, entry);
-  if (bus && entry.dbusActivatable && g_dbus_is_name(entry.id.c_str()) != 0) {
+  if (bus && isActivatable(entry)) {
     activateAction(calls, bus.get(), entry, action);
     return std::nullopt;
   }
@@ -175,11 +217,12 @@ std::optional<pid_t> launchApplicationAction(const DesktopEntry& entry, const st
   if (!application) {
     fail(entry, "its action \"" + action + "\" names no program that is installed");
   }
-  return startProgram(entry, application.get(), nullptr);
+  return startProgram(entry, {}, application.get(), nullptr);
 }
 
-bool activateOverDBus(const DesktopEntry& entry, std::chrono::milliseconds deadline) {
-  if (!entry.dbusActivatable || g_dbus_is_name(entry.id.c_str()) == 0) {
+bool activateOverDBus(const DesktopEntry& entry, const LaunchToken& token,
+                      std::chrono::milliseconds deadline) {
+  if (!isActivatable(entry)) {
     return false;
   }
   GioCalls calls(deadline);
@@ -188,16 +231,8 @@ bool activateOverDBus(const DesktopEntry& entry, std::chrono::milliseconds deadl
   if (!bus) {
     return false;
   }
-  const auto result =
-      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_dbus_connection_call(bus.get(), entry.id.c_str(), objectPath(entry).c_str(),
-                               "org.freedesktop.Application", "Activate",
-                               g_variant_new("(@a{sv})", g_variant_new("a{sv}", nullptr)), nullptr,
-                               G_DBUS_CALL_FLAGS_NONE, -1, cancellable, callback, data);
-      });
-  const GLibPointer<GVariant> reply(
-      result ? g_dbus_connection_call_finish(bus.get(), result.get(), leftIn(error)) : nullptr);
-  return reply != nullptr;
+  return callApplication(calls, bus.get(), entry, "Activate",
+                         g_variant_new("(@a{sv})", platformData(token)), error) != nullptr;
 }
 
 }  // namespace glintboard

@@ -168,4 +168,13 @@ void ApplicationMatcher::matchProgram(const std::string& file,
   found.merge(best);
 }
 
+std::shared_ptr<const ApplicationMatcher> CurrentApplicationMatcher::get() {
+  const std::scoped_lock lock(mutex_);
+  const auto installed = index_->current();
+  if (!matcher_ || matcher_->installed() != installed) {
+    matcher_ = std::make_shared<const ApplicationMatcher>(installed);
+  }
+  return matcher_;
+}
+
 }  // namespace glintboard

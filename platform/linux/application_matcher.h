@@ -2,12 +2,13 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-#include "platform/linux/installed_applications.h"
+#include "platform/linux/application_index.h"
 #include "platform/linux/process_list.h"
 
 namespace glintboard {
@@ -39,6 +40,21 @@ class ApplicationMatcher {
 
   std::shared_ptr<const InstalledApplications> installed_;
   std::unordered_map<std::string, std::vector<Program>> programs_;
+};
+
+// The matcher of what is installed now, built when that has changed.
+class CurrentApplicationMatcher {
+ public:
+  explicit CurrentApplicationMatcher(std::shared_ptr<const ApplicationIndex> index)
+      : index_(std::move(index)) {}
+
+  // On a worker.
+  std::shared_ptr<const ApplicationMatcher> get();
+
+ private:
+  const std::shared_ptr<const ApplicationIndex> index_;
+  std::mutex mutex_;
+  std::shared_ptr<const ApplicationMatcher> matcher_;
 };
 
 }  // namespace glintboard

@@ -9,12 +9,13 @@
 #include "platform/log.h"
 
 namespace glintboard {
-namespace {
 
 std::string kernelHostName() {
   std::array<char, 256> name{};  // The last byte stays NUL whatever the length.
   return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
 }
+
+namespace {
 
 bool isSameFile(const struct stat& a, const struct stat& b) {
   return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&

@@ -35,6 +35,9 @@ class HostName {
   mutable std::string pretty_;
 };
 
+// The name that the kernel has for this computer; empty when it has none.
+std::string kernelHostName();
+
 // The value of `key` in a file of KEY=VALUE lines with a shell's quoting, as /etc/machine-info and
 // /etc/os-release are written; empty when it is not there. The last assignment counts.
 std::string assignedValue(std::string_view file, std::string_view key);

@@ -1,37 +1,81 @@
 #include "platform/linux/linux_applications.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "platform/linux/application_icons.h"
 #include "platform/linux/application_index.h"
 #include "platform/linux/application_launcher.h"
 #include "platform/linux/running_applications.h"
+#include "platform/linux/wayland_windows.h"
+#include "platform/linux/x11_windows.h"
 #include "platform/run_on.h"
 
 namespace glintboard {
 
+// What the clients share. They may outlive the owner.
+struct LinuxApplications::Parts {
+  asio::any_io_executor service;
+  asio::any_io_executor workers;
+  std::shared_ptr<ApplicationIndex> index;
+  std::shared_ptr<RunningApplications> running;
+  // The one to be asked first comes first.
+  std::vector<std::shared_ptr<WindowSystem>> windows;
+
+  bool hasWindow(const std::string& bundleId) const {
+    return std::any_of(windows.begin(), windows.end(),
+                       [&](const auto& system) { return system->has(bundleId); });
+  }
+  bool isRunning(const std::string& bundleId) const {
+    const auto installed = index->current();
+    const auto* entry = installed->withBundleId(bundleId);
+    return entry != nullptr &&
+           (running->current()->contains(installed->bundleIdOf(*entry)) || hasWindow(bundleId));
+  }
+};
+
 namespace {
 
-constexpr std::chrono::seconds kActivationDeadline{2};
+constexpr std::chrono::seconds activationDeadline{2};
 
-using Index = std::shared_ptr<const ApplicationIndex>;
-using Running = std::shared_ptr<RunningApplications>;
-
-std::optional<ApplicationLocation> locate(const Index& index, const std::string& bundleId) {
-  const auto installed = index->current();
-  const auto* entry = installed->withBundleId(bundleId);
-  return entry == nullptr ? std::nullopt : std::optional(ApplicationLocation{entry->path});
+// Runs `work` on the service loop, without leaving it if the caller is there.
+template <class T>
+Awaitable<T> onService(asio::any_io_executor service, Awaitable<T> work) {
+  const asio::any_io_executor current = co_await asio::this_coro::executor;
+  if (current != service) {
+    co_return co_await asio::co_spawn(service, std::move(work), asio::use_awaitable);
+  }
+  co_return co_await std::move(work);
 }
 
-Awaitable<bool> open(asio::any_io_executor workers, Index index, Running running,
-                     ApplicationLocation application) {
-  const auto installed = index->current();
+template <class Parts>
+Awaitable<LaunchToken> launchToken(std::shared_ptr<Parts> parts) {
+  LaunchToken token;
+  for (const auto& system : parts->windows) {
+    auto asking = system->launchToken();
+    auto given = co_await std::move(asking);
+    if (token.startupId.empty()) {
+      token.startupId = std::move(given.startupId);
+    }
+    if (token.activationToken.empty()) {
+      token.activationToken = std::move(given.activationToken);
+    }
+  }
+  co_return token;
+}
+
+template <class Parts>
+Awaitable<bool> open(std::shared_ptr<Parts> parts, ApplicationLocation application) {
+  const auto installed = parts->index->current();
   const auto* entry = installed->atPath(application.path);
   if (entry == nullptr) {
     throw std::runtime_error("The application is no longer installed");
   }
-  auto launch = runOn(workers, [installed, entry, running] {
-    const auto started = launchApplication(*entry);
+  auto asking = onService(parts->service, launchToken(parts));
+  const auto token = co_await std::move(asking);
+  auto launch = runOn(parts->workers, [installed, entry, token, running = parts->running] {
+    const auto started = launchApplication(*entry, {}, token);
     if (started) {
       running->launched(installed->bundleIdOf(*entry), *started);
     }
@@ -40,61 +84,117 @@ Awaitable<bool> open(asio::any_io_executor workers, Index index, Running running
   co_return true;
 }
 
-Awaitable<bool> activate(asio::any_io_executor service, asio::any_io_executor workers, Index index,
-                         std::string bundleId) {
-  const auto installed = index->current();
+// On the service loop.
+template <class Parts>
+Awaitable<bool> bringForward(std::shared_ptr<Parts> parts, std::string bundleId) {
+  if (parts->hasWindow(bundleId)) {
+    for (const auto& system : parts->windows) {
+      auto activating = system->activate(bundleId);
+      const bool done = co_await std::move(activating);
+      if (done) {
+        co_return true;
+      }
+    }
+    co_return false;
+  }
+  const auto installed = parts->index->current();
   const auto* entry = installed->withBundleId(bundleId);
   if (entry == nullptr || !entry->dbusActivatable) {
     co_return false;
   }
+  auto asking = launchToken(parts);
+  const auto token = co_await std::move(asking);
   // A worker may be long in coming; the caller must not wait longer for that.
-  auto asking = runBefore(kActivationDeadline, workers, [installed, entry] {
-    return activateOverDBus(*entry, kActivationDeadline);
+  auto activating = runBefore(activationDeadline, parts->workers, [installed, entry, token] {
+    return activateOverDBus(*entry, token, activationDeadline);
   });
-  const auto accepted = co_await asio::co_spawn(service, std::move(asking), asio::use_awaitable);
+  const auto accepted = co_await std::move(activating);
   co_return accepted.value_or(false);
 }
 
 }  // namespace
 
-LinuxApplications::LinuxApplications(Executors& executors, const XdgFolders& folders)
-    : service_(executors.service()),
-      workers_(executors.workers()),
-      index_(ApplicationIndex::open(executors, folders)),
-      running_(RunningApplications::create(executors, index_)),
-      icons_(applicationIcons(index_, folders)) {}
+Displays displaysOfEnvironment() {
+  const auto variable = [](const char* name) {
+    const char* value = std::getenv(name);
+    return std::string(value == nullptr ? "" : value);
+  };
+  Displays displays{.wayland = variable("WAYLAND_DISPLAY"), .x11 = variable("DISPLAY")};
+  if (!displays.wayland.empty() && !displays.wayland.starts_with('/')) {
+    displays.wayland = variable("XDG_RUNTIME_DIR") + "/" + displays.wayland;
+  }
+  return displays;
+}
+
+LinuxApplications::LinuxApplications(Executors& executors, const XdgFolders& folders,
+                                     const Displays& displays)
+    : parts_(std::make_shared<Parts>()) {
+  parts_->service = executors.service();
+  parts_->workers = executors.workers();
+  parts_->index = ApplicationIndex::open(executors, folders);
+  const auto processes = std::make_shared<CurrentApplicationMatcher>(parts_->index);
+  parts_->running = RunningApplications::create(executors, processes);
+  icons_ = applicationIcons(parts_->index, folders);
+  const auto windows = [&] { return OpenWindows::create(executors, parts_->index, processes); };
+  std::shared_ptr<X11Windows> x11;
+  if (!displays.x11.empty()) {
+    x11 = std::make_shared<X11Windows>(executors, windows(), displays.x11);
+  }
+  if (!displays.wayland.empty()) {
+    // Its list holds the X11 windows too; where it has none, X11 tells of those at least. Asking
+    // X11 for nothing would start an X server that nobody needs.
+    const auto wayland =
+        std::make_shared<WaylandWindows>(executors, windows(), displays.wayland, [x11] {
+          if (x11) {
+            x11->start();
+          }
+        });
+    wayland->start();
+    parts_->windows.push_back(wayland);
+  } else if (x11) {
+    x11->start();
+  }
+  if (x11) {
+    parts_->windows.push_back(x11);
+  }
+}
 
 LinuxApplications::~LinuxApplications() {
-  index_->stop();
-  running_->watch(false);
+  parts_->index->stop();
+  parts_->running->watch(false);
+  for (const auto& system : parts_->windows) {
+    system->stop();
+  }
 }
 
 WorkspaceClient LinuxApplications::workspaceClient() {
   WorkspaceClient client;
-  client.urlForApplication = [index = Index(index_)](const std::string& bundleId) {
-    return locate(index, bundleId);
+  client.urlForApplication =
+      [parts = parts_](const std::string& bundleId) -> std::optional<ApplicationLocation> {
+    const auto installed = parts->index->current();
+    const auto* entry = installed->withBundleId(bundleId);
+    return entry == nullptr ? std::nullopt : std::optional(ApplicationLocation{entry->path});
   };
   client.runningApplication =
-      [service = service_, workers = workers_, index = Index(index_),
-       running = running_](const std::string& bundleId) -> std::optional<RunningApplicationClient> {
-    const auto installed = index->current();
-    const auto* entry = installed->withBundleId(bundleId);
-    if (entry == nullptr || !running->current()->contains(installed->bundleIdOf(*entry))) {
+      [parts = parts_](const std::string& bundleId) -> std::optional<RunningApplicationClient> {
+    if (!parts->isRunning(bundleId)) {
       return std::nullopt;
     }
-    return RunningApplicationClient{[service, workers, index, bundleId] {
-      return activate(service, workers, index, bundleId);
-    }};
+    return RunningApplicationClient{
+        [parts, bundleId] { return onService(parts->service, bringForward(parts, bundleId)); }};
   };
-  client.openApplication = [workers = workers_, index = Index(index_),
-                            running = running_](ApplicationLocation application) {
-    return open(workers, index, running, std::move(application));
+  client.openApplication = [parts = parts_](ApplicationLocation application) {
+    return open(parts, std::move(application));
   };
   return client;
 }
 
 void LinuxApplications::watchRunningApplications(bool watch) {
-  running_->watch(watch);
+  parts_->running->watch(watch);
+}
+
+std::shared_ptr<const ApplicationIndex> LinuxApplications::index() const {
+  return parts_->index;
 }
 
 }  // namespace glintboard

@@ -1,7 +1,8 @@
-// The applications of this desktop, without a window system.
+// The applications of this desktop.
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "platform/application_icon_client.h"
 #include "platform/executors.h"
@@ -11,14 +12,22 @@
 namespace glintboard {
 
 class ApplicationIndex;
-class RunningApplications;
+
+// The window systems of the user's session. Empty where there is none.
+struct Displays {
+  // The path of the compositor's socket.
+  std::string wayland = {};
+  // As in DISPLAY.
+  std::string x11 = {};
+};
+Displays displaysOfEnvironment();
 
 // Owns what is known of applications and follows its changes. The clients may outlive it, and then
 // answer from what was known last; `executors` must outlive both. It may be destroyed while an
 // operation is under way.
 class LinuxApplications {
  public:
-  LinuxApplications(Executors& executors, const XdgFolders& folders);
+  LinuxApplications(Executors& executors, const XdgFolders& folders, const Displays& displays = {});
   ~LinuxApplications();
   LinuxApplications(const LinuxApplications&) = delete;
   LinuxApplications& operator=(const LinuxApplications&) = delete;
@@ -28,13 +37,12 @@ class LinuxApplications {
   // Whether to look for running applications that this agent did not start. Any thread.
   void watchRunningApplications(bool watch);
   // The installed applications, for those who need more of an entry than its file. Any thread.
-  std::shared_ptr<const ApplicationIndex> index() const { return index_; }
+  std::shared_ptr<const ApplicationIndex> index() const;
 
  private:
-  asio::any_io_executor service_;
-  asio::any_io_executor workers_;
-  std::shared_ptr<ApplicationIndex> index_;
-  std::shared_ptr<RunningApplications> running_;
+  struct Parts;
+
+  std::shared_ptr<Parts> parts_;
   ApplicationIconClient icons_;
 };
 

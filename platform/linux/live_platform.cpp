@@ -18,7 +18,7 @@ struct LivePlatform::Parts {
   Parts(Executors& executors, KeychainMergeRule keychainRule)
       : workers(executors.workers()),
         folders(xdgFoldersOfEnvironment()),
-        applications(executors, folders),
+        applications(executors, folders, displaysOfEnvironment()),
         processRunner(executors.service()),
         fileKeychain(applicationSupportFolder()),
         keychain(secretService, fileKeychain, std::move(keychainRule)) {}

@@ -74,6 +74,21 @@ std::vector<std::string> argumentsOf(const fs::path& folder) {
   return arguments;
 }
 
+// The process with a folder below /proc, if it lives and runs a program.
+std::optional<Process> processIn(pid_t id, const fs::path& folder) {
+  Process process;
+  process.id = id;
+  process.executable = executableOf(folder);
+  const auto session = process.executable.empty() ? std::nullopt : sessionOf(folder);
+  if (!session) {
+    return std::nullopt;
+  }
+  process.session = *session;
+  process.arguments = argumentsOf(folder);
+  process.controlGroups = contentOf(folder / "cgroup");
+  return process;
+}
+
 // Calls `visit(id, folder)` for every process of this user until it returns false.
 template <class Visit>
 void visitOwn(Visit visit) {
@@ -97,18 +112,20 @@ void visitOwn(Visit visit) {
 
 }  // namespace
 
+std::optional<Process> ownProcess(pid_t id) {
+  const auto folder = fs::path("/proc") / std::to_string(id);
+  struct stat status{};
+  if (::stat(folder.c_str(), &status) != 0 || status.st_uid != ::geteuid()) {
+    return std::nullopt;
+  }
+  return processIn(id, folder);
+}
+
 std::vector<Process> ownProcesses() {
   std::vector<Process> processes;
   visitOwn([&](pid_t id, const fs::path& folder) {
-    Process process;
-    process.executable = executableOf(folder);
-    const auto session = process.executable.empty() ? std::nullopt : sessionOf(folder);
-    if (session) {
-      process.id = id;
-      process.session = *session;
-      process.arguments = argumentsOf(folder);
-      process.controlGroups = contentOf(folder / "cgroup");
-      processes.push_back(std::move(process));
+    if (auto process = processIn(id, folder)) {
+      processes.push_back(std::move(*process));
     }
     return true;
   });

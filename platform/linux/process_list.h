@@ -25,6 +25,9 @@ struct Process {
 // Takes some ten microseconds for each: call it on a worker.
 std::vector<Process> ownProcesses();
 
+// One process, if it lives and is this user's. Call it on a worker.
+std::optional<Process> ownProcess(pid_t id);
+
 // A living process of a session, or none.
 std::optional<pid_t> processOfSession(pid_t session);
 

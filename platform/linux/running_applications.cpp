@@ -31,15 +31,16 @@ Awaitable<> endOf(pid_t process) {
 }  // namespace
 
 std::shared_ptr<RunningApplications> RunningApplications::create(
-    Executors& executors, std::shared_ptr<const ApplicationIndex> index) {
-  return std::shared_ptr<RunningApplications>(new RunningApplications(executors, std::move(index)));
+    Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher) {
+  return std::shared_ptr<RunningApplications>(
+      new RunningApplications(executors, std::move(matcher)));
 }
 
 RunningApplications::RunningApplications(Executors& executors,
-                                         std::shared_ptr<const ApplicationIndex> index)
+                                         std::shared_ptr<CurrentApplicationMatcher> matcher)
     : service_(executors.service()),
       workers_(executors.workers()),
-      index_(std::move(index)),
+      matcher_(std::move(matcher)),
       nextScan_(service_) {}
 
 std::shared_ptr<const RunningApplications::Snapshot> RunningApplications::current() const {
@@ -138,14 +139,10 @@ void RunningApplications::startOrStop(bool on) {
 }
 
 RunningApplications::Snapshot RunningApplications::scan() {
-  const std::scoped_lock lock(scanMutex_);
-  const auto installed = index_->current();
-  if (!matcher_ || matcher_->installed() != installed) {
-    matcher_ = std::make_unique<const ApplicationMatcher>(installed);
-  }
+  const auto matcher = matcher_->get();
   Snapshot found;
   for (const auto& process : ownProcesses()) {
-    for (const auto& bundleId : matcher_->applicationsOf(process)) {
+    for (const auto& bundleId : matcher->applicationsOf(process)) {
       found[bundleId].insert(process.id);
     }
   }

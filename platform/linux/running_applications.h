@@ -1,4 +1,4 @@
-// Which applications run, for a desktop whose windows cannot be asked.
+// Which applications run, as far as their processes tell.
 #pragma once
 
 #include <sys/types.h>
@@ -10,7 +10,6 @@
 #include <string>
 
 #include "platform/executors.h"
-#include "platform/linux/application_index.h"
 #include "platform/linux/application_matcher.h"
 
 namespace glintboard {
@@ -23,8 +22,8 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
   // The processes of each running application, by bundle identifier.
   using Snapshot = std::map<std::string, std::set<pid_t>>;
 
-  static std::shared_ptr<RunningApplications> create(Executors& executors,
-                                                     std::shared_ptr<const ApplicationIndex> index);
+  static std::shared_ptr<RunningApplications> create(
+      Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher);
 
   // At once, on any thread.
   std::shared_ptr<const Snapshot> current() const;
@@ -40,7 +39,7 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
     pid_t process = 0;
   };
 
-  RunningApplications(Executors& executors, std::shared_ptr<const ApplicationIndex> index);
+  RunningApplications(Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher);
   static Awaitable<> followSession(std::weak_ptr<RunningApplications> weakSelf, pid_t leader);
   static Awaitable<> scanRepeatedly(std::shared_ptr<RunningApplications> self, unsigned round);
   void startOrStop(bool on);
@@ -51,15 +50,12 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
 
   const asio::any_io_executor service_;
   const asio::any_io_executor workers_;
-  const std::shared_ptr<const ApplicationIndex> index_;
+  const std::shared_ptr<CurrentApplicationMatcher> matcher_;
 
   // Touched on the service loop alone.
   asio::steady_timer nextScan_;
   bool watching_ = false;
   unsigned round_ = 0;
-
-  std::mutex scanMutex_;
-  std::unique_ptr<const ApplicationMatcher> matcher_;
 
   mutable std::mutex mutex_;
   // By the leader of the session.

@@ -212,7 +212,7 @@ TEST_F(LinuxApplicationsTest, ABusThatNeverAnswersHoldsAnActivationNoLongerThanI
   const auto entry =
       desktop_.entry("system/applications/org.test.App.desktop", "DBusActivatable=true\n");
   const auto before = std::chrono::steady_clock::now();
-  EXPECT_FALSE(activateOverDBus(readDesktopEntry(entry, "org.test.App").value(),
+  EXPECT_FALSE(activateOverDBus(readDesktopEntry(entry, "org.test.App").value(), {},
                                 std::chrono::milliseconds(200)));
   EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
 }

@@ -1,0 +1,41 @@
+// The window system of the user's session, as far as applications are concerned.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/asio.h"
+
+namespace glintboard {
+
+// What a launched program is given so that its first window gets the focus. Either may be empty.
+struct LaunchToken {
+  // For X11: DESKTOP_STARTUP_ID.
+  std::string startupId;
+  // For Wayland: XDG_ACTIVATION_TOKEN.
+  std::string activationToken;
+};
+
+// Follows the open windows of one display by its events. The display may go away and come back,
+// or hang, at any time: nothing here waits for it longer than a second.
+class WindowSystem {
+ public:
+  WindowSystem() = default;
+  WindowSystem(const WindowSystem&) = delete;
+  WindowSystem& operator=(const WindowSystem&) = delete;
+  virtual ~WindowSystem() = default;
+
+  // Whether an application has an open window, wherever on the desktop. At once, on any thread.
+  virtual bool has(const std::string& bundleId) = 0;
+  // Brings an application's windows to the front and gives the one that was used last the focus.
+  // True when the desktop has done so. Never throws. To be awaited on the service loop, which it
+  // does not leave.
+  virtual Awaitable<bool> activate(std::string bundleId) = 0;
+  // A token for a program about to be launched; empty when there is none to be had. Never throws.
+  // To be awaited on the service loop.
+  virtual Awaitable<LaunchToken> launchToken() = 0;
+  // Ends the connection, without waiting for it. Any thread.
+  virtual void stop() = 0;
+};
+
+}  // namespace glintboard
