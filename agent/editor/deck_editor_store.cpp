@@ -9,6 +9,8 @@ namespace glintboard {
 void DeckEditorModel::loadDeck() {
   ++generation_;
   isLoading_ = true;
+  // Now, since what comes up meanwhile is not about the deck that goes.
+  setMessages(QString(), QString());
   Q_EMIT busyChanged();
   Q_EMIT liveChanged();
   // The file is read once the change under way has been written.
@@ -25,7 +27,6 @@ Awaitable<> DeckEditorModel::runLoad(Self self) {
     co_return;
   }
   self->isLoading_ = false;
-  self->setMessages(QString(), QString());
   self->showStored(deck);
   Q_EMIT self->busyChanged();
 }

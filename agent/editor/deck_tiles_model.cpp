@@ -133,11 +133,10 @@ void DeckTilesModel::arrange(const std::vector<DeckKey>& keys) {
   for (std::size_t place = 0; place < keys.size(); ++place) {
     const auto wanted = identity(keys[place]);
     const auto from = placeOf(keys_, wanted);
-    if (from == place) {
-      continue;
-    }
     if (from == keys_.size()) {
       insert(place, keys[place]);
+    } else if (from == place) {
+      continue;
     } else if (from == place + 1) {
       // The key in this place went further back: it is the one that moved, not those behind it.
       move(place, std::min(placeOf(keys, identity(keys_[place])), keys_.size() - 1));
