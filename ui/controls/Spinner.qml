@@ -22,6 +22,9 @@ Item {
 
         anchors.fill: parent
         color: spinner.color
+        // The software renderer turns a layer smoothly, and a painted item not.
+        layer.enabled: true
+        layer.smooth: true
 
         RotationAnimator on rotation {
             running: spinner.running && spinner.visible
