@@ -21,6 +21,8 @@ TEST(DeckEditorLive, ASaveReachesAConnectedPhoneAtOnce) {
   const QGuiApplication application(argumentCount, arguments);
   MainThread mainThread;
   test::TestAgent agent;
+  agent.desktop.installed = {"com.apple.Safari", "com.apple.Music"};
+  agent.desktop.running = {"com.apple.Safari"};
   AgentServices services(agent.environment(), agent.deckStore);
   ShortcutIconProvider shortcutIcons(agent.executors.workerStrand(), test::noShortcutIcons());
   agent.run(services.listenerService().start());
@@ -61,6 +63,13 @@ TEST(DeckEditorLive, ASaveReachesAConnectedPhoneAtOnce) {
   };
   model->open();
   ASSERT_TRUE(turnUntil([&] { return !model->isLoading(); }));
+  const auto safari = model->tilesModel()->index(0);
+  EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), true);
+  EXPECT_EQ(model->tilesModel()->index(1).data(DeckTilesModel::IsRunningRole), false);
+  agent.desktop.running.clear();
+  model->refreshLive();
+  EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), false);
+
   model->addAction("system.volume.up");
   model->setDeckName("On air");
 
