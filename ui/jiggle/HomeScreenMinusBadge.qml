@@ -37,7 +37,7 @@ T.Button {
             anchors.centerIn: parent
             name: "minus"
             color: Qt.rgba(0.18, 0.18, 0.18, 1)
-            size: 11
+            size: 13
         }
     }
 
