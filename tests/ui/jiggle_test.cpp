@@ -129,6 +129,9 @@ Item {
   EXPECT_EQ(view.root->property("runs").toInt(), 1);
   QTest::keyClick(&view.window, Qt::Key_Return);
   EXPECT_EQ(view.root->property("runs").toInt(), 2);
+  auto* help = view.root->findChild<QObject*>("helpText");
+  QTest::mouseMove(&view.window, {22, 22});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return help->property("opened").toBool(); }, 3000));
 }
 
 }  // namespace

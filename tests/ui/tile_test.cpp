@@ -102,24 +102,42 @@ TEST(GlassDeckTileView, ScalesWithItsFace) {
 }
 
 TEST(GlassDeckTileView, ShowsItsStatesOnTheFace) {
-  for (const bool dark : {false, true}) {
-    for (const bool reducedMotion : {false, true}) {
-      QmlView view("GlassDeckTileView {}", {dark, false, reducedMotion, 1}, inputs());
-      const auto shown = [&] {
-        QTest::qWait(300);
-        return view.grab();
-      };
-      const QImage idle = shown();
-      QList<QImage> pictures{idle};
-      for (const char* flag :
-           {"isRunning", "isLaunching", "didSucceed", "isLive", "isMissing", "tileIsPressed"}) {
-        view.root->setProperty(flag, true);
-        pictures.append(shown());
-        view.root->setProperty(flag, false);
-        EXPECT_TRUE(shown() == idle) << flag << " leaves a trace";
-        EXPECT_FALSE(pictures.sliced(0, pictures.size() - 1).contains(pictures.back())) << flag;
+  const QByteArray source = R"(
+Row {
+  id: row
+  property var look
+  property bool on: false
+  spacing: 40; padding: 20; width: 860; height: 150
+  GlassDeckTileView { appearance: row.look }
+  GlassDeckTileView { appearance: row.look; isRunning: row.on }
+  GlassDeckTileView { appearance: row.look; isLaunching: row.on }
+  GlassDeckTileView { appearance: row.look; didSucceed: row.on }
+  GlassDeckTileView { appearance: row.look; isLive: row.on }
+  GlassDeckTileView { appearance: row.look; isMissing: row.on }
+  GlassDeckTileView { appearance: row.look; tileIsPressed: row.on }
+})";
+  const QVariant look = QVariant::fromValue(appearanceOf("Spotify"));
+  for (const Appearance& appearance :
+       {Appearance{false, false, false, 1}, Appearance{true, true, true, 1}}) {
+    QmlView view(source, appearance, {{"look", look}});
+    const auto tiles = [&] {
+      const QImage all = view.grab();
+      QList<QImage> each;
+      for (int i = 0; i < 7; ++i) {
+        each.append(all.copy(112 * i + 4, 0, 104, 120));
       }
+      return each;
+    };
+    const auto idle = tiles();
+    view.root->setProperty("on", true);
+    QTest::qWait(400);
+    const auto shown = tiles();
+    EXPECT_TRUE(shown[0] == idle[0]);
+    for (int i = 1; i < 7; ++i) {
+      EXPECT_FALSE(shown.sliced(0, i).contains(shown[i])) << "state " << i;
     }
+    view.root->setProperty("on", false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tiles() == idle; }, 2000));
   }
 }
 

@@ -28,6 +28,7 @@ T.Button {
     Keys.onEnterPressed: badge.press()
 
     HelpText {
+        objectName: "helpText"
         target: badge
         text: badge.explanation
     }
