@@ -76,6 +76,13 @@ Rectangle {
         isMissing: modelData.missing === true; tileIsPressed: modelData.pressed === true
         macIcon: modelData.hasIcon ? sampleIcon : undefined; tileFaceSize: modelData.face ?? 0 } }
   }
+  Row {
+    x: 430; y: 450; spacing: 24
+    Repeater { model: 4
+      EditModeJiggleModifier { id: wobbling; required property int index; isActive: true; seed: index
+        GlassDeckTileView { appearance: keys[wobbling.index].appearance; displayLabel: keys[wobbling.index].label
+          HomeScreenMinusBadge { x: -8; y: -8 } } } }
+  }
 })";
 
 DeckTile named(DeckTile tile, const char* label) {
@@ -161,8 +168,11 @@ int main(int argc, char** argv) {
   }
   const QString folder = argv[1];
   const QByteArray scale = argc > 2 ? argv[2] : "1";
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_QUICK_BACKEND", "software");
+  // Drawn in memory, unless the environment asks for a display.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+  }
   qputenv("QT_SCALE_FACTOR", scale);
   const QGuiApplication application(argc, argv);
   bool good = true;

@@ -28,6 +28,7 @@ T.Button {
     Keys.onEnterPressed: badge.press()
 
     HelpText {
+        objectName: "helpText"
         target: badge
         text: badge.explanation
     }
@@ -37,7 +38,7 @@ T.Button {
             anchors.centerIn: parent
             name: "minus"
             color: Qt.rgba(0.18, 0.18, 0.18, 1)
-            size: 11
+            size: 13
         }
     }
 

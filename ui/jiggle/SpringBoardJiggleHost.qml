@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Window
 import Glintboard.UI
 
 // Hosts content that wobbles while it is active, on the render thread.
@@ -59,8 +60,9 @@ Item {
             y: -host.overhang
             width: host.width + 2 * host.overhang
             height: host.height + 2 * host.overhang
-            // Drawn once and then turned as a whole, which is smooth in the software renderer too.
-            layer.enabled: rotation.running || settle.running
+            // Drawn once and turned as a whole, which keeps its edges smooth. The software renderer
+            // draws layers only where a point is a pixel.
+            layer.enabled: (rotation.running || settle.running) && (GraphicsInfo.api !== GraphicsInfo.Software || Screen.devicePixelRatio === 1)
             layer.smooth: true
 
             Item {

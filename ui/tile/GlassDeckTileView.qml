@@ -15,6 +15,7 @@ GlassTile {
 
     Accessible.role: Accessible.Graphic
     Accessible.name: tile.displayLabel
+    Accessible.description: tile.isMissing ? qsTr("Missing") : tile.isLaunching ? qsTr("Launching") : tile.isRunning ? qsTr("Running") : ""
 
     Item {
         id: body

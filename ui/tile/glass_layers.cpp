@@ -35,7 +35,7 @@ void GlassHighlight::paint(QPainter* painter) {
 }
 
 void GlassRim::paint(QPainter* painter) {
-  paintGlassRim(*painter, face(), radius(), bandWidth_, missing());
+  paintGlassRim(*painter, face(), {radius(), bandWidth_, edgeInset_}, missing());
 }
 
 void TileGlyph::setIcon(const QVariant& value) {

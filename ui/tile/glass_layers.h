@@ -88,17 +88,21 @@ class GlassRim : public glintboard::GlassLayer {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(qreal bandWidth READ bandWidth WRITE setBandWidth NOTIFY layerChanged)
+  Q_PROPERTY(qreal edgeInset READ edgeInset WRITE setEdgeInset NOTIFY layerChanged)
 
  public:
   using GlassLayer::GlassLayer;
 
   qreal bandWidth() const { return bandWidth_; }
   void setBandWidth(qreal width) { change(bandWidth_, width); }
+  qreal edgeInset() const { return edgeInset_; }
+  void setEdgeInset(qreal inset) { change(edgeInset_, inset); }
 
   void paint(QPainter* painter) override;
 
  private:
   qreal bandWidth_ = 1.5;
+  qreal edgeInset_ = 0;
 };
 
 // A symbol, a letter or an application's icon (a QImage).

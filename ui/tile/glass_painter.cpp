@@ -4,8 +4,6 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "ui/tile/glass_rim_shape.h"
-
 namespace glintboard {
 
 namespace {
@@ -65,24 +63,24 @@ void paintGlassHighlight(QPainter& painter, const QRectF& face, qreal radius) {
   painter.fillPath(above.intersected(roundedSquare(face, radius)), light);
 }
 
-void paintGlassRim(QPainter& painter, const QRectF& face, qreal radius, qreal band, bool dashed) {
+void paintGlassRim(QPainter& painter, const QRectF& face, const GlassRimShape& rim, bool dashed) {
   painter.setRenderHint(QPainter::Antialiasing);
-  QLinearGradient light(face.topLeft(), face.bottomRight());
-  light.setColorAt(0, white(0.55));
-  light.setColorAt(0.5, white(0.16));
-  light.setColorAt(1, white(0.08));
   if (!dashed) {
-    painter.fillPath(GlassRimShape{radius, band, 0}.path(face), light);
+    QLinearGradient light(face.topLeft(), face.bottomRight());
+    light.setColorAt(0, white(0.55));
+    light.setColorAt(0.5, white(0.16));
+    light.setColorAt(1, white(0.08));
+    painter.fillPath(rim.path(face), light);
     return;
   }
   // Inside the face, so that the gaps show it and not the ground.
-  const qreal inset = 2.5 * band;
-  QPen pen(white(0.75), band);
+  const qreal inset = rim.edgeInset + 2.5 * rim.bandWidth;
+  QPen pen(white(0.75), rim.bandWidth);
   pen.setDashPattern({3, 2.5});
   painter.setPen(pen);
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(face.adjusted(inset, inset, -inset, -inset), radius - inset,
-                          radius - inset);
+  painter.drawRoundedRect(face.adjusted(inset, inset, -inset, -inset), rim.cornerRadius - inset,
+                          rim.cornerRadius - inset);
 }
 
 QColor desaturated(const QColor& color) {

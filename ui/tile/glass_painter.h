@@ -4,6 +4,8 @@
 #include <QColor>
 #include <QRectF>
 
+#include "ui/tile/glass_rim_shape.h"
+
 class QPainter;
 
 namespace glintboard {
@@ -14,7 +16,7 @@ void paintGlassFace(QPainter& painter, const QRectF& face, qreal radius, const Q
 // The light that lies on the upper part of the face, with a curved lower edge.
 void paintGlassHighlight(QPainter& painter, const QRectF& face, qreal radius);
 // The bright edge of the glass; a dashed line for a key that has lost what it stands for.
-void paintGlassRim(QPainter& painter, const QRectF& face, qreal radius, qreal band, bool dashed);
+void paintGlassRim(QPainter& painter, const QRectF& face, const GlassRimShape& rim, bool dashed);
 
 // The same colour without most of its colour.
 QColor desaturated(const QColor& color);
