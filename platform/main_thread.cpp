@@ -1,6 +1,7 @@
 #include "platform/main_thread.h"
 
 #include <QMetaObject>
+#include <utility>
 
 namespace glintboard {
 
@@ -8,7 +9,10 @@ MainThread::MainThread() = default;
 
 MainThread::~MainThread() {
   shutdown();
-  queue_.clear();
+  // Work that is dropped may submit more: a coroutine ends what awaits it.
+  while (!queue_.empty()) {
+    std::exchange(queue_, {}).clear();
+  }
   destroy();
 }
 

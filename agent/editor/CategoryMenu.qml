@@ -9,11 +9,12 @@ T.ComboBox {
     id: control
 
     required property DeckEditorModel editor
+    readonly property var all: control.editor.categories
 
-    model: control.editor.categories
+    model: control.all
     textRole: "name"
     valueRole: "id"
-    currentIndex: control.indexOfValue(control.editor.selectedCategory)
+    currentIndex: control.all.findIndex(category => category.id === control.editor.selectedCategory)
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Math.max(implicitContentHeight + Look.Gap8, 32)
     leftPadding: Look.Gap12

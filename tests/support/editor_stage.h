@@ -13,6 +13,7 @@
 #include "platform/linux/linux_applications.h"
 #include "platform/main_thread.h"
 #include "tests/platform/desktop_folders.h"
+#include "tests/support/await.h"
 #include "ui/design/symbols.h"
 
 namespace glintboard::test {
@@ -47,12 +48,14 @@ class EditorStage {
                                               Qt::SmoothTransformation);
                                 }});
   }
-  void deck(const std::string& category, const std::string& name, const std::string& tiles) const {
-    const std::string other = category == "streaming" ? "gaming" : "streaming";
-    desktop.root.write("agent/decks.json", R"({"version":1,"decks":[{"id":")" + category +
-                                               R"(","name":")" + name + R"(","tiles":[)" + tiles +
-                                               R"(]},{"id":")" + other + R"(","name":")" + other +
-                                               R"(","tiles":[]}]})");
+  // Stores a deck; its applications must be there.
+  void deck(DeckCategoryID category, const std::string& name, std::vector<DeckTile> tiles) {
+    std::int64_t slot = 0;
+    for (auto& tile : tiles) {
+      tile.slot = ++slot;
+    }
+    const auto workspace = inputs().workspace;
+    await(executors.service(), store.saveDeck(category, name, std::move(tiles), workspace));
   }
 
   DeckEditorInputs inputs() {

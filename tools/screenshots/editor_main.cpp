@@ -19,6 +19,7 @@ int main(int argc, char** argv) {
     if (scene.scale != scale.toDouble() || (!wanted.isEmpty() && !wanted.contains(scene.name))) {
       continue;
     }
+    qInfo("%s", qPrintable(scene.name));
     test::EditorStage stage;
     scene.prepare(stage);
     stage.open(scene.appearance);

@@ -43,10 +43,12 @@ constexpr Sample samples[] = {
     {"web", "Web", "globe", 220},
 };
 
-std::string appTile(int slot, const char* id, const char* name) {
-  std::string tile = R"({"slot":)";
-  tile.append(std::to_string(slot)).append(R"(,"label":")").append(name);
-  return tile.append(R"(","bundleId":")").append(id).append(R"("})");
+DeckTile appTile(const char* id, const char* name) {
+  return DeckTile::app(0, name, id);
+}
+
+DeckTile shortcutTile(const char* name, const char* id) {
+  return DeckTile::shortcut(0, name, id, std::string(DeckTile::shortcutSymbolName));
 }
 
 void furnish(EditorStage& stage) {
@@ -62,42 +64,47 @@ void furnish(EditorStage& stage) {
   stage.shortcutIcon(EditorStage::tidyId, QStringLiteral("rectangle.grid.2x2"), 190);
 }
 
-std::string usualTiles() {
-  return appTile(1, "studio", "Studio") + "," + appTile(2, "chat", "Chat") + "," +
-         appTile(3, "web", "Web") + "," + appTile(4, "music", "Music") + "," +
-         appTile(5, "camera", "Camera") + "," + appTile(6, "terminal", "Terminal") + "," +
-         R"({"slot":7,"kind":"action","id":"system.volume.down","label":"Vol −","actionId":"system.volume.down","iconSymbol":"speaker.wave.1.fill"},)"
-         R"({"slot":8,"kind":"action","id":"system.volume.up","label":"Vol +","actionId":"system.volume.up","iconSymbol":"speaker.wave.3.fill"},)" +
-         R"({"slot":9,"kind":"shortcut","label":"Brew tea","shortcutIdentifier":")" +
-         EditorStage::briefId + R"("},)" + appTile(10, "files", "Files");
+std::vector<DeckTile> usualTiles() {
+  return {appTile("studio", "Studio"),
+          appTile("chat", "Chat"),
+          appTile("web", "Web"),
+          appTile("music", "Music"),
+          appTile("camera", "Camera"),
+          appTile("terminal", "Terminal"),
+          DeckTile::action(0, BuiltinAction::volumeDown),
+          DeckTile::action(0, BuiltinAction::volumeUp),
+          shortcutTile("Brew tea", EditorStage::briefId),
+          appTile("files", "Files")};
 }
 
 void usual(EditorStage& stage) {
   furnish(stage);
-  stage.deck("streaming", "On Air", usualTiles());
+  stage.deck(DeckCategoryID::streaming, "On Air", usualTiles());
   stage.running = {"studio", "music"};
   stage.phone = true;
 }
 
 void full(EditorStage& stage) {
   furnish(stage);
-  std::string tiles;
-  int slot = 1;
-  for (const auto& [id, name, symbol, hue] : samples) {
-    tiles.append(slot > 1 ? "," : "").append(appTile(slot, id, name));
-    ++slot;
+  std::vector<DeckTile> tiles;
+  for (const auto& sample : samples) {
+    tiles.push_back(appTile(sample.id, sample.name));
   }
-  stage.deck("streaming", "Everything", tiles);
+  stage.deck(DeckCategoryID::streaming, "Everything", tiles);
   stage.phone = true;
 }
 
 void game(EditorStage& stage) {
   furnish(stage);
-  stage.deck(
-      "gaming", "Game Night",
-      appTile(1, "chat", "Chat") + "," + appTile(2, "player", "Player") + "," +
-          R"({"slot":3,"kind":"shortcut","label":"Lights off","shortcutIdentifier":"E0000000-0000-0000-0000-00000000000E"})");
+  stage.deck(DeckCategoryID::gaming, "Game Night",
+             {appTile("chat", "Chat"), appTile("player", "Player"),
+              shortcutTile("Lights off", "E0000000-0000-0000-0000-00000000000E")});
   stage.phone = true;
+}
+
+void almostEmpty(EditorStage& stage) {
+  usual(stage);
+  stage.deck(DeckCategoryID::streaming, "On Air", {appTile("studio", "Studio")});
 }
 
 void failing(EditorStage& stage) {
@@ -106,8 +113,7 @@ void failing(EditorStage& stage) {
 }
 
 void withoutShortcuts(EditorStage& stage) {
-  usual(stage);
-  stage.deck("streaming", "On Air", appTile(1, "studio", "Studio"));
+  almostEmpty(stage);
   stage.listShortcuts("true");
 }
 
@@ -184,17 +190,14 @@ std::vector<EditorScene> editorScenes() {
       {"editor-first-shortcut",
        light,
        {1120, 780},
-       [](EditorStage& stage) {
-         usual(stage);
-         stage.deck("streaming", "On Air", appTile(1, "studio", "Studio"));
-       },
+       [](EditorStage& stage) { usual(stage); },
        first},
       {"editor-empty-deck",
        dark,
        {1120, 780},
        [](EditorStage& stage) {
          furnish(stage);
-         stage.deck("streaming", "On Air", "");
+         stage.deck(DeckCategoryID::streaming, "On Air", {});
        }},
       {"editor-search",
        light,
