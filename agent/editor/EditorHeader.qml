@@ -14,6 +14,7 @@ Item {
     CategoryMenu {
         id: category
 
+        objectName: "category"
         x: Look.Gap24
         anchors.verticalCenter: parent.verticalCenter
         editor: header.editor
@@ -22,9 +23,10 @@ Item {
     GlintTextField {
         id: name
 
+        objectName: "name"
         anchors.verticalCenter: parent.verticalCenter
         x: category.x + category.width + Look.Gap8
-        width: Math.min(implicitWidth + Look.Gap8, buttons.x - x - status.width - 2 * Look.Gap16)
+        width: Math.min(text === "" ? implicitWidth : Math.max(48, contentWidth + leftPadding + rightPadding + 2), buttons.x - x - status.width - 2 * Look.Gap16)
         inPlace: true
         font: Look.fonts.hero(Look.Title)
         placeholderText: qsTr("Deck name")
@@ -48,6 +50,7 @@ Item {
     SyncStatus {
         id: status
 
+        objectName: "status"
         anchors.verticalCenter: parent.verticalCenter
         x: name.x + name.width + Look.Gap16
         syncLabel: header.editor.syncLabel

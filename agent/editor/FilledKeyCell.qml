@@ -101,7 +101,7 @@ T.Control {
                     "iconSource": cell.iconSource,
                     "accent": cell.accent,
                     "isMissing": cell.isMissing
-                }, cell, tile);
+                }, cell, jiggle);
         }
         onReleased: cell.dragged.drop(cell)
         onCanceled: cell.dragged.giveUp(cell)
@@ -117,9 +117,23 @@ T.Control {
             id: shift
         }
 
+        FocusRing {
+            target: cell
+            anchors.fill: undefined
+            anchors.margins: 0
+            x: (cell.width - cell.faceSize) / 2 - 4
+            y: -4
+            width: cell.faceSize + 8
+            height: cell.faceSize + 8
+            radius: 0.224 * cell.faceSize + 4
+            border.color: Look.accentVivid
+            shown: cell.isCurrent
+        }
+
         EditModeJiggleModifier {
             id: jiggle
 
+            objectName: "wobble"
             x: (parent.width - cell.faceSize) / 2
             width: cell.faceSize
             height: cell.height
@@ -169,19 +183,6 @@ T.Control {
                 focusPolicy: Qt.NoFocus
                 onClicked: cell.remove()
             }
-        }
-
-        FocusRing {
-            target: cell
-            anchors.fill: undefined
-            anchors.margins: 0
-            x: (cell.width - cell.faceSize) / 2 - 4
-            y: -4
-            width: cell.faceSize + 8
-            height: cell.faceSize + 8
-            radius: 0.224 * cell.faceSize + 4
-            border.color: Look.accentVivid
-            shown: cell.isCurrent
         }
     }
 

@@ -45,6 +45,7 @@ Rectangle {
     PillButton {
         id: done
 
+        objectName: "tip-done"
         anchors.right: parent.right
         anchors.rightMargin: Look.Gap12
         anchors.verticalCenter: parent.verticalCenter

@@ -90,6 +90,7 @@ T.Control {
         drag.target: card.dragged
         drag.threshold: 6
         drag.smoothed: false
+        preventStealing: true
 
         // A finger scrolls the list, a pointer drags the card.
         onPressed: mouse => {

@@ -63,5 +63,11 @@ GridView {
     Accessible.role: Accessible.List
     Accessible.name: grid.libraryName
 
-    T.ScrollBar.vertical: EditorScrollBar {}
+    // Beside the cards, not over them.
+    T.ScrollBar.vertical: EditorScrollBar {
+        parent: grid.parent
+        x: grid.x + grid.width
+        y: grid.y
+        height: grid.height
+    }
 }

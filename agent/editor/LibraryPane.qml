@@ -45,9 +45,10 @@ Item {
 
         readonly property var current: [apps, actions, shortcuts][tabs.current]
 
-        x: Look.Gap24 - Look.Gap4 - 2
+        // The cards have six pixels around them.
+        x: Look.Gap24 - 6
         y: search.y + search.height + Look.Gap8
-        width: parent.width - x - Look.Gap12
+        width: parent.width - 2 * x
         height: parent.height - y - below.height
 
         CardsPage {
@@ -99,6 +100,7 @@ Item {
         spacing: Look.Gap4
 
         FirstShortcutTip {
+            objectName: "tip"
             width: parent.width
             editor: pane.editor
         }

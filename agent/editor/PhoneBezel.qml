@@ -38,27 +38,13 @@ Item {
         }
     }
 
+    // The metal; of one colour, since the software renderer rounds a gradient's corners roughly.
     Rectangle {
         anchors.fill: parent
         radius: Look.PhoneRadius
-        gradient: Gradient {
-            GradientStop {
-                position: 0
-                color: "#6B5F69"
-            }
-            GradientStop {
-                position: 0.12
-                color: "#3A3138"
-            }
-            GradientStop {
-                position: 0.85
-                color: "#2B242A"
-            }
-            GradientStop {
-                position: 1
-                color: "#574C55"
-            }
-        }
+        color: "#3A3138"
+        border.width: 1
+        border.color: "#7A6D77"
     }
 
     Rectangle {
@@ -130,11 +116,13 @@ Item {
         }
     }
 
+    // Covers the rough corners of the screen's gradient.
     Rectangle {
         anchors.fill: screen
-        radius: bezel.screenRadius
+        anchors.margins: -1
+        radius: bezel.screenRadius + 1
         color: "transparent"
-        border.width: 1
-        border.color: "#14FFFFFF"
+        border.width: 2
+        border.color: "#0B080B"
     }
 }

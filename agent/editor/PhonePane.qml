@@ -66,7 +66,7 @@ Item {
 
             Row {
                 anchors.right: parent.right
-                anchors.rightMargin: Look.Gap8
+                anchors.rightMargin: Look.Gap16
                 spacing: Look.Gap4
 
                 ToolButton {

@@ -42,7 +42,7 @@ FocusScope {
     readonly property real rowGap: Math.max(4, Math.min(14, (grid.height / preview.rows - preview.captionHeight) * 0.12))
     readonly property real cellHeight: grid.height / preview.rows
     readonly property real faceSize: Math.floor(Math.min(64, preview.cellHeight - preview.captionHeight - preview.rowGap))
-    readonly property real cellWidth: Math.round(preview.faceSize * 1.3)
+    readonly property real cellWidth: Math.round(Math.max(preview.faceSize * 1.3, 58))
 
     signal drop(var event, int index)
     signal targeted(int index)
@@ -160,6 +160,7 @@ FocusScope {
         Item {
             id: grid
 
+            objectName: "keys"
             anchors.top: title.bottom
             anchors.topMargin: Look.Gap12
             anchors.bottom: parent.bottom

@@ -16,7 +16,8 @@ Item {
     Column {
         id: top
 
-        width: parent.width
+        x: 6
+        width: parent.width - 2 * x
         spacing: Look.Gap8
 
         Item {
@@ -68,7 +69,7 @@ Item {
 
         objectName: "grid-shortcuts"
         anchors.fill: parent
-        anchors.topMargin: top.height + Look.Gap12
+        anchors.topMargin: top.height + Look.Gap8
         visible: page.isQuiet
         libraryName: qsTr("Shortcuts Library")
         model: page.shortcuts.cards

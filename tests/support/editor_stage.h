@@ -42,7 +42,7 @@ class EditorStage {
     desktop.program("shortcuts", "#!/bin/sh\n" + script + "\n");
   }
   void shortcutIcon(const std::string& id, const QString& symbol, int hue) {
-    iconsOfShortcuts.push_back({id, "1", [symbol, hue](int side) {
+    iconsOfShortcuts.push_back({id, id, [symbol, hue](int side) {
                                   return drawnIcon(symbol, hue)
                                       .scaled(side, side, Qt::KeepAspectRatio,
                                               Qt::SmoothTransformation);
