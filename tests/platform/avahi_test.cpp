@@ -21,21 +21,12 @@ const std::string type = "_glintboard._tcp";
 // address is the same in every test, because libdbus reads it once in a process.
 class Computer {
  public:
-  explicit Computer(const std::string& name) : address_("unix:path=/run/bus-" + name) {
-    folder_.write("bus.conf",
-                  "<busconfig><type>system</type><listen>" + address_ +
-                      "</listen><auth>EXTERNAL</auth><policy context='default'><allow user='*'/>"
-                      "<allow own='*'/><allow send_destination='*'/><allow receive_sender='*'/>"
-                      "</policy></busconfig>");
-    folder_.write("avahi.conf", "[server]\nhost-name=" + name +
-                                    "\nuse-ipv6=no\n[publish]\npublish-workstation=no\n");
-  }
+  explicit Computer(const std::string& name)
+      : name_(name), socket_("/run/bus-" + name), address_("unix:path=" + socket_) {}
 
   void startBus() {
-    std::filesystem::remove(address_.substr(address_.find('/')));
     bus_ = std::make_unique<test::ChildProcess>(
-        std::vector<std::string>{"dbus-daemon", "--nofork", "--nopidfile",
-                                 "--config-file=" + (folder_ / "bus.conf").string()});
+        std::vector<std::string>{test::desktopPart("bus"), "system", socket_});
     EXPECT_TRUE(test::eventually([this] {
       return !run("dbus-send --system --print-reply --dest=org.freedesktop.DBus / "
                   "org.freedesktop.DBus.GetId")
@@ -43,13 +34,14 @@ class Computer {
     }));
   }
 
-  // Starts the daemon where `prefix` leads: a shell command that ends with its last argument.
-  void startDaemon(const std::string& prefix = "exec") {
-    daemon_ = std::make_unique<test::ChildProcess>(
-        std::vector<std::string>{"sh", "-c",
-                                 "export DBUS_SYSTEM_BUS_ADDRESS=" + address_ + "; " + prefix +
-                                     " avahi-daemon -f " + (folder_ / "avahi.conf").string() +
-                                     " --no-drop-root --no-chroot --no-proc-title --no-rlimits"});
+  // Starts the daemon, through `command` if that is given.
+  void startDaemon(std::vector<std::string> command = {}) {
+    const std::vector<std::string> environment{"env", "DBUS_SYSTEM_BUS_ADDRESS=" + address_};
+    const std::vector<std::string> daemon{test::desktopPart("avahi"), name_,
+                                          folder_.path().string()};
+    command.insert(command.begin(), environment.begin(), environment.end());
+    command.insert(command.end(), daemon.begin(), daemon.end());
+    daemon_ = std::make_unique<test::ChildProcess>(std::move(command));
   }
   void stopBus() { bus_.reset(); }
   void stopDaemon() { daemon_.reset(); }
@@ -61,6 +53,8 @@ class Computer {
   }
 
  private:
+  const std::string name_;
+  const std::string socket_;
   const std::string address_;
   test::TemporaryFolder folder_;
   std::unique_ptr<test::ChildProcess> bus_;
@@ -97,6 +91,23 @@ class Avahi : public testing::Test {
 
   static bool eventuallyFound(const Names& names) {
     return test::eventually([&] { return found() == names; });
+  }
+
+  // Starts this computer's daemon and, at the far end of a cable, another's.
+  void connect(Computer& other) {
+    other.startBus();
+    other.startDaemon({test::desktopPart("other-computer")});
+    ASSERT_TRUE(test::eventually([] {
+      return test::outputOf("ip -brief link show near 2>&1").find("UP") != std::string::npos;
+    }));
+    computer_.startDaemon();
+    ASSERT_TRUE(test::eventually([&] {
+      return !other
+                  .run(
+                      "dbus-send --system --print-reply --dest=org.freedesktop.Avahi / "
+                      "org.freedesktop.Avahi.Server.GetVersionString")
+                  .empty();
+    }));
   }
 
   Computer computer_{"box"};
@@ -159,38 +170,14 @@ TEST_F(Avahi, TakesTheNextNameWhenThisComputerHasTheNameAlready) {
 }
 
 TEST_F(Avahi, TakesTheNextNameWhenAnotherComputerHasIt) {
-  // The other computer is a network namespace at the far end of a cable.
   Computer other("other");
-  other.startBus();
-  other.startDaemon(
-      "exec unshare --net --mount sh -c 'mkdir -p /run/avahi-daemon; "
-      "mount -t tmpfs tmpfs /run/avahi-daemon; "
-      "until ip addr add 10.99.0.2/24 dev far; do sleep 0.05; done; "
-      "ip link set far up; exec \"$@\"' sh");
-  const std::string far = std::to_string(other.daemon().id());
-  ASSERT_TRUE(test::eventually([&] {
-    return test::outputOf("readlink /proc/self/ns/net") !=
-           test::outputOf("readlink /proc/" + far + "/ns/net");
-  }));
-  ASSERT_EQ(::system(("ip link add near type veth peer name far netns " + far +
-                      " && ip addr add 10.99.0.1/24 dev near && ip link set near up")
-                         .c_str()),
-            0);
-  computer_.startDaemon();
-  ASSERT_TRUE(test::eventually([&] {
-    return !other
-                .run(
-                    "dbus-send --system --print-reply --dest=org.freedesktop.Avahi / "
-                    "org.freedesktop.Avahi.Server.GetVersionString")
-                .empty();
-  }));
+  connect(other);
   const test::ChildProcess theirs({"env", "DBUS_SYSTEM_BUS_ADDRESS=" + other.address(),
                                    "avahi-publish", "-s", "Box", type, "9847"});
   EXPECT_TRUE(eventuallyFound({"Box"})) << "over the cable";
   AvahiAdvertiser ours;
   ours.publish({"Box", type, "local.", 9848});
   EXPECT_TRUE(eventuallyFound({"Box", "Box #2"}));
-  ::system("ip link delete near");
 }
 
 TEST_F(Avahi, ADaemonThatHangsHoldsUpNoCaller) {
