@@ -9,8 +9,8 @@ namespace glintboard {
 
 namespace {
 
-constexpr const char* gnomeSettings = "org.gnome.desktop.interface";
-constexpr const char* gnomeKey = "icon-theme";
+constexpr const char* kGnomeSettings = "org.gnome.desktop.interface";
+constexpr const char* kGnomeKey = "icon-theme";
 
 std::string fromFiles(const std::vector<std::filesystem::path>& files, const char* group,
                       const char* key, FileStamps& stamps) {
@@ -40,12 +40,12 @@ std::string fromGtk(const XdgFolders& folders, FileStamps& stamps) {
 std::string gnomeDefault() {
   auto* source = g_settings_schema_source_get_default();
   const GLibPointer<GSettingsSchema> schema(
-      source == nullptr ? nullptr : g_settings_schema_source_lookup(source, gnomeSettings, TRUE));
+      source == nullptr ? nullptr : g_settings_schema_source_lookup(source, kGnomeSettings, TRUE));
   // GLib ends a process that asks for a setting that is not described.
-  if (!schema || g_settings_schema_has_key(schema.get(), gnomeKey) == 0) {
+  if (!schema || g_settings_schema_has_key(schema.get(), kGnomeKey) == 0) {
     return "";
   }
-  const GLibPointer<GSettingsSchemaKey> key(g_settings_schema_get_key(schema.get(), gnomeKey));
+  const GLibPointer<GSettingsSchemaKey> key(g_settings_schema_get_key(schema.get(), kGnomeKey));
   const GLibPointer<GVariant> value(g_settings_schema_key_get_default_value(key.get()));
   return g_variant_get_string(value.get(), nullptr);
 }
@@ -71,15 +71,16 @@ std::string fromPortal() {
   if (address.empty()) {
     return "";
   }
-  constexpr auto flags =
+  constexpr auto kFlags =
       // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
       static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
   GioCalls calls(std::chrono::seconds(1));
-  const auto connected = calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback,
-                                       void* data) {
-    g_dbus_connection_new_for_address(address.c_str(), flags, nullptr, cancellable, callback, data);
-  });
+  const auto connected =
+      calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+        g_dbus_connection_new_for_address(address.c_str(), kFlags, nullptr, cancellable, callback,
+                                          data);
+      });
   const GObjectPointer<GDBusConnection> bus(
       connected ? g_dbus_connection_new_for_address_finish(connected.get(), nullptr) : nullptr);
   if (!bus) {
@@ -89,7 +90,7 @@ std::string fromPortal() {
       calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
         g_dbus_connection_call(bus.get(), "org.freedesktop.portal.Desktop",
                                "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings",
-                               "Read", g_variant_new("(ss)", gnomeSettings, gnomeKey),
+                               "Read", g_variant_new("(ss)", kGnomeSettings, kGnomeKey),
                                G_VARIANT_TYPE("(v)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
                                cancellable, callback, data);
       });

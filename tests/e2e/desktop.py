@@ -76,10 +76,10 @@ def shortcut(identifier):
 class Agent:
     """The running agent, its menu in text and the buttons of that."""
 
-    def __init__(self, desktop, output=None):
+    def __init__(self, desktop, output=None, arguments=()):
         self._log = tempfile.NamedTemporaryFile(dir=desktop.root, prefix="agent-", delete=False)
         self._menu = open(self._log.name + ".menu", "w+b")
-        self._process = subprocess.Popen([AGENT], env=desktop.env, stdin=subprocess.PIPE,
+        self._process = subprocess.Popen([AGENT, *arguments], env=desktop.env, stdin=subprocess.PIPE,
                                          stdout=output or self._menu, stderr=self._log)
         self.pid = self._process.pid
 

@@ -4,8 +4,11 @@
 
 #include <fstream>
 
+#include "platform/executors.h"
 #include "platform/linux/avahi_advertiser.h"
 #include "platform/linux/avahi_browser.h"
+#include "platform/linux/host_name_watcher.h"
+#include "platform/linux/renaming_advertiser.h"
 #include "tests/support/child_process.h"
 #include "tests/support/temporary_folder.h"
 
@@ -93,14 +96,13 @@ class Avahi : public testing::Test {
     return test::eventually([&] { return found() == names; });
   }
 
-  // Starts this computer's daemon and, at the far end of a cable, another's.
+  // Starts the daemon of another computer, at the far end of a cable.
   void connect(Computer& other) {
     other.startBus();
     other.startDaemon({test::desktopPart("other-computer")});
     ASSERT_TRUE(test::eventually([] {
       return test::outputOf("ip -brief link show near 2>&1").find("UP") != std::string::npos;
     }));
-    computer_.startDaemon();
     ASSERT_TRUE(test::eventually([&] {
       return !other
                   .run(
@@ -172,12 +174,81 @@ TEST_F(Avahi, TakesTheNextNameWhenThisComputerHasTheNameAlready) {
 TEST_F(Avahi, TakesTheNextNameWhenAnotherComputerHasIt) {
   Computer other("other");
   connect(other);
+  computer_.startDaemon();
   const test::ChildProcess theirs({"env", "DBUS_SYSTEM_BUS_ADDRESS=" + other.address(),
                                    "avahi-publish", "-s", "Box", type, "9847"});
   EXPECT_TRUE(eventuallyFound({"Box"})) << "over the cable";
   AvahiAdvertiser ours;
   ours.publish({"Box", type, "local.", 9848});
   EXPECT_TRUE(eventuallyFound({"Box", "Box #2"}));
+}
+
+TEST_F(Avahi, IsSeenWhenACableComesAndAgainAfterItWasOut) {
+  computer_.startDaemon();
+  AvahiAdvertiser advertiser;
+  advertiser.publish({"Box", type, "local.", 9847});
+  ASSERT_TRUE(eventuallyFound({"Box"}));
+  Computer other("other");
+  connect(other);
+  const auto isSeen = [&](bool wanted) {
+    return test::eventually([&] {
+      const auto seen = other.run("avahi-browse -rtp " + type);
+      return (seen.find(";box.local;10.99.0.1;9847;") != std::string::npos) == wanted;
+    });
+  };
+  EXPECT_TRUE(isSeen(true));
+  ASSERT_EQ(::system("ip link set near down"), 0);
+  // The other end forgets what it has heard.
+  const auto far = "nsenter --net --target " + std::to_string(other.daemon().id()) + " ";
+  ASSERT_EQ(::system((far + "ip link set far down").c_str()), 0);
+  EXPECT_TRUE(isSeen(false));
+  ASSERT_EQ(::system((far + "ip link set far up").c_str()), 0);
+  EXPECT_TRUE(isSeen(false));
+  ASSERT_EQ(::system("ip link set near up"), 0);
+  EXPECT_TRUE(isSeen(true));
+}
+
+TEST_F(Avahi, FollowsTheNameOfTheDaemonsHost) {
+  computer_.startDaemon();
+  AvahiAdvertiser advertiser;
+  advertiser.publish({"Box", type, "local.", 9847});
+  ASSERT_TRUE(eventuallyFound({"Box"}));
+  computer_.run("avahi-set-host-name fox");
+  EXPECT_TRUE(test::eventually([&] {
+    return computer_.run("avahi-browse -rtp " + type).find(";fox.local;127.0.0.1;9847;") !=
+           std::string::npos;
+  }));
+}
+
+TEST_F(Avahi, AdvertisesUnderTheNameThatTheComputerHasAtTheTime) {
+  const auto rename = [](const std::string& name) {
+    EXPECT_EQ(::sethostname(name.data(), name.size()), 0);
+  };
+  computer_.startDaemon();
+  rename("box");
+  Executors executors;
+  const test::TemporaryFolder etc;
+  const auto file = etc / "machine-info";
+  const auto advertiser = std::make_shared<RenamingAdvertiser>(
+      std::make_unique<AvahiAdvertiser>(), std::make_shared<HostName>(file, kernelHostName));
+  const auto watcher =
+      HostNameWatcher::start(executors.service(), file, [advertiser] { advertiser->checkName(); });
+  advertiser->publish({"Nameless", type, "local.", 9847});
+  EXPECT_TRUE(eventuallyFound({"box"}));
+  rename("fox");
+  EXPECT_TRUE(eventuallyFound({"fox"}));
+  etc.write("machine-info", "PRETTY_HOSTNAME=\"Anna's Box\"\n");
+  EXPECT_TRUE(eventuallyFound({"Anna's Box"}));
+  std::filesystem::remove(file);
+  EXPECT_TRUE(eventuallyFound({"fox"}));
+  rename("localhost");
+  EXPECT_TRUE(eventuallyFound({"Nameless"}));
+  advertiser->withdraw();
+  EXPECT_TRUE(eventuallyFound({}));
+  rename("box");
+  std::this_thread::sleep_for(100ms);
+  EXPECT_EQ(found(), Names{}) << "withdrawn";
+  watcher->stop();
 }
 
 TEST_F(Avahi, ADaemonThatHangsHoldsUpNoCaller) {

@@ -51,6 +51,12 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
     }));
   }
 
+  static void removeSink(const std::string& name) {
+    ::system(
+        ("pactl unload-module $(pactl list short modules | grep sink_name=" + name + " | cut -f1)")
+            .c_str());
+  }
+
   static void makeDefault(const std::string& name) {
     // PipeWire refuses until its session manager is there, and does it a little later.
     ASSERT_TRUE(test::eventually([&] {
@@ -111,7 +117,15 @@ TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
   volume_.volumeUp();
   EXPECT_THAT(volumes("second"), HasSubstr("left: 36864 "));
 
-  ::system("pactl unload-module module-null-sink");
+  // The default device goes, and the other takes its place.
+  ::system("pactl set-sink-volume first 32768");
+  removeSink("second");
+  ASSERT_TRUE(
+      test::eventually([] { return test::outputOf("pactl get-default-sink") == "first\n"; }));
+  volume_.volumeUp();
+  EXPECT_THAT(volumes("first"), HasSubstr("left: 36864 "));
+
+  removeSink("first");
   try {
     volume_.toggleMute();  // PipeWire keeps a dummy device where there is no other
   } catch (const CoreAudioVolumeError& error) {
