@@ -38,9 +38,9 @@ void DirectoryWatcher::watch(const std::filesystem::path& folder) {
 }
 
 bool DirectoryWatcher::add(const std::filesystem::path& folder) {
-  constexpr std::uint32_t kChanges = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
-                                     IN_CLOSE_WRITE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
-  const int watch = ::inotify_add_watch(events_.native_handle(), folder.c_str(), kChanges);
+  constexpr std::uint32_t changes = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
+                                    IN_CLOSE_WRITE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+  const int watch = ::inotify_add_watch(events_.native_handle(), folder.c_str(), changes);
   if (watch >= 0) {
     wanted_.insert(watch);
   } else if (errno == ENOSPC) {

@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kExtensions[] = {".png", ".svg", ".svgz", ".xpm"};
+constexpr const char* extensions[] = {".png", ".svg", ".svgz", ".xpm"};
 
 std::vector<fs::path> iconBases(const XdgFolders& folders) {
   auto bases = folders.dataFolders("icons");
@@ -36,7 +36,7 @@ fs::path IconLookup::find(const std::string& icon) {
     return {};
   }
   std::string name = icon;
-  for (const std::string extension : kExtensions) {
+  for (const std::string extension : extensions) {
     if (name.ends_with(extension)) {
       name.resize(name.size() - extension.size());
       break;
@@ -56,9 +56,9 @@ void IconLookup::refresh() {
   // Less than the time after which changes of the installed applications are noticed, so that
   // whoever asks because of them sees the icons that came with them; and long enough for the many
   // questions about one deck.
-  constexpr std::chrono::milliseconds kTrusted{50};
+  constexpr std::chrono::milliseconds trusted{50};
   const auto now = std::chrono::steady_clock::now();
-  if (now - checked_ < kTrusted) {
+  if (now - checked_ < trusted) {
     return;
   }
   checked_ = now;
@@ -95,8 +95,8 @@ void IconLookup::readThemes() {
 }
 
 void IconLookup::addThemes(const std::string& name, std::vector<std::string>& seen) {
-  constexpr std::size_t kMostThemes = 64;
-  if (seen.size() >= kMostThemes || name.empty() || name.starts_with('.') ||
+  constexpr std::size_t mostThemes = 64;
+  if (seen.size() >= mostThemes || name.empty() || name.starts_with('.') ||
       name.find('/') != std::string::npos ||
       std::find(seen.begin(), seen.end(), name) != seen.end()) {
     return;
@@ -111,7 +111,7 @@ void IconLookup::addThemes(const std::string& name, std::vector<std::string>& se
 
 fs::path IconLookup::search(const std::string& name) const {
   for (const auto& folder : iconFolders_) {
-    for (const char* extension : kExtensions) {
+    for (const char* extension : extensions) {
       auto file = folder / (name + extension);
       if (isFile(file)) {
         return file;
