@@ -3,7 +3,7 @@
 #include <signal.h>
 #include <unistd.h>
 
-#include <QApplication>
+#include <QGuiApplication>
 #include <QQuickWindow>
 #include <algorithm>
 #include <array>
@@ -118,15 +118,11 @@ class Application {
     QCoreApplication::setApplicationName(QStringLiteral("glintboard-agent"));
     QGuiApplication::setDesktopFileName(QString::fromUtf8(agentIdentifier));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    if (displays.empty()) {
-      qt_ = std::make_unique<QGuiApplication>(count_, arguments_.data());
-      return;
-    }
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {
       // A graphics driver costs twice the memory of everything else.
       QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
     }
-    qt_ = std::make_unique<QApplication>(count_, arguments_.data());
+    qt_.emplace(count_, arguments_.data());
   }
 
   static bool hasDisplay() { return QGuiApplication::platformName() != QLatin1String("offscreen"); }
@@ -146,7 +142,7 @@ class Application {
   std::string platforms_;
   int count_ = 3;
   std::array<char*, 4> arguments_{program_.data(), option_.data(), platforms_.data(), nullptr};
-  std::unique_ptr<QGuiApplication> qt_;
+  std::optional<QGuiApplication> qt_;
 };
 
 bool isAskedFor(std::string_view option, std::span<char*> arguments) {
