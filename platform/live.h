@@ -8,6 +8,7 @@
 
 #include "platform/agent_instances.h"
 #include "platform/application_icon_client.h"
+#include "platform/application_list_client.h"
 #include "platform/audio_output.h"
 #include "platform/bonjour.h"
 #include "platform/executors.h"
@@ -28,6 +29,7 @@ class LivePlatform {
 
   WorkspaceClient workspaceClient();
   ApplicationIconClient applicationIconClient();
+  ApplicationListClient applicationListClient();
   ShortcutIconClient shortcutIconClient();
   ProcessRunning& processRunner();
   AudioOutput& audioOutput();

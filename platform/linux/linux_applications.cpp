@@ -7,6 +7,7 @@
 #include "platform/linux/application_icons.h"
 #include "platform/linux/application_index.h"
 #include "platform/linux/application_launcher.h"
+#include "platform/linux/application_list.h"
 #include "platform/linux/running_applications.h"
 #include "platform/linux/wayland_windows.h"
 #include "platform/linux/x11_windows.h"
@@ -187,6 +188,10 @@ WorkspaceClient LinuxApplications::workspaceClient() {
     return open(parts, std::move(application));
   };
   return client;
+}
+
+ApplicationListClient LinuxApplications::listClient() {
+  return applicationList(parts_->index);
 }
 
 void LinuxApplications::watchRunningApplications(bool watch) {

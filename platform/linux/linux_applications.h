@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/application_icon_client.h"
+#include "platform/application_list_client.h"
 #include "platform/executors.h"
 #include "platform/linux/xdg_folders.h"
 #include "platform/workspace_client.h"
@@ -34,6 +35,7 @@ class LinuxApplications {
 
   WorkspaceClient workspaceClient();
   ApplicationIconClient iconClient() { return icons_; }
+  ApplicationListClient listClient();
   // Whether to look for running applications that this agent did not start. Any thread.
   void watchRunningApplications(bool watch);
   // The installed applications, for those who need more of an entry than its file. Any thread.

@@ -58,6 +58,10 @@ ApplicationIconClient LivePlatform::applicationIconClient() {
   return parts_->applications.iconClient();
 }
 
+ApplicationListClient LivePlatform::applicationListClient() {
+  return parts_->applications.listClient();
+}
+
 ShortcutIconClient LivePlatform::shortcutIconClient() {
   return shortcutIcons(parts_->applications.index(), parts_->folders);
 }

@@ -1,0 +1,264 @@
+// The deck editor's state and rules.
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QUrl>
+#include <QVariantList>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+
+#include "agent/decks/deck_store.h"
+#include "agent/editor/apps_library.h"
+#include "agent/editor/deck_library_model.h"
+#include "agent/editor/deck_tiles_model.h"
+#include "agent/editor/edit_history.h"
+#include "agent/editor/editor_icons.h"
+#include "agent/editor/shortcuts_library.h"
+
+namespace glintboard {
+
+// What the editor needs of the agent. References outlive every editor.
+struct DeckEditorInputs {
+  asio::any_io_executor mainThread;
+  asio::any_io_executor timers;  // the service loop
+  asio::any_io_executor workers;
+  DeckStore& deckStore;
+  WorkspaceClient workspace;
+  InstalledAppsCatalog appsCatalog;
+  ShortcutsCatalog shortcutsCatalog;
+  ShortcutIconProvider& shortcutIconProvider;
+  // Whether a phone is connected now. Called on the main thread.
+  std::function<bool()> isPhoneConnected;
+  // Run after every successful save or reset.
+  std::function<Awaitable<>()> onSaved;
+};
+
+enum class LibraryTab { apps, actions, shortcuts };
+template <>
+struct EnumText<LibraryTab> {
+  static constexpr EnumTable<3, LibraryTab> table{{
+      {LibraryTab::apps, "apps"},
+      {LibraryTab::actions, "actions"},
+      {LibraryTab::shortcuts, "shortcuts"},
+  }};
+};
+
+// One opening of the editor: the window that shows it and every operation under way share it, so
+// that a save goes on when the window is closed. Nothing but save() and reset() reaches the store.
+// While a deck is being loaded or reset, edits and saves are refused, so that no deck ends up in
+// another's place. Messages are null when absent.
+//
+// Lives on the main thread; its coroutines run there.
+class DeckEditorModel : public QObject, public std::enable_shared_from_this<DeckEditorModel> {
+  Q_OBJECT
+  Q_PROPERTY(QString selectedCategory READ selectedCategory WRITE setSelectedCategory NOTIFY
+                 selectedCategoryChanged)
+  Q_PROPERTY(QVariantList categories READ categories CONSTANT)
+  Q_PROPERTY(QString libraryTab READ libraryTab WRITE setLibraryTab NOTIFY libraryTabChanged)
+  Q_PROPERTY(QVariantList libraryTabs READ libraryTabs CONSTANT)
+  Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
+  Q_PROPERTY(glintboard::DeckLibraryModel* cards READ cards NOTIFY libraryTabChanged)
+  Q_PROPERTY(glintboard::AppsLibrary* apps READ apps CONSTANT)
+  Q_PROPERTY(glintboard::DeckLibraryModel* actionCards READ actionCards CONSTANT)
+  Q_PROPERTY(glintboard::ShortcutsLibrary* shortcuts READ shortcuts CONSTANT)
+  Q_PROPERTY(QString suggestedWarnings READ suggestedWarnings NOTIFY suggestedWarningsChanged)
+
+  Q_PROPERTY(QString deckName READ deckName WRITE setDeckName NOTIFY deckChanged)
+  Q_PROPERTY(glintboard::DeckTilesModel* tiles READ tilesModel CONSTANT)
+  Q_PROPERTY(int slotCount READ slotCount CONSTANT)
+  Q_PROPERTY(bool isFull READ isFull NOTIFY deckChanged)
+  Q_PROPERTY(bool canUndo READ canUndo NOTIFY deckChanged)
+  Q_PROPERTY(bool canRedo READ canRedo NOTIFY deckChanged)
+  Q_PROPERTY(bool isLoading READ isLoading NOTIFY busyChanged)
+  Q_PROPERTY(bool isSaving READ isSaving NOTIFY busyChanged)
+  Q_PROPERTY(bool isResetting READ isResetting NOTIFY busyChanged)
+  Q_PROPERTY(bool hasUnsavedChanges READ hasUnsavedChanges NOTIFY deckChanged)
+  Q_PROPERTY(QString syncLabel READ syncLabel NOTIFY deckChanged)
+  Q_PROPERTY(bool syncIsLive READ syncIsLive NOTIFY liveChanged)
+  Q_PROPERTY(bool isPhoneConnected READ isPhoneConnected NOTIFY liveChanged)
+
+  Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY messagesChanged)
+  Q_PROPERTY(QString infoMessage READ infoMessage NOTIFY messagesChanged)
+  Q_PROPERTY(bool showFirstShortcutTip READ showFirstShortcutTip NOTIFY tipChanged)
+  Q_PROPERTY(int dropTargetIndex READ dropTargetIndex WRITE setDropTargetIndex NOTIFY dragChanged)
+  Q_PROPERTY(bool isDeckDragActive READ isDeckDragActive WRITE setDeckDragActive NOTIFY dragChanged)
+
+ public:
+  using Tiles = std::vector<DeckTile>;
+
+  // Shows the first category and the applications; loads nothing yet.
+  static std::shared_ptr<DeckEditorModel> create(DeckEditorInputs inputs);
+  ~DeckEditorModel() override;
+
+  // The window appears: loads the deck and the libraries, and follows what runs until close().
+  void open();
+  // The window is gone. Unsaved edits are too, but what is being saved will be saved.
+  void close();
+
+  QString selectedCategory() const;
+  // Loads that deck; unsaved edits of the other are discarded. Ignores an unknown category.
+  void setSelectedCategory(const QString& category);
+  // Each with `id` and `name`, in their order.
+  static QVariantList categories();
+  QString libraryTab() const;
+  void setLibraryTab(const QString& tab);
+  // Each with `id`, `title` and `searchPlaceholder`.
+  static QVariantList libraryTabs();
+  QString searchText() const { return searchText_; }
+  // Of all three libraries.
+  void setSearchText(const QString& text);
+  // Those of the tab shown.
+  DeckLibraryModel* cards();
+  AppsLibrary* apps() { return apps_.get(); }
+  DeckLibraryModel* actionCards() { return &actionCards_; }
+  ShortcutsLibrary* shortcuts() { return shortcuts_.get(); }
+  // Empty when nothing is missing, and until the applications are known.
+  QString suggestedWarnings() const;
+
+  QString deckName() const { return deck_.name; }
+  void setDeckName(const QString& name);
+  const Tiles& tiles() const { return deck_.tiles; }
+  const Tiles& savedTiles() const { return saved_.tiles; }
+  QString savedDeckName() const { return saved_.name; }
+  std::set<std::string> missingShortcutIDs() const;
+  DeckTilesModel* tilesModel() { return &tilesModel_; }
+  static int slotCount() { return static_cast<int>(deckCapacity); }
+  bool isFull() const { return deck_.tiles.size() >= deckCapacity; }
+  bool canUndo() const { return history_.canUndo(); }
+  bool canRedo() const { return history_.canRedo(); }
+  bool isLoading() const { return isLoading_; }
+  bool isSaving() const { return isSaving_; }
+  bool isResetting() const { return isResetting_; }
+  bool hasUnsavedChanges() const { return !(deck_ == saved_); }
+  QString syncLabel() const;
+  // Whether a phone is connected and was given the deck as it is shown.
+  bool syncIsLive() const;
+  bool isPhoneConnected() const { return isPhoneConnected_; }
+
+  QString errorMessage() const { return errorMessage_; }
+  QString infoMessage() const { return infoMessage_; }
+  bool showFirstShortcutTip() const { return showFirstShortcutTip_; }
+  // -1 when no slot is under a drag.
+  int dropTargetIndex() const { return dropTargetIndex_; }
+  void setDropTargetIndex(int index);
+  bool isDeckDragActive() const { return isDeckDragActive_; }
+  void setDeckDragActive(bool active);
+
+  // The icons behind the sources that the models give, for the QML engine's provider.
+  std::shared_ptr<const EditorIcons> icons() const { return icons_; }
+
+  // A card's add button; the identifier is the card's payload. A full deck takes nothing; a key
+  // that is there already is refused with a message.
+  Q_INVOKABLE void addApp(const QString& bundleId);
+  Q_INVOKABLE void addAction(const QString& actionId);
+  Q_INVOKABLE void addShortcut(const QString& identifier);
+  // The one of these that the tab shown adds.
+  Q_INVOKABLE void add(const QString& payload);
+  // Puts the first item (a payload, or a launcher file as path or URL) at a place from 0, or moves
+  // the key there that does the same. Returns whether it was accepted.
+  Q_INVOKABLE bool drop(const QStringList& items, int index);
+  // The same for launcher files that another program dragged.
+  Q_INVOKABLE bool dropDesktopFile(const QList<QUrl>& urls, int index);
+  // Moves a key as a drop at `to` does. False when there is no key at `from`.
+  Q_INVOKABLE bool move(int from, int to);
+  Q_INVOKABLE void remove(int index);
+  Q_INVOKABLE void undo();
+  Q_INVOKABLE void redo();
+
+  Q_INVOKABLE void save();
+  // Puts the built-in deck in place of the user's, on disk too.
+  Q_INVOKABLE void reset();
+  Q_INVOKABLE void cancel() { Q_EMIT closeRequested(); }
+  Q_INVOKABLE void dismissFirstShortcutTip();
+
+ public Q_SLOTS:
+  // Asks again whether a phone is connected and what runs. Done every second by itself.
+  void refreshLive();
+
+ Q_SIGNALS:
+  void selectedCategoryChanged();
+  void libraryTabChanged();
+  void searchTextChanged();
+  void suggestedWarningsChanged();
+  void deckChanged();
+  void busyChanged();
+  void liveChanged();
+  void messagesChanged();
+  void tipChanged();
+  void dragChanged();
+  // Cancelled, or saved to a connected phone.
+  void closeRequested();
+
+ private:
+  using Self = std::shared_ptr<DeckEditorModel>;
+
+  explicit DeckEditorModel(DeckEditorInputs inputs);
+
+  // Edits.
+  bool isEditable() const { return !isLoading_ && !isResetting_; }
+  void edit(Tiles tiles);
+  void addTile(const DeckTile& tile);
+  bool dropItem(const QString& item, int index);
+  bool dropTile(const DeckTile& tile, int index);
+  void restore(std::optional<DeckState> state);
+  // What a key of that identifier would be; none when there is no such thing.
+  std::optional<DeckTile> appTile(const std::string& bundleId) const;
+  std::optional<DeckTile> shortcutTile(const std::string& identifier) const;
+
+  // To be called after every change of the deck.
+  void showDeck();
+  // To be called after every change of what its keys stand for.
+  void showKeys();
+  void refreshShortcutLabels();
+  DeckKey keyOf(const DeckTile& tile, const std::set<std::string>& missing) const;
+  void setMessages(const QString& error, const QString& info);
+
+  // The store.
+  void loadDeck();
+  static Awaitable<> runLoad(Self self);
+  struct Shown {
+    DeckCategoryID category;
+    DeckState deck;
+    int generation;
+  };
+  static Awaitable<> runSave(Self self, Shown shown);
+  static Awaitable<> runReset(Self self, DeckCategoryID category, int generation);
+  static Awaitable<> announceSaved(Self self);
+  void storeChanged();
+  void showStored(const DeckTemplate& deck);
+
+  static Awaitable<> followLive(std::weak_ptr<DeckEditorModel> weak, asio::any_io_executor timers);
+
+  DeckEditorInputs inputs_;
+  std::shared_ptr<EditorIcons> icons_;
+  std::shared_ptr<AppsLibrary> apps_;
+  DeckLibraryModel actionCards_;
+  std::shared_ptr<ShortcutsLibrary> shortcuts_;
+  DeckTilesModel tilesModel_;
+
+  bool isOpen_ = false;
+  DeckCategoryID selectedCategory_ = DeckTemplates::categoryOrder.front();
+  LibraryTab libraryTab_ = LibraryTab::apps;
+  QString searchText_;
+
+  DeckState deck_;
+  DeckState saved_;
+  EditHistory history_;
+  int generation_ = 0;  // of the deck shown: a result for an earlier one is late
+  bool isLoading_ = false;
+  bool isSaving_ = false;
+  bool isStoring_ = false;  // the part of saving or resetting that the store does
+  bool isResetting_ = false;
+  bool isPhoneConnected_ = false;
+
+  QString errorMessage_;
+  QString infoMessage_;
+  bool showFirstShortcutTip_ = false;
+  int dropTargetIndex_ = -1;
+  bool isDeckDragActive_ = false;
+};
+
+}  // namespace glintboard

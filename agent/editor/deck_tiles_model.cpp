@@ -1,0 +1,169 @@
+#include "agent/editor/deck_tiles_model.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+namespace glintboard {
+namespace {
+
+QString text(const std::string& utf8) {
+  return QString::fromStdString(utf8);
+}
+
+// What makes a key the same one after a change.
+using Identity = std::pair<DeckTileKind, std::string>;
+
+Identity identity(const DeckKey& key) {
+  return {key.tile.kind, key.tile.derivedId()};
+}
+
+std::set<Identity> identities(const std::vector<DeckKey>& keys) {
+  std::set<Identity> all;
+  for (const auto& key : keys) {
+    all.insert(identity(key));
+  }
+  return all;
+}
+
+std::size_t placeOf(const std::vector<DeckKey>& keys, const Identity& wanted) {
+  return static_cast<std::size_t>(std::ranges::find(keys, wanted, identity) - keys.begin());
+}
+
+}  // namespace
+
+int DeckTilesModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : count();
+}
+
+QVariant DeckTilesModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return {};
+  }
+  const auto& key = keys_[static_cast<std::size_t>(index.row())];
+  const auto& tile = key.tile;
+  switch (role) {
+    case SlotRole:
+      return static_cast<qlonglong>(tile.slot);
+    case TileIdRole:
+      return text(tile.id);
+    case PayloadRole:
+      return text(tile.derivedId());
+    case Qt::DisplayRole:
+    case LabelRole:
+      return text(tile.label);
+    case KindRole:
+      return text(std::string(rawValue(tile.kind)));
+    case BundleIdRole:
+      return text(tile.bundleId);
+    case IconNameRole:
+      return text(tile.iconName.value_or(""));
+    case IconSymbolRole:
+      return text(tile.iconSymbol.value_or(""));
+    case IconSourceRole:
+      return key.iconSource;
+    case AccentRole:
+      return key.accent;
+    case IsMissingRole:
+      return key.isMissing;
+    case IsInstalledRole:
+      return key.isInstalled;
+    case IsRunningRole:
+      return key.isRunning;
+    default:
+      return {};
+  }
+}
+
+QHash<int, QByteArray> DeckTilesModel::roleNames() const {
+  return {{SlotRole, "slot"},
+          {TileIdRole, "tileId"},
+          {PayloadRole, "payload"},
+          {LabelRole, "label"},
+          {KindRole, "kind"},
+          {BundleIdRole, "bundleId"},
+          {IconNameRole, "iconName"},
+          {IconSymbolRole, "iconSymbol"},
+          {IconSourceRole, "iconSource"},
+          {AccentRole, "accent"},
+          {IsMissingRole, "isMissing"},
+          {IsInstalledRole, "isInstalled"},
+          {IsRunningRole, "isRunning"}};
+}
+
+void DeckTilesModel::setKeys(const std::vector<DeckKey>& keys) {
+  const int before = count();
+  if (identities(keys).size() < keys.size()) {
+    // Only a damaged deck has a key twice; then there is no telling which went where.
+    beginResetModel();
+    keys_ = keys;
+    endResetModel();
+  } else {
+    removeKeysNotIn(keys);
+    arrange(keys);
+    for (std::size_t place = 0; place < keys.size(); ++place) {
+      if (keys_[place] != keys[place]) {
+        keys_[place] = keys[place];
+        const auto changed = index(static_cast<int>(place));
+        Q_EMIT dataChanged(changed, changed);
+      }
+    }
+  }
+  if (count() != before) {
+    Q_EMIT countChanged();
+  }
+}
+
+void DeckTilesModel::removeKeysNotIn(const std::vector<DeckKey>& keys) {
+  auto remaining = identities(keys);
+  // From the front, so that of keys that are there twice the first one stays.
+  for (std::size_t place = 0; place < keys_.size();) {
+    if (remaining.erase(identity(keys_[place])) != 0) {
+      ++place;
+      continue;
+    }
+    const int row = static_cast<int>(place);
+    beginRemoveRows({}, row, row);
+    keys_.erase(keys_.begin() + row);
+    endRemoveRows();
+  }
+}
+
+void DeckTilesModel::arrange(const std::vector<DeckKey>& keys) {
+  for (std::size_t place = 0; place < keys.size(); ++place) {
+    const auto wanted = identity(keys[place]);
+    const auto from = placeOf(keys_, wanted);
+    if (from == keys_.size()) {
+      insert(place, keys[place]);
+    } else if (from == place) {
+      continue;
+    } else if (from == place + 1) {
+      // The key in this place went further back: it is the one that moved, not those behind it.
+      move(place, std::min(placeOf(keys, identity(keys_[place])), keys_.size() - 1));
+    } else {
+      move(from, place);
+    }
+  }
+}
+
+void DeckTilesModel::move(std::size_t from, std::size_t to) {
+  const int source = static_cast<int>(from);
+  const int target = static_cast<int>(to);
+  // Qt names the row before which the moved one goes, counted before the move.
+  beginMoveRows({}, source, source, {}, to > from ? target + 1 : target);
+  if (to > from) {
+    std::rotate(keys_.begin() + source, keys_.begin() + source + 1, keys_.begin() + target + 1);
+  } else {
+    std::rotate(keys_.begin() + target, keys_.begin() + source, keys_.begin() + source + 1);
+  }
+  endMoveRows();
+}
+
+void DeckTilesModel::insert(std::size_t place, const DeckKey& key) {
+  const int row = static_cast<int>(place);
+  beginInsertRows({}, row, row);
+  keys_.insert(keys_.begin() + row, key);
+  endInsertRows();
+}
+
+}  // namespace glintboard

@@ -1,0 +1,84 @@
+// The applications that can be put on a deck.
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "agent/editor/icon_accent.h"
+#include "platform/application_icon_client.h"
+#include "platform/application_list_client.h"
+
+namespace glintboard {
+
+// What an application tells of itself.
+struct AppBundleInfo {
+  std::string label;
+  std::string bundleId;  // never empty
+  // The label in lower case and without spaces: the name of artwork known to the phone.
+  std::optional<std::string> iconName;
+  bool operator==(const AppBundleInfo&) const = default;
+};
+
+// None for an application without an identifier.
+std::optional<AppBundleInfo> appBundleInfo(const ListedApplication& application);
+
+// One application as the editor shows it.
+struct InstalledApp {
+  std::string label;
+  std::string bundleId;
+  std::optional<std::string> iconName;
+  // 64 × 64 points at twice the pixels; null while it is not drawn or when there is none.
+  QImage icon = {};
+  QColor accent = fallbackAccent();
+};
+
+// Stores nothing: every call looks again. The clients may be called from any thread, and so may
+// this.
+class InstalledAppsCatalog {
+ public:
+  // `workers` draw the icons.
+  InstalledAppsCatalog(asio::any_io_executor workers, ApplicationListClient applications,
+                       ApplicationIconClient icons)
+      : workers_(std::move(workers)),
+        applications_(std::move(applications)),
+        icons_(std::move(icons)) {}
+
+  // The offered applications, each identifier once, sorted by label as the user's language sorts,
+  // without regard to case. Takes a few milliseconds: call it on a worker.
+  std::vector<AppBundleInfo> scanBundles() const;
+
+  // Everything at once, in the order of scanBundles(); applications that `workspace` cannot find
+  // are left out. Icons are drawn on a worker.
+  Awaitable<std::vector<InstalledApp>> load(WorkspaceClient workspace) const;
+
+  // The same in two steps, for those who show the applications before their icons are drawn.
+  // First the applications, without icons and with the fallback accent.
+  Awaitable<std::vector<InstalledApp>> list(WorkspaceClient workspace) const;
+  // Then the icons and accents of some of them at a time. `drawn` is what earlier calls of the
+  // same load have drawn: applications that share an icon share its pixels. Not two calls at once
+  // with the same `drawn`.
+  struct Drawn {
+    QImage icon;
+    QColor accent;
+  };
+  using DrawnIcons = std::shared_ptr<std::map<std::filesystem::path, Drawn>>;
+  Awaitable<std::vector<InstalledApp>> withIcons(std::vector<InstalledApp> apps,
+                                                 WorkspaceClient workspace, DrawnIcons drawn) const;
+
+  // The identifier of the application that a dropped launcher file starts, or none.
+  std::optional<std::string> bundleIdOf(const std::filesystem::path& launcher) const {
+    return applications_.bundleIdOf(launcher);
+  }
+
+ private:
+  asio::any_io_executor workers_;
+  ApplicationListClient applications_;
+  ApplicationIconClient icons_;
+};
+
+}  // namespace glintboard

@@ -1,0 +1,162 @@
+#include <gmock/gmock.h>
+
+#include <QGuiApplication>
+#include <QLocale>
+#include <QPainter>
+#include <chrono>
+
+#include "agent/editor/installed_apps_catalog.h"
+#include "platform/linux/linux_applications.h"
+#include "tests/platform/desktop_folders.h"
+#include "tests/support/await.h"
+
+namespace glintboard {
+namespace {
+
+using testing::ElementsAre;
+
+class InstalledAppsCatalogTest : public testing::Test {
+ protected:
+  InstalledAppsCatalogTest() {
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    application_.emplace(argumentCount_, arguments_);
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+  }
+  ~InstalledAppsCatalogTest() override { QLocale::setDefault(QLocale::system()); }
+
+  std::filesystem::path entry(const std::string& id, const std::string& name,
+                              const std::string& more = "") {
+    return desktop_.root.write(
+        "system/applications/" + id + ".desktop",
+        "[Desktop Entry]\nType=Application\nExec=true\nName=" + name + "\n" + more);
+  }
+  std::string image(const std::string& file, QColor color) {
+    const auto path = desktop_.root.write(file, "");
+    QImage painted(48, 48, QImage::Format_ARGB32);
+    painted.fill(color);
+    EXPECT_TRUE(painted.save(QString::fromStdString(path.string())));
+    return "Icon=" + path.string() + "\n";
+  }
+  void open() {
+    applications_.emplace(executors_, desktop_.folders);
+    catalog_.emplace(executors_.workers(), applications_->listClient(),
+                     applications_->iconClient());
+  }
+  std::vector<InstalledApp> load() {
+    return test::await(executors_.service(), catalog_->load(applications_->workspaceClient()));
+  }
+
+  int argumentCount_ = 1;
+  char name_[5] = "test";
+  char* arguments_[2] = {name_, nullptr};
+  std::optional<QGuiApplication> application_;
+  test::DesktopFolders desktop_;
+  Executors executors_;
+  std::optional<LinuxApplications> applications_;
+  std::optional<InstalledAppsCatalog> catalog_;
+};
+
+TEST_F(InstalledAppsCatalogTest, OffersEachApplicationOnceUnderItsNameSortedAsTheUserSorts) {
+  entry("z", "Zebra");
+  entry("upper", "TERMINAL");
+  entry("lower", "terminal");
+  entry("umlaut", "Ärger");
+  entry("numbers", "App 10");
+  entry("now", "GeForce NOW");
+  entry("discord", "Discord");
+  entry("com.discordapp.Discord", "Discord by Flatpak");
+  entry("helper", "Helper", "NoDisplay=true\n");
+  entry("gone", "Gone", "Hidden=true\n");
+  entry("wanting", "Wanting", "TryExec=no-such-program\n");
+  open();
+  const auto apps = catalog_->scanBundles();
+  std::vector<std::string> found;
+  for (const auto& app : apps) {
+    found.push_back(app.label + ": " + app.bundleId);
+  }
+  EXPECT_THAT(found, ElementsAre("App 10: numbers", "Ärger: umlaut", "Discord: com.hnc.Discord",
+                                 "Discord by Flatpak: com.discordapp.Discord", "GeForce NOW: now",
+                                 "terminal: lower", "TERMINAL: upper", "Zebra: z"));
+  EXPECT_EQ(apps[4].iconName, "geforcenow");
+  EXPECT_FALSE(appBundleInfo({"Nameless", "", {}}));
+}
+
+TEST_F(InstalledAppsCatalogTest, GivesEachApplicationItsIconAndAccent) {
+  entry("red", "Red", image("red.png", Qt::red));
+  entry("same", "Same", image("red.png", Qt::red));
+  entry("clear", "Clear", image("clear.png", Qt::transparent));
+  entry("none", "None");
+  open();
+  const auto apps = load();
+  ASSERT_EQ(apps.size(), 4U);
+  EXPECT_EQ(apps[2].icon.size(), QSize(128, 128));
+  EXPECT_EQ(apps[2].icon.deviceIndependentSize(), QSizeF(64, 64));
+  EXPECT_EQ(apps[2].accent, QColor(Qt::red));
+  EXPECT_EQ(apps[3].icon.cacheKey(), apps[2].icon.cacheKey()) << "a shared icon is drawn once";
+  EXPECT_EQ(apps[0].accent, fallbackAccent());
+  EXPECT_TRUE(apps[1].icon.isNull()) << "there is no theme to give a generic icon";
+}
+
+TEST_F(InstalledAppsCatalogTest, NamesTheApplicationOfADroppedLauncher) {
+  const auto path = entry("discord", "Discord");
+  entry("vendor/deep", "Deep");
+  open();
+  const auto root = desktop_.root.path();
+  EXPECT_EQ(catalog_->bundleIdOf(path), "com.hnc.Discord");
+  EXPECT_EQ(catalog_->bundleIdOf(root / "home/Desktop/discord.desktop"), "com.hnc.Discord");
+  EXPECT_EQ(catalog_->bundleIdOf(root / "system/applications/vendor/deep.desktop"), "vendor-deep");
+  EXPECT_FALSE(catalog_->bundleIdOf(root / "home/Desktop/unknown.desktop"));
+  EXPECT_FALSE(catalog_->bundleIdOf(root / "home/Desktop/discord"));
+}
+
+TEST_F(InstalledAppsCatalogTest, ListsTwoThousandApplicationsBeforeAnyoneNotices) {
+  for (int i = 0; i < 2000; ++i) {
+    entry("app" + std::to_string(i), "Application " + std::to_string(i * 7919 % 2000));
+  }
+  open();
+  const auto begin = std::chrono::steady_clock::now();
+  const auto apps =
+      test::await(executors_.service(), catalog_->list(applications_->workspaceClient()));
+  const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(
+      std::chrono::steady_clock::now() - begin);
+  EXPECT_EQ(apps.size(), 2000U);
+  RecordProperty("milliseconds", static_cast<int>(taken.count()));
+  EXPECT_LT(taken.count(), 300);
+}
+
+TEST(IconAccent, IsTheColourfulPartOfTheIconMadeBright) {
+  QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
+  const auto painted = [&icon](QColor left, QColor right) {
+    icon.fill(Qt::transparent);
+    QPainter painter(&icon);
+    painter.fillRect(0, 0, 32, 64, left);
+    painter.fillRect(32, 0, 32, 64, right);
+    painter.end();
+    return accentColor(icon);
+  };
+  struct Case {
+    QColor left, right;
+    float hue, saturation, brightness;
+  };
+  const QColor half(0, 0, 255, 100);
+  for (const auto& [left, right, hue, saturation, brightness] : std::vector<Case>{
+           {Qt::red, Qt::red, 0, 1, 1},
+           {Qt::blue, Qt::transparent, 2 / 3.0F, 1, 1},
+           {Qt::blue, half, 2 / 3.0F, 1, 1},  // too transparent to count
+           {QColor(0, 0, 200, 200), Qt::transparent, 2 / 3.0F, 1, 200 / 255.0F},
+           {QColor(0, 60, 0), QColor(0, 60, 0), 1 / 3.0F, 1, 0.75F},  // dark
+           {Qt::black, Qt::black, 0, 0.55F, 0.75F},
+           // White weighs 0.15 against 1.15: (1.15 + 0.15) / 1.3 red, 0.15 / 1.3 of the others.
+           {Qt::red, Qt::white, 0, 1 - 0.15F / 1.3F, 1}}) {
+    const auto accent = painted(left, right);
+    ASSERT_TRUE(accent);
+    EXPECT_NEAR(std::max(accent->hsvHueF(), 0.0F), hue, 0.01) << left.name().toStdString();
+    EXPECT_NEAR(accent->hsvSaturationF(), saturation, 0.02) << left.name().toStdString();
+    EXPECT_NEAR(accent->valueF(), brightness, 0.02) << left.name().toStdString();
+  }
+  EXPECT_FALSE(painted(Qt::transparent, half));
+  EXPECT_FALSE(accentColor(QImage()));
+}
+
+}  // namespace
+}  // namespace glintboard

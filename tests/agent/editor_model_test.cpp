@@ -1,0 +1,259 @@
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <fstream>
+
+#include "agent/editor/deck_edits.h"
+#include "tests/agent/editor_fixture.h"
+
+namespace glintboard {
+namespace {
+
+using DeckEditorTest = test::EditorTest;
+
+TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
+  struct Case {
+    QStringList items;
+    int index;
+    bool accepted;
+    std::string keys;
+  };
+  const std::string before = "1 Discord, 2 Safari, 3 Music";
+  open();
+  const QAbstractItemModelTester tester(model->tilesModel());
+  for (const auto& [items, index, accepted, expected] : std::vector<Case>{
+           {{"editor"}, 0, true, "1 Text Editor, 2 Discord, 3 Safari, 4 Music"},
+           {{"editor", "com.apple.Music"}, 1, true, "1 Discord, 2 Text Editor, 3 Safari, 4 Music"},
+           {{"editor"}, 17, true, "1 Discord, 2 Safari, 3 Music, 4 Text Editor"},
+           {{"editor"}, -3, true, "1 Text Editor, 2 Discord, 3 Safari, 4 Music"},
+           {{"system.volume.down"}, 3, true, "1 Discord, 2 Safari, 3 Music, 4 Vol \u2212"},
+           {{test::brewId}, 1, true, "1 Discord, 2 Brew, 3 Safari, 4 Music"},
+           {{"com.hnc.Discord"}, 10, true, "1 Safari, 2 Music, 3 Discord"},
+           {{"com.hnc.Discord"}, 1, true, "1 Safari, 2 Discord, 3 Music"},
+           {{"com.apple.Music"}, 0, true, "1 Music, 2 Discord, 3 Safari"},
+           {{"com.apple.Safari"}, 1, true, before},
+           {{"not.installed"}, 0, false, before},
+           {{}, 0, false, before},
+           {{"file://" +
+             QString::fromStdString(
+                 (desktop.root / "system/applications/editor.desktop").string()) +
+             "\r\nfile:///other.desktop"},
+            1,
+            true,
+            "1 Discord, 2 Text Editor, 3 Safari, 4 Music"},
+           {{"/home/me/Desktop/discord.desktop"}, 2, true, "1 Safari, 2 Music, 3 Discord"},
+           {{"applications:editor.desktop"}, 3, true, before + ", 4 Text Editor"},
+           {{"file:///tmp/photo.png"}, 0, false, before}}) {
+    model->setDropTargetIndex(index);
+    model->setDeckDragActive(true);
+    EXPECT_EQ(model->drop(items, index), accepted) << items.join(' ').toStdString();
+    EXPECT_EQ(keys(), expected);
+    EXPECT_EQ(model->dropTargetIndex(), -1);
+    EXPECT_FALSE(model->isDeckDragActive());
+    EXPECT_EQ(model->canUndo(), expected != before);
+    model->undo();
+    EXPECT_EQ(keys(), before);
+    EXPECT_EQ(model->syncLabel(), "Synced");
+  }
+}
+
+TEST_F(DeckEditorTest, ViewsAreToldOfAnEditAsOneStep) {
+  open();
+  const QSignalSpy moved(model->tilesModel(), &QAbstractItemModel::rowsMoved);
+  const QSignalSpy inserted(model->tilesModel(), &QAbstractItemModel::rowsInserted);
+  const QSignalSpy removed(model->tilesModel(), &QAbstractItemModel::rowsRemoved);
+  const QSignalSpy reset(model->tilesModel(), &QAbstractItemModel::modelReset);
+  model->addAction("system.volume.up");
+  model->addAction("system.volume.mute");
+  model->addAction("system.volume.down");
+  EXPECT_EQ(inserted.count(), 3);
+  model->move(0, 4);
+  EXPECT_EQ(moved.count(), 1);
+  model->move(3, 1);
+  EXPECT_EQ(moved.count(), 2);
+  model->remove(2);
+  EXPECT_EQ(removed.count(), 1);
+  EXPECT_EQ(keys(), "1 Safari, 2 Mute, 3 Vol +, 4 Discord, 5 Vol \u2212");
+  EXPECT_FALSE(model->move(5, 0));
+  model->remove(24);
+  model->remove(-1);
+  EXPECT_EQ(model->tiles().size(), 5U);
+  EXPECT_EQ(reset.count(), 0);
+}
+
+TEST_F(DeckEditorTest, ADuplicateIsRefusedWithItsTextAndAFullDeckInSilence) {
+  open();
+  model->addApp("com.apple.Safari");
+  EXPECT_EQ(model->errorMessage(), "com.apple.Safari is already on the deck.");
+  EXPECT_EQ(keys(), "1 Discord, 2 Safari, 3 Music");
+  model->addAction("system.volume.up");
+  EXPECT_TRUE(model->errorMessage().isNull()) << "the next success clears it";
+  model->addAction("system.volume.up");
+  EXPECT_EQ(model->errorMessage(), "system.volume.up is already on the deck.");
+  model->addShortcut(test::brewId);
+  model->addShortcut(test::brewId);
+  EXPECT_EQ(model->errorMessage(), "That Shortcut is already on the deck.");
+  model->undo();
+  EXPECT_TRUE(model->errorMessage().isNull());
+
+  model.reset();
+  for (int i = 0; i < 25; ++i) {
+    entry("app" + std::to_string(i), "App");
+  }
+  open();
+  for (int i = 0; i < 25; ++i) {
+    model->addApp("app" + QString::number(i));
+  }
+  EXPECT_TRUE(model->isFull());
+  EXPECT_EQ(model->tiles().size(), 24U);
+  EXPECT_EQ(model->tiles().back().label, "App");
+  model->addApp("com.apple.Safari");
+  EXPECT_TRUE(model->errorMessage().isNull());
+  EXPECT_FALSE(model->drop({"system.volume.up"}, 0));
+  EXPECT_TRUE(model->drop({"com.apple.Safari"}, 0)) << "a key of a full deck can be moved";
+  EXPECT_EQ(model->apps()->cards()->index(0).data(DeckLibraryModel::IsFullRole), true);
+}
+
+TEST_F(DeckEditorTest, UndoTakesBackEveryEditAndANameTypedIsOne) {
+  open();
+  for (const auto* typed : {"S", "St", "Stream"}) {
+    model->setDeckName(typed);
+  }
+  model->remove(0);
+  model->setDeckName("Stream!");
+  EXPECT_EQ(model->syncLabel(), "Unsaved");
+  model->undo();
+  EXPECT_EQ(model->deckName(), "Stream");
+  model->undo();
+  EXPECT_EQ(keys(), "1 Discord, 2 Safari, 3 Music");
+  model->undo();
+  EXPECT_EQ(model->deckName(), "Streaming");
+  EXPECT_FALSE(model->canUndo());
+  EXPECT_EQ(model->syncLabel(), "Synced");
+  model->redo();
+  model->redo();
+  EXPECT_EQ(keys(), "1 Safari, 2 Music");
+  save();
+  EXPECT_TRUE(model->canUndo()) << "a save keeps the history";
+  model->undo();
+  EXPECT_EQ(model->syncLabel(), "Unsaved");
+  model->addApp("editor");
+  EXPECT_FALSE(model->canRedo());
+  loadDeck("gaming");
+  EXPECT_FALSE(model->canUndo());
+  EXPECT_EQ(model->deckName(), "Gaming");
+  loadDeck("streaming");
+  EXPECT_EQ(keys(), "1 Safari, 2 Music") << "unsaved edits are gone";
+}
+
+TEST_F(DeckEditorTest, ASaveTellsWhereTheDeckIsNow) {
+  open();
+  EXPECT_FALSE(model->syncIsLive());
+  model->setDeckName(" \n");
+  model->remove(0);
+  save();
+  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Streaming");
+  EXPECT_EQ(model->deckName(), "Streaming");
+  EXPECT_EQ(model->syncLabel(), "Synced");
+  EXPECT_EQ(model->infoMessage(), "Saved on Mac \u2014 connect iPhone to update.");
+  EXPECT_EQ(closeRequests, 0);
+  EXPECT_EQ(announcements, 1);
+  model->addApp("editor");
+  EXPECT_FALSE(model->infoMessage().isNull()) << "an application leaves the information";
+  model->addAction("system.volume.up");
+  EXPECT_TRUE(model->infoMessage().isNull());
+
+  phone = true;
+  model->refreshLive();
+  EXPECT_FALSE(model->syncIsLive());
+  model->setDeckName("  On air ");
+  save();
+  EXPECT_TRUE(model->syncIsLive());
+  EXPECT_EQ(storedName(DeckCategoryID::streaming), "On air");
+  EXPECT_EQ(closeRequests, 1);
+
+  // A folder cannot be made where there is a file.
+  std::filesystem::remove_all(desktop.root / "agent");
+  desktop.root.write("agent", "");
+  model->setDeckName("Lost");
+  save();
+  EXPECT_FALSE(model->errorMessage().isNull());
+  EXPECT_EQ(model->syncLabel(), "Unsaved");
+  EXPECT_EQ(closeRequests, 1);
+  EXPECT_EQ(announcements, 2);
+  const QString error = model->errorMessage();
+  model->reset();
+  ASSERT_TRUE(turnUntil([&] { return !model->isResetting(); }));
+  EXPECT_EQ(model->errorMessage(), error) << "so does a failed reset, and the deck stays";
+  EXPECT_EQ(model->deckName(), "Lost");
+}
+
+TEST_F(DeckEditorTest, AResetShowsAndStoresTheBuiltInDeck) {
+  open();
+  model->setDeckName("Mine");
+  save();
+  model->remove(0);
+  model->addApp("com.apple.Music");
+  model->reset();
+  ASSERT_TRUE(turnUntil([&] { return announcements == 2; }));
+  EXPECT_EQ(keys(), "1 Discord, 2 Safari, 3 Music");
+  EXPECT_EQ(model->deckName(), "Streaming");
+  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Streaming");
+  EXPECT_EQ(model->syncLabel(), "Synced");
+  EXPECT_TRUE(model->errorMessage().isNull());
+  EXPECT_FALSE(model->canUndo());
+}
+
+TEST_F(DeckEditorTest, WhatHappensDuringASaveGoesToNoOtherDeck) {
+  open();
+  phone = true;
+  model->setDeckName("First");
+  model->save();
+  model->setSelectedCategory("gaming");
+  model->setDeckName("Not loaded yet");
+  model->remove(0);
+  model->setSelectedCategory("streaming");
+  ASSERT_TRUE(turnUntil([&] { return !model->isSaving() && !model->isLoading(); }));
+  EXPECT_EQ(model->deckName(), "First") << "what was saved is what is loaded";
+  EXPECT_EQ(model->syncLabel(), "Synced");
+  EXPECT_EQ(closeRequests, 0) << "the user has gone to another deck";
+  EXPECT_EQ(storedName(DeckCategoryID::gaming), "Gaming");
+
+  model->setDeckName("Second");
+  model->save();
+  model->setDeckName("Third");
+  ASSERT_TRUE(turnUntil([&] { return !model->isSaving(); }));
+  EXPECT_EQ(model->syncLabel(), "Unsaved");
+  EXPECT_EQ(closeRequests, 0) << "what was typed meanwhile is not thrown away";
+  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Second");
+
+  model->save();
+  model->close();
+  const std::weak_ptr<DeckEditorModel> window = std::exchange(model, nullptr);
+  EXPECT_TRUE(turnUntil([&] { return window.expired(); }));
+  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Third") << "a closed window finishes its save";
+  EXPECT_EQ(announcements, 3);
+}
+
+TEST_F(DeckEditorTest, ADamagedDeckIsShownAndCanBeEdited) {
+  desktop.root.write("agent/decks.json", R"({"version":1,"decks":[
+      {"id":"streaming","name":"S","tiles":[
+        {"slot":9,"label":"Safari","bundleId":"com.apple.Safari"},
+        {"slot":2,"id":"odd","label":"Gone","bundleId":"com.gone"},
+        {"slot":9,"label":"Again","bundleId":"com.apple.Safari"}]},
+      {"id":"gaming","name":"G","tiles":[]}]})");
+  open();
+  EXPECT_EQ(keys(), "2 Gone, 9 Safari, 9 Again");
+  EXPECT_EQ(model->syncLabel(), "Synced");
+  const auto gone = model->tilesModel()->index(0);
+  EXPECT_EQ(gone.data(DeckTilesModel::IsInstalledRole), false);
+  EXPECT_TRUE(model->drop({gone.data(DeckTilesModel::PayloadRole).toString()}, 1));
+  EXPECT_EQ(keys(), "1 Safari, 2 Gone, 3 Again");
+  save();
+  EXPECT_EQ(model->errorMessage(), "com.apple.Safari is already on the deck.");
+  model->remove(2);
+  save();
+  EXPECT_EQ(model->syncLabel(), "Synced");
+}
+
+}  // namespace
+}  // namespace glintboard
