@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QSignalSpy>
+
+#include "tests/ui/qml_view.h"
+
+namespace glintboard {
+namespace {
+
+constexpr const char* allControls = R"(
+Item {
+  width: 320; height: 420
+  Column {
+    spacing: 8
+    width: 300
+    PillButton { objectName: "primary"; kind: PillButton.Primary; text: "Save"; symbolName: "plus" }
+    PillButton { objectName: "secondary"; text: "Cancel" }
+    MenuRowButton { objectName: "row"; width: parent.width; text: "Edit Deck" }
+    MenuRowButton { width: parent.width; text: "Unpair iPhone"; destructive: true; shortcutText: "Ctrl+Q" }
+    GlintTextField { objectName: "search"; width: parent.width; symbolName: "magnifyingglass"; placeholderText: "Search" }
+    GlintTextField { inPlace: true; width: parent.width; text: "Streaming"; accessibleName: "Deck name" }
+    Divider { width: parent.width }
+    Spinner { objectName: "spinner" }
+    Symbol { name: "lock.fill"; color: Look.dangerText; size: 20 }
+    GlassPanel { width: 300; height: 60; raised: true; Text { text: "panel"; color: Look.text; font: Look.fonts.ui(Look.Body) } }
+  }
+})";
+
+TEST(Controls, LoadWithoutWarningsInEveryAppearance) {
+  for (const bool dark : {false, true}) {
+    for (const bool special : {false, true}) {
+      QmlView view(allControls, {dark, special, special, special ? 1.5 : 1.0});
+      EXPECT_FALSE(view.grab().isNull());
+      // A change while the view is shown reaches every binding.
+      const QImage before = view.grab();
+      lookOf(view.engine).setAppearance({!dark, special, special, 1});
+      QCoreApplication::processEvents();
+      EXPECT_FALSE(view.grab() == before);
+    }
+  }
+}
+
+TEST(Controls, HaveNamesAndRolesForScreenReaders) {
+  QmlView view(allControls);
+  QAccessible::setActive(true);
+  const std::tuple<const char*, const char*, QAccessible::Role> expected[] = {
+      {"primary", "Save", QAccessible::Button},
+      {"row", "Edit Deck", QAccessible::Button},
+      {"search", "Search", QAccessible::EditableText},
+      {"spinner", "In progress", QAccessible::ProgressBar}};
+  for (const auto& [item, name, role] : expected) {
+    auto* accessible = QAccessible::queryAccessibleInterface(view.find(item));
+    ASSERT_NE(accessible, nullptr) << item;
+    EXPECT_EQ(accessible->text(QAccessible::Name), name);
+    EXPECT_EQ(accessible->role(), role) << item;
+  }
+}
+
+TEST(Controls, WorkFromTheKeyboardAndShowTheFocusOnlyThen) {
+  QmlView view(allControls);
+  auto* primary = view.find("primary");
+  QSignalSpy clicks(primary, SIGNAL(clicked()));
+  const auto picture = [&] { return view.grab().copy(0, 0, 200, 90); };
+  const QImage idle = picture();
+  QTest::mouseClick(&view.window, Qt::LeftButton, {}, primary->mapToScene({10, 10}).toPoint());
+  EXPECT_EQ(clicks.size(), 1);
+  QTest::mouseMove(&view.window, {310, 410});
+  QTest::qWait(300);
+  EXPECT_FALSE(primary->property("visualFocus").toBool());
+  EXPECT_TRUE(picture() == idle);
+  QTest::keyClick(&view.window, Qt::Key_Tab);
+  EXPECT_TRUE(view.find("secondary")->property("visualFocus").toBool());
+  QTest::qWait(200);
+  EXPECT_FALSE(picture() == idle);
+  QTest::keyClick(&view.window, Qt::Key_Backtab);
+  for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+    QTest::keyClick(&view.window, key);
+  }
+  EXPECT_EQ(clicks.size(), 4);
+  primary->setProperty("busy", true);
+  QTest::keyClick(&view.window, Qt::Key_Space);
+  QTest::keyClick(&view.window, Qt::Key_Return);
+  QTest::mouseClick(&view.window, Qt::LeftButton, {}, primary->mapToScene({10, 10}).toPoint());
+  EXPECT_EQ(clicks.size(), 4);
+}
+
+TEST(GlintTextField, ClearsASearchWithEscape) {
+  QmlView view(allControls);
+  auto* search = view.find("search");
+  search->forceActiveFocus(Qt::TabFocusReason);
+  QTest::keyClick(&view.window, Qt::Key_S);
+  EXPECT_EQ(search->property("text").toString(), "s");
+  QTest::keyClick(&view.window, Qt::Key_Escape);
+  EXPECT_EQ(search->property("text").toString(), "");
+}
+
+}  // namespace
+}  // namespace glintboard

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include "ui/design/deck_brand_palette.h"
+#include "ui/design/look.h"
+#include "ui/design/wcag_contrast.h"
+
+namespace glintboard {
+namespace {
+
+using DeckBrandPalette::RGB;
+
+RGB componentsOf(const QColor& color) {
+  return {color.redF(), color.greenF(), color.blueF()};
+}
+
+// `over` as it looks on an opaque `ground`.
+RGB seenOn(const QColor& over, const RGB& ground) {
+  const double alpha = over.alphaF();
+  return {over.redF() * alpha + ground.red * (1 - alpha),
+          over.greenF() * alpha + ground.green * (1 - alpha),
+          over.blueF() * alpha + ground.blue * (1 - alpha)};
+}
+
+TEST(WCAGContrast, FollowsThePublishedFormula) {
+  const RGB white{1, 1, 1};
+  const RGB black{};
+  EXPECT_DOUBLE_EQ(WCAGContrast::contrastRatio(white, black), 21);
+  EXPECT_DOUBLE_EQ(WCAGContrast::contrastRatio(black, white), 21);
+  EXPECT_DOUBLE_EQ(WCAGContrast::contrastRatio(DeckBrandPalette::dangerComponents,
+                                               DeckBrandPalette::dangerComponents),
+                   1);
+  EXPECT_DOUBLE_EQ(WCAGContrast::relativeLuminance({0.03928, 0.03928, 0.03928}), 0.03928 / 12.92);
+  // Just beyond the threshold the power takes over.
+  EXPECT_NEAR(WCAGContrast::relativeLuminance({0.04, 0.04, 0.04}), 0.003096, 1e-6);
+  EXPECT_NEAR(WCAGContrast::relativeLuminance({0, 1, 0}), 0.7152, 1e-12);
+}
+
+TEST(DeckBrandPalette, AdaptsTheAccentToTheAppearance) {
+  struct Case {
+    Appearance appearance;
+    const char* accent;
+    const char* onAccent;
+  };
+  const Case cases[] = {{{false, false}, "#c21667", "#ffffff"},
+                        {{false, true}, "#6e0938", "#ffffff"},
+                        {{true, false}, "#ff4d9d", "#2b0015"},
+                        {{true, true}, "#ff9cc9", "#2b0015"}};
+  for (const auto& [appearance, accent, onAccent] : cases) {
+    EXPECT_EQ(DeckBrandPalette::accent(appearance).name(), accent);
+    EXPECT_EQ(DeckBrandPalette::onAccent(appearance).name(), onAccent);
+  }
+  EXPECT_EQ(DeckBrandPalette::accentGlow(0.4).alpha(), 102);
+}
+
+TEST(Look, WritesLegiblyOnEveryGroundInEveryAppearance) {
+  Look look;
+  for (const bool dark : {false, true}) {
+    for (const bool increasedContrast : {false, true}) {
+      look.setAppearance({dark, increasedContrast, false, 1});
+      for (const auto& window : {look.windowTop(), look.windowBottom()}) {
+        const RGB ground = componentsOf(window);
+        const RGB panel = seenOn(look.surface(), ground);
+        const RGB solid = componentsOf(look.solidSurface());
+        const RGB hovered = seenOn(look.hover(), panel);
+        const std::vector<RGB> still{ground, panel, solid};
+        const std::vector<RGB> rows{ground, panel, solid, hovered};
+        const std::vector<RGB> all{ground, panel, solid, hovered, seenOn(look.pressed(), panel)};
+        const std::tuple<const char*, QColor, const std::vector<RGB>&> inks[] = {
+            {"text", look.text(), all},
+            {"secondaryText", look.secondaryText(), all},
+            {"dangerText", look.dangerText(), rows},
+            {"accent", look.accent(), still},
+            {"successText", look.successText(), still},
+            {"warningText", look.warningText(), still}};
+        for (const auto& [name, ink, grounds] : inks) {
+          for (std::size_t i = 0; i < grounds.size(); ++i) {
+            EXPECT_GE(WCAGContrast::contrastRatio(componentsOf(ink), grounds[i]), 4.5)
+                << name << " on ground " << i << (dark ? ", dark" : ", light")
+                << (increasedContrast ? ", increased contrast" : "");
+          }
+        }
+      }
+      EXPECT_GE(
+          WCAGContrast::contrastRatio(componentsOf(look.onAccent()), componentsOf(look.accent())),
+          4.5);
+    }
+  }
+}
+
+TEST(Look, ReplacesMovementByFadesUnderReducedMotion) {
+  Look look;
+  int changes = 0;
+  QObject::connect(&look, &Look::appearanceChanged, [&] { ++changes; });
+  look.setAppearance({false, false, true, 1});
+  look.setAppearance({false, false, true, 1});
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(look.moveTime(), 0);
+  EXPECT_EQ(look.pressTime(), 0);
+  EXPECT_GT(Look::fadeTime(), 0);
+}
+
+}  // namespace
+}  // namespace glintboard

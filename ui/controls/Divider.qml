@@ -1,0 +1,11 @@
+import QtQuick
+import QtQuick.Window
+import Glintboard.UI
+
+// A hairline across its container.
+Rectangle {
+    implicitWidth: 100
+    implicitHeight: 1 / Screen.devicePixelRatio
+    color: Look.stroke
+    Accessible.role: Accessible.Separator
+}

@@ -1,0 +1,27 @@
+import QtQuick
+import QtQuick.Templates as T
+import Glintboard.UI
+
+// Two pixels of accent around what has the keyboard's focus, with two of space between.
+// Lies inside the control it belongs to: `FocusRing { target: control; cornerRadius: 8 }`.
+Rectangle {
+    id: ring
+
+    required property T.Control target
+    property bool shown: ring.target.visualFocus
+    property real cornerRadius: Look.FieldRadius
+
+    anchors.fill: parent
+    anchors.margins: -4
+    radius: ring.cornerRadius + 4
+    color: "transparent"
+    border.width: 2
+    border.color: Look.accent
+    opacity: ring.shown ? 1 : 0
+
+    Behavior on opacity {
+        NumberAnimation {
+            duration: 90
+        }
+    }
+}

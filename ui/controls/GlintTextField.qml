@@ -1,0 +1,95 @@
+import QtQuick
+import QtQuick.Templates as T
+import QtQuick.Window
+import Glintboard.UI
+
+// A line to type in: for a search, with a symbol in front, or for a name edited in place.
+T.TextField {
+    id: control
+
+    // In front of the text; "magnifyingglass" for a search.
+    property string symbolName: ""
+    // Shows no frame until the pointer or the keyboard is on it.
+    property bool inPlace: false
+    // What a screen reader calls it; the placeholder will mostly do.
+    property string accessibleName: control.placeholderText
+
+    implicitWidth: Math.max(contentWidth + leftPadding + rightPadding, placeholder.implicitWidth + leftPadding + rightPadding, 120)
+    implicitHeight: Math.max(contentHeight + topPadding + bottomPadding, 32)
+    leftPadding: (control.symbolName !== "" ? 16 + Look.Gap8 : 0) + Look.Gap12
+    rightPadding: Look.Gap12 + (clear.visible ? clear.width : 0)
+    topPadding: Look.Gap4
+    bottomPadding: Look.Gap4
+    verticalAlignment: TextInput.AlignVCenter
+    font: Look.fonts.uiSized(14)
+    color: Look.text
+    placeholderTextColor: Look.secondaryText
+    selectionColor: Look.accent
+    selectedTextColor: Look.onAccent
+    selectByMouse: true
+    hoverEnabled: true
+
+    Accessible.role: Accessible.EditableText
+    Accessible.name: control.accessibleName
+
+    Keys.onEscapePressed: event => {
+        if (control.symbolName === "magnifyingglass" && control.text !== "")
+            control.clear();
+        else
+            event.accepted = false;
+    }
+
+    background: Rectangle {
+        radius: Look.FieldRadius
+        color: control.inPlace && !control.activeFocus ? (control.hovered ? Look.hover : "transparent") : Look.surface
+        border.width: control.activeFocus ? 2 : 1 / Screen.devicePixelRatio
+        border.color: control.activeFocus ? Look.accent : control.inPlace ? "transparent" : Look.stroke
+
+        Symbol {
+            x: Look.Gap12
+            anchors.verticalCenter: parent.verticalCenter
+            visible: control.symbolName !== ""
+            name: control.symbolName
+            color: Look.secondaryText
+            size: 16
+        }
+    }
+
+    Text {
+        id: placeholder
+
+        x: control.leftPadding
+        width: control.width - control.leftPadding - control.rightPadding
+        height: control.height
+        visible: control.text === "" && control.preeditText === ""
+        text: control.placeholderText
+        font: control.font
+        color: control.placeholderTextColor
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+        Accessible.ignored: true
+    }
+
+    T.Button {
+        id: clear
+
+        anchors.right: parent.right
+        width: 28
+        height: parent.height
+        visible: control.symbolName === "magnifyingglass" && control.text !== ""
+        focusPolicy: Qt.NoFocus
+        onClicked: control.clear()
+
+        Accessible.role: Accessible.Button
+        Accessible.name: qsTr("Clear the search")
+
+        contentItem: Item {
+            Symbol {
+                anchors.centerIn: parent
+                name: "xmark"
+                color: Look.secondaryText
+                size: 12
+            }
+        }
+    }
+}

@@ -1,0 +1,48 @@
+import QtQuick
+import Glintboard.UI
+
+// What a MenuRowButton says: a symbol, a text that gives way, and its keys at the end.
+Item {
+    id: label
+
+    property alias text: title.text
+    property alias font: title.font
+    property color color: Look.text
+    property string symbolName: ""
+    property string shortcutText: ""
+
+    implicitWidth: title.x + title.implicitWidth + keys.implicitWidth + Look.Gap16
+    implicitHeight: title.implicitHeight
+
+    Symbol {
+        id: symbol
+
+        anchors.verticalCenter: parent.verticalCenter
+        visible: label.symbolName !== ""
+        name: label.symbolName
+        color: label.color
+        size: 16
+    }
+
+    Text {
+        id: title
+
+        x: symbol.visible ? symbol.width + Look.Gap8 : 0
+        width: parent.width - x - (keys.visible ? keys.width + Look.Gap8 : 0)
+        anchors.verticalCenter: parent.verticalCenter
+        color: label.color
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+    }
+
+    Text {
+        id: keys
+
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        visible: label.shortcutText !== ""
+        text: label.shortcutText
+        font: Look.fonts.ui(Look.Caption)
+        color: Look.secondaryText
+    }
+}

@@ -1,0 +1,86 @@
+import QtQuick
+import QtQuick.Templates as T
+import QtQuick.Window
+import Glintboard.UI
+
+// A button in the form of a pill: the primary one filled with the accent, the others quiet.
+T.Button {
+    id: control
+
+    enum Kind {
+        Primary,
+        Secondary
+    }
+
+    property int kind: PillButton.Kind.Secondary
+    readonly property bool primary: control.kind === PillButton.Kind.Primary
+    readonly property color ink: control.primary ? Look.onAccent : Look.text
+    // A symbol before the text.
+    property string symbolName: ""
+    // Shows that what was pressed is under way; presses are ignored meanwhile.
+    property bool busy: false
+
+    implicitWidth: Math.max(implicitContentWidth + leftPadding + rightPadding, 64)
+    implicitHeight: Math.max(implicitContentHeight + topPadding + bottomPadding, 32)
+    leftPadding: Look.Gap16
+    rightPadding: Look.Gap16
+    topPadding: Look.Gap4
+    bottomPadding: Look.Gap4
+    font: Look.fonts.uiSized(14, Look.Semibold)
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    opacity: control.enabled ? 1 : 0.5
+    scale: control.down ? 0.97 : 1
+
+    Accessible.role: Accessible.Button
+    Accessible.name: control.text
+
+    Keys.onReturnPressed: if (!control.busy) control.clicked()
+    Keys.onEnterPressed: if (!control.busy) control.clicked()
+    Keys.onSpacePressed: event => event.accepted = control.busy
+
+    contentItem: PillLabel {
+        text: control.text
+        font: control.font
+        color: control.ink
+        symbolName: control.symbolName
+        busy: control.busy
+    }
+
+    background: Rectangle {
+        radius: height / 2
+        color: control.primary ? Look.accent : Look.surface
+        border.width: control.primary ? 0 : 1 / Screen.devicePixelRatio
+        border.color: Look.stroke
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            color: control.primary ? Look.onAccent : Look.text
+            opacity: control.down ? 0.16 : control.hovered && control.enabled ? 0.08 : 0
+
+            Behavior on opacity {
+                NumberAnimation {
+                    duration: 90
+                }
+            }
+        }
+
+        FocusRing {
+            target: control
+            cornerRadius: parent.radius
+        }
+    }
+
+    Behavior on scale {
+        ScaleAnimator {
+            duration: control.down ? Look.pressTime : Look.releaseTime
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        enabled: control.busy
+    }
+}

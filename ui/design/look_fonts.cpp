@@ -1,0 +1,45 @@
+#include "ui/design/look_fonts.h"
+
+#include "ui/design/deck_typography.h"
+
+namespace glintboard {
+
+namespace {
+
+DeckTypography::TextStyle styleOf(int value) {
+  return static_cast<DeckTypography::TextStyle>(value);
+}
+
+DeckTypography::Weight weightOf(int value) {
+  return static_cast<DeckTypography::Weight>(value);
+}
+
+}  // namespace
+
+QFont LookFonts::ui(int style, int weight) const {
+  return DeckTypography::ui(styleOf(style), weightOf(weight), textScale_);
+}
+
+QFont LookFonts::keyLabel(int style, int weight) const {
+  return DeckTypography::keyLabel(styleOf(style), weightOf(weight), textScale_);
+}
+
+QFont LookFonts::hero(int style, int weight) const {
+  return DeckTypography::hero(styleOf(style), weightOf(weight), textScale_);
+}
+
+QFont LookFonts::handCaption(int style, int weight) const {
+  return DeckTypography::handCaption(styleOf(style), weightOf(weight), textScale_);
+}
+
+QFont LookFonts::mono(int style, int weight) const {
+  return DeckTypography::mono(styleOf(style), weightOf(weight), textScale_);
+}
+
+QFont LookFonts::uiSized(double size, int weight, bool scales) const {
+  return DeckTypography::ui(size, weightOf(weight),
+                            scales ? std::optional(DeckTypography::TextStyle::body) : std::nullopt,
+                            textScale_);
+}
+
+}  // namespace glintboard

@@ -1,0 +1,15 @@
+// Soft shadows without shader effects.
+#pragma once
+
+#include <QColor>
+#include <QRectF>
+
+class QPainter;
+
+namespace glintboard {
+
+// Paints the shadow of a rounded rectangle that covers `shape`; it fades out `blur` beyond it.
+void paintShadow(QPainter& painter, const QRectF& shape, qreal radius, qreal blur,
+                 const QColor& color);
+
+}  // namespace glintboard

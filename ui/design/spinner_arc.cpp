@@ -1,0 +1,33 @@
+#include "ui/design/spinner_arc.h"
+
+#include <QConicalGradient>
+#include <QPainter>
+#include <algorithm>
+
+namespace glintboard {
+
+void SpinnerArc::setColor(const QColor& color) {
+  if (color == color_) {
+    return;
+  }
+  color_ = color;
+  update();
+  Q_EMIT colorChanged();
+}
+
+void SpinnerArc::paint(QPainter* painter) {
+  const qreal side = std::min(width(), height());
+  const qreal stroke = std::max(1.5, side / 9);
+  const QRectF ring = QRectF((width() - side) / 2, (height() - side) / 2, side, side)
+                          .adjusted(stroke, stroke, -stroke, -stroke);
+  QColor end = color_;
+  end.setAlpha(0);
+  QConicalGradient fade(ring.center(), 90);
+  fade.setColorAt(0, color_);
+  fade.setColorAt(0.8, end);
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(QPen(fade, stroke, Qt::SolidLine, Qt::RoundCap));
+  painter->drawArc(ring, 90 * 16, 270 * 16);
+}
+
+}  // namespace glintboard

@@ -1,0 +1,20 @@
+// The drawings of the symbols that keys and views name.
+#pragma once
+
+#include <QColor>
+#include <QRectF>
+#include <QString>
+#include <QStringList>
+
+class QPainter;
+
+namespace glintboard::Symbols {
+
+// The names of all symbols that have a drawing.
+QStringList names();
+bool isKnown(const QString& name);
+// Draws the symbol as large as fits into the middle of `area`. An unknown name draws a question
+// mark, so that a key from elsewhere is never blank.
+void draw(QPainter& painter, const QString& name, const QRectF& area, const QColor& color);
+
+}  // namespace glintboard::Symbols
