@@ -30,7 +30,8 @@ HostNameWatcher::HostNameWatcher(const asio::any_io_executor& service,
   if (descriptor >= 0) {
     kernel_.assign(descriptor);
   }
-  folder_.watch(machineInfo_.parent_path());
+  folder_.watch(machineInfo_.parent_path(), machineInfo_.filename());
+  folder_.forgetOthers();
 }
 
 void HostNameWatcher::stop() {
@@ -58,8 +59,9 @@ Awaitable<> HostNameWatcher::followFile(std::shared_ptr<HostNameWatcher> self) {
     if (!changed) {
       co_return;
     }
-    self->folder_.drain();
-    self->changed_();
+    if (self->folder_.drain()) {
+      self->changed_();
+    }
   }
 }
 

@@ -63,7 +63,11 @@ void IconLookup::refresh() {
   }
   checked_ = now;
   bool changed = !themes_.unchanged();
-  if (!settings_.unchanged()) {
+  // The desktop's portal may hear of a changed setting later than its file shows it.
+  constexpr std::chrono::seconds portalsDelay{2};
+  const bool settingsChanged = !settings_.unchanged();
+  if (settingsChanged || (askAgain_ && now >= *askAgain_)) {
+    askAgain_ = settingsChanged ? std::optional(now + portalsDelay) : std::nullopt;
     settings_ = {};
     auto theme = desktopIconTheme(folders_, settings_);
     changed |= theme != userTheme_;
@@ -110,6 +114,16 @@ void IconLookup::addThemes(const std::string& name, std::vector<std::string>& se
 }
 
 fs::path IconLookup::search(const std::string& name) const {
+  const std::string symbolic = "-symbolic";
+  auto found = searchExactly(name);
+  if (found.empty()) {
+    found = searchExactly(name.ends_with(symbolic) ? name.substr(0, name.size() - symbolic.size())
+                                                   : name + symbolic);
+  }
+  return found;
+}
+
+fs::path IconLookup::searchExactly(const std::string& name) const {
   for (const auto& folder : iconFolders_) {
     for (const char* extension : extensions) {
       auto file = folder / (name + extension);
