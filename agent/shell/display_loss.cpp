@@ -41,7 +41,7 @@ void startAgain() {
 
 // Stands in for the C library's own. Qt leaves with it when a Wayland compositor dies, and then no
 // handler that was registered for the end runs.
-extern "C" [[noreturn]] void _exit(int status) {
+extern "C" void _exit(int status) {
   startAgain();
   std::_Exit(status);
 }
