@@ -15,18 +15,20 @@ constexpr auto trayPatience = 3s;
 }  // namespace
 
 DesktopShell::DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu)
-    : viewModel_(viewModel), menu_(menu), session_([this](DesktopAppearance) {
-        QMetaObject::invokeMethod(this, &DesktopShell::appearanceChanged, Qt::QueuedConnection);
-      }) {
-  session_.showTrayItem(
-      {tr("Glintboard Agent").toStdString(), std::string(agentIdentifier) + "-symbolic",
-       trayImages()},
-      {[this](int x, int y) {
-         QMetaObject::invokeMethod(this, [this, x, y] { activated(x, y); }, Qt::QueuedConnection);
-       },
-       [this](bool shown) {
-         QMetaObject::invokeMethod(this, [this, shown] { inTray_ = shown; }, Qt::QueuedConnection);
-       }});
+    : viewModel_(viewModel),
+      menu_(menu),
+      session_([this](DesktopAppearance) { Q_EMIT toldAppearance(); }) {
+  connect(this, &DesktopShell::toldAppearance, this, &DesktopShell::appearanceChanged,
+          Qt::QueuedConnection);
+  connect(this, &DesktopShell::toldActivation, this, &DesktopShell::activated,
+          Qt::QueuedConnection);
+  connect(
+      this, &DesktopShell::toldPresence, this, [this](bool inTray) { inTray_ = inTray; },
+      Qt::QueuedConnection);
+  session_.showTrayItem({tr("Glintboard Agent").toStdString(),
+                         std::string(agentIdentifier) + "-symbolic", trayImages()},
+                        {[this](int x, int y) { Q_EMIT toldActivation(x, y); },
+                         [this](bool shown) { Q_EMIT toldPresence(shown); }});
   for (const auto changed :
        {&AgentViewModel::pairedDevicesChanged, &AgentViewModel::isListenerRunningChanged,
         &AgentViewModel::listenerErrorChanged, &AgentViewModel::hasConnectedPhoneChanged}) {

@@ -24,6 +24,11 @@ class DesktopShell : public QObject {
  Q_SIGNALS:
   void appearanceChanged();
 
+  // Emitted on the session's thread; the shell itself listens on the main one.
+  void toldAppearance();
+  void toldActivation(int x, int y);
+  void toldPresence(bool inTray);
+
  private:
   void updateToolTip();
   void activated(int x, int y);

@@ -227,9 +227,9 @@ void X11TrayItem::createWindow(xcb_window_t tray) {
   sizes[6] = firstSize;
   xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_NORMAL_HINTS,
                       XCB_ATOM_WM_SIZE_HINTS, 32, sizes.size(), sizes.data());
-  constexpr std::string_view instanceAndClass("glintboard-agent\0glintboard-agent", 34);
+  constexpr char instanceAndClass[] = "glintboard-agent\0glintboard-agent";
   xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_CLASS,
-                      XCB_ATOM_STRING, 8, instanceAndClass.size(), instanceAndClass.data());
+                      XCB_ATOM_STRING, 8, sizeof instanceAndClass, instanceAndClass);
 }
 
 // The best of the pictures, in the middle of such a window.
