@@ -136,7 +136,7 @@ bool DeckEditorModel::dropDesktopFile(const QList<QUrl>& urls, int index) {
 }
 
 bool DeckEditorModel::dropItem(const QString& item, int index) {
-  const std::string id = item.toStdString();
+  const std::string id = apps_->bundleIdOf(launcherPath(item)).value_or(item.toStdString());
   if (const auto action = actionTile(id)) {
     return dropTile(*action, index);
   }
@@ -154,8 +154,7 @@ bool DeckEditorModel::dropItem(const QString& item, int index) {
       return dropTile(DeckTile(*tile), index);
     }
   }
-  const auto launched = apps_->bundleIdOf(launcherPath(item));
-  const auto app = appTile(launched.value_or(id));
+  const auto app = appTile(id);
   return app && dropTile(*app, index);
 }
 
@@ -181,7 +180,9 @@ bool DeckEditorModel::move(int from, int to) {
   if (!isEditable() || from < 0 || static_cast<std::size_t>(from) >= deck_.tiles.size()) {
     return false;
   }
-  return dropTile(DeckTile(deck_.tiles[static_cast<std::size_t>(from)]), to);
+  edit(DeckEdits::moved(deck_.tiles, static_cast<std::size_t>(from),
+                        static_cast<std::size_t>(std::max(to, 0))));
+  return true;
 }
 
 void DeckEditorModel::remove(int index) {

@@ -1,8 +1,7 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
-#include <fstream>
+#include <random>
 
-#include "agent/editor/deck_edits.h"
 #include "tests/agent/editor_fixture.h"
 
 namespace glintboard {
@@ -78,6 +77,31 @@ TEST_F(DeckEditorTest, ViewsAreToldOfAnEditAsOneStep) {
   model->remove(-1);
   EXPECT_EQ(model->tiles().size(), 5U);
   EXPECT_EQ(reset.count(), 0);
+}
+
+TEST(DeckTilesModel, FollowsAnyChangeOfTheDeck) {
+  DeckTilesModel model;
+  const QAbstractItemModelTester tester(&model);
+  std::mt19937 random(6);
+  for (int round = 0; round < 300; ++round) {
+    std::vector<DeckKey> keys;
+    for (int i = 0; i < 8; ++i) {
+      const auto id = std::to_string(i);
+      if (random() % 4 != 0) {
+        keys.push_back({.tile = DeckTile::app(i, id, id), .iconSource = {}, .accent = {}});
+      }
+    }
+    std::ranges::shuffle(keys, random);
+    if (round % 50 == 7) {
+      keys.push_back(keys.front());  // a damaged deck
+    }
+    model.setKeys(keys);
+    ASSERT_EQ(model.rowCount(), static_cast<int>(keys.size()));
+    for (std::size_t row = 0; row < keys.size(); ++row) {
+      ASSERT_EQ(model.index(static_cast<int>(row)).data(DeckTilesModel::TileIdRole).toString(),
+                QString::fromStdString(keys[row].tile.id));
+    }
+  }
 }
 
 TEST_F(DeckEditorTest, ADuplicateIsRefusedWithItsTextAndAFullDeckInSilence) {
