@@ -1,13 +1,16 @@
 // Draws the gallery pages in both appearances: glintboard-ui-gallery FOLDER [SCALE].
 #include <QGuiApplication>
+#include <QPainter>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
 
+#include "protocol/deck_templates.h"
 #include "ui/design/symbols.h"
 #include "ui/qml_engine.h"
+#include "ui/tile/tile_appearance.h"
 
 namespace {
 
@@ -54,6 +57,87 @@ Rectangle {
   property var symbolNames
 })";
 
+constexpr const char* tiles = R"(
+Rectangle {
+  width: 860; height: 600
+  gradient: Gradient {
+    GradientStop { position: 0; color: Look.windowTop }
+    GradientStop { position: 1; color: Look.windowBottom }
+  }
+  property var keys
+  property var sampleIcon
+  Grid {
+    x: 32; y: 32; columns: 8; columnSpacing: 24; rowSpacing: 24
+    Repeater { model: keys
+      GlassDeckTileView { required property var modelData
+        appearance: modelData.appearance; displayLabel: modelData.label
+        isRunning: modelData.running === true; isLaunching: modelData.launching === true
+        didSucceed: modelData.succeeded === true; isLive: modelData.live === true
+        isMissing: modelData.missing === true; tileIsPressed: modelData.pressed === true
+        macIcon: modelData.hasIcon ? sampleIcon : undefined; tileFaceSize: modelData.face ?? 0 } }
+  }
+  Row {
+    x: 430; y: 450; spacing: 24
+    Repeater { model: 4
+      EditModeJiggleModifier { id: wobbling; required property int index; isActive: true; seed: index
+        GlassDeckTileView { appearance: keys[wobbling.index].appearance; displayLabel: keys[wobbling.index].label
+          HomeScreenMinusBadge { x: -8; y: -8 } } } }
+  }
+})";
+
+DeckTile named(DeckTile tile, const char* label) {
+  tile.label = label;
+  return tile;
+}
+
+QImage sampleIcon() {
+  QImage icon(128, 128, QImage::Format_ARGB32_Premultiplied);
+  icon.fill(Qt::transparent);
+  QPainter painter(&icon);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0xE95420));
+  painter.drawEllipse(4, 4, 120, 120);
+  painter.setPen(QPen(Qt::white, 10));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawEllipse(36, 36, 56, 56);
+  return icon;
+}
+
+QVariantMap key(const DeckTile& tile, const QVariantMap& state = {}) {
+  QVariantMap map{{"appearance", QVariant::fromValue(TileAppearance::forTile(tile))},
+                  {"label", QString::fromStdString(tile.label)}};
+  map.insert(state);
+  return map;
+}
+
+QVariantList sampleKeys() {
+  QVariantList keys;
+  for (const auto& tile : DeckTemplates::streaming().tiles) {
+    keys += key(tile);
+  }
+  for (const auto& [action, id] : EnumText<BuiltinAction>::table) {
+    keys += key(DeckTile::action(1, action));
+  }
+  keys += key(DeckTile::shortcut(1, "A Shortcut with a long name", "x",
+                                 std::string(DeckTile::shortcutSymbolName)));
+  const DeckTile letter = DeckTile::app(1, "Krita", "org.kde.krita");
+  keys += key(letter);
+  const DeckTile spotify = DeckTemplates::streaming().tiles[4];
+  keys += key(named(spotify, "Running"), {{"running", true}});
+  keys += key(named(spotify, "Launching"), {{"launching", true}});
+  keys += key(named(spotify, "Success"), {{"succeeded", true}});
+  keys += key(named(spotify, "Pressed"), {{"pressed", true}});
+  keys += key(named(spotify, "Missing"), {{"missing", true}});
+  keys += key(named(spotify, "Live"), {{"live", true}});
+  keys += key(named(letter, "Icon"), {{"hasIcon", true}});
+  keys += key(named(letter, "Icon, running"), {{"hasIcon", true}, {"running", true}});
+  keys += key(named(letter, "Icon, gone"), {{"hasIcon", true}, {"missing", true}});
+  keys += key(named(letter, "Large"), {{"face", 112}, {"running", true}});
+  keys += key(named(letter, "Small"), {{"face", 48}, {"running", true}});
+  return keys;
+}
+
 bool grab(const char* source, const Appearance& appearance, const QVariantMap& properties,
           const QString& file) {
   QQmlEngine engine;
@@ -84,8 +168,11 @@ int main(int argc, char** argv) {
   }
   const QString folder = argv[1];
   const QByteArray scale = argc > 2 ? argv[2] : "1";
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_QUICK_BACKEND", "software");
+  // Drawn in memory, unless the environment asks for a display.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+  }
   qputenv("QT_SCALE_FACTOR", scale);
   const QGuiApplication application(argc, argv);
   bool good = true;
@@ -93,6 +180,9 @@ int main(int argc, char** argv) {
     const QString end = QString(dark ? "-dark" : "-light") + "@" + scale + "x.png";
     good = grab(controls, {dark, false, false, 1}, {{"symbolNames", Symbols::names()}},
                 folder + "/controls" + end) &&
+           good;
+    good = grab(tiles, {dark, false, false, 1},
+                {{"keys", sampleKeys()}, {"sampleIcon", sampleIcon()}}, folder + "/tiles" + end) &&
            good;
   }
   return good ? 0 : 1;

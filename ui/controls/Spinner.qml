@@ -20,11 +20,23 @@ Item {
     SpinnerArc {
         id: arc
 
+        readonly property bool turning: spinner.running && spinner.visible
+        // The software renderer turns items without smoothing them: there it is painted anew.
+        readonly property bool inSoftware: GraphicsInfo.api === GraphicsInfo.Software
+
         anchors.fill: parent
         color: spinner.color
 
         RotationAnimator on rotation {
-            running: spinner.running && spinner.visible
+            running: arc.turning && !arc.inSoftware
+            loops: Animation.Infinite
+            from: 0
+            to: 360
+            duration: 900
+        }
+
+        NumberAnimation on turn {
+            running: arc.turning && arc.inSoftware
             loops: Animation.Infinite
             from: 0
             to: 360

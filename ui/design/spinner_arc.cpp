@@ -15,6 +15,15 @@ void SpinnerArc::setColor(const QColor& color) {
   Q_EMIT colorChanged();
 }
 
+void SpinnerArc::setTurn(qreal turn) {
+  if (turn == turn_) {
+    return;
+  }
+  turn_ = turn;
+  update();
+  Q_EMIT turnChanged();
+}
+
 void SpinnerArc::paint(QPainter* painter) {
   const qreal side = std::min(width(), height());
   const qreal stroke = std::max(1.5, side / 9);
@@ -22,12 +31,12 @@ void SpinnerArc::paint(QPainter* painter) {
                           .adjusted(stroke, stroke, -stroke, -stroke);
   QColor end = color_;
   end.setAlpha(0);
-  QConicalGradient fade(ring.center(), 90);
+  QConicalGradient fade(ring.center(), 90 - turn_);
   fade.setColorAt(0, color_);
   fade.setColorAt(0.8, end);
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(QPen(fade, stroke, Qt::SolidLine, Qt::RoundCap));
-  painter->drawArc(ring, 90 * 16, 270 * 16);
+  painter->drawArc(ring, static_cast<int>((90 - turn_) * 16), 270 * 16);
 }
 
 }  // namespace glintboard

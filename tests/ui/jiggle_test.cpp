@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+#include "tests/ui/qml_view.h"
+#include "ui/jiggle/jiggle_timing.h"
+#include "ui/jiggle/spring_board_jiggle_ns_view.h"
+
+namespace glintboard {
+namespace {
+
+TEST(JiggleTiming, VariesDelayDirectionAndPaceWithTheSeed) {
+  struct Case {
+    std::int64_t seed;
+    JiggleTiming timing;
+  };
+  const Case cases[] = {{0, {0, 0.02, 0.12, 0.17}},
+                        {1, {0.03, -0.02, 0.125, 0.175}},
+                        {4, {0.12, 0.02, 0.14, 0.19}},
+                        {5, {0, -0.02, 0.145, 0.195}},
+                        {7, {0.06, -0.02, 0.155, 0.205}},
+                        {8, {0.09, 0.02, 0.16, 0.155}},
+                        {9, {0.12, -0.02, 0.165, 0.16}},
+                        {10, {0, 0.02, 0.115, 0.165}},
+                        {-1, {0, -0.02, 0.115, 0.165}},
+                        {-3, {0, -0.02, 0.105, 0.155}},
+                        {INT64_C(2147483647), {0.06, -0.02, 0.125, 0.175}}};
+  for (const auto& [seed, expected] : cases) {
+    const auto timing = JiggleTiming::forSeed(seed);
+    EXPECT_DOUBLE_EQ(timing.startDelay, expected.startDelay) << seed;
+    EXPECT_DOUBLE_EQ(timing.angle, expected.angle) << seed;
+    EXPECT_DOUBLE_EQ(timing.rotationDuration, expected.rotationDuration) << seed;
+    EXPECT_DOUBLE_EQ(timing.bounceDuration, expected.bounceDuration) << seed;
+  }
+}
+
+TEST(SpringBoardJiggle, StartsAfterTheDelayAndOnlyOnce) {
+  SpringBoardJiggleNSView view;
+  QSignalSpy starts(&view, &SpringBoardJiggleNSView::startAnimations);
+  QSignalSpy stops(&view, &SpringBoardJiggleNSView::stopAnimations);
+  view.setSeed(4);
+  QElapsedTimer clock;
+  clock.start();
+  view.setActive(true);
+  EXPECT_TRUE(view.isStarting());
+  EXPECT_EQ(view.runningSeed(), 4);
+  ASSERT_TRUE(starts.wait(2000));
+  EXPECT_GE(clock.elapsed(), 119);
+  EXPECT_NEAR(starts[0][0].toDouble(), 1.146, 0.001);
+  EXPECT_EQ(starts[0][1].toInt(), 140);
+  EXPECT_EQ(starts[0][3].toInt(), 190);
+  view.setProperty("hasRotation", true);
+  stops.clear();
+  view.setActive(true);
+  EXPECT_FALSE(view.isStarting());
+  EXPECT_EQ(stops.size(), 0);
+  // Another seed starts anew, and so does a lost animation.
+  view.setSeed(5);
+  view.setActive(true);
+  EXPECT_EQ(stops.size(), 1);
+  EXPECT_EQ(view.runningSeed(), 5);
+  ASSERT_TRUE(starts.wait(2000));
+  EXPECT_LT(starts[1][0].toDouble(), 0);
+  view.setProperty("hasRotation", false);
+  view.setActive(true);
+  EXPECT_TRUE(view.isStarting());
+}
+
+TEST(SpringBoardJiggle, NeverStartsAfterItWasTurnedOff) {
+  SpringBoardJiggleNSView view;
+  QSignalSpy starts(&view, &SpringBoardJiggleNSView::startAnimations);
+  QSignalSpy stops(&view, &SpringBoardJiggleNSView::stopAnimations);
+  for (const int seed : {0, 1, -4}) {
+    view.setSeed(seed);
+    view.setActive(true);
+    view.setActive(false);
+    view.setActive(true);
+    view.setActive(false);
+    EXPECT_FALSE(view.isStarting());
+    EXPECT_EQ(view.runningSeed(), std::nullopt);
+    EXPECT_EQ(stops.back()[0].toInt(), 100);
+    // Already still: nothing to settle.
+    view.setActive(false);
+    EXPECT_EQ(stops.back()[0].toInt(), 0);
+  }
+  EXPECT_FALSE(starts.wait(150));
+}
+
+constexpr const char* wobblingSymbol = R"(
+EditModeJiggleModifier {
+  x: 20; y: 20; width: 60; height: 60
+  Symbol { name: "lock.fill"; size: 60 }
+})";
+
+TEST(EditModeJiggleModifier, WobblesAndSettlesWhereItWas) {
+  QmlView view(wobblingSymbol);
+  const QImage idle = view.grab();
+  view.root->setProperty("isActive", true);
+  int moved = 0;
+  for (int i = 0; i < 20; ++i) {
+    QTest::qWait(20);
+    moved += view.grab() == idle ? 0 : 1;
+  }
+  EXPECT_GT(moved, 10);
+  view.root->setProperty("isActive", false);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view.grab() == idle; }, 1000));
+  QTest::qWait(200);
+  EXPECT_TRUE(view.grab() == idle);
+}
+
+TEST(EditModeJiggleModifier, LiesStillUnderReducedMotion) {
+  QmlView view(wobblingSymbol, {false, false, true, 1});
+  const QImage idle = view.grab();
+  view.root->setProperty("isActive", true);
+  QTest::qWait(200);
+  EXPECT_TRUE(view.grab() == idle);
+}
+
+TEST(HomeScreenMinusBadge, RunsItsActionByPointerAndKey) {
+  QmlView view(R"(
+Item {
+  property int runs: 0
+  width: 60; height: 60
+  HomeScreenMinusBadge { objectName: "badge"; x: 10; y: 10; onClicked: parent.runs += 1 }
+})");
+  EXPECT_EQ(view.find("badge")->size(), QSizeF(22, 22));
+  QTest::mouseClick(&view.window, Qt::LeftButton, {}, {21, 21});
+  EXPECT_EQ(view.root->property("runs").toInt(), 1);
+  QTest::keyClick(&view.window, Qt::Key_Return);
+  EXPECT_EQ(view.root->property("runs").toInt(), 2);
+  auto* help = view.root->findChild<QObject*>("helpText");
+  QTest::mouseMove(&view.window, {22, 22});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return help->property("opened").toBool(); }, 3000));
+}
+
+}  // namespace
+}  // namespace glintboard

@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include "protocol/deck_templates.h"
+#include "tests/ui/qml_view.h"
+#include "ui/design/deck_brand_palette.h"
+#include "ui/design/symbols.h"
+#include "ui/tile/glass_rim_shape.h"
+#include "ui/tile/tile_appearance.h"
+
+namespace glintboard {
+namespace {
+
+TileAppearance appearanceOf(const char* label, std::optional<std::string> iconName = {}) {
+  return TileAppearance::forTile(DeckTile::app(1, label, "id", std::move(iconName)));
+}
+
+TEST(TileAppearance, IsTheBrandsForKnownApplications) {
+  struct Case {
+    const char* label;
+    std::optional<std::string> iconName;
+    const char* glyph;
+    const char* top;
+  };
+  const Case cases[] = {{"Spotify", {}, "music.note", "#40d973"},
+                        {"OBS", {}, "video.fill", "#af52de"},
+                        {"Anything", "terminal", "terminal.fill", "#475469"},
+                        // The name of artwork is matched exactly, and wins over the label.
+                        {"Spotify", "Spotify", "S", "#3882f5"},
+                        {"Krita", {}, "K", "#3882f5"},
+                        {"écran", {}, "é", "#3882f5"},
+                        {"👩‍💻 Code", {}, "👩‍💻", "#3882f5"},
+                        {"", {}, "", "#3882f5"}};
+  for (const auto& one : cases) {
+    const auto look = appearanceOf(one.label, one.iconName);
+    EXPECT_EQ(look.glyph, QString::fromUtf8(one.glyph)) << one.label;
+    ASSERT_EQ(look.gradient.size(), 2) << one.label;
+    EXPECT_EQ(look.gradient[0].name(), one.top) << one.label;
+  }
+}
+
+TEST(TileAppearance, HasASymbolForActionsShortcutsAndEveryBuiltInKey) {
+  DeckTile action = DeckTile::action(1, BuiltinAction::volumeMute);
+  EXPECT_EQ(TileAppearance::forTile(action).glyph, "speaker.slash.fill");
+  action.iconSymbol.reset();
+  EXPECT_EQ(TileAppearance::forTile(action).glyph, "slider.horizontal.3");
+  DeckTile shortcut = DeckTile::shortcut(1, "Voice", "x", "mic.fill");
+  EXPECT_EQ(TileAppearance::forTile(shortcut).glyph, "mic.fill");
+  shortcut.iconSymbol.reset();
+  EXPECT_EQ(TileAppearance::forTile(shortcut).glyph, "arrow.triangle.turn.up.right.diamond.fill");
+  // Beyond the applications of the brand table, a key shows one letter.
+  for (const auto& deck : {DeckTemplates::streaming(), DeckTemplates::gaming()}) {
+    for (const auto& tile : deck.tiles) {
+      const QString glyph = TileAppearance::forTile(tile).glyph;
+      EXPECT_TRUE(glyph.size() == 1 || Symbols::isKnown(glyph)) << glyph.toStdString();
+    }
+  }
+}
+
+TEST(GlassRimShape, IsTheBandBetweenTwoRoundedRectangles) {
+  const auto band = GlassRimShape{16, 3, 2}.path(QRectF(0, 0, 72, 72));
+  EXPECT_EQ(band.boundingRect(), QRectF(2, 2, 68, 68));
+  EXPECT_TRUE(band.contains({36, 3.5}));
+  EXPECT_FALSE(band.contains({36, 1}));
+  EXPECT_FALSE(band.contains({36, 6}));
+  EXPECT_FALSE(band.contains({2.5, 2.5}));
+  // However thick the glass, its corners stay round.
+  const auto thick = GlassRimShape{5, 8, 4}.path(QRectF(0, 0, 72, 72));
+  EXPECT_FALSE(thick.contains({4.5, 4.5}));
+  EXPECT_TRUE(thick.contains({12.5, 12.5}));
+}
+
+QVariantMap inputs(QVariantMap more = {}) {
+  more.insert("appearance", QVariant::fromValue(appearanceOf("Spotify")));
+  more.insert("displayLabel", "Spotify");
+  return more;
+}
+
+TEST(GlassDeckTileView, ScalesWithItsFace) {
+  struct Case {
+    double given;
+    double face;
+    double radius;
+    double glyph;
+    double caption;
+    double dot;
+  };
+  for (const Case& one : {Case{0, 72, 16.128, 33.12, 11, 5}, Case{80, 80, 17.92, 36.8, 11.2, 5},
+                          Case{100, 100, 22.4, 46, 14, 6}, Case{200, 200, 44.8, 92, 15, 6}}) {
+    QmlView view("GlassDeckTileView {}", {}, inputs({{"tileFaceSize", one.given}}));
+    const auto read = [&](const char* name) { return view.root->property(name).toDouble(); };
+    EXPECT_DOUBLE_EQ(read("faceSize"), one.face);
+    EXPECT_DOUBLE_EQ(read("cornerRadius"), one.radius);
+    EXPECT_DOUBLE_EQ(read("glyphSize"), one.glyph);
+    EXPECT_DOUBLE_EQ(read("captionSize"), one.caption);
+    EXPECT_DOUBLE_EQ(read("dotSize"), one.dot);
+    EXPECT_GE(view.root->height(), one.face + one.caption);
+    view.root->setProperty("showsLabel", false);
+    EXPECT_DOUBLE_EQ(view.root->implicitHeight(), one.face);
+  }
+}
+
+TEST(GlassDeckTileView, ShowsItsStatesOnTheFace) {
+  const QByteArray source = R"(
+Row {
+  id: row
+  property var look
+  property bool on: false
+  spacing: 40; padding: 20; width: 860; height: 150
+  GlassDeckTileView { appearance: row.look }
+  GlassDeckTileView { appearance: row.look; isRunning: row.on }
+  GlassDeckTileView { appearance: row.look; isLaunching: row.on }
+  GlassDeckTileView { appearance: row.look; didSucceed: row.on }
+  GlassDeckTileView { appearance: row.look; isLive: row.on }
+  GlassDeckTileView { appearance: row.look; isMissing: row.on }
+  GlassDeckTileView { appearance: row.look; tileIsPressed: row.on }
+})";
+  const QVariant look = QVariant::fromValue(appearanceOf("Spotify"));
+  for (const Appearance& appearance :
+       {Appearance{false, false, false, 1}, Appearance{true, true, true, 1}}) {
+    QmlView view(source, appearance, {{"look", look}});
+    const auto tiles = [&] {
+      const QImage all = view.grab();
+      QList<QImage> each;
+      for (int i = 0; i < 7; ++i) {
+        each.append(all.copy(112 * i + 4, 0, 104, 120));
+      }
+      return each;
+    };
+    const auto idle = tiles();
+    view.root->setProperty("on", true);
+    QTest::qWait(400);
+    const auto shown = tiles();
+    EXPECT_TRUE(shown[0] == idle[0]);
+    for (int i = 1; i < 7; ++i) {
+      EXPECT_FALSE(shown.sliced(0, i).contains(shown[i])) << "state " << i;
+    }
+    view.root->setProperty("on", false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tiles() == idle; }, 2000));
+  }
+}
+
+TEST(GlassDeckTileView, DrawsTheApplicationsOwnIconInsteadOfTheGlyph) {
+  QImage icon(64, 64, QImage::Format_ARGB32);
+  icon.fill(Qt::yellow);
+  QmlView view("GlassDeckTileView {}", {}, inputs({{"macIcon", icon}}));
+  EXPECT_EQ(view.grab().pixelColor(36, 36), QColor(Qt::yellow));
+  view.root->setProperty("macIcon", QVariant());
+  view.root->setProperty("iconSymbol", "minus");
+  QTest::qWait(50);
+  // The bar of the minus, and nothing above it.
+  EXPECT_EQ(view.grab().pixelColor(36, 36), QColor(Qt::white));
+  EXPECT_NE(view.grab().pixelColor(36, 26), QColor(Qt::white));
+}
+
+}  // namespace
+}  // namespace glintboard

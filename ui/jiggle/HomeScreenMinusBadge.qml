@@ -1,0 +1,76 @@
+import QtQuick
+import QtQuick.Templates as T
+import Glintboard.UI
+
+// Removes the key it sits on, by its `action` or `onClicked`.
+T.Button {
+    id: badge
+
+    readonly property string explanation: qsTr("Remove key")
+
+    function press() {
+        if (badge.action)
+            badge.action.trigger(badge);
+        else
+            badge.clicked();
+    }
+
+    implicitWidth: 22
+    implicitHeight: 22
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    scale: badge.down ? 0.9 : 1
+
+    Accessible.role: Accessible.Button
+    Accessible.name: badge.explanation
+
+    Keys.onReturnPressed: badge.press()
+    Keys.onEnterPressed: badge.press()
+
+    HelpText {
+        objectName: "helpText"
+        target: badge
+        text: badge.explanation
+    }
+
+    contentItem: Item {
+        Symbol {
+            anchors.centerIn: parent
+            name: "minus"
+            color: Qt.rgba(0.18, 0.18, 0.18, 1)
+            size: 13
+        }
+    }
+
+    background: Item {
+        SoftShadow {
+            anchors.centerIn: parent
+            anchors.verticalCenterOffset: fall
+            width: 18 + 2 * blur
+            height: 18 + 2 * blur
+            radius: 9
+            blur: 4
+            fall: 1
+            color: Qt.rgba(0, 0, 0, 0.35)
+        }
+
+        Rectangle {
+            anchors.centerIn: parent
+            width: 18
+            height: 18
+            radius: 9
+            color: badge.hovered ? Qt.rgba(0.62, 0.62, 0.62, 1) : Qt.rgba(0.52, 0.52, 0.52, 1)
+
+            FocusRing {
+                target: badge
+                cornerRadius: 9
+            }
+        }
+    }
+
+    Behavior on scale {
+        ScaleAnimator {
+            duration: Look.pressTime
+        }
+    }
+}

@@ -1,0 +1,207 @@
+import QtQuick
+import QtQuick.Window
+import Glintboard.UI
+
+// A key of a deck as a tile of glass, with its caption below.
+GlassTile {
+    id: tile
+
+    readonly property real captionGap: tile.faceSize * 0.09
+
+    implicitWidth: tile.faceSize
+    implicitHeight: tile.faceSize + (tile.showsLabel ? tile.captionGap + caption.implicitHeight : 0)
+    labelColor: Look.text
+    labelMutedColor: Look.secondaryText
+
+    Accessible.role: Accessible.Graphic
+    Accessible.name: tile.displayLabel
+    Accessible.description: tile.isMissing ? qsTr("Missing") : tile.isLaunching ? qsTr("Launching") : tile.isRunning ? qsTr("Running") : ""
+
+    Item {
+        id: body
+
+        width: tile.faceSize
+        height: tile.faceSize
+        anchors.horizontalCenter: parent.horizontalCenter
+        scale: tile.tileIsPressed && !Look.reducedMotion ? 0.94 : 1
+
+        Behavior on scale {
+            ScaleAnimator {
+                duration: tile.tileIsPressed ? Look.pressTime : Look.releaseTime
+                easing.type: Easing.OutCubic
+            }
+        }
+
+        // The glow of a live key, and a line that holds it.
+        SoftShadow {
+            anchors.fill: parent
+            anchors.margins: -blur
+            radius: tile.cornerRadius
+            blur: tile.faceSize * 0.2
+            color: Look.accentVivid
+            opacity: tile.isLive ? 1 : 0
+
+            Rectangle {
+                anchors.fill: parent
+                anchors.margins: parent.blur - 3
+                radius: tile.cornerRadius + 3
+                color: "transparent"
+                border.width: 2
+                border.color: Look.accentVivid
+            }
+
+            Behavior on opacity {
+                OpacityAnimator {
+                    duration: Look.fadeTime
+                }
+            }
+        }
+
+        SoftShadow {
+            anchors.fill: parent
+            anchors.margins: -blur
+            anchors.topMargin: fall - blur
+            anchors.bottomMargin: -fall - blur
+            radius: tile.cornerRadius
+            blur: tile.faceSize * 0.18
+            fall: tile.faceSize * 0.07
+            color: Look.dark ? Look.shadow : Look.faded(Look.shadow, 2)
+        }
+
+        GlassFace {
+            anchors.fill: parent
+            radius: tile.cornerRadius
+            upper: tile.showsIcon ? tile.iconAccent : tile.appearance.gradient[0] ?? Look.inactive
+            lower: tile.appearance.gradient[1] ?? Look.inactive
+            behindIcon: tile.showsIcon
+            missing: tile.isMissing
+        }
+
+        GlassHighlight {
+            anchors.fill: parent
+            radius: tile.cornerRadius
+            opacity: tile.tileIsPressed ? 0.5 : 1
+
+            Behavior on opacity {
+                OpacityAnimator {
+                    duration: tile.tileIsPressed ? 90 : 160
+                }
+            }
+        }
+
+        TileGlyph {
+            anchors.centerIn: parent
+            width: tile.glyphSize
+            height: tile.glyphSize
+            glyph: tile.shownGlyph
+            icon: tile.macIcon
+            missing: tile.isMissing
+            opacity: tile.isLaunching || tile.didSucceed ? 0 : tile.isMissing ? 0.6 : 1
+
+            Behavior on opacity {
+                OpacityAnimator {
+                    duration: Look.fadeTime
+                }
+            }
+        }
+
+        // Dims the face while something is going on.
+        Rectangle {
+            anchors.fill: parent
+            radius: tile.cornerRadius
+            color: "black"
+            opacity: tile.isLaunching || tile.didSucceed ? 0.25 : 0
+
+            Behavior on opacity {
+                OpacityAnimator {
+                    duration: Look.fadeTime
+                }
+            }
+        }
+
+        GlassRim {
+            anchors.fill: parent
+            radius: tile.cornerRadius
+            bandWidth: Math.max(1, tile.faceSize * 0.02)
+            missing: tile.isMissing
+        }
+
+        Spinner {
+            anchors.centerIn: parent
+            size: tile.glyphSize * 0.9
+            color: "white"
+            running: tile.isLaunching && !tile.didSucceed
+        }
+
+        // Uncovered from left to right, as a hand would draw it.
+        Item {
+            anchors.verticalCenter: parent.verticalCenter
+            x: (parent.width - tile.glyphSize) / 2
+            width: tile.didSucceed ? tile.glyphSize : 0
+            height: tile.glyphSize
+            clip: true
+
+            Behavior on width {
+                enabled: tile.didSucceed && !Look.reducedMotion
+
+                NumberAnimation {
+                    duration: 200
+                    easing.type: Easing.OutCubic
+                }
+            }
+
+            Symbol {
+                width: tile.glyphSize
+                height: tile.glyphSize
+                name: "checkmark"
+                color: "white"
+            }
+        }
+
+        Symbol {
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.margins: tile.faceSize * 0.07
+            visible: tile.isMissing
+            name: "exclamationmark.triangle.fill"
+            color: Look.warning
+            size: tile.faceSize * 0.24
+        }
+
+        Rectangle {
+            anchors.right: parent.right
+            anchors.top: parent.top
+            anchors.margins: tile.faceSize * 0.1
+            width: tile.dotSize
+            height: tile.dotSize
+            radius: tile.dotSize / 2
+            visible: tile.showsRunningDot && tile.isRunning && !tile.isMissing
+            color: Look.success
+
+            // Keeps the dot apart from a face of its own colour.
+            Rectangle {
+                anchors.fill: parent
+                anchors.margins: -1.5
+                z: -1
+                radius: width / 2
+                color: "#99000000"
+            }
+        }
+    }
+
+    Text {
+        id: caption
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: tile.faceSize + tile.captionGap
+        width: Math.max(tile.width, tile.faceSize)
+        visible: tile.showsLabel
+        text: tile.displayLabel
+        font: Look.fonts.uiSized(tile.captionSize, tile.isRunning ? Look.Semibold : Look.Medium, false)
+        color: tile.isRunning ? tile.labelColor : tile.labelMutedColor
+        horizontalAlignment: Text.AlignHCenter
+        elide: Text.ElideRight
+        textFormat: Text.PlainText
+        Accessible.ignored: true
+    }
+}

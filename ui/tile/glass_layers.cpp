@@ -1,0 +1,92 @@
+#include "ui/tile/glass_layers.h"
+
+#include <QPainter>
+#include <QTextBoundaryFinder>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/design/deck_typography.h"
+#include "ui/design/symbols.h"
+#include "ui/tile/glass_painter.h"
+
+namespace glintboard {
+
+namespace {
+
+bool isOneCharacter(const QString& text) {
+  QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+  return finder.toNextBoundary() == text.size();
+}
+
+}  // namespace
+
+void GlassFace::paint(QPainter* painter) {
+  QColor top = behindIcon_ ? iconFaceTop(upper_) : upper_;
+  QColor bottom = behindIcon_ ? iconFaceBottom(upper_) : lower_;
+  if (missing()) {
+    top = desaturated(top);
+    bottom = desaturated(bottom);
+  }
+  paintGlassFace(*painter, face(), radius(), top, bottom);
+}
+
+void GlassHighlight::paint(QPainter* painter) {
+  paintGlassHighlight(*painter, face(), radius());
+}
+
+void GlassRim::paint(QPainter* painter) {
+  paintGlassRim(*painter, face(), {radius(), bandWidth_, edgeInset_}, missing());
+}
+
+void TileGlyph::setIcon(const QVariant& value) {
+  const auto icon = value.value<QImage>();
+  if (icon.cacheKey() != icon_.cacheKey()) {
+    icon_ = icon;
+    update();
+    Q_EMIT layerChanged();
+  }
+}
+
+void TileGlyph::paint(QPainter* painter) {
+  if (!icon_.isNull()) {
+    paintIcon(*painter);
+    return;
+  }
+  // Room for the shadow of one pixel.
+  const QRectF area = face().adjusted(1, 1, -1, -1);
+  paintGlyph(*painter, area.translated(0, 1), QColor(0, 0, 0, 70));
+  paintGlyph(*painter, area, color_);
+}
+
+void TileGlyph::paintIcon(QPainter& painter) const {
+  // Scaled to the pixels of the screen at once: the painter's own scaling is coarse.
+  const double scale = painter.deviceTransform().m11();
+  const int side = static_cast<int>(std::lround(std::min(width(), height()) * scale));
+  QImage image = icon_.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+  if (missing()) {
+    const QImage alpha = image.convertToFormat(QImage::Format_Alpha8);
+    image = image.convertToFormat(QImage::Format_Grayscale8).convertToFormat(QImage::Format_RGB32);
+    image.setAlphaChannel(alpha);
+  }
+  QRectF area(QPointF(), QSizeF(image.size()) / scale);
+  area.moveCenter(face().center());
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(area, image);
+}
+
+void TileGlyph::paintGlyph(QPainter& painter, const QRectF& area, const QColor& color) const {
+  if (glyph_.isEmpty()) {
+    return;
+  }
+  if (!isOneCharacter(glyph_)) {
+    Symbols::draw(painter, glyph_, area, color);
+    return;
+  }
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(color);
+  painter.setFont(DeckTypography::ui(area.height() * 0.98, DeckTypography::Weight::bold, {}));
+  painter.drawText(area.adjusted(-area.width(), -area.height(), area.width(), area.height()),
+                   Qt::AlignCenter, glyph_);
+}
+
+}  // namespace glintboard
