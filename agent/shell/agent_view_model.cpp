@@ -76,9 +76,13 @@ Awaitable<> AgentViewModel::refreshLoop(AgentViewModel* viewModel, std::shared_p
 }
 
 Awaitable<> AgentViewModel::refresh() {
+  const unsigned commands = pairingCommands_;
   const PairingState pairing = co_await services_.pairingService().state();
+  // What was read before a command is of no interest after it; the command refreshes by itself.
+  if (commands == pairingCommands_) {
+    setPairing(pairing);
+  }
   const ListenerState listener = co_await services_.listenerService().state();
-  setPairing(pairing);
   setListener(listener);
   if (!isListenerRunning_ && !listenerError_.isNull()) {
     co_await attemptAutomaticRecoveryIfNeeded();
@@ -157,12 +161,14 @@ Awaitable<> AgentViewModel::attemptAutomaticRecoveryIfNeeded() {
 
 Awaitable<> AgentViewModel::showPairingCode() {
   co_await services_.pairingService().beginReplacementPairing();
+  ++pairingCommands_;
   set(isShowingPairingCode_, true, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }
 
 Awaitable<> AgentViewModel::hidePairingCode() {
   co_await services_.pairingService().endReplacementPairing();
+  ++pairingCommands_;
   set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }
@@ -174,6 +180,7 @@ Awaitable<> AgentViewModel::unpair() {
     // The phone is forgotten all the same.
     log::warning("unpairing: ", error.what());
   }
+  ++pairingCommands_;
   set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }

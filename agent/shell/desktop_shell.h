@@ -1,0 +1,47 @@
+// The agent's place on a desktop with a display.
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <memory>
+#include <optional>
+
+#include "agent/shell/agent_view_model.h"
+#include "agent/shell/menu_presenter.h"
+#include "platform/desktop_session.h"
+
+class QSystemTrayIcon;
+
+namespace glintboard {
+
+// Shows the item in whatever tray there is, opens the menu when the item is activated, and at the
+// start too where no tray shows one. Main thread.
+class DesktopShell : public QObject {
+  Q_OBJECT
+
+ public:
+  // Both must outlive this. Needs a QApplication.
+  DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu);
+  ~DesktopShell() override;
+
+  DesktopAppearance appearance() const { return session_.appearance(); }
+
+ Q_SIGNALS:
+  void appearanceChanged();
+
+ private:
+  void presenceChanged(TrayPresence presence);
+  void joinLegacyTray();
+  void openWithoutTray();
+  void updateToolTip();
+  void activated(int x, int y);
+
+  AgentViewModel& viewModel_;
+  MenuPresenter& menu_;
+  TrayPresence presence_ = TrayPresence::unknown;
+  std::unique_ptr<QSystemTrayIcon> legacyItem_;
+  QTimer trayDeadline_;
+  DesktopSession session_;  // last, for its thread calls this
+};
+
+}  // namespace glintboard
