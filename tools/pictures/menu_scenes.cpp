@@ -89,7 +89,8 @@ MenuState failed() {
 MenuState withHint() {
   MenuState state = paired();
   state.hint = QStringLiteral(
-      "A Shortcut needs your permission. Open Shortcuts on this Mac and run it once.");
+      "Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Security \u2192 "
+      "Automation), then try again.");
   return state;
 }
 
