@@ -11,7 +11,7 @@
 namespace glintboard {
 
 // Talks to the session bus on a thread of its own: a bus that is absent, hangs, dies or comes back
-// holds up nobody. Its operations may be called on any thread and never wait.
+// holds up nobody. Its operations never wait. For the thread of the application object.
 class DesktopSession {
  public:
   // `appearanceChanged` is called on the session's thread, never before this is made. Reads a few
@@ -23,7 +23,8 @@ class DesktopSession {
   // The latest known appearance.
   DesktopAppearance appearance() const;
 
-  // Shows the item in the tray of the desktop, now and whenever one comes. Call it once.
+  // Shows the item in the desktop's tray, now and whenever one comes. Call it once, and before
+  // `setTrayToolTip`.
   void showTrayItem(TrayLook look, TrayHandlers handlers);
   void setTrayToolTip(std::string text);
 

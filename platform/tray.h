@@ -13,23 +13,17 @@ struct TrayLook {
   std::string title;
   // The name of a symbolic icon, for desktops on which it is installed.
   std::string iconName;
-  // The same icon for the others: squares of several sizes.
+  // The same icon for the others: squares, smallest first.
   std::vector<QImage> pixmaps;
 };
 
-// Whether the desktop has a tray of the StatusNotifier kind.
-enum class TrayPresence {
-  unknown,  // not found out yet, or the session bus does not answer
-  absent,   // there is none now; one may come
-  shown,    // the item is in it
-};
-
+// Called on any thread.
 struct TrayHandlers {
   // The user activated the item. `x` and `y` are where, on the screen; both 0 where the desktop
-  // does not tell. On any thread.
+  // does not tell.
   std::function<void(int x, int y)> activated;
-  // On any thread.
-  std::function<void(TrayPresence)> presenceChanged;
+  // Whether a tray shows the item now; first called when that is known.
+  std::function<void(bool shown)> shownChanged;
 };
 
 }  // namespace glintboard

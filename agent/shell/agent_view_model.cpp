@@ -76,12 +76,9 @@ Awaitable<> AgentViewModel::refreshLoop(AgentViewModel* viewModel, std::shared_p
 }
 
 Awaitable<> AgentViewModel::refresh() {
-  const unsigned commands = pairingCommands_;
+  // Taken over before anything else is awaited: a command done meanwhile must not be undone.
   const PairingState pairing = co_await services_.pairingService().state();
-  // What was read before a command is of no interest after it; the command refreshes by itself.
-  if (commands == pairingCommands_) {
-    setPairing(pairing);
-  }
+  setPairing(pairing);
   const ListenerState listener = co_await services_.listenerService().state();
   setListener(listener);
   if (!isListenerRunning_ && !listenerError_.isNull()) {
@@ -161,14 +158,12 @@ Awaitable<> AgentViewModel::attemptAutomaticRecoveryIfNeeded() {
 
 Awaitable<> AgentViewModel::showPairingCode() {
   co_await services_.pairingService().beginReplacementPairing();
-  ++pairingCommands_;
   set(isShowingPairingCode_, true, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }
 
 Awaitable<> AgentViewModel::hidePairingCode() {
   co_await services_.pairingService().endReplacementPairing();
-  ++pairingCommands_;
   set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }
@@ -180,7 +175,6 @@ Awaitable<> AgentViewModel::unpair() {
     // The phone is forgotten all the same.
     log::warning("unpairing: ", error.what());
   }
-  ++pairingCommands_;
   set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }

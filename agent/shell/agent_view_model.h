@@ -110,7 +110,6 @@ class AgentViewModel : public QObject {
   QString shortcutCoachMessage_;
   bool isShowingPairingCode_ = false;
 
-  unsigned pairingCommands_ = 0;       // done so far
   std::shared_ptr<bool> refreshTask_;  // set to false, it ends the loop
   std::optional<std::chrono::steady_clock::time_point> lastRecoveryAttempt_;
   std::chrono::duration<double> recoveryCooldown_{5.0};

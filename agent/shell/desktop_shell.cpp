@@ -1,10 +1,5 @@
 #include "agent/shell/desktop_shell.h"
 
-#include <QGuiApplication>
-#include <QIcon>
-#include <QPixmap>
-#include <QSystemTrayIcon>
-
 #include "agent/shell/menu_content.h"
 #include "agent/shell/tray_icon.h"
 #include "platform/identity.h"
@@ -15,11 +10,7 @@ namespace {
 using namespace std::chrono_literals;
 
 // How long a tray may take to show the item before the menu opens without it.
-constexpr auto trayPatience = 2s;
-
-QString title() {
-  return QObject::tr("Glintboard Agent");
-}
+constexpr auto trayPatience = 3s;
 
 }  // namespace
 
@@ -28,13 +19,13 @@ DesktopShell::DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu)
         QMetaObject::invokeMethod(this, &DesktopShell::appearanceChanged, Qt::QueuedConnection);
       }) {
   session_.showTrayItem(
-      {title().toStdString(), std::string(agentIdentifier) + "-symbolic", trayImages()},
+      {tr("Glintboard Agent").toStdString(), std::string(agentIdentifier) + "-symbolic",
+       trayImages()},
       {[this](int x, int y) {
          QMetaObject::invokeMethod(this, [this, x, y] { activated(x, y); }, Qt::QueuedConnection);
        },
-       [this](TrayPresence presence) {
-         QMetaObject::invokeMethod(
-             this, [this, presence] { presenceChanged(presence); }, Qt::QueuedConnection);
+       [this](bool shown) {
+         QMetaObject::invokeMethod(this, [this, shown] { inTray_ = shown; }, Qt::QueuedConnection);
        }});
   for (const auto changed :
        {&AgentViewModel::pairedDevicesChanged, &AgentViewModel::isListenerRunningChanged,
@@ -43,54 +34,16 @@ DesktopShell::DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu)
   }
   updateToolTip();
   trayDeadline_.setSingleShot(true);
-  trayDeadline_.callOnTimeout(this, &DesktopShell::openWithoutTray);
+  trayDeadline_.callOnTimeout(this, [this] {
+    if (!inTray_) {
+      menu_.show();
+    }
+  });
   trayDeadline_.start(trayPatience);
 }
 
-DesktopShell::~DesktopShell() = default;
-
-void DesktopShell::presenceChanged(TrayPresence presence) {
-  presence_ = presence;
-  if (presence == TrayPresence::shown) {
-    legacyItem_.reset();
-  } else if (presence == TrayPresence::absent) {
-    joinLegacyTray();
-  }
-}
-
-// Qt joins a tray that comes later by itself. It would ask the session bus too, and wait for one
-// that hangs: but then the presence is not known.
-void DesktopShell::joinLegacyTray() {
-  if (legacyItem_ || QGuiApplication::platformName() != QLatin1String("xcb")) {
-    return;
-  }
-  QIcon icon;
-  for (const QImage& image : trayImages()) {
-    icon.addPixmap(QPixmap::fromImage(image));
-  }
-  legacyItem_ = std::make_unique<QSystemTrayIcon>(icon);
-  connect(legacyItem_.get(), &QSystemTrayIcon::activated, this, [this] {
-    const auto place = legacyItem_->geometry().center();
-    activated(place.x(), place.y());
-  });
-  updateToolTip();
-  legacyItem_->show();
-}
-
-void DesktopShell::openWithoutTray() {
-  const bool shown =
-      presence_ == TrayPresence::shown || (legacyItem_ && QSystemTrayIcon::isSystemTrayAvailable());
-  if (!shown) {
-    menu_.show();
-  }
-}
-
 void DesktopShell::updateToolTip() {
-  const auto status = MenuContent::statusText(viewModel_);
-  session_.setTrayToolTip(status.toStdString());
-  if (legacyItem_) {
-    legacyItem_->setToolTip(title() + QLatin1Char('\n') + status);
-  }
+  session_.setTrayToolTip(MenuContent::statusText(viewModel_).toStdString());
 }
 
 void DesktopShell::activated(int x, int y) {

@@ -3,14 +3,10 @@
 
 #include <QObject>
 #include <QTimer>
-#include <memory>
-#include <optional>
 
 #include "agent/shell/agent_view_model.h"
 #include "agent/shell/menu_presenter.h"
 #include "platform/desktop_session.h"
-
-class QSystemTrayIcon;
 
 namespace glintboard {
 
@@ -20,9 +16,8 @@ class DesktopShell : public QObject {
   Q_OBJECT
 
  public:
-  // Both must outlive this. Needs a QApplication.
+  // Both must outlive this.
   DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu);
-  ~DesktopShell() override;
 
   DesktopAppearance appearance() const { return session_.appearance(); }
 
@@ -30,16 +25,12 @@ class DesktopShell : public QObject {
   void appearanceChanged();
 
  private:
-  void presenceChanged(TrayPresence presence);
-  void joinLegacyTray();
-  void openWithoutTray();
   void updateToolTip();
   void activated(int x, int y);
 
   AgentViewModel& viewModel_;
   MenuPresenter& menu_;
-  TrayPresence presence_ = TrayPresence::unknown;
-  std::unique_ptr<QSystemTrayIcon> legacyItem_;
+  bool inTray_ = false;
   QTimer trayDeadline_;
   DesktopSession session_;  // last, for its thread calls this
 };

@@ -15,13 +15,18 @@ namespace {
 // The hooks of the C library know no object. These are set while one exists.
 constinit std::atomic<char* const*> commandToRun = nullptr;
 constinit std::atomic<pid_t> owner = 0;
+constinit std::atomic_flag begun;
 
 // Does not return when there is something to start.
 void startAgain() {
   // A child process that could not run its program ends in the same way.
-  char* const* const command = ::getpid() == owner ? commandToRun.exchange(nullptr) : nullptr;
+  char* const* const command = ::getpid() == owner ? commandToRun.load() : nullptr;
   if (command == nullptr) {
     return;
+  }
+  // Several threads may notice the loss; one that is late must not end the process first.
+  while (begun.test_and_set()) {
+    ::pause();
   }
   glintboard::log::warning("the display is gone; the agent starts again without it");
   sigset_t none;

@@ -62,10 +62,16 @@ void MenuView::setAppearance(const Appearance& appearance) {
 }
 
 void MenuView::open(std::optional<QPoint> anchor) {
-  anchor_ = anchor;
-  setScreen(&targetScreen());
-  root_->setProperty("maximumHeight",
-                     targetScreen().availableGeometry().height() - 2 * distanceToEdges);
+  anchor_.reset();
+  QScreen* place = QGuiApplication::primaryScreen();
+  for (QScreen* const candidate : QGuiApplication::screens()) {
+    if (anchor && !anchor_) {
+      anchor_ = pointOnScreen(*anchor, candidate->geometry(), candidate->devicePixelRatio());
+      place = anchor_ ? candidate : place;
+    }
+  }
+  setScreen(place);
+  root_->setProperty("maximumHeight", place->availableGeometry().height() - 2 * distanceToEdges);
   root_->setProperty("settled", false);
   fit();
   root_->setProperty("settled", true);
@@ -73,11 +79,6 @@ void MenuView::open(std::optional<QPoint> anchor) {
   raise();
   requestActivate();
   root_->forceActiveFocus(Qt::PopupFocusReason);
-}
-
-QScreen& MenuView::targetScreen() const {
-  QScreen* const screen = anchor_ ? QGuiApplication::screenAt(*anchor_) : nullptr;
-  return screen != nullptr ? *screen : *QGuiApplication::primaryScreen();
 }
 
 // Makes the window as large as the view wants to be; a popover grows away from its panel.
@@ -91,11 +92,10 @@ void MenuView::fit() {
   }
   const int margin = qRound(root_->property("margin").toReal());
   const QMargins shadow(margin, margin, margin, margin);
-  const QScreen& place = targetScreen();
   const QSize panel = size.shrunkBy(shadow);
-  setGeometry(
-      QRect(popoverPosition(anchor_, panel, place.geometry(), place.availableGeometry()), panel)
-          .marginsAdded(shadow));
+  const QPoint place =
+      popoverPosition(anchor_, panel, screen()->geometry(), screen()->availableGeometry());
+  setGeometry(QRect(place, panel).marginsAdded(shadow));
 }
 
 // The window system may give another size than was wanted.

@@ -30,8 +30,8 @@ class MenuView : public QQuickWindow {
 
   MenuStyle style() const { return style_; }
   void setAppearance(const Appearance& appearance);
-  // Shows the view and asks for the focus. A popover opens beside `anchor` where the window system
-  // lets windows choose their place.
+  // Shows the view and asks for the focus. A popover opens beside `anchor`, in the window system's
+  // pixels, where that lets windows choose their place.
   void open(std::optional<QPoint> anchor);
   // The item that draws everything.
   QQuickItem& root() { return *root_; }
@@ -51,10 +51,9 @@ class MenuView : public QQuickWindow {
 
  private:
   bool isPopover() const { return style_ != MenuStyle::window; }
-  QScreen& targetScreen() const;
 
   MenuStyle style_;
-  std::optional<QPoint> anchor_;
+  std::optional<QPoint> anchor_;  // on the window's screen
   QQmlEngine engine_;
   std::unique_ptr<QQuickItem> root_;
 };

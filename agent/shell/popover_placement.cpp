@@ -59,4 +59,13 @@ QPoint popoverPosition(std::optional<QPoint> anchor, QSize size, QRect screen, Q
           clamped(place.y(), inside.top(), inside.bottom() + 1 - size.height())};
 }
 
+// Qt scales a screen's size, but not its place.
+std::optional<QPoint> pointOnScreen(QPoint pixels, QRect screen, qreal devicePixelRatio) {
+  const QPoint place = pixels - screen.topLeft();
+  if (!QRect(QPoint(), (QSizeF(screen.size()) * devicePixelRatio).toSize()).contains(place)) {
+    return std::nullopt;
+  }
+  return screen.topLeft() + (QPointF(place) / devicePixelRatio).toPoint();
+}
+
 }  // namespace glintboard

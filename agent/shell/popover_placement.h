@@ -13,4 +13,8 @@ namespace glintboard {
 // keeps its tray. Always inside `available` as far as it fits, with its top in any case.
 QPoint popoverPosition(std::optional<QPoint> anchor, QSize size, QRect screen, QRect available);
 
+// A point in the window system's pixels as a point of Qt's, on a screen whose geometry Qt tells as
+// `screen`; nothing when it lies on another.
+std::optional<QPoint> pointOnScreen(QPoint pixels, QRect screen, qreal devicePixelRatio);
+
 }  // namespace glintboard

@@ -105,18 +105,13 @@ void DesktopBus::connect() {
 void DesktopBus::connected(GAsyncResult* result) {
   deadline_.reset();
   cancellable_.reset();
-  GLibPointer<GError> error;
-  bus_.reset(g_dbus_connection_new_for_address_finish(result, leftIn(error)));
+  bus_.reset(g_dbus_connection_new_for_address_finish(result, nullptr));
   if (stopped_) {
     bus_.reset();
     return;
   }
   if (!bus_) {
-    // Of a bus that hangs it is not known what it has.
-    const bool hangs = g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED) != 0;
-    if (!hangs) {
-      failed();
-    }
+    failed();
     tryLater();
     return;
   }

@@ -21,7 +21,8 @@ class DesktopBus {
    public:
     virtual ~Client() = default;
     virtual void connected(GDBusConnection* bus) = 0;
-    // There is no bus, or it has gone. Nothing of an old connection may be used any more.
+    // There is no bus, it has gone or does not answer. Nothing of an old connection may be used any
+    // more.
     virtual void disconnected() = 0;
   };
 

@@ -1,9 +1,10 @@
+#include <QGuiApplication>
 #include <filesystem>
 
 #include "platform/desktop_session.h"
 #include "platform/linux/desktop_appearance.h"
 #include "platform/linux/desktop_bus.h"
-#include "platform/linux/status_notifier_item.h"
+#include "platform/linux/tray_item.h"
 #include "platform/linux/xdg_folders.h"
 
 namespace glintboard {
@@ -29,9 +30,17 @@ struct DesktopSession::Parts {
     bus.add(appearance);
   }
 
+  ~Parts() {
+    bus.post([this] {
+      if (trayItem) {
+        trayItem->end();
+      }
+    });
+  }
+
   const XdgFolders folders;
   const std::shared_ptr<DesktopAppearanceMonitor> appearance;
-  std::shared_ptr<StatusNotifierItem> trayItem;
+  std::unique_ptr<TrayItem> trayItem;
   DesktopBus bus;  // last, for it calls the others
 };
 
@@ -48,12 +57,14 @@ void DesktopSession::showTrayItem(TrayLook look, TrayHandlers handlers) {
   if (!isInstalled(look.iconName, parts_->folders)) {
     look.iconName.clear();
   }
-  parts_->trayItem = std::make_shared<StatusNotifierItem>(std::move(look), std::move(handlers));
-  parts_->bus.add(parts_->trayItem);
+  const bool onX11 = QGuiApplication::platformName() == QLatin1String("xcb");
+  parts_->trayItem = std::make_unique<TrayItem>(look, std::move(handlers), onX11);
+  parts_->bus.add(parts_->trayItem->client());
 }
 
 void DesktopSession::setTrayToolTip(std::string text) {
-  parts_->bus.post([item = parts_->trayItem, text = std::move(text)] { item->setToolTip(text); });
+  parts_->bus.post(
+      [item = parts_->trayItem.get(), text = std::move(text)] { item->setToolTip(text); });
 }
 
 }  // namespace glintboard

@@ -89,9 +89,7 @@ struct StatusNotifierItem::OnBus {
     item(self).registerWith(owner);
   }
 
-  static void watcherWent(GDBusConnection*, const char*, void* self) {
-    item(self).setPresence(TrayPresence::absent);
-  }
+  static void watcherWent(GDBusConnection*, const char*, void* self) { item(self).setShown(false); }
 
   static void watcherAnswered(GObject* bus, GAsyncResult* result, void* self) {
     GLibPointer<GError> error;
@@ -117,7 +115,7 @@ struct StatusNotifierItem::OnBus {
     // A watcher that does not tell has one.
     const bool none = value && g_variant_is_of_type(value.get(), G_VARIANT_TYPE_BOOLEAN) != 0 &&
                       g_variant_get_boolean(value.get()) == 0;
-    item(self).setPresence(none ? TrayPresence::absent : TrayPresence::shown);
+    item(self).setShown(!none);
   }
 
   static void hostChanged(GDBusConnection*, const char*, const char*, const char*, const char*,
@@ -166,7 +164,7 @@ void StatusNotifierItem::disconnected() {
     g_dbus_connection_unregister_object(bus_, object_);
     bus_ = nullptr;
   }
-  setPresence(TrayPresence::absent);
+  setShown(false);
 }
 
 void StatusNotifierItem::registerWith(const char* watcher) {
@@ -178,7 +176,7 @@ void StatusNotifierItem::registerWith(const char* watcher) {
 void StatusNotifierItem::registered(bool accepted) {
   if (!accepted) {
     log::warning("the desktop's tray does not take the item");
-    setPresence(TrayPresence::absent);
+    setShown(false);
     return;
   }
   askForHost();
@@ -192,10 +190,10 @@ void StatusNotifierItem::askForHost() {
                          cancellable_.get(), OnBus::hostAnswered, this);
 }
 
-void StatusNotifierItem::setPresence(TrayPresence presence) {
-  if (presence != presence_) {
-    presence_ = presence;
-    handlers_.presenceChanged(presence);
+void StatusNotifierItem::setShown(bool shown) {
+  if (shown_ != shown) {
+    shown_ = shown;
+    handlers_.shownChanged(shown);
   }
 }
 

@@ -1,6 +1,8 @@
 // The agent's item in trays that speak the StatusNotifier protocol.
 #pragma once
 
+#include <optional>
+
 #include "platform/linux/desktop_bus.h"
 #include "platform/tray.h"
 
@@ -27,7 +29,7 @@ class StatusNotifierItem : public DesktopBus::Client {
   void registerWith(const char* watcher);
   void registered(bool accepted);
   void askForHost();
-  void setPresence(TrayPresence presence);
+  void setShown(bool shown);
   void emit(const char* signal) const;
   GVariant* property(std::string_view name) const;
 
@@ -37,7 +39,7 @@ class StatusNotifierItem : public DesktopBus::Client {
   const std::string name_;
 
   std::string toolTip_;
-  TrayPresence presence_ = TrayPresence::unknown;
+  std::optional<bool> shown_;
 
   // While connected.
   GDBusConnection* bus_ = nullptr;

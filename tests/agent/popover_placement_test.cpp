@@ -41,5 +41,12 @@ TEST(PopoverPlacement, OpensBesideThePanelAndStaysOnTheScreen) {
       << "what is too tall shows its top";
 }
 
+TEST(PopoverPlacement, FindsAPointOfAScaledScreen) {
+  const QRect screen(1000, 0, 500, 400);
+  EXPECT_EQ(pointOnScreen({1900, 10}, screen, 2), QPoint(1450, 5));
+  EXPECT_EQ(pointOnScreen({999, 10}, screen, 2), std::nullopt);
+  EXPECT_EQ(pointOnScreen({2000, 10}, screen, 2), std::nullopt);
+}
+
 }  // namespace
 }  // namespace glintboard

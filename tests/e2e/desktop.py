@@ -106,9 +106,6 @@ class Agent:
         self.menu_shows(SHOW)
         self.press(SHOW)
         self.menu_shows("Manual code")
-        # The code before may be printed for a moment.
-        eventually(lambda: time.time() - os.stat(self._menu.name).st_mtime > 0.3 * SLOWNESS,
-                   "A menu that lasts")
         return self.pin()
 
     def press(self, button):
