@@ -17,6 +17,8 @@
 #include "agent/shell/agent_view_model.h"
 #include "agent/shell/desktop_shell.h"
 #include "agent/shell/display_loss.h"
+#include "agent/shell/menu_bar_controller.h"
+#include "agent/shell/menu_window.h"
 #include "agent/shell/text_menu.h"
 #include "platform/display.h"
 #include "platform/identity.h"
@@ -58,8 +60,7 @@ class AgentApp {
         deckStore_(executors_.service(), executors_.workers()),
         viewModel_(mainThread_.executor(), environment(executors_, platform_), deckStore_) {
     if (hasDisplay) {
-      menu_ = std::make_unique<NullMenuPresenter>();
-      desktop_ = std::make_unique<DesktopShell>(viewModel_, *menu_);
+      showOnDesktop();
     } else {
       textMenu_ =
           std::make_unique<TextMenu>(viewModel_, STDIN_FILENO, STDOUT_FILENO, [this] { stop(); });
@@ -77,6 +78,22 @@ class AgentApp {
   }
 
  private:
+  void showOnDesktop() {
+    menu_ = std::make_unique<MenuBarController>(
+        viewModel_,
+        MenuActions{[this] { log::info("the decks are in ", deckStore_.storageURL().string()); },
+                    [this] { stop(); }});
+    menuWindow_ = std::make_unique<MenuWindow>(menu_->model());
+    desktop_ = std::make_unique<DesktopShell>(viewModel_, *menuWindow_);
+    const auto followAppearance = [this] {
+      const DesktopAppearance wanted = desktop_->appearance();
+      menuWindow_->setAppearance(
+          {wanted.dark, wanted.increasedContrast, wanted.reducedMotion, wanted.textScale});
+    };
+    QObject::connect(desktop_.get(), &DesktopShell::appearanceChanged, followAppearance);
+    followAppearance();
+  }
+
   static Awaitable<> obeySignals(AgentApp* app) {
     asio::signal_set signals(co_await asio::this_coro::executor, SIGTERM, SIGINT, SIGHUP);
     signals.add(SIGUSR1);
@@ -103,7 +120,8 @@ class AgentApp {
   DeckStore deckStore_;
   AgentViewModel viewModel_;
   // With a display.
-  std::unique_ptr<MenuPresenter> menu_;
+  std::unique_ptr<MenuBarController> menu_;
+  std::unique_ptr<MenuWindow> menuWindow_;
   std::unique_ptr<DesktopShell> desktop_;
   // Without one.
   std::unique_ptr<TextMenu> textMenu_;

@@ -10,19 +10,12 @@ namespace glintboard {
 class MenuPresenter {
  public:
   virtual ~MenuPresenter() = default;
-  // Opens the menu beside `anchor`, a point of the tray's item on the screen if the desktop tells
-  // one, or closes an open one.
+  // Opens the menu beside `anchor`, a point of the tray's item on the screen in the window system's
+  // own pixels if the desktop tells one, or closes an open one.
   virtual void toggle(std::optional<QPoint> anchor) = 0;
   // Opens the menu as an ordinary window, for a desktop without a tray; brings an open one to the
   // front.
   virtual void show() = 0;
-};
-
-// Shows nothing.
-class NullMenuPresenter : public MenuPresenter {
- public:
-  void toggle(std::optional<QPoint> /*anchor*/) override {}
-  void show() override {}
 };
 
 }  // namespace glintboard
