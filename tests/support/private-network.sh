@@ -1,8 +1,8 @@
 #!/bin/sh
 # Runs its arguments in namespaces of their own: a network with nothing but a loopback device that
-# can multicast, an empty /run, a host name, and a list of processes that all end with the first.
-# Works for root, in a chroot too, and for ordinary users where the system lets them have user
-# namespaces.
+# can multicast, an empty /run, X displays, a host name, and a list of processes that all end with
+# the first. Works for root, in a chroot too, and for ordinary users where the system lets them have
+# user namespaces.
 set -eu
 case "${1:-}" in
   --chroot)
@@ -23,6 +23,8 @@ case "${1:-}" in
     ip link set lo up multicast on
     ip route add 224.0.0.0/4 dev lo
     mount -t tmpfs tmpfs /run
+    mkdir -p -m 1777 /tmp/.X11-unix
+    mount -t tmpfs tmpfs /tmp/.X11-unix
     export GLINTBOARD_PRIVATE_NETWORK=1
     # Not with exec: this shell, the first process of the namespace, reaps what others leave behind.
     "$@"
