@@ -45,8 +45,12 @@ class Shell {
   }
   ~Shell() {
     shell_.reset();
-    // Let the loop see that it is to end before the services go.
     agent->run(viewModel_->services().listenerService().shutDown());
+    // A refresh under way must end before the view model goes, and what it left before the
+    // services.
+    settle();
+    viewModel_.reset();
+    settle();
   }
 
   // Runs the event loop until `holds`, or gives up after a few seconds.
@@ -65,6 +69,13 @@ class Shell {
   RecordingMenu menu;
 
  private:
+  static void settle() {
+    for (int i = 0; i < 20; ++i) {
+      QCoreApplication::processEvents();
+      QThread::msleep(1);
+    }
+  }
+
   std::vector<std::string> arguments_;
   std::vector<char*> argv_;
   int count_ = 3;
