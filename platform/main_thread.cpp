@@ -1,6 +1,7 @@
 #include "platform/main_thread.h"
 
 #include <QMetaObject>
+#include <utility>
 
 namespace glintboard {
 
@@ -8,7 +9,10 @@ MainThread::MainThread() = default;
 
 MainThread::~MainThread() {
   shutdown();
-  queue_.clear();
+  // What is destroyed here may submit more.
+  while (!queue_.empty()) {
+    std::exchange(queue_, {}).clear();
+  }
   destroy();
 }
 

@@ -26,6 +26,7 @@
 #include "platform/log.h"
 #include "platform/main_thread.h"
 #include "platform/spawn.h"
+#include "ui/design/deck_typography.h"
 
 namespace glintboard {
 namespace {
@@ -180,6 +181,7 @@ int runAgent(int argc, char** argv) {
   std::optional<DisplayLoss> displayLoss;
   if (hasDisplay) {
     displayLoss.emplace(std::vector{program, std::string(withoutDisplay)});
+    DeckTypography::registerFonts();
   }
   try {
     const auto instances = liveAgentInstances();
