@@ -71,7 +71,9 @@ void MenuView::open(std::optional<QPoint> anchor) {
     }
   }
   setScreen(place);
-  root_->setProperty("maximumHeight", place->availableGeometry().height() - 2 * distanceToEdges);
+  const qreal shadows = 2 * root_->property("margin").toReal();
+  root_->setProperty("maximumHeight",
+                     place->availableGeometry().height() - 2 * distanceToEdges + shadows);
   root_->setProperty("settled", false);
   fit();
   root_->setProperty("settled", true);
