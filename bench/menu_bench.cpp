@@ -30,11 +30,13 @@ double timeToOpen(MenuWindow& menu) {
   menu.toggle(std::nullopt);
   double taken = -1;
   if (menu.view() != nullptr) {
-    QObject::connect(menu.view(), &QQuickWindow::frameSwapped, menu.view(), [&] {
-      taken = taken < 0 ? static_cast<double>(timer.nsecsElapsed()) / 1e6 : taken;
-    });
-    QTest::qWaitFor([&] { return taken >= 0; });
-    menu.view()->disconnect(SIGNAL(frameSwapped()));
+    const auto connection = QObject::connect(
+        menu.view(), &QQuickWindow::frameSwapped, menu.view(),
+        [&] { taken = taken < 0 ? static_cast<double>(timer.nsecsElapsed()) / 1e6 : taken; });
+    if (!QTest::qWaitFor([&] { return taken >= 0; })) {
+      std::puts("no frame is drawn");
+    }
+    QObject::disconnect(connection);
   }
   return taken;
 }
@@ -64,7 +66,9 @@ int main(int argc, char** argv) {
   QTest::qWait(100);
   std::printf("open again        %6.0f ms\n", timeToOpen(menu));
   close(menu);
-  QTest::qWaitFor([&] { return menu.view() == nullptr; });
+  if (!QTest::qWaitFor([&] { return menu.view() == nullptr; })) {
+    std::puts("the engine is kept");
+  }
   std::printf("engine released   %6.1f MB\n", residentMegabytes());
   std::printf("open a new engine %6.0f ms\n", timeToOpen(menu));
   close(menu);
