@@ -42,10 +42,12 @@ MenuView::MenuView(MenuBarModel& model, MenuStyle style, const Appearance& appea
   connect(root_.get(), SIGNAL(implicitWidthChanged()), this, SLOT(fit()));
   connect(root_.get(), SIGNAL(closeRequested()), this, SLOT(hide()));
   connect(this, &QWindow::activeChanged, this, [this] {
-    if (isPopover() && isVisible() && !isActive()) {
+    // The loss that an earlier closing has caused may be told only now.
+    if (isPopover() && isVisible() && !isActive() && hasHadFocus_) {
       Q_EMIT focusLost();
       hide();
     }
+    hasHadFocus_ = isActive();
   });
 }
 
@@ -71,7 +73,10 @@ void MenuView::open(std::optional<QPoint> anchor) {
     }
   }
   setScreen(place);
-  root_->setProperty("maximumHeight", place->availableGeometry().height() - 2 * distanceToEdges);
+  const qreal shadows = 2 * root_->property("margin").toReal();
+  root_->setProperty("maximumHeight",
+                     place->availableGeometry().height() - 2 * distanceToEdges + shadows);
+  hasHadFocus_ = false;
   root_->setProperty("settled", false);
   fit();
   root_->setProperty("settled", true);

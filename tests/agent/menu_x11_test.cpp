@@ -66,6 +66,17 @@ TEST_F(MenuTest, ClosesOnEscapeAndWhenTheFocusGoesElsewhere) {
   EXPECT_TRUE(window->view()->isVisible());
 }
 
+TEST_F(MenuTest, OpensAgainAtOnce) {
+  startAndWait();
+  for (int i = 0; i < 5; ++i) {
+    window->toggle(std::nullopt);
+    window->toggle(std::nullopt);
+    QTest::qWait(100);
+    ASSERT_TRUE(window->view()->isVisible());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window->view()));
+  }
+}
+
 TEST_F(MenuTest, QuitsByItsKeyEquivalent) {
   startAndWait();
   shell("xdotool key ctrl+q");
