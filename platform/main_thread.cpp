@@ -9,7 +9,7 @@ MainThread::MainThread() = default;
 
 MainThread::~MainThread() {
   shutdown();
-  // Work that is dropped may submit more: a coroutine ends what awaits it.
+  // What is destroyed here may submit more.
   while (!queue_.empty()) {
     std::exchange(queue_, {}).clear();
   }

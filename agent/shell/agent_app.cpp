@@ -4,18 +4,29 @@
 #include <unistd.h>
 
 #include <QGuiApplication>
+#include <QQuickWindow>
+#include <algorithm>
+#include <array>
 #include <boost/asio/signal_set.hpp>
 #include <cstdlib>
+#include <span>
 #include <thread>
 
 #include "agent/connection/single_instance_guard.h"
 #include "agent/pairing/keychain_paired_device_store.h"
 #include "agent/shell/agent_view_model.h"
+#include "agent/shell/desktop_shell.h"
+#include "agent/shell/display_loss.h"
+#include "agent/shell/menu_bar_controller.h"
+#include "agent/shell/menu_window.h"
 #include "agent/shell/text_menu.h"
+#include "platform/display.h"
+#include "platform/identity.h"
 #include "platform/live.h"
 #include "platform/log.h"
 #include "platform/main_thread.h"
 #include "platform/spawn.h"
+#include "ui/design/deck_typography.h"
 
 namespace glintboard {
 namespace {
@@ -24,6 +35,9 @@ using namespace std::chrono_literals;
 
 // A successor kills after 100 ms whoever it has asked to end.
 constexpr auto stopDeadline = 70ms;
+
+// Makes the agent print its menu even where it could show windows.
+constexpr std::string_view withoutDisplay = "--without-display";
 
 AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
   return {executors,
@@ -42,15 +56,45 @@ AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
 // destructor, since a worker may hang in one of them.
 class AgentApp {
  public:
-  AgentApp()
+  explicit AgentApp(bool hasDisplay)
       : platform_(executors_, pairedDevicesMergeRule()),
         deckStore_(executors_.service(), executors_.workers()),
-        viewModel_(mainThread_.executor(), environment(executors_, platform_), deckStore_),
-        menu_(viewModel_, STDIN_FILENO, STDOUT_FILENO, [this] { stop(); }) {
+        viewModel_(mainThread_.executor(), environment(executors_, platform_), deckStore_) {
+    if (hasDisplay) {
+      showOnDesktop();
+    } else {
+      textMenu_ =
+          std::make_unique<TextMenu>(viewModel_, STDIN_FILENO, STDOUT_FILENO, [this] { stop(); });
+    }
     spawn(executors_.service(), obeySignals(this), "signals");
   }
 
+  // Leaves in order where that goes quickly, and in any case before the deadline. Any thread.
+  void stop() {
+    std::thread([] {
+      std::this_thread::sleep_for(stopDeadline);
+      std::_Exit(EXIT_SUCCESS);
+    }).detach();
+    spawn(executors_.service(), leave(this), "stopping");
+  }
+
  private:
+  void showOnDesktop() {
+    menu_ = std::make_unique<MenuBarController>(
+        viewModel_,
+        MenuActions{[this] { log::info("the decks are in ", deckStore_.storageURL().string()); },
+                    [this] { stop(); }});
+    menuWindow_ = std::make_unique<MenuWindow>(menu_->model());
+    desktop_ = std::make_unique<DesktopShell>(viewModel_, *menuWindow_);
+    const auto followAppearance = [this] {
+      const DesktopAppearance wanted = desktop_->appearance();
+      menuWindow_->setAppearance(
+          {wanted.dark, wanted.increasedContrast, wanted.reducedMotion, wanted.textScale});
+    };
+    QObject::connect(desktop_.get(), &DesktopShell::appearanceChanged, followAppearance);
+    followAppearance();
+  }
+
   static Awaitable<> obeySignals(AgentApp* app) {
     asio::signal_set signals(co_await asio::this_coro::executor, SIGTERM, SIGINT, SIGHUP);
     signals.add(SIGUSR1);
@@ -65,15 +109,6 @@ class AgentApp {
     }
   }
 
-  // Leaves in order where that goes quickly, and in any case before the deadline.
-  void stop() {
-    std::thread([] {
-      std::this_thread::sleep_for(stopDeadline);
-      std::_Exit(EXIT_SUCCESS);
-    }).detach();
-    spawn(executors_.service(), leave(this), "stopping");
-  }
-
   static Awaitable<> leave(AgentApp* app) {
     co_await app->viewModel_.services().listenerService().shutDown();
     co_await app->deckStore_.finishChanges();
@@ -85,17 +120,69 @@ class AgentApp {
   LivePlatform platform_;
   DeckStore deckStore_;
   AgentViewModel viewModel_;
-  TextMenu menu_;
+  // With a display.
+  std::unique_ptr<MenuBarController> menu_;
+  std::unique_ptr<MenuWindow> menuWindow_;
+  std::unique_ptr<DesktopShell> desktop_;
+  // Without one.
+  std::unique_ptr<TextMenu> textMenu_;
 };
+
+// Qt's application object over the first window system that it can really use. The arguments must
+// outlive it.
+class Application {
+ public:
+  Application(std::string program, const std::vector<std::string>& displays)
+      : program_(std::move(program)), platforms_(listOf(displays)) {
+    QCoreApplication::setApplicationName(QStringLiteral("glintboard-agent"));
+    QGuiApplication::setDesktopFileName(QString::fromUtf8(agentIdentifier));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {
+      // A graphics driver costs twice the memory of everything else.
+      QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
+    }
+    qt_.emplace(count_, arguments_.data());
+  }
+
+  static bool hasDisplay() { return QGuiApplication::platformName() != QLatin1String("offscreen"); }
+
+ private:
+  // Qt takes the first that it can start.
+  static std::string listOf(const std::vector<std::string>& displays) {
+    std::string list;
+    for (const std::string& display : displays) {
+      list += display + ";";
+    }
+    return list + "offscreen";
+  }
+
+  std::string program_;
+  std::string option_ = "-platform";
+  std::string platforms_;
+  int count_ = 3;
+  std::array<char*, 4> arguments_{program_.data(), option_.data(), platforms_.data(), nullptr};
+  std::optional<QGuiApplication> qt_;
+};
+
+bool isAskedFor(std::string_view option, std::span<char*> arguments) {
+  return std::find(arguments.begin(), arguments.end(), option) != arguments.end();
+}
 
 }  // namespace
 
 int runAgent(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);
-  // Without windows there is no display to find.
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QCoreApplication::setApplicationName(QStringLiteral("glintboard-agent"));
-  const QGuiApplication application(argc, argv);
+  const std::span arguments(argv, static_cast<std::size_t>(argc));
+  const std::string program = arguments.empty() ? "glintboard-agent" : arguments.front();
+  const Application application(program, isAskedFor(withoutDisplay, arguments)
+                                             ? std::vector<std::string>()
+                                             : reachableDisplays());
+  const bool hasDisplay = Application::hasDisplay();
+  std::optional<DisplayLoss> displayLoss;
+  if (hasDisplay) {
+    displayLoss.emplace(std::vector{program, std::string(withoutDisplay)});
+    DeckTypography::registerFonts();
+  }
   try {
     const auto instances = liveAgentInstances();
     if (!SingleInstanceGuard::enforce(*instances)) {
@@ -103,8 +190,13 @@ int runAgent(int argc, char** argv) {
       return EXIT_SUCCESS;
     }
     // Never destroyed: see AgentApp.
-    [[maybe_unused]] auto* const app = new AgentApp;
-    return QGuiApplication::exec();
+    auto* const app = new AgentApp(hasDisplay);
+    QGuiApplication::exec();
+    // The session has ended, or a window was told to quit.
+    app->stop();
+    for (;;) {
+      ::pause();
+    }
   } catch (const std::exception& error) {
     log::write("error", error.what());
     return EXIT_FAILURE;

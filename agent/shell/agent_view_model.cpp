@@ -76,9 +76,10 @@ Awaitable<> AgentViewModel::refreshLoop(AgentViewModel* viewModel, std::shared_p
 }
 
 Awaitable<> AgentViewModel::refresh() {
+  // Taken over before anything else is awaited: a command done meanwhile must not be undone.
   const PairingState pairing = co_await services_.pairingService().state();
-  const ListenerState listener = co_await services_.listenerService().state();
   setPairing(pairing);
+  const ListenerState listener = co_await services_.listenerService().state();
   setListener(listener);
   if (!isListenerRunning_ && !listenerError_.isNull()) {
     co_await attemptAutomaticRecoveryIfNeeded();

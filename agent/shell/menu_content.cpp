@@ -18,15 +18,30 @@ PairingSection pairingSection(const AgentViewModel& viewModel) {
   return viewModel.isLockedOut() ? PairingSection::lockedOut : PairingSection::code;
 }
 
-QString statusText(const AgentViewModel& viewModel) {
+ConnectionStatus status(const AgentViewModel& viewModel) {
   if (viewModel.hasConnectedPhone()) {
-    return localized("iPhone connected");
+    return ConnectionStatus::connected;
   }
   if (viewModel.isListenerRunning()) {
-    return viewModel.isPaired() ? localized("Waiting for iPhone") : localized("Ready for iPhone");
+    return viewModel.isPaired() ? ConnectionStatus::waiting : ConnectionStatus::ready;
   }
-  return viewModel.listenerError().isNull() ? localized("Starting\u2026")
-                                            : localized("Connection failed");
+  return viewModel.listenerError().isNull() ? ConnectionStatus::starting : ConnectionStatus::failed;
+}
+
+QString statusText(const AgentViewModel& viewModel) {
+  switch (status(viewModel)) {
+    case ConnectionStatus::connected:
+      return localized("iPhone connected");
+    case ConnectionStatus::ready:
+      return localized("Ready for iPhone");
+    case ConnectionStatus::waiting:
+      return localized("Waiting for iPhone");
+    case ConnectionStatus::failed:
+      return localized("Connection failed");
+    case ConnectionStatus::starting:
+      return localized("Starting\u2026");
+  }
+  return {};
 }
 
 std::vector<MenuCommand> commands(const AgentViewModel& viewModel) {

@@ -22,10 +22,14 @@ enum class MenuCommand {
 // What the pairing section shows.
 enum class PairingSection { pairedDevice, code, lockedOut };
 
+// What the status row tells.
+enum class ConnectionStatus { connected, ready, waiting, failed, starting };
+
 // The rules of the menu over the view model's fields. Main thread.
 namespace MenuContent {
 
 PairingSection pairingSection(const AgentViewModel& viewModel);
+ConnectionStatus status(const AgentViewModel& viewModel);
 QString statusText(const AgentViewModel& viewModel);
 // The commands that are offered now.
 std::vector<MenuCommand> commands(const AgentViewModel& viewModel);

@@ -8,6 +8,7 @@
 #include <cerrno>
 
 #include "agent/shell/qr_text.h"
+#include "platform/log.h"
 #include "platform/spawn.h"
 
 namespace glintboard {
@@ -100,6 +101,9 @@ void TextMenu::schedulePrint() {
 
 void TextMenu::print() {
   printScheduled_ = false;
+  if (commandsUnderWay_ != 0) {
+    return;  // The last of them prints.
+  }
   write(block(viewModel_, ::isatty(output_) != 0));
 }
 
@@ -125,10 +129,24 @@ void TextMenu::readInput() {
   }
 }
 
+void TextMenu::perform(Awaitable<> operation) {
+  ++commandsUnderWay_;
+  spawn(viewModel_.executor(), performed(this, std::move(operation)), "menu");
+}
+
+Awaitable<> TextMenu::performed(QPointer<TextMenu> menu, Awaitable<> operation) {
+  try {
+    co_await std::move(operation);
+  } catch (const std::exception& error) {
+    log::warning("menu: ", error.what());
+  }
+  if (menu != nullptr) {
+    --menu->commandsUnderWay_;
+    menu->schedulePrint();
+  }
+}
+
 void TextMenu::press(MenuCommand command) {
-  const auto perform = [this](Awaitable<> operation) {
-    spawn(viewModel_.executor(), std::move(operation), "menu");
-  };
   switch (command) {
     case MenuCommand::dismissHint:
       return perform(viewModel_.dismissShortcutCoachMessage());

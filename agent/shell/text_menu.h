@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QSocketNotifier>
 #include <functional>
 #include <optional>
@@ -28,6 +29,9 @@ class TextMenu : public QObject {
  private:
   void schedulePrint();
   void print();
+  // Does what a button says. Nothing is printed meanwhile: the fields need not fit together then.
+  void perform(Awaitable<> operation);
+  static Awaitable<> performed(QPointer<TextMenu> menu, Awaitable<> operation);
   void readInput();
   void press(MenuCommand command);
   void write(std::string_view text) const;
@@ -39,6 +43,7 @@ class TextMenu : public QObject {
   QSocketNotifier notifier_;
   QByteArray unread_;
   bool printScheduled_ = false;
+  int commandsUnderWay_ = 0;
 };
 
 }  // namespace glintboard

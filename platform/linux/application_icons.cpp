@@ -36,17 +36,17 @@ class ApplicationIcons {
 
   QImage image(const ApplicationLocation& location, int side) {
     const auto own = drawIcon(fileOf(location), side);
-    return own.isNull() ? drawIcon(lookup_.find(kGenericIcon), side) : own;
+    return own.isNull() ? drawIcon(lookup_.find(genericIcon), side) : own;
   }
 
  private:
-  static constexpr const char* kGenericIcon = "application-x-executable";
+  static constexpr const char* genericIcon = "application-x-executable";
 
   std::filesystem::path fileOf(const ApplicationLocation& location) {
     const auto installed = index_->current();
     const auto* entry = installed->atPath(location.path);
     auto file = entry == nullptr ? std::filesystem::path() : lookup_.find(entry->icon);
-    return file.empty() ? lookup_.find(kGenericIcon) : file;
+    return file.empty() ? lookup_.find(genericIcon) : file;
   }
 
   std::shared_ptr<const ApplicationIndex> index_;
@@ -55,7 +55,7 @@ class ApplicationIcons {
 
 // The image fitted into the square, not centred yet.
 QImage readFitted(const std::filesystem::path& file, const QSize& square) {
-  constexpr int kLargestSide = 4096;
+  constexpr int largestSide = 4096;
   QImageReader reader(QFile::decodeName(file.c_str()));
   const QSize natural = reader.size();
   const QSize fitted = natural.isEmpty()
@@ -69,7 +69,7 @@ QImage readFitted(const std::filesystem::path& file, const QSize& square) {
     reader.setScaledSize(fitted);
     return reader.read();
   }
-  if (natural.width() > kLargestSide || natural.height() > kLargestSide) {
+  if (natural.width() > largestSide || natural.height() > largestSide) {
     return {};
   }
   const QImage image = reader.read();
@@ -80,11 +80,11 @@ QImage readFitted(const std::filesystem::path& file, const QSize& square) {
 }  // namespace
 
 QImage drawIcon(const std::filesystem::path& file, int side) {
-  constexpr std::uintmax_t kLargestFile = 16u << 20u;
+  constexpr std::uintmax_t largestFile = 16u << 20u;
   std::error_code error;
   // Opening a named pipe would wait for its writer.
   if (!std::filesystem::is_regular_file(file, error) ||
-      std::filesystem::file_size(file, error) > kLargestFile) {
+      std::filesystem::file_size(file, error) > largestFile) {
     return {};
   }
   const QImage fitted = readFitted(file, QSize(side, side));

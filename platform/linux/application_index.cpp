@@ -37,7 +37,9 @@ Awaitable<> ApplicationIndex::follow(std::shared_ptr<ApplicationIndex> self) {
     }
     // An installation changes many files at once.
     co_await sleepFor(std::chrono::milliseconds(100));
-    self->watcher_.drain();
+    if (!self->watcher_.drain()) {
+      continue;
+    }
     auto scanned = runOn(self->workers_, [self] { self->scan(); });
     co_await std::move(scanned);
   }
@@ -47,6 +49,10 @@ void ApplicationIndex::scan() {
   auto entries =
       scanApplications(folders_.dataFolders("applications"),
                        [this](const std::filesystem::path& folder) { watcher_.watch(folder); });
+  // Other programs keep all their settings there; the lists of default applications end so.
+  for (const auto& folder : folders_.configFolders("")) {
+    watcher_.watch(folder, ".list");
+  }
   watcher_.forgetOthers();
   auto known = knownApplications(entries, folders_);
   auto scanned =

@@ -91,14 +91,14 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, const LaunchToken& 
   }
   // Without G_SPAWN_DO_NOT_REAP_CHILD, GLib makes the program no child of this process.
   // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
-  constexpr auto kFlags = static_cast<GSpawnFlags>(
-      G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL | G_SPAWN_STDERR_TO_DEV_NULL);
+  constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
+                                                  G_SPAWN_STDERR_TO_DEV_NULL);
   std::optional<pid_t> started;
   const auto keep = [](GDesktopAppInfo*, GPid pid, void* place) {
     *static_cast<std::optional<pid_t>*>(place) = pid;
   };
   GLibPointer<GError> error;
-  g_desktop_app_info_launch_uris_as_manager(application, uris, context.get(), kFlags, leaveTheAgent,
+  g_desktop_app_info_launch_uris_as_manager(application, uris, context.get(), flags, leaveTheAgent,
                                             nullptr, keep, &started, leftIn(error));
   if (error) {
     fail(entry, reasonOf(*error));

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 // Whether a program file is one that runs other programs, so that it alone tells nothing.
 bool runsOthers(const fs::path& program) {
-  static const std::set<std::string, std::less<>> kNames = {
+  static const std::set<std::string, std::less<>> names = {
       "ash",    "bash",    "busybox",      "bwrap", "csh",    "dash",        "electron", "env",
       "fish",   "flatpak", "gapplication", "gio",   "gjs",    "gjs-console", "guile",    "java",
       "ksh",    "lua",     "mono",         "node",  "nodejs", "perl",        "php",      "pkexec",
@@ -21,7 +21,7 @@ bool runsOthers(const fs::path& program) {
       "wine",   "wish",    "xdg-open",     "zsh"};
   // Versions follow the name: python3.11.
   const std::string name = program.filename().string();
-  return kNames.contains(name) || kNames.contains(name.substr(0, name.find_first_of("0123456789")));
+  return names.contains(name) || names.contains(name.substr(0, name.find_first_of("0123456789")));
 }
 
 // The file behind all symbolic links, or empty.

@@ -8,7 +8,7 @@ namespace glintboard {
 
 namespace {
 
-constexpr const char* kGroup = G_KEY_FILE_DESKTOP_GROUP;
+constexpr const char* entryGroup = G_KEY_FILE_DESKTOP_GROUP;
 
 // The argument without its escaped percent signs, or none when the launcher would put something
 // in.
@@ -51,8 +51,8 @@ std::string localText(GKeyFile* file, const char* group, const char* key) {
 
 std::vector<DesktopEntry::Action> actionsOf(GKeyFile* file) {
   std::vector<DesktopEntry::Action> actions;
-  const GLibPointer<char*> ids(
-      g_key_file_get_string_list(file, kGroup, G_KEY_FILE_DESKTOP_KEY_ACTIONS, nullptr, nullptr));
+  const GLibPointer<char*> ids(g_key_file_get_string_list(
+      file, entryGroup, G_KEY_FILE_DESKTOP_KEY_ACTIONS, nullptr, nullptr));
   for (char** id = ids.get(); id != nullptr && *id != nullptr; ++id) {
     const std::string group = std::string("Desktop Action ") + *id;
     auto name = localText(file, group.c_str(), G_KEY_FILE_DESKTOP_KEY_NAME);
@@ -68,24 +68,24 @@ std::vector<DesktopEntry::Action> actionsOf(GKeyFile* file) {
 
 std::optional<DesktopEntry> readDesktopEntry(const std::filesystem::path& path, std::string id) {
   const auto file = loadKeyFile(path);
-  if (!file || textOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_TYPE) !=
+  if (!file || textOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_TYPE) !=
                    G_KEY_FILE_DESKTOP_TYPE_APPLICATION) {
     return std::nullopt;
   }
   DesktopEntry entry;
   entry.id = std::move(id);
   entry.path = path;
-  entry.name = localText(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_NAME);
+  entry.name = localText(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_NAME);
   if (entry.name.empty()) {
     entry.name = entry.id;
   }
-  entry.icon = localText(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_ICON);
-  entry.command = commandOf(textOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_EXEC));
-  entry.tryExec = textOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_TRY_EXEC);
-  entry.startupWmClass = textOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS);
-  entry.hidden = flagOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_HIDDEN);
-  entry.noDisplay = flagOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_NO_DISPLAY);
-  entry.dbusActivatable = flagOf(file.get(), kGroup, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE);
+  entry.icon = localText(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_ICON);
+  entry.command = commandOf(textOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_EXEC));
+  entry.tryExec = textOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_TRY_EXEC);
+  entry.startupWmClass = textOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS);
+  entry.hidden = flagOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_HIDDEN);
+  entry.noDisplay = flagOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_NO_DISPLAY);
+  entry.dbusActivatable = flagOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_DBUS_ACTIVATABLE);
   entry.actions = actionsOf(file.get());
   return entry;
 }

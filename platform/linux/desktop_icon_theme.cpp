@@ -50,20 +50,6 @@ std::string gnomeDefault() {
   return g_variant_get_string(value.get(), nullptr);
 }
 
-// Where the session bus listens, or empty. Asking GIO for it might start one.
-std::string sessionBusAddress() {
-  const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
-  const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
-  if (address != nullptr && *address != '\0') {
-    return address;
-  }
-  std::error_code ignored;
-  const auto usual = std::filesystem::path(runtimeFolder == nullptr ? "" : runtimeFolder) / "bus";
-  return usual.is_absolute() && std::filesystem::exists(usual, ignored)
-             ? "unix:path=" + usual.string()
-             : "";
-}
-
 // The theme that the running desktop portal reports from GNOME's settings. GSettings would tell it
 // too, but leaves a connection to the bus in this process that ends it when the bus goes away.
 std::string fromPortal() {
@@ -71,15 +57,11 @@ std::string fromPortal() {
   if (address.empty()) {
     return "";
   }
-  constexpr auto kFlags =
-      // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
-      static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                        G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
   GioCalls calls(std::chrono::seconds(1));
   const auto connected =
       calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_dbus_connection_new_for_address(address.c_str(), kFlags, nullptr, cancellable, callback,
-                                          data);
+        g_dbus_connection_new_for_address(address.c_str(), messageBusFlags(), nullptr, cancellable,
+                                          callback, data);
       });
   const GObjectPointer<GDBusConnection> bus(
       connected ? g_dbus_connection_new_for_address_finish(connected.get(), nullptr) : nullptr);

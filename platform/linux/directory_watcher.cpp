@@ -19,7 +19,7 @@ DirectoryWatcher::DirectoryWatcher(const asio::any_io_executor& service) : event
   events_.assign(descriptor);
 }
 
-void DirectoryWatcher::watch(const std::filesystem::path& folder) {
+void DirectoryWatcher::watch(const std::filesystem::path& folder, const std::string& ending) {
   if (!events_.is_open()) {
     return;
   }
@@ -27,7 +27,7 @@ void DirectoryWatcher::watch(const std::filesystem::path& folder) {
   for (int attempt = 0; attempt < 3; ++attempt) {
     auto existing = folder;
     auto missing = folder;
-    while (!add(existing) && existing.has_relative_path()) {
+    while (!add(existing, existing == folder ? ending : "") && existing.has_relative_path()) {
       missing = std::exchange(existing, existing.parent_path());
     }
     std::error_code ignored;
@@ -37,12 +37,15 @@ void DirectoryWatcher::watch(const std::filesystem::path& folder) {
   }
 }
 
-bool DirectoryWatcher::add(const std::filesystem::path& folder) {
-  constexpr std::uint32_t kChanges = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
-                                     IN_CLOSE_WRITE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
-  const int watch = ::inotify_add_watch(events_.native_handle(), folder.c_str(), kChanges);
+bool DirectoryWatcher::add(const std::filesystem::path& folder, const std::string& ending) {
+  constexpr std::uint32_t changes = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
+                                    IN_CLOSE_WRITE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+  const int watch = ::inotify_add_watch(events_.native_handle(), folder.c_str(), changes);
   if (watch >= 0) {
-    wanted_.insert(watch);
+    const auto [known, isNew] = wanted_.try_emplace(watch, ending);
+    if (!isNew && known->second != ending) {
+      known->second.clear();
+    }
   } else if (errno == ENOSPC) {
     log::warning("changes in ", folder.string(), " go unnoticed: no more watches");
     return true;
@@ -51,7 +54,7 @@ bool DirectoryWatcher::add(const std::filesystem::path& folder) {
 }
 
 void DirectoryWatcher::forgetOthers() {
-  for (const int watch : watched_) {
+  for (const auto& [watch, ending] : watched_) {
     if (!wanted_.contains(watch)) {
       // Fails for a folder that is gone, whose watch the system has ended already.
       ::inotify_rm_watch(events_.native_handle(), watch);
@@ -72,10 +75,23 @@ void DirectoryWatcher::stop() {
   events_.cancel(ignored);
 }
 
-void DirectoryWatcher::drain() {
+bool DirectoryWatcher::drain() {
+  bool any = false;
   alignas(inotify_event) std::array<char, 4096> buffer{};
-  while (events_.is_open() && ::read(events_.native_handle(), buffer.data(), buffer.size()) > 0) {
+  while (events_.is_open()) {
+    const auto size = ::read(events_.native_handle(), buffer.data(), buffer.size());
+    if (size <= 0) {
+      break;
+    }
+    for (const char* next = buffer.data(); next < buffer.data() + size;) {
+      const auto& event = *reinterpret_cast<const inotify_event*>(next);
+      next += sizeof event + event.len;
+      const auto watched = watched_.find(event.wd);
+      const std::string_view name = event.len == 0 ? "" : event.name;
+      any = any || name.empty() || watched == watched_.end() || name.ends_with(watched->second);
+    }
   }
+  return any;
 }
 
 }  // namespace glintboard

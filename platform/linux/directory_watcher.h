@@ -3,7 +3,8 @@
 
 #include <boost/asio/posix/stream_descriptor.hpp>
 #include <filesystem>
-#include <set>
+#include <map>
+#include <string>
 
 #include "platform/asio.h"
 
@@ -17,16 +18,18 @@ class DirectoryWatcher {
   // `service` is the executor of the service loop. The watcher must outlive `changed`.
   explicit DirectoryWatcher(const asio::any_io_executor& service);
 
-  // Watches `folder`; where it does not exist, the nearest folder above it that does. To miss
-  // nothing, call it before reading the folder.
-  void watch(const std::filesystem::path& folder);
+  // Watches `folder`; where it does not exist, the nearest folder above it that does. Of a folder
+  // in which much else changes, only names that end in `ending`. To miss nothing, call it before
+  // reading the folder.
+  void watch(const std::filesystem::path& folder, const std::string& ending = "");
   // Ends the watching of every folder that `watch` was not called for since the last time.
   void forgetOthers();
   // Resumes when something has changed since the last call. False when there is nothing more to
   // wait for. On the service loop.
   Awaitable<bool> changed();
-  // Takes the changes noticed so far as known. On the service loop.
-  void drain();
+  // Takes the changes noticed so far as known; whether one of them is of interest. On the service
+  // loop.
+  bool drain();
   // Ends the `changed` under way; the next must not be started. On the service loop, also while
   // another operation runs elsewhere.
   void stop();
@@ -34,11 +37,12 @@ class DirectoryWatcher {
   bool stopped() const { return stopped_; }
 
  private:
-  bool add(const std::filesystem::path& folder);
+  bool add(const std::filesystem::path& folder, const std::string& ending);
 
   asio::posix::stream_descriptor events_;
-  std::set<int> watched_;
-  std::set<int> wanted_;
+  // By the number of the watch, the ending of interest.
+  std::map<int, std::string> watched_;
+  std::map<int, std::string> wanted_;
   bool stopped_ = false;
 };
 

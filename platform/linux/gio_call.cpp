@@ -1,5 +1,8 @@
 #include "platform/linux/gio_call.h"
 
+#include <cstdlib>
+#include <filesystem>
+
 namespace glintboard {
 
 GioCalls::GioCalls(std::chrono::milliseconds deadline)
@@ -42,6 +45,25 @@ GObjectPointer<GAsyncResult> GioCalls::run(const Start& start) {
     g_main_context_iteration(context_.get(), TRUE);
   }
   return result;
+}
+
+std::string sessionBusAddress() {
+  const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+  const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+  if (address != nullptr && *address != '\0') {
+    return address;
+  }
+  std::error_code ignored;
+  const auto usual = std::filesystem::path(runtimeFolder == nullptr ? "" : runtimeFolder) / "bus";
+  return usual.is_absolute() && std::filesystem::exists(usual, ignored)
+             ? "unix:path=" + usual.string()
+             : "";
+}
+
+GDBusConnectionFlags messageBusFlags() {
+  // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
+  return static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                           G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
 }
 
 GObjectPointer<GDBusConnection> connectToSessionBus(GioCalls& calls, GLibPointer<GError>& error) {

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <string>
 
 #include "platform/linux/glib_pointers.h"
 
@@ -32,6 +33,11 @@ class GioCalls {
   GLibPointer<GSource> giveUp_;
   bool gaveUp_ = false;
 };
+
+// Where the session bus listens, or empty. Starts none, as GIO might do when it is asked.
+std::string sessionBusAddress();
+// What a connection to a bus at an address needs.
+GDBusConnectionFlags messageBusFlags();
 
 // The session bus, or null with the reason in `error` when there is none or it does not answer.
 // The bus may go away without ending this process.

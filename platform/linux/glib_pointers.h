@@ -12,6 +12,8 @@ struct GLibRelease {
   void operator()(GError* error) const { g_error_free(error); }
   void operator()(GKeyFile* file) const { g_key_file_unref(file); }
   void operator()(GMainContext* context) const { g_main_context_unref(context); }
+  void operator()(GMainLoop* loop) const { g_main_loop_unref(loop); }
+  void operator()(GDBusNodeInfo* info) const { g_dbus_node_info_unref(info); }
   void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
   void operator()(GSettingsSchemaKey* key) const { g_settings_schema_key_unref(key); }
   void operator()(GSource* source) const {

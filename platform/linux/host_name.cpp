@@ -53,7 +53,7 @@ std::string unquoted(std::string_view word) {
 
 }  // namespace
 
-HostName::HostName() : HostName("/etc/machine-info", kernelHostName) {}
+HostName::HostName() : HostName(machineInfoFile, kernelHostName) {}
 
 HostName::HostName(std::filesystem::path machineInfo, Lookup lookup)
     : machineInfo_(std::move(machineInfo)), lookup_(std::move(lookup)) {}

@@ -16,6 +16,8 @@ namespace glintboard {
 class HostName {
  public:
   using Lookup = std::function<std::string()>;
+  // Where hostnamed keeps the pretty name.
+  static constexpr const char* machineInfoFile = "/etc/machine-info";
 
   HostName();
   // `machineInfo` is hostnamed's file, `lookup` gives the kernel's host name.

@@ -10,7 +10,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kExtensions[] = {".png", ".svg", ".svgz", ".xpm"};
+constexpr const char* extensions[] = {".png", ".svg", ".svgz", ".xpm"};
 
 std::vector<fs::path> iconBases(const XdgFolders& folders) {
   auto bases = folders.dataFolders("icons");
@@ -36,7 +36,7 @@ fs::path IconLookup::find(const std::string& icon) {
     return {};
   }
   std::string name = icon;
-  for (const std::string extension : kExtensions) {
+  for (const std::string extension : extensions) {
     if (name.ends_with(extension)) {
       name.resize(name.size() - extension.size());
       break;
@@ -56,14 +56,18 @@ void IconLookup::refresh() {
   // Less than the time after which changes of the installed applications are noticed, so that
   // whoever asks because of them sees the icons that came with them; and long enough for the many
   // questions about one deck.
-  constexpr std::chrono::milliseconds kTrusted{50};
+  constexpr std::chrono::milliseconds trusted{50};
   const auto now = std::chrono::steady_clock::now();
-  if (now - checked_ < kTrusted) {
+  if (now - checked_ < trusted) {
     return;
   }
   checked_ = now;
   bool changed = !themes_.unchanged();
-  if (!settings_.unchanged()) {
+  // The desktop's portal may hear of a changed setting later than its file shows it.
+  constexpr std::chrono::seconds portalsDelay{2};
+  const bool settingsChanged = !settings_.unchanged();
+  if (settingsChanged || (askAgain_ && now >= *askAgain_)) {
+    askAgain_ = settingsChanged ? std::optional(now + portalsDelay) : std::nullopt;
     settings_ = {};
     auto theme = desktopIconTheme(folders_, settings_);
     changed |= theme != userTheme_;
@@ -95,8 +99,8 @@ void IconLookup::readThemes() {
 }
 
 void IconLookup::addThemes(const std::string& name, std::vector<std::string>& seen) {
-  constexpr std::size_t kMostThemes = 64;
-  if (seen.size() >= kMostThemes || name.empty() || name.starts_with('.') ||
+  constexpr std::size_t mostThemes = 64;
+  if (seen.size() >= mostThemes || name.empty() || name.starts_with('.') ||
       name.find('/') != std::string::npos ||
       std::find(seen.begin(), seen.end(), name) != seen.end()) {
     return;
@@ -110,8 +114,18 @@ void IconLookup::addThemes(const std::string& name, std::vector<std::string>& se
 }
 
 fs::path IconLookup::search(const std::string& name) const {
+  const std::string symbolic = "-symbolic";
+  auto found = searchExactly(name);
+  if (found.empty()) {
+    found = searchExactly(name.ends_with(symbolic) ? name.substr(0, name.size() - symbolic.size())
+                                                   : name + symbolic);
+  }
+  return found;
+}
+
+fs::path IconLookup::searchExactly(const std::string& name) const {
   for (const auto& folder : iconFolders_) {
-    for (const char* extension : kExtensions) {
+    for (const char* extension : extensions) {
       auto file = folder / (name + extension);
       if (isFile(file)) {
         return file;

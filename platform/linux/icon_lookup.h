@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -19,7 +20,8 @@ class IconLookup {
   explicit IconLookup(XdgFolders folders);
 
   // The best file for a square of 128 pixels, or empty. `icon` is an absolute path or a name, with
-  // or without the extension of an image file.
+  // or without the extension of an image file. Where a theme has but the coloured one of an icon
+  // and its symbol ("NAME-symbolic"), it stands in for the other.
   std::filesystem::path find(const std::string& icon);
 
  private:
@@ -27,6 +29,7 @@ class IconLookup {
   void readThemes();
   void addThemes(const std::string& name, std::vector<std::string>& seen);
   std::filesystem::path search(const std::string& name) const;
+  std::filesystem::path searchExactly(const std::string& name) const;
 
   const XdgFolders folders_;
   const std::vector<std::filesystem::path> bases_;
@@ -34,6 +37,8 @@ class IconLookup {
   std::mutex mutex_;
   std::chrono::steady_clock::time_point checked_;
   std::string userTheme_;
+  // When to ask for the user's theme once more.
+  std::optional<std::chrono::steady_clock::time_point> askAgain_;
   FileStamps settings_;
   FileStamps themes_;
   // Where to look, best first.

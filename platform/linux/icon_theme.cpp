@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kWantedSize = 128;
+constexpr int wantedSize = 128;
 
 // A folder that the index lists.
 struct Listed {
@@ -25,10 +25,10 @@ struct Listed {
 
 Listed listed(std::string name, int smallest, int largest, bool scalable) {
   // Icons that are too small are worse than any that is too large.
-  constexpr int kTooSmall = 10'000'000;
-  const int distance = smallest > kWantedSize  ? smallest - kWantedSize
-                       : largest < kWantedSize ? kTooSmall - largest
-                                               : 0;
+  constexpr int tooSmall = 10'000'000;
+  const int distance = smallest > wantedSize  ? smallest - wantedSize
+                       : largest < wantedSize ? tooSmall - largest
+                                              : 0;
   return {std::move(name), distance, scalable};
 }
 
@@ -80,7 +80,7 @@ bool noteFolder(const fs::path& root, const fs::path& folder, FileStamps& stamps
 
 IconTheme readIconTheme(const std::string& name, const std::vector<fs::path>& bases,
                         FileStamps& stamps) {
-  constexpr std::size_t kMostFolders = 4096;
+  constexpr std::size_t mostFolders = 4096;
   IconTheme theme;
   std::vector<fs::path> roots;
   GLibPointer<GKeyFile> index;
@@ -101,7 +101,7 @@ IconTheme readIconTheme(const std::string& name, const std::vector<fs::path>& ba
     theme.parents = commaListOf(index.get(), "Icon Theme", "Inherits");
     for (const char* key : {"Directories", "ScaledDirectories"}) {
       for (const auto& folder : commaListOf(index.get(), "Icon Theme", key)) {
-        if (!folder.starts_with('/') && folders.size() < kMostFolders) {
+        if (!folder.starts_with('/') && folders.size() < mostFolders) {
           folders.push_back(listedIn(index.get(), folder));
         }
       }

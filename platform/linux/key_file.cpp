@@ -5,11 +5,11 @@
 namespace glintboard {
 
 GLibPointer<GKeyFile> loadKeyFile(const std::filesystem::path& path, GKeyFileFlags flags) {
-  constexpr std::uintmax_t kLargest = 4u << 20u;
+  constexpr std::uintmax_t largest = 4u << 20u;
   std::error_code error;
   // Opening a named pipe would wait for its writer.
   if (!std::filesystem::is_regular_file(path, error) ||
-      std::filesystem::file_size(path, error) > kLargest) {
+      std::filesystem::file_size(path, error) > largest) {
     return nullptr;
   }
   GLibPointer<GKeyFile> file(g_key_file_new());

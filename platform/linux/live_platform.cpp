@@ -2,8 +2,10 @@
 #include "platform/linux/file_keychain.h"
 #include "platform/linux/foundation_process_runner.h"
 #include "platform/linux/host_name.h"
+#include "platform/linux/host_name_watcher.h"
 #include "platform/linux/linux_applications.h"
 #include "platform/linux/pulse_audio_output.h"
+#include "platform/linux/renaming_advertiser.h"
 #include "platform/linux/secret_service_keychain.h"
 #include "platform/linux/shortcut_folder.h"
 #include "platform/linux/shortcut_icons.h"
@@ -21,7 +23,13 @@ struct LivePlatform::Parts {
         applications(executors, folders, displaysOfEnvironment()),
         processRunner(executors.service()),
         fileKeychain(applicationSupportFolder()),
-        keychain(secretService, fileKeychain, std::move(keychainRule)) {}
+        keychain(secretService, fileKeychain, std::move(keychainRule)),
+        bonjourAdvertiser(
+            std::make_shared<RenamingAdvertiser>(std::make_unique<AvahiAdvertiser>(), hostName)),
+        hostNameWatcher(HostNameWatcher::start(
+            executors.service(), HostName::machineInfoFile,
+            [advertiser = bonjourAdvertiser] { advertiser->checkName(); })) {}
+  ~Parts() { hostNameWatcher->stop(); }
 
   asio::any_io_executor workers;
   XdgFolders folders;
@@ -31,8 +39,9 @@ struct LivePlatform::Parts {
   SecretServiceKeychain secretService;
   FileKeychain fileKeychain;
   TwoPlaceKeychain keychain;
-  AvahiAdvertiser bonjourAdvertiser;
-  HostName hostName;
+  std::shared_ptr<const HostName> hostName = std::make_shared<const HostName>();
+  std::shared_ptr<RenamingAdvertiser> bonjourAdvertiser;
+  std::shared_ptr<HostNameWatcher> hostNameWatcher;
 };
 
 LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
@@ -70,11 +79,11 @@ Keychain& LivePlatform::keychain() {
 }
 
 BonjourAdvertiser& LivePlatform::bonjourAdvertiser() {
-  return parts_->bonjourAdvertiser;
+  return *parts_->bonjourAdvertiser;
 }
 
 std::optional<std::string> LivePlatform::localizedName() const {
-  return parts_->hostName.localizedName();
+  return parts_->hostName->localizedName();
 }
 
 void LivePlatform::watchRunningApplications(bool watch) {

@@ -23,8 +23,8 @@ std::string contentOf(const fs::path& path) {
   const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   std::string content;
   std::array<char, 4096> part{};
-  constexpr std::size_t kEnough = 65536;
-  while (file && content.size() < kEnough) {
+  constexpr std::size_t enough = 65536;
+  while (file && content.size() < enough) {
     const auto length = ::read(file.get(), part.data(), part.size());
     if (length <= 0) {
       break;
@@ -58,9 +58,9 @@ std::string executableOf(const fs::path& folder) {
   std::error_code error;
   std::string target = fs::read_symlink(folder / "exe", error).string();
   // An update may have replaced the file of the running program.
-  constexpr std::string_view kDeleted = " (deleted)";
-  if (target.ends_with(kDeleted)) {
-    target.resize(target.size() - kDeleted.size());
+  constexpr std::string_view deleted = " (deleted)";
+  if (target.ends_with(deleted)) {
+    target.resize(target.size() - deleted.size());
   }
   return target;
 }

@@ -52,7 +52,11 @@ XdgFolders xdgFoldersOfEnvironment() {
   XdgFolders folders;
   folders.home = g_get_home_dir();
   folders.dataHome = folderFrom("XDG_DATA_HOME", folders.home / ".local/share");
-  folders.dataDirs = listFrom("XDG_DATA_DIRS", "/usr/local/share:/usr/share");
+  // Where nobody says otherwise, the applications of Flatpak and Snap count too.
+  const auto usual = (folders.dataHome / "flatpak/exports/share").string() +
+                     ":/var/lib/flatpak/exports/share:/usr/local/share:/usr/share"
+                     ":/var/lib/snapd/desktop";
+  folders.dataDirs = listFrom("XDG_DATA_DIRS", usual.c_str());
   folders.configHome = folderFrom("XDG_CONFIG_HOME", folders.home / ".config");
   folders.configDirs = listFrom("XDG_CONFIG_DIRS", "/etc/xdg");
   const char* desktop = std::getenv("XDG_CURRENT_DESKTOP");

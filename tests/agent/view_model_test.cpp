@@ -135,6 +135,25 @@ TEST_F(AgentViewModelTest, AReplacementShowsTheCodeUntilItIsDoneOrHidden) {
   EXPECT_FALSE(viewModel->isShowingPairingCode());
 }
 
+TEST_F(AgentViewModelTest, ARefreshUnderWayDoesNotUndoACommand) {
+  make();
+  ASSERT_TRUE(turnUntil([&] { return !viewModel->currentPIN().isEmpty(); }));
+  pair(randomUuid(), viewModel->currentPIN().toStdString());
+  run(viewModel->refresh());
+  int refreshes = 0;
+  for (int round = 0; round < 200; ++round) {
+    for (int i = 0; i < 3; ++i) {
+      ++refreshes;
+      asio::co_spawn(mainThread.executor(), viewModel->refresh(),
+                     [&](std::exception_ptr) { --refreshes; });
+    }
+    run(viewModel->showPairingCode());
+    ASSERT_TRUE(viewModel->isShowingPairingCode()) << round;
+    run(viewModel->hidePairingCode());
+  }
+  EXPECT_TRUE(turnUntil([&] { return refreshes == 0; }));
+}
+
 TEST_F(AgentViewModelTest, AFailedListenerIsRestartedAndTheUserMayDoSoToo) {
   auto held = std::make_unique<FileDescriptor>(test::holdPort(agent.port));
   make();

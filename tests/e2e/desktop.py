@@ -22,6 +22,7 @@ import zlib
 AGENT = os.environ["GLINTBOARD_AGENT"]
 PHONE = os.environ["GLINTBOARD_PHONE"]
 FOLDER = pathlib.Path(os.environ["GLINTBOARD_E2E_FOLDER"])
+PARTS = pathlib.Path(__file__).resolve().parent.parent / "desktop" / "parts"
 # How many times longer than a release build this build may take.
 SLOWNESS = float(os.environ.get("GLINTBOARD_SLOWNESS", "1"))
 PORT = 9847
@@ -75,10 +76,10 @@ def shortcut(identifier):
 class Agent:
     """The running agent, its menu in text and the buttons of that."""
 
-    def __init__(self, desktop, output=None):
+    def __init__(self, desktop, output=None, arguments=()):
         self._log = tempfile.NamedTemporaryFile(dir=desktop.root, prefix="agent-", delete=False)
         self._menu = open(self._log.name + ".menu", "w+b")
-        self._process = subprocess.Popen([AGENT], env=desktop.env, stdin=subprocess.PIPE,
+        self._process = subprocess.Popen([AGENT, *arguments], env=desktop.env, stdin=subprocess.PIPE,
                                          stdout=output or self._menu, stderr=self._log)
         self.pid = self._process.pid
 
@@ -106,9 +107,6 @@ class Agent:
         self.menu_shows(SHOW)
         self.press(SHOW)
         self.menu_shows("Manual code")
-        # The code before may be printed for a moment.
-        eventually(lambda: time.time() - os.stat(self._menu.name).st_mtime > 0.3 * SLOWNESS,
-                   "A menu that lasts")
         return self.pin()
 
     def press(self, button):
@@ -295,7 +293,7 @@ class Desktop:
             application.connect("activate", leave_trace)
             application.run()
             """, 0o755)
-        self.write(self.root / "services" / f"{bundle_id}.service",
+        self.write(self.runtime / "services" / f"{bundle_id}.service",
                    f"[D-BUS Service]\nName={bundle_id}\nExec={service}\n")
         self.write_entry(bundle_id, Exec=service, DBusActivatable="true")
 
@@ -321,20 +319,12 @@ class Desktop:
                    f'[ "$1" = run ] || exit 64\ncase "$2" in\n{cases}\nesac\n', 0o755)
 
     def start_bus(self):
-        config = self.write(self.root / "bus.conf", f"""
-            <busconfig><type>session</type><listen>unix:path={self.runtime}/bus</listen>
-            <servicedir>{self.root}/services</servicedir><policy context="default">
-            <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/>
-            <allow own="*"/></policy></busconfig>
-            """)
-        self.start("dbus-daemon", "--nofork", "--nopidfile", f"--config-file={config}")
+        self.start(PARTS / "bus", "session", self.runtime / "bus")
         eventually((self.runtime / "bus").exists, "The session bus")
 
     def start_sound(self):
-        sound = self.start(
-            "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-            "-L", f"module-native-protocol-unix auth-anonymous=1 socket={self.runtime}/sound",
-            "-L", "module-null-sink sink_name=test")
+        sound = self.start(PARTS / "pulseaudio", self.runtime / "sound",
+                           "-L", "module-null-sink sink_name=test")
         eventually(lambda: "test" in self.pactl("info"), "The sound server")
         return sound
 

@@ -9,14 +9,12 @@ if [ "${GLINTBOARD_E2E_FOLDER:-}" = "" ]; then
   GLINTBOARD_E2E_FOLDER=$(mktemp -d)
   export GLINTBOARD_E2E_FOLDER
   trap 'rmdir "$GLINTBOARD_E2E_FOLDER"' EXIT
-  unshare --map-root-user --net --mount --pid --fork --kill-child --mount-proc "$0" "$@"
+  "$(dirname "$0")/../support/private-network.sh" "$0" "$@"
   exit
 fi
-ip link set lo up
 mount -t tmpfs tmpfs "$GLINTBOARD_E2E_FOLDER"
 mkdir "$GLINTBOARD_E2E_FOLDER/upper" "$GLINTBOARD_E2E_FOLDER/work"
 ln -s "$GLINTBOARD_E2E_FOLDER/shortcuts" "$GLINTBOARD_E2E_FOLDER/upper/shortcuts"
 mount -t overlay overlay /usr/bin \
   -o "lowerdir=/usr/bin,upperdir=$GLINTBOARD_E2E_FOLDER/upper,workdir=$GLINTBOARD_E2E_FOLDER/work"
-# Not with exec: this shell, the first process of the namespace, reaps what others leave behind.
-"$@"
+exec "$@"

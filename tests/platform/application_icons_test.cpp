@@ -4,9 +4,11 @@
 
 #include <QGuiApplication>
 #include <QImageWriter>
+#include <iostream>
 #include <thread>
 
 #include "tests/platform/desktop_folders.h"
+#include "tests/support/eventually.h"
 
 namespace glintboard {
 namespace {
@@ -125,6 +127,91 @@ TEST_F(ApplicationIconsTest, AnApplicationHasItsOwnIconOrTheGenericOneAndChanges
   EXPECT_NE(icons.contentModification(location("none")), withoutIcon);
   EXPECT_EQ(colour("none"), QColor(Qt::red));
   EXPECT_EQ(colour("damaged"), QColor(Qt::red));
+  index->stop();
+}
+
+TEST_F(ApplicationIconsTest, FlatpaksAndSnapsShowTheirsThroughTheLinksThatAnUpdateMoves) {
+  desktop_.folders.dataDirs.push_back(desktop_.root / "flatpak/exports/share");
+  desktop_.folders.dataDirs.push_back(desktop_.root / "snapd/desktop");
+  const auto link = [&](const std::string& target, const std::string& place) {
+    std::filesystem::create_directories((desktop_.root / place).parent_path());
+    std::filesystem::create_symlink(target, desktop_.root / "new");
+    std::filesystem::rename(desktop_.root / "new", desktop_.root / place);
+  };
+  const auto flatpak = [&](const std::string& version, Qt::GlobalColor colour) {
+    const auto share = "flatpak/app/" + version + "/share/";
+    desktop_.entry(share + "applications/org.test.Player.desktop",
+                   "Exec=true\nIcon=org.test.Player\n");
+    const auto image = "icons/hicolor/128x128/apps/org.test.Player.png";
+    desktop_.root.write(share + image, "");
+    paint(share + image, {128, 128}, colour);
+    link("../app/" + version + "/share", "flatpak/exports/current");
+    link("../../current/applications/org.test.Player.desktop",
+         "flatpak/exports/share/applications/org.test.Player.desktop");
+    link((desktop_.root / "flatpak/exports/current" / image).string(),
+         std::string("flatpak/exports/share/") + image);
+  };
+  const auto snap = [&](const std::string& version, Qt::GlobalColor colour) {
+    desktop_.root.write("snap/tuner/" + version + "/icon.png", "");
+    paint("snap/tuner/" + version + "/icon.png", {64, 64}, colour);
+    link(version, "snap/tuner/current");
+  };
+  flatpak("1", Qt::red);
+  snap("1", Qt::green);
+  desktop_.entry(
+      "snapd/desktop/applications/tuner_tuner.desktop",
+      "Exec=true\nIcon=" + (desktop_.root / "snap/tuner/current/icon.png").string() + "\n");
+  Executors executors;
+  const auto index = ApplicationIndex::open(executors, desktop_.folders);
+  const auto icons = applicationIcons(index, desktop_.folders);
+  const auto seen = [&](const std::string& bundleId) {
+    const ApplicationLocation location{index->current()->withBundleId(bundleId)->path};
+    return std::pair(icons.image(location, 128).pixelColor(64, 64),
+                     icons.contentModification(location).value());
+  };
+  const auto player = seen("org.test.Player");
+  const auto tuner = seen("tuner_tuner");
+  EXPECT_EQ(player.first, QColor(Qt::red));
+  EXPECT_EQ(tuner.first, QColor(Qt::green));
+  flatpak("2", Qt::blue);
+  snap("2", Qt::yellow);
+  EXPECT_TRUE(test::eventually([&] { return seen("org.test.Player").first == QColor(Qt::blue); }));
+  EXPECT_NE(seen("org.test.Player").second, player.second);
+  EXPECT_EQ(seen("tuner_tuner").first, QColor(Qt::yellow));
+  EXPECT_NE(seen("tuner_tuner").second, tuner.second);
+  index->stop();
+}
+
+// A real theme's drawings, whose files and folders were not looked at before.
+TEST_F(ApplicationIconsTest, ADeckOf24IconsIsDrawnInUnderASecond) {
+  const std::filesystem::path theme = "/usr/share/icons/Adwaita/scalable";
+  desktop_.folders.dataDirs.push_back("/usr/share");
+  desktop_.root.write("home/config/gtk-3.0/settings.ini",
+                      "[Settings]\ngtk-icon-theme-name=Adwaita\n");
+  std::vector<std::string> names;
+  for (const auto& file : std::filesystem::recursive_directory_iterator(theme)) {
+    if (file.path().extension() == ".svg" && names.size() < 24) {
+      names.push_back(file.path().stem().string());
+      desktop_.entry("home/data/applications/app-" + names.back() + ".desktop",
+                     "Exec=true\nIcon=" + names.back() + "\n");
+    }
+  }
+  ASSERT_EQ(names.size(), 24U);
+  Executors executors;
+  const auto index = ApplicationIndex::open(executors, desktop_.folders);
+  const auto icons = applicationIcons(index, desktop_.folders);
+  const auto before = std::chrono::steady_clock::now();
+  for (const auto& name : names) {
+    const auto* entry = index->current()->withBundleId("app-" + name);
+    ASSERT_NE(entry, nullptr);
+    EXPECT_FALSE(icons.image({entry->path}, 128).isNull()) << name;
+  }
+  const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(
+      std::chrono::steady_clock::now() - before);
+  std::cout << taken.count() << " ms\n";
+#ifdef NDEBUG
+  EXPECT_LT(taken, std::chrono::seconds(1));
+#endif
   index->stop();
 }
 

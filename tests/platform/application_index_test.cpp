@@ -98,5 +98,30 @@ TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLat
   EXPECT_TRUE(becomes("again", true)) << "the folder was removed and made again";
 }
 
+TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) {
+  desktop_.entry("system/applications/thunar.desktop", "Exec=true\n");
+  desktop_.entry("system/applications/mine.desktop", "Exec=true\n");
+  desktop_.entry("system/applications/foot.desktop", "Exec=true\n");
+  desktop_.entry("system/applications/term.desktop", "Exec=true\n");
+  open();
+  const auto bears = [&](const std::string& bundleId, const std::string& id) {
+    return test::eventually([&] { return index_->current()->withBundleId(bundleId)->id == id; },
+                            std::chrono::seconds(3));
+  };
+  EXPECT_TRUE(bears("com.apple.finder", "thunar"));
+  const std::string list = "[Default Applications]\ninode/directory=";
+  desktop_.root.write("home/config/mimeapps.list", list + "mine.desktop\n");
+  EXPECT_TRUE(bears("com.apple.finder", "mine"));
+  desktop_.root.write("home/config/mimeapps.list", list + "thunar.desktop\n");
+  EXPECT_TRUE(bears("com.apple.finder", "thunar"));
+  EXPECT_TRUE(bears("com.apple.Terminal", "foot"));
+  desktop_.root.write("home/config/xdg-terminals.list", "term.desktop\n");
+  EXPECT_TRUE(bears("com.apple.Terminal", "term"));
+  const auto before = index_->current();
+  desktop_.root.write("home/config/otherrc", "");
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  EXPECT_EQ(index_->current(), before) << "other settings are no reason to look again";
+}
+
 }  // namespace
 }  // namespace glintboard

@@ -4,8 +4,11 @@
 
 #include <fstream>
 
+#include "platform/executors.h"
 #include "platform/linux/avahi_advertiser.h"
 #include "platform/linux/avahi_browser.h"
+#include "platform/linux/host_name_watcher.h"
+#include "platform/linux/renaming_advertiser.h"
 #include "tests/support/child_process.h"
 #include "tests/support/temporary_folder.h"
 
@@ -21,21 +24,12 @@ const std::string type = "_glintboard._tcp";
 // address is the same in every test, because libdbus reads it once in a process.
 class Computer {
  public:
-  explicit Computer(const std::string& name) : address_("unix:path=/run/bus-" + name) {
-    folder_.write("bus.conf",
-                  "<busconfig><type>system</type><listen>" + address_ +
-                      "</listen><auth>EXTERNAL</auth><policy context='default'><allow user='*'/>"
-                      "<allow own='*'/><allow send_destination='*'/><allow receive_sender='*'/>"
-                      "</policy></busconfig>");
-    folder_.write("avahi.conf", "[server]\nhost-name=" + name +
-                                    "\nuse-ipv6=no\n[publish]\npublish-workstation=no\n");
-  }
+  explicit Computer(const std::string& name)
+      : name_(name), socket_("/run/bus-" + name), address_("unix:path=" + socket_) {}
 
   void startBus() {
-    std::filesystem::remove(address_.substr(address_.find('/')));
     bus_ = std::make_unique<test::ChildProcess>(
-        std::vector<std::string>{"dbus-daemon", "--nofork", "--nopidfile",
-                                 "--config-file=" + (folder_ / "bus.conf").string()});
+        std::vector<std::string>{test::desktopPart("bus"), "system", socket_});
     EXPECT_TRUE(test::eventually([this] {
       return !run("dbus-send --system --print-reply --dest=org.freedesktop.DBus / "
                   "org.freedesktop.DBus.GetId")
@@ -43,13 +37,14 @@ class Computer {
     }));
   }
 
-  // Starts the daemon where `prefix` leads: a shell command that ends with its last argument.
-  void startDaemon(const std::string& prefix = "exec") {
-    daemon_ = std::make_unique<test::ChildProcess>(
-        std::vector<std::string>{"sh", "-c",
-                                 "export DBUS_SYSTEM_BUS_ADDRESS=" + address_ + "; " + prefix +
-                                     " avahi-daemon -f " + (folder_ / "avahi.conf").string() +
-                                     " --no-drop-root --no-chroot --no-proc-title --no-rlimits"});
+  // Starts the daemon, through `command` if that is given.
+  void startDaemon(std::vector<std::string> command = {}) {
+    const std::vector<std::string> environment{"env", "DBUS_SYSTEM_BUS_ADDRESS=" + address_};
+    const std::vector<std::string> daemon{test::desktopPart("avahi"), name_,
+                                          folder_.path().string()};
+    command.insert(command.begin(), environment.begin(), environment.end());
+    command.insert(command.end(), daemon.begin(), daemon.end());
+    daemon_ = std::make_unique<test::ChildProcess>(std::move(command));
   }
   void stopBus() { bus_.reset(); }
   void stopDaemon() { daemon_.reset(); }
@@ -61,6 +56,8 @@ class Computer {
   }
 
  private:
+  const std::string name_;
+  const std::string socket_;
   const std::string address_;
   test::TemporaryFolder folder_;
   std::unique_ptr<test::ChildProcess> bus_;
@@ -97,6 +94,22 @@ class Avahi : public testing::Test {
 
   static bool eventuallyFound(const Names& names) {
     return test::eventually([&] { return found() == names; });
+  }
+
+  // Starts the daemon of another computer, at the far end of a cable.
+  void connect(Computer& other) {
+    other.startBus();
+    other.startDaemon({test::desktopPart("other-computer")});
+    ASSERT_TRUE(test::eventually([] {
+      return test::outputOf("ip -brief link show near 2>&1").find("UP") != std::string::npos;
+    }));
+    ASSERT_TRUE(test::eventually([&] {
+      return !other
+                  .run(
+                      "dbus-send --system --print-reply --dest=org.freedesktop.Avahi / "
+                      "org.freedesktop.Avahi.Server.GetVersionString")
+                  .empty();
+    }));
   }
 
   Computer computer_{"box"};
@@ -159,38 +172,83 @@ TEST_F(Avahi, TakesTheNextNameWhenThisComputerHasTheNameAlready) {
 }
 
 TEST_F(Avahi, TakesTheNextNameWhenAnotherComputerHasIt) {
-  // The other computer is a network namespace at the far end of a cable.
   Computer other("other");
-  other.startBus();
-  other.startDaemon(
-      "exec unshare --net --mount sh -c 'mkdir -p /run/avahi-daemon; "
-      "mount -t tmpfs tmpfs /run/avahi-daemon; "
-      "until ip addr add 10.99.0.2/24 dev far; do sleep 0.05; done; "
-      "ip link set far up; exec \"$@\"' sh");
-  const std::string far = std::to_string(other.daemon().id());
-  ASSERT_TRUE(test::eventually([&] {
-    return test::outputOf("readlink /proc/self/ns/net") !=
-           test::outputOf("readlink /proc/" + far + "/ns/net");
-  }));
-  ASSERT_EQ(::system(("ip link add near type veth peer name far netns " + far +
-                      " && ip addr add 10.99.0.1/24 dev near && ip link set near up")
-                         .c_str()),
-            0);
+  connect(other);
   computer_.startDaemon();
-  ASSERT_TRUE(test::eventually([&] {
-    return !other
-                .run(
-                    "dbus-send --system --print-reply --dest=org.freedesktop.Avahi / "
-                    "org.freedesktop.Avahi.Server.GetVersionString")
-                .empty();
-  }));
   const test::ChildProcess theirs({"env", "DBUS_SYSTEM_BUS_ADDRESS=" + other.address(),
                                    "avahi-publish", "-s", "Box", type, "9847"});
   EXPECT_TRUE(eventuallyFound({"Box"})) << "over the cable";
   AvahiAdvertiser ours;
   ours.publish({"Box", type, "local.", 9848});
   EXPECT_TRUE(eventuallyFound({"Box", "Box #2"}));
-  ::system("ip link delete near");
+}
+
+TEST_F(Avahi, IsSeenWhenACableComesAndAgainAfterItWasOut) {
+  computer_.startDaemon();
+  AvahiAdvertiser advertiser;
+  advertiser.publish({"Box", type, "local.", 9847});
+  ASSERT_TRUE(eventuallyFound({"Box"}));
+  Computer other("other");
+  connect(other);
+  const auto isSeen = [&](bool wanted) {
+    return test::eventually([&] {
+      const auto seen = other.run("avahi-browse -rtp " + type);
+      return (seen.find(";box.local;10.99.0.1;9847;") != std::string::npos) == wanted;
+    });
+  };
+  EXPECT_TRUE(isSeen(true));
+  ASSERT_EQ(::system("ip link set near down"), 0);
+  // The other end forgets what it has heard.
+  const auto far = "nsenter --net --target " + std::to_string(other.daemon().id()) + " ";
+  ASSERT_EQ(::system((far + "ip link set far down").c_str()), 0);
+  EXPECT_TRUE(isSeen(false));
+  ASSERT_EQ(::system((far + "ip link set far up").c_str()), 0);
+  EXPECT_TRUE(isSeen(false));
+  ASSERT_EQ(::system("ip link set near up"), 0);
+  EXPECT_TRUE(isSeen(true));
+}
+
+TEST_F(Avahi, FollowsTheNameOfTheDaemonsHost) {
+  computer_.startDaemon();
+  AvahiAdvertiser advertiser;
+  advertiser.publish({"Box", type, "local.", 9847});
+  ASSERT_TRUE(eventuallyFound({"Box"}));
+  computer_.run("avahi-set-host-name fox");
+  EXPECT_TRUE(test::eventually([&] {
+    return computer_.run("avahi-browse -rtp " + type).find(";fox.local;127.0.0.1;9847;") !=
+           std::string::npos;
+  }));
+}
+
+TEST_F(Avahi, AdvertisesUnderTheNameThatTheComputerHasAtTheTime) {
+  const auto rename = [](const std::string& name) {
+    EXPECT_EQ(::sethostname(name.data(), name.size()), 0);
+  };
+  computer_.startDaemon();
+  rename("box");
+  Executors executors;
+  const test::TemporaryFolder etc;
+  const auto file = etc / "machine-info";
+  const auto advertiser = std::make_shared<RenamingAdvertiser>(
+      std::make_unique<AvahiAdvertiser>(), std::make_shared<HostName>(file, kernelHostName));
+  const auto watcher =
+      HostNameWatcher::start(executors.service(), file, [advertiser] { advertiser->checkName(); });
+  advertiser->publish({"Nameless", type, "local.", 9847});
+  EXPECT_TRUE(eventuallyFound({"box"}));
+  rename("fox");
+  EXPECT_TRUE(eventuallyFound({"fox"}));
+  etc.write("machine-info", "PRETTY_HOSTNAME=\"Anna's Box\"\n");
+  EXPECT_TRUE(eventuallyFound({"Anna's Box"}));
+  std::filesystem::remove(file);
+  EXPECT_TRUE(eventuallyFound({"fox"}));
+  rename("localhost");
+  EXPECT_TRUE(eventuallyFound({"Nameless"}));
+  advertiser->withdraw();
+  EXPECT_TRUE(eventuallyFound({}));
+  rename("box");
+  std::this_thread::sleep_for(100ms);
+  EXPECT_EQ(found(), Names{}) << "withdrawn";
+  watcher->stop();
 }
 
 TEST_F(Avahi, ADaemonThatHangsHoldsUpNoCaller) {

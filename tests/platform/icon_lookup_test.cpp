@@ -60,7 +60,8 @@ TEST_F(IconLookupTest, LooksInTheThemesAndThenInTheUnthemedFolders) {
         "mine/256x256/apps/drawn.png", "mine/drawn/apps/drawn.svg", "mine/16x16/apps/both.png",
         "parent/128x128/apps/both.png", "parent/128x128/apps/exact.png",
         "parent/drawn/apps/exact.svg", "grandparent/22x22/apps/org.test.Old.svgz",
-        "grandparent/22x22/apps/common.png", "unthemed.svg"}) {
+        "grandparent/22x22/apps/common.png", "unthemed.svg", "mine/16x16/apps/glyph-symbolic.svg",
+        "parent/128x128/apps/plain.png"}) {
     icon(std::string("system/icons/") + file);
   }
   icon("home/.icons/personal.png");
@@ -84,6 +85,9 @@ TEST_F(IconLookupTest, LooksInTheThemesAndThenInTheUnthemedFolders) {
       {"old", "local/pixmaps/old.xpm"},
       {"sizes.png", "system/icons/mine/256x256/apps/sizes.png"},
       {"small.svg", "system/icons/mine/64x64/apps/small.xpm"},
+      {"glyph", "system/icons/mine/16x16/apps/glyph-symbolic.svg"},
+      {"glyph-symbolic", "system/icons/mine/16x16/apps/glyph-symbolic.svg"},
+      {"plain-symbolic", "system/icons/parent/128x128/apps/plain.png"},
       {"absent", ""},
       {"../mine/16x16/apps/both", ""},
       {"", ""},
@@ -146,7 +150,8 @@ xml = """<node><interface name='org.freedesktop.portal.Settings'><method name='R
 </method></interface></node>"""
 def call(connection, sender, path, interface, method, parameters, invocation):
     known = parameters.unpack() == ('org.gnome.desktop.interface', 'icon-theme')
-    value = GLib.Variant('v', GLib.Variant('s', 'chosen' if known else ''))
+    theme = open(sys.argv[2]).read()
+    value = GLib.Variant('v', GLib.Variant('s', theme if known else ''))
     invocation.return_value(GLib.Variant('(v)', (value,)))
 def acquired(connection, name):
     interface = Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0]
@@ -156,12 +161,24 @@ def owned(connection, name):
 Gio.bus_own_name(Gio.BusType.SESSION, 'org.freedesktop.portal.Desktop', 0, acquired, owned, None)
 GLib.MainLoop().run()
 )");
-  const test::ChildProcess process({portal.string(), ready.string()});
+  const auto theirs = desktop_.root.write("theme", "chosen");
+  const test::ChildProcess process({portal.string(), ready.string(), theirs.string()});
   ASSERT_TRUE(test::eventually([&] { return std::filesystem::exists(ready); }));
   theme("chosen", "", {"64x64/apps"});
   icon("system/icons/chosen/64x64/apps/common.png");
   choose("no-such-theme");
   EXPECT_EQ(found("common"), "system/icons/chosen/64x64/apps/common.png");
+
+  // The settings' file shows a change before the portal tells of it.
+  theme("another", "", {"64x64/apps"});
+  icon("system/icons/another/64x64/apps/common.png");
+  desktop_.root.write("home/config/dconf/user", "changed");
+  std::this_thread::sleep_for(std::chrono::milliseconds(60));
+  EXPECT_EQ(found("common"), "system/icons/chosen/64x64/apps/common.png");
+  desktop_.root.write("theme", "another");
+  EXPECT_TRUE(test::eventually(
+      [&] { return found("common") == "system/icons/another/64x64/apps/common.png"; },
+      std::chrono::seconds(4)));
 }
 
 }  // namespace

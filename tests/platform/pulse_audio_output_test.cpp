@@ -25,14 +25,7 @@ class PulseAudio : public testing::Test {
   }
 
   void startServer(bool withSink) {
-    std::vector<std::string> command{
-        "pulseaudio",
-        "-n",
-        "--daemonize=no",
-        "--exit-idle-time=-1",
-        "--use-pid-file=no",
-        "-L",
-        "module-native-protocol-unix auth-anonymous=1 socket=" + socket_};
+    std::vector<std::string> command{test::desktopPart("pulseaudio"), socket_};
     if (withSink) {
       command.insert(command.end(), {"-L", "module-null-sink sink_name=test channels=2"});
     }

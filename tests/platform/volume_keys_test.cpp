@@ -28,22 +28,18 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
   std::string socket() const { return folder_ / "pulse/native"; }
 
   void startServer() {
-    if (GetParam() == std::string("pipewire")) {
-      for (const char* program : {"pipewire", "wireplumber", "pipewire-pulse"}) {
-        servers_.push_back(std::make_unique<test::ChildProcess>(std::vector<std::string>{program}));
-      }
-    } else {
-      servers_.push_back(std::make_unique<test::ChildProcess>(std::vector<std::string>{
-          "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "-L",
-          "module-native-protocol-unix auth-anonymous=1 socket=" + socket()}));
+    std::vector<std::string> command{test::desktopPart(GetParam())};
+    if (GetParam() == std::string("pulseaudio")) {
+      command.push_back(socket());
     }
+    server_.emplace(std::move(command));
     ASSERT_TRUE(test::eventually([] { return ::system("pactl info >/dev/null 2>&1") == 0; }));
     addSink("first");
     addSink("second");
   }
 
   void stopServer() {
-    servers_.clear();
+    server_.reset();
     std::filesystem::remove_all(folder_ / "pulse");
   }
 
@@ -55,8 +51,17 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
     }));
   }
 
+  static void removeSink(const std::string& name) {
+    ::system(
+        ("pactl unload-module $(pactl list short modules | grep sink_name=" + name + " | cut -f1)")
+            .c_str());
+  }
+
   static void makeDefault(const std::string& name) {
-    ::system(("pactl set-default-sink " + name).c_str());
+    // PipeWire refuses until its session manager is there, and does it a little later.
+    ASSERT_TRUE(test::eventually([&] {
+      return ::system(("pactl set-default-sink " + name + " 2>/dev/null").c_str()) == 0;
+    }));
     ASSERT_TRUE(
         test::eventually([&] { return test::outputOf("pactl get-default-sink") == name + "\n"; }));
   }
@@ -67,7 +72,7 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
 
   const test::TemporaryFolder folder_;
   const test::SessionBus bus_;
-  std::vector<std::unique_ptr<test::ChildProcess>> servers_;
+  std::optional<test::ChildProcess> server_;
   PulseAudioOutput output_;
   CoreAudioVolumeController volume_{output_};
 };
@@ -94,11 +99,7 @@ TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
       << "silence leaves it as it was";
 }
 
-// PulseAudio alone: on PipeWire this failed once among all the other tests, and why is not known.
-class VolumeKeysOverTime : public VolumeKeys {};
-INSTANTIATE_TEST_SUITE_P(Servers, VolumeKeysOverTime, testing::Values("pulseaudio"));
-
-TEST_P(VolumeKeysOverTime, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
+TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
   ::system("pactl set-sink-volume first 32768");
   ::system("pactl set-sink-volume second 32768");
   makeDefault("first");
@@ -116,7 +117,15 @@ TEST_P(VolumeKeysOverTime, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
   volume_.volumeUp();
   EXPECT_THAT(volumes("second"), HasSubstr("left: 36864 "));
 
-  ::system("pactl unload-module module-null-sink");
+  // The default device goes, and the other takes its place.
+  ::system("pactl set-sink-volume first 32768");
+  removeSink("second");
+  ASSERT_TRUE(
+      test::eventually([] { return test::outputOf("pactl get-default-sink") == "first\n"; }));
+  volume_.volumeUp();
+  EXPECT_THAT(volumes("first"), HasSubstr("left: 36864 "));
+
+  removeSink("first");
   try {
     volume_.toggleMute();  // PipeWire keeps a dummy device where there is no other
   } catch (const CoreAudioVolumeError& error) {

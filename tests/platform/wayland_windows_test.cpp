@@ -4,6 +4,7 @@
 #include "platform/linux/linux_applications.h"
 #include "tests/platform/desktop_folders.h"
 #include "tests/platform/wayland_compositor.h"
+#include "tests/platform/window_latency.h"
 #include "tests/platform/x_server.h"
 #include "tests/support/await.h"
 
@@ -81,6 +82,20 @@ TEST_F(WaylandWindowsTest, AnApplicationRunsWhileItHasAWindowAndFocusReachesIt) 
   EXPECT_TRUE(workspace_.isRunning("terminal"));
 }
 
+TEST_F(WaylandWindowsTest, AWindowIsKnownWithin100MillisecondsOfOpeningAndClosing) {
+  start();
+  const auto [opening, closing] = test::medianLags(
+      [] {
+        return std::make_unique<test::ChildProcess>(
+            std::vector<std::string>{"foot", "--app-id=notes", "sleep", "60"});
+      },
+      [] { return test::outputOf("swaymsg -t get_tree").find("\"notes\"") != std::string::npos; },
+      [&] { return workspace_.isRunning("org.test.Notes"); });
+  std::cout << "opening " << opening.count() << " ms, closing " << closing.count() << " ms\n";
+  EXPECT_LT(opening, 100ms);
+  EXPECT_LT(closing, 100ms);
+}
+
 TEST_F(WaylandWindowsTest, FollowsACompositorThatDiedAndCameBack) {
   start();
   const auto before = show("notes", "org.test.Notes");
@@ -120,15 +135,45 @@ TEST_F(WaylandWindowsTest, ALaunchedProgramIsGivenAnActivationToken) {
   EXPECT_GT(readWholeFile(report).size(), 8U);
 }
 
-TEST(WithoutWaylandsList, X11TellsOfItsWindows) {
-  const test::XServer server;
+TEST(WithoutWaylandsList, X11TellsOfItsWindowsAndProcessesOfTheRest) {
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
   const test::DesktopFolders desktop;
   desktop.entry("system/applications/xcalc.desktop", "Exec=false\n");
-  Executors executors;
-  LinuxApplications applications(executors, desktop.folders,
-                                 Displays{.wayland = "/nonexistent", .x11 = server.display()});
-  const test::ChildProcess calculator({"xcalc"});
-  EXPECT_TRUE(test::eventually([&] { return applications.workspaceClient().isRunning("xcalc"); }));
+  // A program that no other test runs.
+  const auto program = desktop.root / "painter";
+  std::filesystem::copy_file("/usr/bin/weston-simple-shm", program);
+  desktop.entry("system/applications/painter.desktop", "Exec=" + program.string() + "\n");
+  for (const bool compositorIsThere : {false, true}) {
+    std::optional<test::WaylandCompositor> compositor;
+    if (compositorIsThere) {
+      compositor.emplace("weston");
+    }
+    const test::XServer server;
+    Executors executors;
+    LinuxApplications applications(
+        executors, desktop.folders,
+        Displays{.wayland = compositor ? compositor->socket() : "/nonexistent",
+                 .x11 = server.display()});
+    auto workspace = applications.workspaceClient();
+    const auto activate = [&](const char* bundleId) {
+      return test::await(executors.service(),
+                         workspace.runningApplication(bundleId).value().activate());
+    };
+    const test::ChildProcess calculator({"xcalc"});
+    ASSERT_TRUE(test::eventually([&] { return workspace.isRunning("xcalc"); }));
+    EXPECT_TRUE(activate("xcalc"));
+    if (compositor) {
+      const test::ChildProcess painter({program.string()});
+      applications.watchRunningApplications(true);
+      ASSERT_TRUE(test::eventually([&] { return workspace.isRunning("painter"); }));
+      const auto before = Clock::now();
+      EXPECT_FALSE(activate("painter")) << "nobody can bring it forward";
+      EXPECT_LT(Clock::now() - before, 500ms);
+      compositor->process().signal(SIGKILL);
+      EXPECT_TRUE(test::eventually([&] { return !workspace.isRunning("painter"); }));
+      EXPECT_TRUE(activate("xcalc"));
+    }
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "platform/atomic_file.h"
 #include "platform/linux/linux_applications.h"
 #include "tests/platform/desktop_folders.h"
+#include "tests/platform/window_latency.h"
 #include "tests/platform/x_server.h"
 #include "tests/support/await.h"
 
@@ -79,6 +80,17 @@ TEST_F(X11WindowsTest, AnApplicationRunsWhileItHasAWindow) {
   before->end();
   EXPECT_TRUE(becomesRunning("terminal", false));
   EXPECT_TRUE(workspace_.isRunning("org.test.XCalc"));
+}
+
+TEST_F(X11WindowsTest, AWindowIsKnownWithin100MillisecondsOfOpeningAndClosing) {
+  start();
+  const auto [opening, closing] = test::medianLags(
+      [] { return std::make_unique<test::ChildProcess>(std::vector<std::string>{"xcalc"}); },
+      [] { return contains(test::outputOf("xprop -root _NET_CLIENT_LIST"), "0x"); },
+      [&] { return workspace_.isRunning("org.test.XCalc"); });
+  std::cout << "opening " << opening.count() << " ms, closing " << closing.count() << " ms\n";
+  EXPECT_LT(opening, 100ms);
+  EXPECT_LT(closing, 100ms);
 }
 
 TEST_F(X11WindowsTest, FocusReachesMinimisedWindowsAndOtherDesktops) {

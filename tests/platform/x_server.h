@@ -17,18 +17,10 @@ namespace glintboard::test {
 class XServer {
  public:
   XServer() {
-    const auto file = (folder_ / "display").string();
-    server_.emplace(std::vector<std::string>{
-        "sh", "-c",
-        "exec Xvfb -displayfd 9 -screen 0 800x600x24 -nolisten tcp -noreset 9>" + file});
-    std::string number;
-    if (!eventually([&] { return bool(std::getline(std::ifstream(file) >> std::ws, number)); })) {
-      throw std::runtime_error("Xvfb does not start");
-    }
-    display_ = ":" + number;
+    start();
+    display_ = ":";
+    display_ += number();
     ::setenv("DISPLAY", display_.c_str(), 1);
-    ::setenv("XDG_CONFIG_HOME", folder_.path().c_str(), 1);
-    ::setenv("XDG_CACHE_HOME", folder_.path().c_str(), 1);
     ::unsetenv("XAUTHORITY");
     startManager();
   }
@@ -40,8 +32,8 @@ class XServer {
   void startManager() {
     const auto ready = folder_ / "manager-ready";
     std::filesystem::remove(ready);
-    // It tells of itself before it takes windows; what is shown meanwhile it may never manage.
-    manager_.emplace(std::vector<std::string>{"openbox", "--startup", "touch " + ready.string()});
+    manager_.emplace(
+        std::vector<std::string>{desktopPart("window-manager"), folder_.path().string()});
     if (!eventually([&] { return std::filesystem::exists(ready); })) {
       throw std::runtime_error("openbox does not start");
     }
@@ -52,13 +44,27 @@ class XServer {
     stopManager();
     server_->signal(SIGKILL);
     server_.reset();
-    server_.emplace(std::vector<std::string>{"Xvfb", display_, "-screen", "0", "800x600x24",
-                                             "-nolisten", "tcp", "-noreset"});
-    eventually([] { return outputOf("xprop -root 2>/dev/null") != ""; });
+    start({display_.substr(1)});
     startManager();
   }
 
  private:
+  void start(const std::vector<std::string>& more = {}) {
+    std::filesystem::remove(folder_ / "display");
+    std::vector<std::string> command{desktopPart("x-server"), folder_.path().string()};
+    command.insert(command.end(), more.begin(), more.end());
+    server_.emplace(std::move(command));
+    if (!eventually([&] { return !number().empty(); })) {
+      throw std::runtime_error("Xvfb does not start");
+    }
+  }
+  // The number of the display; empty until it is ready.
+  std::string number() const {
+    std::string number;
+    std::ifstream(folder_ / "display") >> number;
+    return number;
+  }
+
   TemporaryFolder folder_;
   std::string display_;
   std::optional<ChildProcess> server_;

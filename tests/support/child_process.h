@@ -32,8 +32,9 @@ class ChildProcess {
       const int null = ::open("/dev/null", O_RDWR);
       for (const int stream : {0, 1, 2}) {
         // GLINTBOARD_TEST_VERBOSE=1 shows what the programs of a failing test say.
-        if (stream == 0 || ::getenv("GLINTBOARD_TEST_VERBOSE") == nullptr) {
-          ::dup2(null, stream);
+        const bool silent = stream == 0 || ::getenv("GLINTBOARD_TEST_VERBOSE") == nullptr;
+        if (silent && (null < 0 || ::dup2(null, stream) < 0)) {
+          ::_exit(126);
         }
       }
       ::execvp(argv[0], argv.data());
@@ -72,6 +73,11 @@ class ChildProcess {
  private:
   pid_t id_ = 0;
 };
+
+// The path of a program in tests/desktop/parts.
+inline std::string desktopPart(const std::string& name) {
+  return GLINTBOARD_DESKTOP_PARTS + name;
+}
 
 // What a shell command prints on standard output.
 inline std::string outputOf(const std::string& command) {

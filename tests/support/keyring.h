@@ -17,15 +17,14 @@ class KeyringSession {
       std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
       ::setenv(name, folder.c_str(), 1);
     }
-    bus_.folder().write("password", "secret");
   }
 
   const TemporaryFolder& folder() const { return bus_.folder(); }
 
   // With a default collection, made where there is none, that is open.
-  void startUnlocked() { start("--unlock < " + (bus_.folder() / "password").string()); }
+  void startUnlocked() { start("unlocked"); }
   // With what is on the disk, locked.
-  void startLocked() { start(""); }
+  void startLocked() { start("locked"); }
   void kill() {
     daemon_->signal(SIGKILL);
     waitForOwner(false);
@@ -44,9 +43,8 @@ class KeyringSession {
   }
 
  private:
-  void start(const std::string& options) {
-    daemon_.emplace(std::vector<std::string>{
-        "sh", "-c", "exec gnome-keyring-daemon --foreground --components=secrets " + options});
+  void start(const std::string& state) {
+    daemon_.emplace(std::vector<std::string>{desktopPart("keyring"), state});
     waitForOwner(true);
   }
   void waitForOwner(bool wanted) {

@@ -15,20 +15,7 @@ namespace glintboard::test {
 // It starts the services that have a file in `folder() / "services"`.
 class SessionBus {
  public:
-  SessionBus()
-      : daemon_({"dbus-daemon", "--nofork", "--nopidfile",
-                 "--config-file=" +
-                     folder_
-                         .write("bus.conf", "<busconfig><type>session</type><listen>unix:path=" +
-                                                socket().string() + "</listen><servicedir>" +
-                                                (folder_ / "services").string() +
-                                                "</servicedir>"
-                                                "<policy context='default'>"
-                                                "<allow send_destination='*' eavesdrop='true'/>"
-                                                "<allow eavesdrop='true'/>"
-                                                "<allow own='*'/></policy>"
-                                                "</busconfig>")
-                         .string()}) {
+  SessionBus() : daemon_({desktopPart("bus"), "session", socket().string()}) {
     if (!eventually([this] { return std::filesystem::exists(socket()); })) {
       throw std::runtime_error("dbus-daemon does not start");
     }

@@ -1,9 +1,11 @@
-#include "tools/screenshots/editor_scenes.h"
-
+// The deck editor in its states.
 #include <QQuickItem>
 #include <QTest>
 
-namespace glintboard::screenshots {
+#include "tests/support/editor_stage.h"
+#include "tools/pictures/scene.h"
+
+namespace glintboard {
 namespace {
 
 using test::EditorStage;
@@ -140,74 +142,102 @@ void showTab(EditorStage& stage, const char* tab) {
   stage.presenter->model()->setLibraryTab(QString::fromLatin1(tab));
 }
 
-}  // namespace
+using Step = std::function<void(EditorStage&)>;
 
-std::vector<EditorScene> editorScenes() {
-  constexpr Appearance light{};
-  constexpr Appearance dark{.dark = true};
-  const auto shortcuts = [](EditorStage& stage) { showTab(stage, "shortcuts"); };
-  const auto edited = [](EditorStage& stage) {
-    stage.presenter->model()->remove(1);
-    stage.presenter->model()->addApp(QStringLiteral("mixer"));
-    stage.presenter->model()->addApp(QStringLiteral("mixer"));
-  };
-  const auto first = [](EditorStage& stage) {
-    showTab(stage, "shortcuts");
-    stage.presenter->model()->addShortcut(QString::fromLatin1(EditorStage::tidyId));
-  };
-  const auto keyboard = [](EditorStage& stage) {
+void nothing(EditorStage& /*stage*/) {}
+
+// `prepare` runs before the window opens, `act` when everything has loaded.
+std::function<QImage(const Appearance&)> drawn(Step prepare, Step act = nothing,
+                                               QSize size = {1120, 780}) {
+  return [=](const Appearance& appearance) {
+    EditorStage stage;
+    prepare(stage);
+    stage.open(appearance);
     auto* window = stage.presenter->window();
-    window->rootObject()
-        ->findChild<QQuickItem*>(QStringLiteral("phone"))
-        ->forceActiveFocus(Qt::TabFocusReason);
-    QTest::keyClick(window, Qt::Key_Right);
-  };
-  return {
-      {"editor-light", light, {1120, 780}, usual},
-      {"editor-dark", dark, {1120, 780}, usual},
-      {"editor-gaming-light",
-       light,
-       {1120, 780},
-       game,
-       [](EditorStage& stage) { stage.presenter->model()->setSelectedCategory("gaming"); }},
-      {"editor-gaming-dark",
-       dark,
-       {1120, 780},
-       game,
-       [](EditorStage& stage) { stage.presenter->model()->setSelectedCategory("gaming"); }},
-      {"editor-full", dark, {1120, 780}, full},
-      {"editor-unsaved", light, {1120, 780}, usual, edited},
-      {"editor-drag-light", light, {1120, 780}, usual, drag},
-      {"editor-drag-dark", dark, {1120, 780}, usual, drag},
-      {"editor-actions",
-       light,
-       {1120, 780},
-       usual,
-       [](EditorStage& stage) { showTab(stage, "actions"); }},
-      {"editor-shortcuts", dark, {1120, 780}, usual, shortcuts},
-      {"editor-shortcuts-empty", light, {1120, 780}, withoutShortcuts, shortcuts},
-      {"editor-shortcuts-failed", dark, {1120, 780}, failing, shortcuts},
-      {"editor-first-shortcut", light, {1120, 780}, almostEmpty, first},
-      {"editor-empty-deck",
-       dark,
-       {1120, 780},
-       [](EditorStage& stage) {
-         furnish(stage);
-         stage.deck(DeckCategoryID::streaming, "On Air", {});
-       }},
-      {"editor-search",
-       light,
-       {1120, 780},
-       usual,
-       [](EditorStage& stage) { stage.presenter->model()->setSearchText("zzz"); }},
-      {"editor-keyboard", light, {1120, 780}, usual, keyboard},
-      {"editor-narrow", light, {860, 600}, usual},
-      {"editor-narrow-dark", dark, {860, 600}, full},
-      {"editor-200", light, {1120, 780}, usual, [](EditorStage&) {}, 2},
-      {"editor-contrast", {.dark = true, .increasedContrast = true}, {1120, 780}, usual},
-      {"editor-reduced-motion", {.reducedMotion = true}, {1120, 780}, usual, drag},
-      {"editor-large-text", {.textScale = 1.5}, {1120, 780}, usual},
+    // The screen in memory is smaller than the window.
+    window->setMinimumSize({});
+    window->setGeometry({QPoint(0, 0), size});
+    EditorStage::turnUntil([&] { return stage.isLoaded(); });
+    EditorStage::turnFor(300);
+    act(stage);
+    EditorStage::turnFor(600);
+    return window->grabWindow();
   };
 }
 
-}  // namespace glintboard::screenshots
+void showGaming(EditorStage& stage) {
+  stage.presenter->model()->setSelectedCategory(QStringLiteral("gaming"));
+}
+
+void showActions(EditorStage& stage) {
+  showTab(stage, "actions");
+}
+
+void showShortcuts(EditorStage& stage) {
+  showTab(stage, "shortcuts");
+}
+
+void edit(EditorStage& stage) {
+  auto model = stage.presenter->model();
+  model->remove(1);
+  model->addApp(QStringLiteral("mixer"));
+  model->addApp(QStringLiteral("mixer"));
+}
+
+void addShortcut(EditorStage& stage) {
+  showShortcuts(stage);
+  stage.presenter->model()->addShortcut(QString::fromLatin1(EditorStage::tidyId));
+}
+
+void searchInVain(EditorStage& stage) {
+  stage.presenter->model()->setSearchText(QStringLiteral("zzz"));
+}
+
+void useKeyboard(EditorStage& stage) {
+  auto* window = stage.presenter->window();
+  auto* phone = window->rootObject()->findChild<QQuickItem*>(QStringLiteral("phone"));
+  phone->forceActiveFocus(Qt::TabFocusReason);
+  QTest::keyClick(window, Qt::Key_Right);
+}
+
+void emptyDeck(EditorStage& stage) {
+  furnish(stage);
+  stage.deck(DeckCategoryID::streaming, "On Air", {});
+}
+
+}  // namespace
+
+std::vector<Scene> editorScenes() {
+  constexpr Appearance light{};
+  constexpr Appearance dark{.dark = true};
+  constexpr Appearance contrast{.dark = true, .increasedContrast = true};
+  constexpr Appearance still{.reducedMotion = true};
+  constexpr Appearance large{.textScale = 1.5};
+  constexpr QSize narrow{860, 600};
+  return {
+      {"editor-light", 1, light, drawn(usual)},
+      {"editor-dark", 1, dark, drawn(usual)},
+      {"editor-gaming-light", 1, light, drawn(game, showGaming)},
+      {"editor-gaming-dark", 1, dark, drawn(game, showGaming)},
+      {"editor-full", 1, dark, drawn(full)},
+      {"editor-empty", 1, dark, drawn(emptyDeck)},
+      {"editor-unsaved", 1, light, drawn(usual, edit)},
+      {"editor-drag-light", 1, light, drawn(usual, drag)},
+      {"editor-drag-dark", 1, dark, drawn(usual, drag)},
+      {"editor-actions", 1, light, drawn(usual, showActions)},
+      {"editor-shortcuts", 1, dark, drawn(usual, showShortcuts)},
+      {"editor-shortcuts-empty", 1, light, drawn(withoutShortcuts, showShortcuts)},
+      {"editor-shortcuts-failed", 1, dark, drawn(failing, showShortcuts)},
+      {"editor-first-shortcut", 1, light, drawn(almostEmpty, addShortcut)},
+      {"editor-search", 1, light, drawn(usual, searchInVain)},
+      {"editor-keyboard", 1, light, drawn(usual, useKeyboard)},
+      {"editor-narrow-light", 1, light, drawn(usual, nothing, narrow)},
+      {"editor-narrow-dark", 1, dark, drawn(full, nothing, narrow)},
+      {"editor-contrast", 1, contrast, drawn(usual)},
+      {"editor-reduced-motion", 1, still, drawn(usual, drag)},
+      {"editor-large-text", 1, large, drawn(usual)},
+      {"editor-200", 2, light, drawn(usual)},
+  };
+}
+
+}  // namespace glintboard

@@ -1,0 +1,223 @@
+import QtQuick
+import Glintboard.UI
+import Glintboard.Agent
+
+// The menu's items from top to bottom. The rows' texts stand in one line with all others; what
+// answers to the pointer reaches a little into the padding.
+Column {
+    id: items
+
+    required property MenuBarModel menu
+    required property color errorColor
+    required property bool settled
+
+    spacing: Look.Gap12
+
+    move: Transition {
+        enabled: items.settled && Look.moveTime > 0
+
+        NumberAnimation {
+            property: "y"
+            duration: Look.moveTime
+            easing.type: Easing.OutCubic
+        }
+    }
+    add: Transition {
+        enabled: items.settled
+
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Look.fadeTime
+        }
+    }
+
+    MenuText {
+        width: parent.width
+        text: qsTr("Glintboard Agent")
+        font: Look.fonts.ui(Look.Headline, Look.Semibold)
+        color: Look.text
+        rightPadding: mark.width + Look.Gap8
+        Accessible.role: Accessible.Heading
+
+        DeckMark {
+            id: mark
+
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+
+    SymbolText {
+        objectName: "pairedDevice"
+        width: parent.width
+        visible: items.menu.section === MenuBarModel.PairedDevice
+        symbolName: "iphone.gen3"
+        text: items.menu.pairingStatusText
+        font: Look.fonts.ui(Look.Body, Look.Medium)
+    }
+
+    PairingPanel {
+        objectName: "pairingPanel"
+        width: parent.width
+        visible: items.menu.section === MenuBarModel.Code
+        menu: items.menu
+    }
+
+    SymbolText {
+        objectName: "lockMessage"
+        width: parent.width
+        visible: items.menu.section === MenuBarModel.LockedOut
+        symbolName: "lock.fill"
+        text: items.menu.pairingStatusText
+        color: items.errorColor
+    }
+
+    Column {
+        width: parent.width
+        spacing: items.spacing
+        visible: items.menu.hasHint
+
+        Item {
+            width: parent.width
+            implicitHeight: Math.max(hint.implicitHeight, dismiss.implicitHeight)
+
+            SymbolText {
+                id: hint
+
+                objectName: "hint"
+                anchors.verticalCenter: parent.verticalCenter
+                width: parent.width - dismiss.width - Look.Gap12
+                symbolName: "exclamationmark.shield"
+                symbolColor: Look.warning
+                text: items.menu.hint
+                font: Look.fonts.ui(Look.Footnote)
+            }
+
+            PillButton {
+                id: dismiss
+
+                objectName: "dismiss"
+                anchors.right: parent.right
+                anchors.verticalCenter: parent.verticalCenter
+                text: qsTr("Dismiss")
+                onClicked: items.menu.dismissHint()
+            }
+        }
+
+        Divider {
+            width: parent.width
+        }
+    }
+
+    Divider {
+        width: parent.width
+    }
+
+    Item {
+        width: parent.width
+        implicitHeight: status.implicitHeight
+
+        Rectangle {
+            x: 4
+            anchors.verticalCenter: status.verticalCenter
+            width: 8
+            height: 8
+            radius: 4
+            color: items.menu.statusColor
+        }
+
+        MenuText {
+            id: status
+
+            objectName: "status"
+            x: 16 + Look.Gap8
+            width: parent.width - x - busy.width
+            text: items.menu.statusText
+            font: Look.fonts.ui(Look.Subheadline)
+            color: Look.secondaryText
+        }
+
+        Spinner {
+            id: busy
+
+            anchors.right: parent.right
+            anchors.verticalCenter: status.verticalCenter
+            size: 16
+            running: patience.elapsed
+        }
+
+        // What is done at once needs no sign of progress.
+        Timer {
+            id: patience
+
+            property bool elapsed: false
+
+            interval: 300
+            running: items.menu.isBusy
+            onTriggered: patience.elapsed = true
+            onRunningChanged: if (!items.menu.isBusy) patience.elapsed = false
+        }
+    }
+
+    MenuText {
+        objectName: "listenerError"
+        width: parent.width
+        leftPadding: 16 + Look.Gap8
+        visible: items.menu.hasListenerError
+        text: items.menu.listenerError
+        font: Look.fonts.ui(Look.Footnote)
+        color: items.errorColor
+    }
+
+    PillButton {
+        objectName: "restart"
+        visible: items.menu.hasListenerError
+        width: parent.width
+        kind: PillButton.Primary
+        text: qsTr("Restart Agent")
+        symbolName: "arrow.clockwise"
+        onClicked: items.menu.restartAgent()
+    }
+
+    MenuRowButton {
+        objectName: "editDeck"
+        x: -Look.Gap8
+        width: parent.width + 2 * Look.Gap8
+        text: qsTr("Edit Deck")
+        symbolName: "pencil"
+        onClicked: items.menu.editDeck()
+    }
+
+    MenuRowButton {
+        objectName: "pairingCode"
+        x: -Look.Gap8
+        width: parent.width + 2 * Look.Gap8
+        visible: items.menu.isPaired
+        symbolName: "qrcode"
+        text: items.menu.isShowingPairingCode ? qsTr("Hide Pairing Code") : qsTr("Show Pairing Code…")
+        onClicked: items.menu.isShowingPairingCode ? items.menu.hidePairingCode() : items.menu.showPairingCode()
+    }
+
+    MenuRowButton {
+        objectName: "unpair"
+        x: -Look.Gap8
+        width: parent.width + 2 * Look.Gap8
+        visible: items.menu.isPaired
+        destructive: true
+        symbolName: "personalhotspot.slash"
+        text: qsTr("Unpair iPhone")
+        onClicked: items.menu.unpair()
+    }
+
+    MenuRowButton {
+        objectName: "quit"
+        x: -Look.Gap8
+        width: parent.width + 2 * Look.Gap8
+        symbolName: "power"
+        shortcutText: "Ctrl+Q"
+        text: qsTr("Quit")
+        onClicked: items.menu.quit()
+    }
+}

@@ -1,0 +1,43 @@
+// The agent's place on a desktop with a display.
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+#include "agent/shell/agent_view_model.h"
+#include "agent/shell/menu_presenter.h"
+#include "platform/desktop_session.h"
+
+namespace glintboard {
+
+// Shows the item in whatever tray there is, opens the menu when the item is activated, and at the
+// start too where no tray shows one. Main thread.
+class DesktopShell : public QObject {
+  Q_OBJECT
+
+ public:
+  // Both must outlive this.
+  DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu);
+
+  DesktopAppearance appearance() const { return session_.appearance(); }
+
+ Q_SIGNALS:
+  void appearanceChanged();
+
+  // Emitted on the session's thread; the shell itself listens on the main one.
+  void toldAppearance();
+  void toldActivation(int x, int y);
+  void toldPresence(bool inTray);
+
+ private:
+  void updateToolTip();
+  void activated(int x, int y);
+
+  AgentViewModel& viewModel_;
+  MenuPresenter& menu_;
+  bool inTray_ = false;
+  QTimer trayDeadline_;
+  DesktopSession session_;  // last, for its thread calls this
+};
+
+}  // namespace glintboard

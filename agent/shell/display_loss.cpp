@@ -1,0 +1,65 @@
+#include "agent/shell/display_loss.h"
+
+#include <pthread.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <linux/close_range.h>
+#include <atomic>
+#include <cstdlib>
+
+#include "platform/log.h"
+
+namespace {
+
+// The hooks of the C library know no object. These are set while one exists.
+constinit std::atomic<char* const*> commandToRun = nullptr;
+constinit std::atomic<pid_t> owner = 0;
+constinit std::atomic_flag begun;
+
+// Does not return when there is something to start.
+void startAgain() {
+  // A child process that could not run its program ends in the same way.
+  char* const* const command = ::getpid() == owner ? commandToRun.load() : nullptr;
+  if (command == nullptr) {
+    return;
+  }
+  // Several threads may notice the loss; one that is late must not end the process first.
+  while (begun.test_and_set()) {
+    ::pause();
+  }
+  glintboard::log::warning("the display is gone; the agent starts again without it");
+  sigset_t none;
+  sigemptyset(&none);
+  ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
+  ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+  ::execv("/proc/self/exe", command);
+  glintboard::log::warning("the agent cannot be started again");
+}
+
+}  // namespace
+
+// Stands in for the C library's own. Qt leaves with it when a Wayland compositor dies, and then no
+// handler that was registered for the end runs.
+extern "C" void _exit(int status) {
+  startAgain();
+  std::_Exit(status);
+}
+
+namespace glintboard {
+
+DisplayLoss::DisplayLoss(std::vector<std::string> command) : command_(std::move(command)) {
+  for (std::string& word : command_) {
+    arguments_.push_back(word.data());
+  }
+  arguments_.push_back(nullptr);
+  owner = ::getpid();
+  commandToRun = arguments_.data();
+  std::atexit(startAgain);
+}
+
+DisplayLoss::~DisplayLoss() {
+  commandToRun = nullptr;
+}
+
+}  // namespace glintboard

@@ -1,0 +1,38 @@
+// The agent's item in whatever tray the desktop has.
+#pragma once
+
+#include <memory>
+
+#include "platform/linux/desktop_bus.h"
+#include "platform/linux/status_notifier_item.h"
+#include "platform/linux/x11_tray_item.h"
+
+namespace glintboard {
+
+// Prefers the StatusNotifier tray to that of the X display. All on the bus's thread.
+class TrayItem {
+ public:
+  // `onX11` tells whether the agent's windows are on the X display that the environment names.
+  TrayItem(const TrayLook& look, TrayHandlers handlers, bool onX11);
+
+  // What the bus is to know of it.
+  std::shared_ptr<DesktopBus::Client> client() { return notifier_; }
+  void setToolTip(std::string text) { notifier_->setToolTip(std::move(text)); }
+  // Ends everything but the client.
+  void end();
+
+ private:
+  void notifierChanged(bool shown);
+  void report();
+
+  const TrayLook look_;
+  const TrayHandlers handlers_;
+  const bool onX11_;
+  bool inNotifierTray_ = false;
+  bool ended_ = false;
+  std::optional<bool> reported_;
+  std::shared_ptr<StatusNotifierItem> notifier_;
+  std::unique_ptr<X11TrayItem> legacy_;
+};
+
+}  // namespace glintboard

@@ -1,0 +1,223 @@
+#include "agent/shell/desktop_shell.h"
+
+#include <gtest/gtest.h>
+#include <sys/un.h>
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QThread>
+
+#include "agent/shell/tray_icon.h"
+#include "platform/main_thread.h"
+#include "tests/platform/x_server.h"
+#include "tests/support/session_bus.h"
+#include "tests/support/test_agent.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct RecordingMenu : MenuPresenter {
+  void toggle(std::optional<QPoint> anchor) override {
+    ++toggled;
+    lastAnchor = anchor;
+  }
+  void show() override { ++shown; }
+
+  int toggled = 0;
+  int shown = 0;
+  std::optional<QPoint> lastAnchor;
+};
+
+// The agent's shell on a desktop of Qt's platform `platform`.
+class Shell {
+ public:
+  explicit Shell(const char* platform) : arguments_{"test", "-platform", platform} {
+    for (auto& argument : arguments_) {
+      argv_.push_back(argument.data());
+    }
+    application_.emplace(count_, argv_.data());
+    mainThread_.emplace();
+    agent.emplace();
+    viewModel_.emplace(mainThread_->executor(), agent->environment(), agent->deckStore);
+    shell_.emplace(*viewModel_, menu);
+  }
+  ~Shell() {
+    shell_.reset();
+    agent->run(viewModel_->services().listenerService().shutDown());
+    // A refresh under way must end before the view model goes, and what it left before the
+    // services.
+    settle();
+    viewModel_.reset();
+    settle();
+  }
+
+  // Runs the event loop until `holds`, or gives up after a few seconds.
+  static bool turnUntil(const std::function<bool()>& holds, std::chrono::seconds limit = 10s) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!holds()) {
+      if (std::chrono::steady_clock::now() > end) {
+        return false;
+      }
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+      QThread::msleep(1);
+    }
+    return true;
+  }
+
+  RecordingMenu menu;
+
+ private:
+  static void settle() {
+    for (int i = 0; i < 20; ++i) {
+      QCoreApplication::processEvents();
+      QThread::msleep(1);
+    }
+  }
+
+  std::vector<std::string> arguments_;
+  std::vector<char*> argv_;
+  int count_ = 3;
+  std::optional<QGuiApplication> application_;
+  std::optional<MainThread> mainThread_;
+
+ public:
+  std::optional<test::TestAgent> agent;
+
+ private:
+  std::optional<AgentViewModel> viewModel_;
+  std::optional<DesktopShell> shell_;
+};
+
+// A StatusNotifier tray.
+class Watcher {
+ public:
+  Watcher()
+      : process_({"sh", "-c",
+                  "exec /usr/bin/python3 " GLINTBOARD_TEST_SUPPORT "/status_notifier_watcher.py >" +
+                      items_.string()}) {}
+
+  // The name of the item that has registered, or empty.
+  std::string item() const {
+    std::string name;
+    std::getline(std::ifstream(items_), name);
+    return name;
+  }
+
+ private:
+  test::TemporaryFolder folder_;
+  std::filesystem::path items_ = folder_ / "items";
+  test::ChildProcess process_;
+};
+
+std::string call(const std::string& item, const std::string& method) {
+  return test::outputOf("gdbus call --session --timeout 5 --dest " + item +
+                        " --object-path /StatusNotifierItem --method " + method + " 2>&1");
+}
+
+std::string property(const std::string& item, const std::string& name) {
+  return call(item, "org.freedesktop.DBus.Properties.Get org.kde.StatusNotifierItem " + name);
+}
+
+TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
+  const test::SessionBus bus;
+  Shell shell("offscreen");
+  std::optional<Watcher> tray(std::in_place);
+  ASSERT_TRUE(Shell::turnUntil([&] { return !tray->item().empty(); }));
+  const auto item = tray->item();
+  EXPECT_EQ(property(item, "Title"), "(<'Glintboard Agent'>,)\n");
+  EXPECT_EQ(property(item, "ItemIsMenu"), "(<false>,)\n");
+  EXPECT_EQ(property(item, "IconName"), "(<''>,)\n") << "it is installed nowhere";
+  EXPECT_EQ(property(item, "IconPixmap").substr(0, 22), "(<[(16, 16, [byte 0x34");
+
+  call(item, "org.kde.StatusNotifierItem.Activate 30 40");
+  EXPECT_TRUE(Shell::turnUntil([&] { return shell.menu.toggled == 1; }));
+  EXPECT_EQ(shell.menu.lastAnchor, QPoint(30, 40));
+  call(item, "org.kde.StatusNotifierItem.ContextMenu 0 0");
+  EXPECT_TRUE(Shell::turnUntil([&] { return shell.menu.toggled == 2; }));
+  EXPECT_EQ(shell.menu.lastAnchor, std::nullopt);
+
+  tray.reset();
+  tray.emplace();
+  EXPECT_TRUE(Shell::turnUntil([&] { return tray->item() == item; }));
+  EXPECT_FALSE(Shell::turnUntil([&] { return shell.menu.shown > 0; }, 4s)) << "there is a tray";
+}
+
+TEST(DesktopShellTest, TheToolTipTellsTheStatus) {
+  const test::SessionBus bus;
+  const Watcher tray;
+  Shell shell("offscreen");
+  ASSERT_TRUE(Shell::turnUntil([&] { return !tray.item().empty(); }));
+  EXPECT_TRUE(Shell::turnUntil([&] {
+    return property(tray.item(), "ToolTip").find("'Ready for iPhone'") != std::string::npos;
+  }));
+}
+
+TEST(DesktopShellTest, WithoutATrayTheMenuOpensAndABusThatHangsHoldsUpNothing) {
+  const test::TemporaryFolder folder;
+  // Connections are taken, and nobody answers.
+  FileDescriptor silent(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  (folder / "bus").string().copy(address.sun_path, sizeof address.sun_path - 1);
+  ASSERT_EQ(::bind(silent.get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+  ASSERT_EQ(::listen(silent.get(), 5), 0);
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (folder / "bus").string()).c_str(), 1);
+
+  Shell shell("offscreen");
+  auto last = std::chrono::steady_clock::now();
+  auto longest = 0ms;
+  EXPECT_TRUE(Shell::turnUntil([&] {
+    const auto now = std::chrono::steady_clock::now();
+    longest = std::max(longest, std::chrono::duration_cast<std::chrono::milliseconds>(now - last));
+    last = now;
+    return shell.menu.shown > 0;
+  }));
+  EXPECT_LT(longest, 1s);
+}
+
+TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
+  const test::XServer server;
+  Shell shell("xcb");
+  std::optional<test::ChildProcess> tray;
+  const auto clicked = [&](int times) {
+    return Shell::turnUntil([&] {
+      test::outputOf("xdotool mousemove 12 14 click 1 2>&1");
+      return Shell::turnUntil([&] { return shell.menu.toggled >= times; }, 1s);
+    });
+  };
+  const std::vector<std::string> trayer{"trayer",      "--edge",  "top",      "--align", "left",
+                                        "--widthtype", "request", "--height", "24"};
+  tray.emplace(trayer);
+  EXPECT_TRUE(clicked(1));
+  ASSERT_TRUE(shell.menu.lastAnchor);
+  EXPECT_LT(shell.menu.lastAnchor->x(), 40);
+  EXPECT_NE(test::outputOf("import -window root -crop 26x26+0+0 txt:- | grep '(255,77,157)'"), "");
+
+  tray.reset();
+  tray.emplace(trayer);
+  const int before = shell.menu.toggled;
+  EXPECT_TRUE(clicked(before + 1)) << "a tray that comes later is joined";
+}
+
+TEST(TrayIconTest, ShowsOnLightAndOnDarkPanels) {
+  for (const QImage& image : trayImages()) {
+    int light = 0;
+    int dark = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        const QColor pixel = image.pixelColor(x, y);
+        light += pixel.alpha() > 150 && pixel.lightness() > 200 ? 1 : 0;
+        dark += pixel.alpha() > 150 && pixel.lightness() < 80 ? 1 : 0;
+      }
+    }
+    const int area = image.width() * image.height();
+    EXPECT_GT(light, area / 6) << image.width();
+    EXPECT_GT(dark, area / 14) << image.width();
+  }
+}
+
+}  // namespace
+}  // namespace glintboard

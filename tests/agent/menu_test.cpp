@@ -1,0 +1,225 @@
+#include "tests/agent/menu_fixture.h"
+
+#include <QAccessible>
+#include <QSignalSpy>
+
+#include "ui/design/deck_brand_palette.h"
+#include "ui/design/wcag_contrast.h"
+#include "ui/qml_engine.h"
+
+namespace glintboard {
+namespace {
+
+using test::MenuTest;
+
+const QStringList unpairedButtons{"Edit Deck", "Quit"};
+const QStringList pairedButtons{"Edit Deck", "Show Pairing Code\u2026", "Unpair iPhone", "Quit"};
+const QStringList replacementButtons{"Edit Deck", "Hide Pairing Code", "Unpair iPhone", "Quit"};
+
+TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
+  start();
+  EXPECT_EQ(text("status"), "Starting\u2026");
+  ASSERT_TRUE(showsStatus("Ready for iPhone"));
+  ASSERT_TRUE(showsState("pairingPanel", unpairedButtons));
+  EXPECT_EQ(text("instruction"),
+            "Open Glintboard on your iPhone and tap Pair. Point the camera at this code.");
+  const std::string first = pin();
+  EXPECT_EQ(first.size(), 6u);
+  EXPECT_EQ(controller->model().pinGroups().join(""), first.c_str());
+  QTest::qWait(250);
+  EXPECT_EQ(test::codeIn(window->view()->grabWindow()),
+            viewModel->pairingQRString().toStdString() + "\n");
+
+  const std::string token = pairOverTheWire(first);
+  ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+  EXPECT_EQ(text("pairedDevice"), "Ann's iPhone");
+  EXPECT_TRUE(showsStatus("Waiting for iPhone"));
+  const auto connection = phone(token);
+  EXPECT_TRUE(showsStatus("iPhone connected"));
+
+  click("pairingCode");
+  ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
+  EXPECT_EQ(text("instruction"),
+            "Scan to pair this iPhone again. This replaces the pairing on this Mac.");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return pin() != first; }));
+  click("pairingCode");
+  ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+
+  click("pairingCode");
+  ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
+  failPairing();
+  ASSERT_TRUE(showsState("lockMessage", replacementButtons));
+  click("unpair");
+  EXPECT_TRUE(showsState("pairingPanel", unpairedButtons));
+}
+
+TEST_F(MenuTest, HidesTheCodeFromWhoeverGuessedTooOften) {
+  startAndWait();
+  failPairing();
+  ASSERT_TRUE(showsState("lockMessage", unpairedButtons));
+  EXPECT_EQ(text("lockMessage"), "Pairing locked \u2014 too many failed attempts");
+  EXPECT_FALSE(shows("pin"));
+  QTest::qWait(250);
+  EXPECT_EQ(test::codeIn(window->view()->grabWindow()), "");
+}
+
+TEST_F(MenuTest, TellsOfAFailedListenerAndRestartsIt) {
+  auto held = std::make_unique<FileDescriptor>(test::holdPort(agent.port));
+  start();
+  ASSERT_TRUE(showsStatus("Connection failed"));
+  EXPECT_FALSE(text("listenerError").isEmpty());
+  EXPECT_EQ(visibleButtons(), (QStringList{"Restart Agent", "Edit Deck", "Quit"}));
+  held.reset();
+  click("restart");
+  EXPECT_TRUE(showsStatus("Ready for iPhone"));
+  EXPECT_FALSE(shows("listenerError"));
+  EXPECT_FALSE(shows("restart"));
+}
+
+TEST_F(MenuTest, ShowsTheHintUntilItIsDismissed) {
+  startAndWait();
+  EXPECT_FALSE(shows("hint"));
+  auto connection = phone(pairOverTheWire(pin()));
+  agent.processRunner.result.timedOut = true;
+  connection.ask(MessageFactory::shortcutRun("x", std::nullopt, randomUuid()));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return shows("hint"); }));
+  EXPECT_EQ(text("hint"), viewModel->shortcutCoachMessage());
+  click("dismiss");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !shows("hint") && !shows("dismiss"); }));
+}
+
+TEST_F(MenuTest, WorksFromTheKeyboard) {
+  startAndWait();
+  pairOverTheWire(pin());
+  ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+  QStringList reached;
+  for (int i = 0; i < 4; ++i) {
+    key(i % 2 == 0 ? Qt::Key_Tab : Qt::Key_Down);
+    reached.append(window->view()->activeFocusItem()->property("text").toString());
+    EXPECT_TRUE(window->view()->activeFocusItem()->property("visualFocus").toBool());
+  }
+  EXPECT_EQ(reached, pairedButtons);
+  key(Qt::Key_Return);
+  EXPECT_EQ(quits, 1);
+  key(Qt::Key_Up);
+  key(Qt::Key_Space);
+  ASSERT_TRUE(showsState("pairingPanel", unpairedButtons)) << "unpaired by the space bar";
+  key(Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_EQ(quits, 2);
+  click("editDeck");
+  EXPECT_EQ(edits, 1);
+  key(Qt::Key_Escape);
+  EXPECT_TRUE(window->view() == nullptr || !window->view()->isVisible());
+}
+
+TEST_F(MenuTest, NamesEverythingForScreenReaders) {
+  QAccessible::setActive(true);
+  startAndWait();
+  const std::tuple<const char*, QString, QAccessible::Role> expected[] = {
+      {"quit", "Quit", QAccessible::Button},
+      {"editDeck", "Edit Deck", QAccessible::Button},
+      {"status", "Ready for iPhone", QAccessible::StaticText},
+      {"pin", text("pin"), QAccessible::StaticText},
+      {"qrCode", "Pairing QR code", QAccessible::Graphic},
+      {"instruction", text("instruction"), QAccessible::StaticText}};
+  for (const auto& [name, label, role] : expected) {
+    auto* const accessible = QAccessible::queryAccessibleInterface(item(name));
+    ASSERT_NE(accessible, nullptr) << name;
+    EXPECT_EQ(accessible->text(QAccessible::Name), label);
+    EXPECT_EQ(accessible->role(), role) << name;
+  }
+}
+
+DeckBrandPalette::RGB components(const QColor& color) {
+  return {color.redF(), color.greenF(), color.blueF()};
+}
+
+TEST_F(MenuTest, EveryTextIsLegibleInEveryAppearance) {
+  startAndWait();
+  auto* const view = window->view();
+  MenuState state = controller->model().state();
+  state.hint = state.listenerError = state.pairingStatusText = "text";
+  state.isPaired = true;
+  for (const bool dark : {false, true}) {
+    for (const bool contrast : {false, true}) {
+      window->setAppearance({.dark = dark, .increasedContrast = contrast, .reducedMotion = true});
+      const Look& look = lookOf(*qmlEngine(&view->root()));
+      int texts = 0;
+      for (const auto section :
+           {PairingSection::code, PairingSection::lockedOut, PairingSection::pairedDevice}) {
+        state.section = section;
+        controller->model().setState(state);
+        for (const auto* const item : view->root().findChildren<QQuickItem*>()) {
+          // What lies on the accent is judged by the palette's own test.
+          if (!item->inherits("QQuickText") || !item->isVisible() ||
+              item->property("color").value<QColor>().rgb() == look.onAccent().rgb()) {
+            continue;
+          }
+          ++texts;
+          const auto ink = components(item->property("color").value<QColor>());
+          for (const QColor& ground : {look.windowTop(), look.windowBottom()}) {
+            EXPECT_GE(WCAGContrast::contrastRatio(ink, components(ground)), 4.5)
+                << item->property("text").toString().toStdString() << " dark " << dark;
+          }
+        }
+      }
+      EXPECT_GT(texts, 25);
+    }
+  }
+}
+
+TEST_F(MenuTest, MovesToANewHeightUnlessMotionIsReduced) {
+  startAndWait();
+  auto* const view = window->view();
+  const auto show = [&](const QString& error) {
+    MenuState state = controller->model().state();
+    state.listenerError = error;
+    controller->model().setState(state);
+    QTest::qWait(30);
+    return view->height();
+  };
+  QTest::qWait(250);
+  const int usual = view->height();
+  const int growing = show("an error");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return view->height() > growing; }));
+  QTest::qWait(250);
+  const int grown = view->height();
+  EXPECT_GT(grown, usual);
+  window->setAppearance({.reducedMotion = true});
+  EXPECT_EQ(show({}), usual);
+  EXPECT_EQ(show("an error"), grown);
+}
+
+TEST_F(MenuTest, ReleasesItsEngineWhenClosedForAWhile) {
+  startAndWait();
+  window->toggle(std::nullopt);
+  QTest::qWait(50);
+  ASSERT_NE(window->view(), nullptr) << "kept for a quick return";
+  window->toggle(std::nullopt);
+  QTest::qWait(400);
+  ASSERT_NE(window->view(), nullptr) << "open again";
+  window->toggle(std::nullopt);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window->view() == nullptr; }));
+  window->toggle(std::nullopt);
+  ASSERT_NE(window->view(), nullptr);
+  EXPECT_TRUE(showsStatus("Ready for iPhone"));
+}
+
+TEST_F(MenuTest, IsAnOrdinaryWindowWhereThereIsNoTray) {
+  startAndWait();
+  window->show();
+  auto* const view = window->view();
+  EXPECT_EQ(view->title(), "Glintboard Agent");
+  EXPECT_EQ(view->flags() & Qt::WindowType_Mask, Qt::Window);
+  QWindow other;
+  other.show();
+  other.requestActivate();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  EXPECT_TRUE(view->isVisible());
+  window->show();
+  EXPECT_EQ(window->view(), view);
+  EXPECT_TRUE(view->isVisible());
+}
+
+}  // namespace
+}  // namespace glintboard

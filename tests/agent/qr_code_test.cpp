@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include <QPainter>
+#include <filesystem>
+
+#include "agent/shell/qr_code_image.h"
+#include "protocol/pairing_qr_payload.h"
+#include "tests/agent/menu_fixture.h"
+
+namespace glintboard {
+namespace {
+
+TEST(QRCodeImage, IsReadAtEverySizeAndIsNothingForNoText) {
+  for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+    const auto image = QRCodeImage::make("h\u00e9llo \u2713", 180, ratio);
+    EXPECT_EQ(image.width(), qRound(180 * ratio));
+    EXPECT_EQ(image.deviceIndependentSize(), QSizeF(180, 180));
+    QImage card(image.size() * 1.2, QImage::Format_RGB32);
+    card.fill(Qt::white);
+    QPainter(&card).drawImage(QPointF(image.width() * 0.1, image.width() * 0.1),
+                              QImage(image.constBits(), image.width(), image.height(),
+                                     image.bytesPerLine(), image.format()));
+    EXPECT_EQ(test::codeIn(card), "h\u00e9llo \u2713\n") << ratio;
+  }
+  EXPECT_TRUE(QRCodeImage::make("").isNull());
+  EXPECT_TRUE(QRCodeImage::make(QString(5000, 'x')).isNull());
+}
+
+// The modules of the pictures' code are black and white alone, at scale factors where the points
+// are not whole pixels too.
+TEST(PairingQRCodeView, IsSharpAndReadAtEveryScaleFactor) {
+  const test::TemporaryFolder folder;
+  ASSERT_EQ(
+      std::system((GLINTBOARD_PICTURES " " + folder.path().string() + " 2>/dev/null").c_str()), 0);
+  int codes = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+    const QImage picture(QString::fromStdString(entry.path()));
+    const auto text = test::codeIn(picture);
+    if (text.empty()) {
+      continue;
+    }
+    ++codes;
+    const auto address = PairingQRPayload::parse(text.substr(0, text.size() - 1));
+    ASSERT_TRUE(address) << text;
+    EXPECT_EQ(address->macName, "Studio");
+    // The finder pattern's row through the code's middle.
+    int grey = 0;
+    const QPoint middle(picture.width() / 2, picture.height() * 2 / 5);
+    for (int x = middle.x() - 50; x < middle.x() + 50; ++x) {
+      const int level = qGray(picture.pixel(x, middle.y()));
+      grey += level > 0 && level < 255 ? 1 : 0;
+    }
+    EXPECT_EQ(grey, 0) << entry.path();
+  }
+  EXPECT_GE(codes, 5);
+}
+
+}  // namespace
+}  // namespace glintboard

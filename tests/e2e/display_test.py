@@ -1,0 +1,100 @@
+"""The agent on displays that work, that cannot be reached, and that die under it."""
+
+import os
+import pathlib
+import signal
+import socket
+import subprocess
+import time
+import unittest
+
+from client import Client
+from desktop import SLOWNESS, DesktopTest, eventually
+
+
+class Display(DesktopTest):
+    def start_x_server(self):
+        """Where the sockets of the user's own servers are out of its reach."""
+        reader, writer = os.pipe()
+        server = subprocess.Popen(
+            ["unshare", "--mount", "sh", "-c", "mount -t tmpfs tmpfs /tmp && "
+             f"exec Xvfb -displayfd {writer} -screen 0 640x480x24 -nolisten tcp"],
+            pass_fds=[writer], stderr=subprocess.DEVNULL)
+        os.close(writer)
+        with open(reader, encoding="ascii") as numbers:
+            self.desktop.env["DISPLAY"] = ":" + numbers.readline().strip()
+        return server
+
+    def start_compositor(self):
+        config = self.desktop.write(self.desktop.root / "sway", "xwayland disable\n")
+        self.desktop.env |= {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1",
+                             "WLR_RENDERER": "pixman"}
+        # It refuses to run as root.
+        compositor = subprocess.Popen(
+            ["unshare", "-U", "--map-user=1000", "--map-group=1000", "sway", "-c", config],
+            env=self.desktop.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        eventually((self.desktop.runtime / "wayland-1").is_socket, "The compositor")
+        self.desktop.env["WAYLAND_DISPLAY"] = "wayland-1"
+        return compositor
+
+    def has_display(self, agent):
+        maps = pathlib.Path(f"/proc/{agent.pid}/maps").read_text()
+        return any(plugin in maps for plugin in ("libqxcb", "libqwayland"))
+
+    async def test_serves_again_when_its_display_dies(self):
+        agent = self.start_agent()
+        phone = self.paired_phone(agent)
+        decks = phone.decks()
+        agent.end()
+        for start in self.start_x_server, self.start_compositor:
+            with self.subTest(display=start.__name__):
+                display = start()
+                self.addCleanup(display.wait)
+                self.addCleanup(display.kill)
+                agent = self.desktop.start_agent()
+                eventually(lambda: self.has_display(agent), "Windows")
+                eventually(lambda: phone.outcome("decks") == "ok", "An answer")
+                self.assertEqual(agent.menu(), "", "a desktop's program prints nothing")
+
+                await Client.connect(phone.token)
+                display.kill()
+                died = time.monotonic()
+                eventually(lambda: "Waiting for iPhone" in agent.menu(), "A text menu")
+                self.assertLess(time.monotonic() - died, SLOWNESS)
+                self.assertTrue(agent.running())
+                self.assertIn(phone.name, agent.menu())
+                self.assertEqual(phone.decks(), decks)
+                self.assertEqual(agent.end()[0], 0)
+                for name in "DISPLAY", "WAYLAND_DISPLAY":
+                    self.desktop.env.pop(name, None)
+
+    def test_a_display_that_does_not_answer_is_none(self):
+        with socket.socket(socket.AF_UNIX) as silent, socket.socket(socket.AF_UNIX) as compositor:
+            silent.bind("\0/tmp/.X11-unix/X77")
+            silent.listen()
+            compositor.bind(str(self.desktop.runtime / "silent"))
+            compositor.listen()
+            for variables in ({"DISPLAY": ":78"}, {"WAYLAND_DISPLAY": "nobody"},
+                              {"DISPLAY": ":78", "QT_QPA_PLATFORM": "xcb"},
+                              {"DISPLAY": ":77", "WAYLAND_DISPLAY": "silent"}):
+                with self.subTest(**variables):
+                    self.desktop.env |= variables
+                    self.assertEqual(self.start_agent().end()[0], 0)
+                    for name in variables:
+                        del self.desktop.env[name]
+
+    def test_ends_and_is_replaced_with_a_display_as_without(self):
+        display = self.start_x_server()
+        self.addCleanup(display.wait)
+        self.addCleanup(display.kill)
+        first = self.desktop.start_agent()
+        eventually(lambda: self.has_display(first), "Windows")
+        second = self.desktop.start_agent()
+        self.assertEqual(first.exit_code(), 0)
+        eventually(lambda: self.has_display(second), "Windows")
+        time.sleep(0.5)
+        self.assertEqual(second.end(signal.SIGTERM)[0], 0)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,120 @@
+#include <QPainter>
+#include <QTest>
+
+#include "agent/shell/menu_view.h"
+#include "protocol/pairing_qr_payload.h"
+#include "tools/pictures/scene.h"
+
+namespace glintboard {
+namespace {
+
+constexpr Appearance light;
+constexpr Appearance dark{.dark = true};
+constexpr Appearance lightContrast{.increasedContrast = true};
+constexpr Appearance darkContrast{.dark = true, .increasedContrast = true};
+constexpr Appearance largeText{.textScale = 1.5};
+
+constexpr int desktopFrame = 8;  // points around the popover's shadow
+constexpr int tallEnough = 4096;
+constexpr int settling = 250;  // milliseconds
+
+QImage drawMenu(const MenuState& state, const Appearance& appearance) {
+  MenuBarModel model([](MenuCommand) {});
+  model.setState(state);
+  MenuView view(model, MenuStyle::translucentPopover, appearance);
+  // A desktop, so that the shadow and what shines through can be seen.
+  const QColor desktop(appearance.dark ? 0x3A2A44 : 0xE9DCE8);
+  view.setColor(desktop);
+  view.open(std::nullopt);
+  view.root().setProperty("maximumHeight", tallEnough);
+  if (!QTest::qWaitForWindowExposed(&view)) {
+    return {};
+  }
+  QTest::qWait(settling);
+  const QImage popover = view.grabWindow();
+  const int frame = qRound(desktopFrame * popover.devicePixelRatio());
+  QImage picture(popover.size() + QSize(2 * frame, 2 * frame), QImage::Format_RGB32);
+  picture.fill(desktop);
+  QPainter painter(&picture);
+  painter.drawImage(QRect({frame, frame}, popover.size()), popover);
+  return picture;
+}
+
+std::function<QImage(const Appearance&)> menu(const MenuState& state) {
+  return [state](const Appearance& appearance) { return drawMenu(state, appearance); };
+}
+
+MenuState unpaired() {
+  const PairingQRPayload address{"Studio", "4d5f0b6e9a3c48d7a1f2e6b8c0937d15"};
+  MenuState state;
+  state.pairingQRString = QString::fromStdString(address.encodedURL().value_or(""));
+  state.currentPIN = QStringLiteral("482913");
+  state.status = ConnectionStatus::ready;
+  state.statusText = QStringLiteral("Ready for iPhone");
+  return state;
+}
+
+MenuState paired() {
+  MenuState state = unpaired();
+  state.section = PairingSection::pairedDevice;
+  state.isPaired = true;
+  state.pairingStatusText = QStringLiteral("Ann's iPhone");
+  state.status = ConnectionStatus::connected;
+  state.statusText = QStringLiteral("iPhone connected");
+  return state;
+}
+
+MenuState showingCode() {
+  MenuState state = paired();
+  state.section = PairingSection::code;
+  state.isShowingPairingCode = true;
+  return state;
+}
+
+MenuState locked() {
+  MenuState state = unpaired();
+  state.section = PairingSection::lockedOut;
+  state.pairingStatusText = QStringLiteral("Pairing locked \u2014 too many failed attempts");
+  return state;
+}
+
+MenuState failed() {
+  MenuState state = paired();
+  state.status = ConnectionStatus::failed;
+  state.statusText = QStringLiteral("Connection failed");
+  state.listenerError = QStringLiteral("Port 8787 is already in use");
+  return state;
+}
+
+MenuState withHint() {
+  MenuState state = paired();
+  state.hint = QStringLiteral(
+      "Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Security \u2192 "
+      "Automation), then try again.");
+  return state;
+}
+
+}  // namespace
+
+std::vector<Scene> menuScenes() {
+  return {
+      {"menu-unpaired-light", 1, light, menu(unpaired())},
+      {"menu-unpaired-dark", 1, dark, menu(unpaired())},
+      {"menu-paired-light", 1, light, menu(paired())},
+      {"menu-paired-dark", 1, dark, menu(paired())},
+      {"menu-showing-code", 1, dark, menu(showingCode())},
+      {"menu-locked-light", 1, light, menu(locked())},
+      {"menu-locked-dark", 1, dark, menu(locked())},
+      {"menu-failed-light", 1, light, menu(failed())},
+      {"menu-failed-dark", 1, dark, menu(failed())},
+      {"menu-hint-light", 1, light, menu(withHint())},
+      {"menu-hint-dark", 1, dark, menu(withHint())},
+      {"menu-contrast-light", 1, lightContrast, menu(unpaired())},
+      {"menu-contrast-dark", 1, darkContrast, menu(withHint())},
+      {"menu-unpaired-dark@2x", 2, dark, menu(unpaired())},
+      {"menu-unpaired-light@1.25x", 1.25, light, menu(unpaired())},
+      {"menu-large-text", 1, largeText, menu(unpaired())},
+  };
+}
+
+}  // namespace glintboard
