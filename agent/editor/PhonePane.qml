@@ -66,7 +66,7 @@ Item {
 
             Row {
                 anchors.right: parent.right
-                anchors.rightMargin: Look.Gap16
+                anchors.rightMargin: Look.Gap24
                 spacing: Look.Gap4
 
                 ToolButton {
