@@ -92,6 +92,17 @@ FocusScope {
         dragged: dragged
     }
 
+    // The hand stays closed, whatever it passes.
+    Item {
+        anchors.fill: parent
+        z: 9
+        visible: dragged.lifted
+
+        HoverHandler {
+            cursorShape: Qt.ClosedHandCursor
+        }
+    }
+
     DraggedKey {
         id: dragged
 

@@ -42,8 +42,12 @@ Item {
                 header.editor.undo();
             else if (event.matches(StandardKey.Redo))
                 header.editor.redo();
+            else if (event.key === Qt.Key_Escape)
+                // Leaves the name; only the next one leaves the window.
+                header.forceActiveFocus();
             else
-                event.accepted = false;
+                return;
+            event.accepted = true;
         }
     }
 

@@ -56,8 +56,9 @@ GridView {
             grid.currentIndex = Math.max(0, grid.currentIndex - grid.columns * Math.max(1, Math.floor(grid.height / grid.cellHeight)));
             break;
         default:
-            event.accepted = false;
+            return;
         }
+        event.accepted = true;
     }
 
     Accessible.role: Accessible.List

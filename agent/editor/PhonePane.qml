@@ -50,12 +50,19 @@ Item {
         spacing: Look.Gap4
 
         Item {
+            id: commands
+
+            // Large text takes two rows.
+            readonly property bool fits: counter.implicitWidth + row.width + Look.Gap16 + Look.Gap24 + Look.Gap8 <= width
+
             width: parent.width
-            height: Math.max(undo.height, reset.height)
+            height: row.height + (fits ? 0 : counter.height + Look.Gap4)
 
             Text {
+                id: counter
+
                 x: Look.Gap16
-                anchors.verticalCenter: parent.verticalCenter
+                y: commands.fits ? (parent.height - height) / 2 : 0
                 objectName: "counter"
                 text: qsTr("%1 / %2").arg(pane.editor.tiles.count).arg(pane.editor.slotCount)
                 font: Look.fonts.ui(Look.Footnote, Look.Semibold)
@@ -65,13 +72,14 @@ Item {
             }
 
             Row {
+                id: row
+
+                anchors.bottom: parent.bottom
                 anchors.right: parent.right
                 anchors.rightMargin: Look.Gap24
                 spacing: Look.Gap4
 
                 ToolButton {
-                    id: undo
-
                     symbolName: "arrow.counterclockwise"
                     text: qsTr("Undo")
                     keys: "Ctrl+Z"
@@ -86,8 +94,6 @@ Item {
                     onClicked: pane.editor.redo()
                 }
                 PillButton {
-                    id: reset
-
                     text: qsTr("Reset to default")
                     font: Look.fonts.ui(Look.Footnote, Look.Medium)
                     enabled: !pane.editor.isSaving && !pane.editor.isLoading

@@ -85,6 +85,10 @@ TEST_F(EditorKeyboardTest, TheNameIsEditedInPlaceAndUndoneWithTheRest) {
   type("Live");
   EXPECT_EQ(model->deckName(), "Live");
   EXPECT_EQ(model->syncLabel(), "Unsaved");
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(item("name")->hasActiveFocus());
+  ASSERT_NE(window, nullptr) << "the first Escape leaves the name alone";
+  tabTo("name");
   press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(model->deckName(), "On Air");
   EXPECT_EQ(item("name")->property("text"), "On Air");

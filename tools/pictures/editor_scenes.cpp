@@ -200,6 +200,11 @@ void useKeyboard(EditorStage& stage) {
   QTest::keyClick(window, Qt::Key_Right);
 }
 
+void openCategories(EditorStage& stage) {
+  auto* window = stage.presenter->window();
+  QTest::mouseClick(window, Qt::LeftButton, {}, centreOf(stage, QStringLiteral("category")));
+}
+
 void emptyDeck(EditorStage& stage) {
   furnish(stage);
   stage.deck(DeckCategoryID::streaming, "On Air", {});
@@ -230,6 +235,7 @@ std::vector<Scene> editorScenes() {
       {"editor-shortcuts-failed", 1, dark, drawn(failing, showShortcuts)},
       {"editor-first-shortcut", 1, light, drawn(almostEmpty, addShortcut)},
       {"editor-search", 1, light, drawn(usual, searchInVain)},
+      {"editor-categories", 1, light, drawn(usual, openCategories)},
       {"editor-keyboard", 1, light, drawn(usual, useKeyboard)},
       {"editor-narrow-light", 1, light, drawn(usual, nothing, narrow)},
       {"editor-narrow-dark", 1, dark, drawn(full, nothing, narrow)},
