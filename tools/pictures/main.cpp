@@ -1,6 +1,7 @@
 // Draws the documents' pictures: glintboard-pictures FOLDER [SCALE].
 #include <QGuiApplication>
 #include <QProcess>
+#include <algorithm>
 #include <set>
 
 #include "tools/pictures/scene.h"
@@ -11,7 +12,9 @@ using namespace glintboard;
 
 // Everything that can be drawn; more windows add their scenes here.
 std::vector<Scene> allScenes() {
-  return menuScenes();
+  std::vector<Scene> scenes = menuScenes();
+  std::ranges::move(editorScenes(), std::back_inserter(scenes));
+  return scenes;
 }
 
 bool drawAll(const QString& folder, double scale) {

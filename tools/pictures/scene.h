@@ -19,5 +19,7 @@ struct Scene {
 
 // The menu in its states.
 std::vector<Scene> menuScenes();
+// The deck editor in its states.
+std::vector<Scene> editorScenes();
 
 }  // namespace glintboard

@@ -1,0 +1,9 @@
+import QtQuick
+import Glintboard.Editor
+
+// An installed application.
+LibraryCard {
+    required iconSource
+    required accent
+    kind: "app"
+}

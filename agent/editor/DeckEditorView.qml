@@ -1,0 +1,101 @@
+import QtQuick
+import Glintboard.Editor
+import Glintboard.UI
+
+// The window in which a deck is arranged: the libraries on the left, the phone on the right.
+FocusScope {
+    id: view
+
+    required property DeckEditorModel editor
+
+    implicitWidth: 1120
+    implicitHeight: 780
+    focus: true
+
+    Component.onCompleted: view.forceActiveFocus()
+
+    Keys.onEscapePressed: {
+        if (dragged.lifted)
+            dragged.cancel();
+        else
+            view.editor.cancel();
+    }
+
+    Keys.onPressed: event => {
+        if (event.matches(StandardKey.Save))
+            view.editor.save();
+        else if (event.matches(StandardKey.Find))
+            library.searchField.forceActiveFocus(Qt.ShortcutFocusReason);
+        else if (event.matches(StandardKey.Undo))
+            view.editor.undo();
+        else if (event.matches(StandardKey.Redo))
+            view.editor.redo();
+        else
+            return;
+        event.accepted = true;
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: Look.windowTop
+            }
+            GradientStop {
+                position: 1
+                color: Look.windowBottom
+            }
+        }
+    }
+
+    EditorHeader {
+        id: header
+
+        width: parent.width
+        editor: view.editor
+    }
+
+    Divider {
+        id: line
+
+        y: header.height
+        width: parent.width
+    }
+
+    LibraryPane {
+        id: library
+
+        y: line.y + line.height
+        width: parent.width - phone.width
+        height: parent.height - y
+        editor: view.editor
+        dragged: dragged
+    }
+
+    Rectangle {
+        x: phone.x
+        y: phone.y
+        width: line.height
+        height: phone.height
+        color: Look.stroke
+    }
+
+    PhonePane {
+        id: phone
+
+        anchors.right: parent.right
+        y: library.y
+        width: Math.max(312, Math.min(440, Math.round(parent.width * 0.36)))
+        height: library.height
+        editor: view.editor
+        dragged: dragged
+    }
+
+    DraggedKey {
+        id: dragged
+
+        z: 10
+        keySize: phone.preview.faceSize
+    }
+}

@@ -1,0 +1,92 @@
+import QtQuick
+import Glintboard.Editor
+import Glintboard.UI
+
+// Which deck it is, whether it is saved, and the way out.
+Item {
+    id: header
+
+    required property DeckEditorModel editor
+    readonly property alias nameField: name
+
+    implicitHeight: Math.max(name.implicitHeight, cancel.implicitHeight) + 2 * Look.Gap12
+
+    CategoryMenu {
+        id: category
+
+        objectName: "category"
+        x: Look.Gap24
+        anchors.verticalCenter: parent.verticalCenter
+        editor: header.editor
+    }
+
+    GlintTextField {
+        id: name
+
+        objectName: "name"
+        anchors.verticalCenter: parent.verticalCenter
+        x: category.x + category.width + Look.Gap8
+        width: Math.min(text === "" ? implicitWidth : Math.max(48, contentWidth + leftPadding + rightPadding + 2), buttons.x - x - status.width - 2 * Look.Gap16)
+        inPlace: true
+        font: Look.fonts.hero(Look.Title)
+        placeholderText: qsTr("Deck name")
+        text: header.editor.deckName
+        enabled: !header.editor.isLoading && !header.editor.isResetting
+
+        onTextEdited: header.editor.deckName = text
+        onAccepted: header.forceActiveFocus()
+
+        // The editor undoes a name as it undoes a key.
+        Keys.onPressed: event => {
+            if (event.matches(StandardKey.Undo))
+                header.editor.undo();
+            else if (event.matches(StandardKey.Redo))
+                header.editor.redo();
+            else
+                event.accepted = false;
+        }
+    }
+
+    SyncStatus {
+        id: status
+
+        objectName: "status"
+        anchors.verticalCenter: parent.verticalCenter
+        x: name.x + name.width + Look.Gap16
+        syncLabel: header.editor.syncLabel
+        syncIsLive: header.editor.syncIsLive
+        isUnsaved: header.editor.hasUnsavedChanges
+    }
+
+    Row {
+        id: buttons
+
+        anchors.right: parent.right
+        anchors.rightMargin: Look.Gap24
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Look.Gap8
+
+        PillButton {
+            id: cancel
+
+            text: qsTr("Cancel")
+            onClicked: header.editor.cancel()
+        }
+
+        PillButton {
+            id: save
+
+            objectName: "save"
+            kind: PillButton.Primary
+            text: qsTr("Save to iPhone")
+            enabled: !header.editor.isLoading && !header.editor.isResetting
+            busy: header.editor.isSaving
+            onClicked: header.editor.save()
+
+            HelpText {
+                target: save
+                text: qsTr("Ctrl+S")
+            }
+        }
+    }
+}

@@ -1,0 +1,55 @@
+import QtQuick
+import QtQuick.Window
+import Glintboard.Editor
+import Glintboard.UI
+
+// What there is to know after the first Shortcut has come to the deck.
+Rectangle {
+    id: tip
+
+    required property DeckEditorModel editor
+
+    implicitHeight: Math.max(text.implicitHeight, done.implicitHeight) + 2 * Look.Gap12
+    radius: Look.CardRadius
+    color: Look.solidSurface
+    border.width: 1 / Screen.devicePixelRatio
+    border.color: Look.accent
+    visible: tip.editor.showFirstShortcutTip
+
+    Accessible.role: Accessible.Note
+    Accessible.name: text.text
+
+    Symbol {
+        id: symbol
+
+        x: Look.Gap12
+        anchors.verticalCenter: parent.verticalCenter
+        name: "info.circle.fill"
+        color: Look.accent
+        size: 20
+    }
+
+    Text {
+        id: text
+
+        x: symbol.x + symbol.width + Look.Gap12
+        width: done.x - x - Look.Gap12
+        anchors.verticalCenter: parent.verticalCenter
+        text: qsTr("Your first Shortcut key. Save the deck, then tap the key on the iPhone: the Shortcut runs here. The first run may ask for permission.")
+        font: Look.fonts.ui(Look.Footnote)
+        color: Look.text
+        wrapMode: Text.WordWrap
+        Accessible.ignored: true
+    }
+
+    PillButton {
+        id: done
+
+        objectName: "tip-done"
+        anchors.right: parent.right
+        anchors.rightMargin: Look.Gap12
+        anchors.verticalCenter: parent.verticalCenter
+        text: qsTr("Got It")
+        onClicked: tip.editor.dismissFirstShortcutTip()
+    }
+}

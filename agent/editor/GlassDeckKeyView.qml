@@ -1,0 +1,43 @@
+import QtQuick
+import Glintboard.Editor
+import Glintboard.UI
+
+// A key of the deck as a tile of glass.
+GlassDeckTileView {
+    id: key
+
+    property string kind: "app"
+    property string label: ""
+    property string iconName: ""
+    property string iconSource: ""
+    property color accent: Look.accent
+    property bool isMissingShortcut: false
+
+    appearance: KeyLooks.appearance(key.kind, key.label, key.iconName, key.iconSymbol)
+    displayLabel: key.label
+    macIcon: KeyLooks.icon(key.iconSource)
+    iconAccent: key.accent
+    isMissing: key.isMissingShortcut
+
+    Rectangle {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: key.faceSize - height - key.faceSize * 0.05
+        width: Math.min(missing.implicitWidth + 8, key.faceSize - 4)
+        height: missing.implicitHeight + 2
+        radius: height / 2
+        visible: key.isMissingShortcut
+        color: Look.warning
+
+        Text {
+            id: missing
+
+            anchors.centerIn: parent
+            width: Math.min(implicitWidth, key.faceSize - 8)
+            text: qsTr("Missing")
+            font: Look.fonts.uiSized(Math.max(8, Math.min(11, key.faceSize * 0.17)), Look.Bold, false)
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 7
+            color: "#2B0015"
+        }
+    }
+}

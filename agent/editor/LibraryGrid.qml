@@ -1,0 +1,73 @@
+import QtQuick
+import QtQuick.Templates as T
+import Glintboard.Editor
+import Glintboard.UI
+
+// The cards of a library. The arrows choose one, Enter or Space adds it.
+GridView {
+    id: grid
+
+    required property DraggedKey dragged
+    required property string libraryName
+    readonly property real cardWidth: 140 * Math.min(1.3, Look.textScale)
+    readonly property int columns: Math.max(1, Math.floor(grid.width / (grid.cardWidth + Look.Gap12)))
+    // A LibraryCard, or null.
+    readonly property var current: grid.currentItem
+    property bool byKeyboard: false
+
+    signal add(string payload)
+
+    function addCurrent(): void {
+        if (grid.current)
+            grid.current.add();
+    }
+
+    cellWidth: Math.floor(grid.width / grid.columns)
+    cellHeight: 96 * Math.max(1, Math.min(1.4, Look.textScale)) + Look.Gap12
+    clip: true
+    reuseItems: true
+    cacheBuffer: 220
+    boundsBehavior: Flickable.StopAtBounds
+    activeFocusOnTab: true
+    keyNavigationEnabled: true
+    currentIndex: 0
+    highlightFollowsCurrentItem: true
+    highlightMoveDuration: Look.moveTime
+
+    onActiveFocusChanged: grid.byKeyboard = grid.activeFocus
+    Keys.onPressed: event => {
+        grid.byKeyboard = true;
+        switch (event.key) {
+        case Qt.Key_Return:
+        case Qt.Key_Enter:
+        case Qt.Key_Space:
+            grid.addCurrent();
+            break;
+        case Qt.Key_Home:
+            grid.currentIndex = 0;
+            break;
+        case Qt.Key_End:
+            grid.currentIndex = grid.count - 1;
+            break;
+        case Qt.Key_PageDown:
+            grid.currentIndex = Math.min(grid.count - 1, grid.currentIndex + grid.columns * Math.max(1, Math.floor(grid.height / grid.cellHeight)));
+            break;
+        case Qt.Key_PageUp:
+            grid.currentIndex = Math.max(0, grid.currentIndex - grid.columns * Math.max(1, Math.floor(grid.height / grid.cellHeight)));
+            break;
+        default:
+            event.accepted = false;
+        }
+    }
+
+    Accessible.role: Accessible.List
+    Accessible.name: grid.libraryName
+
+    // Beside the cards, not over them.
+    T.ScrollBar.vertical: EditorScrollBar {
+        parent: grid.parent
+        x: grid.x + grid.width
+        y: grid.y
+        height: grid.height
+    }
+}

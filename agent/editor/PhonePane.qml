@@ -1,0 +1,127 @@
+import QtQuick
+import Glintboard.Editor
+import Glintboard.UI
+
+// The phone, how many keys it has, and what is to be known of it.
+Item {
+    id: pane
+
+    required property DeckEditorModel editor
+    required property DraggedKey dragged
+    readonly property alias preview: phone
+    readonly property bool isLow: pane.height < 640
+
+    PhonePreviewView {
+        id: phone
+
+        objectName: "phone"
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Look.Gap16
+        width: implicitWidth
+        height: Math.min(720, pane.height - y - footer.height - Look.Gap12)
+        deckName: pane.editor.deckName
+        tiles: pane.editor.tiles
+        slotCount: pane.editor.slotCount
+        syncLabel: pane.editor.syncLabel
+        syncIsLive: pane.editor.syncIsLive
+        dropTargetIndex: pane.editor.dropTargetIndex
+        dragged: pane.dragged
+        showsChanges: !pane.editor.isLoading && !pane.editor.isResetting
+
+        onDrop: (event, index) => {
+            const own = event.source === pane.dragged;
+            const taken = own ? pane.editor.drop([pane.dragged.payload], index) : event.hasUrls ? pane.editor.dropDesktopFile(event.urls, index) : pane.editor.drop([event.text], index);
+            event.accepted = taken;
+        }
+        onTargeted: index => {
+            pane.editor.dropTargetIndex = index;
+            pane.editor.isDeckDragActive = index >= 0;
+        }
+        onRemove: index => pane.editor.remove(index)
+        onMoved: (from, to) => pane.editor.move(from, to)
+    }
+
+    Column {
+        id: footer
+
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Look.Gap12
+        width: parent.width
+        spacing: Look.Gap4
+
+        Item {
+            width: parent.width
+            height: Math.max(undo.height, reset.height)
+
+            Text {
+                x: Look.Gap16
+                anchors.verticalCenter: parent.verticalCenter
+                objectName: "counter"
+                text: qsTr("%1 / %2").arg(pane.editor.tiles.count).arg(pane.editor.slotCount)
+                font: Look.fonts.ui(Look.Footnote, Look.Semibold)
+                color: pane.editor.isFull ? Look.warningText : Look.secondaryText
+                Accessible.role: Accessible.StaticText
+                Accessible.name: qsTr("%1 of %2 keys").arg(pane.editor.tiles.count).arg(pane.editor.slotCount)
+            }
+
+            Row {
+                anchors.right: parent.right
+                anchors.rightMargin: Look.Gap24
+                spacing: Look.Gap4
+
+                ToolButton {
+                    id: undo
+
+                    symbolName: "arrow.counterclockwise"
+                    text: qsTr("Undo")
+                    keys: "Ctrl+Z"
+                    enabled: pane.editor.canUndo
+                    onClicked: pane.editor.undo()
+                }
+                ToolButton {
+                    symbolName: "arrow.clockwise"
+                    text: qsTr("Redo")
+                    keys: "Ctrl+Shift+Z"
+                    enabled: pane.editor.canRedo
+                    onClicked: pane.editor.redo()
+                }
+                PillButton {
+                    id: reset
+
+                    text: qsTr("Reset to default")
+                    font: Look.fonts.ui(Look.Footnote, Look.Medium)
+                    enabled: !pane.editor.isSaving && !pane.editor.isLoading
+                    busy: pane.editor.isResetting
+                    onClicked: pane.editor.reset()
+                }
+            }
+        }
+
+        Text {
+            x: Look.Gap16
+            width: parent.width - 2 * x
+            text: qsTr("Drag a card onto the iPhone, or click a card to add it.")
+            font: Look.fonts.ui(pane.isLow ? Look.Caption2 : Look.Caption)
+            color: Look.secondaryText
+            wrapMode: Text.WordWrap
+        }
+        Text {
+            x: Look.Gap16
+            width: parent.width - 2 * x
+            text: qsTr("The phone preview is live —") + " <b>" + qsTr("Save to iPhone") + "</b> " + qsTr("pushes it over LAN instantly")
+            textFormat: Text.StyledText
+            font: Look.fonts.ui(pane.isLow ? Look.Caption2 : Look.Caption)
+            color: Look.secondaryText
+            wrapMode: Text.WordWrap
+        }
+        Text {
+            x: Look.Gap16
+            width: parent.width - 2 * x
+            visible: pane.editor.selectedCategory !== "streaming"
+            text: qsTr("The iPhone shows the Streaming deck only for now.")
+            font: Look.fonts.ui(pane.isLow ? Look.Caption2 : Look.Caption)
+            color: Look.warningText
+            wrapMode: Text.WordWrap
+        }
+    }
+}

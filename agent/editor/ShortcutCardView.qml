@@ -1,0 +1,11 @@
+import QtQuick
+import Glintboard.Editor
+
+// One of the user's Shortcuts.
+LibraryCard {
+    required subtitle
+    required symbolName
+    required iconSource
+    required accent
+    kind: "shortcut"
+}

@@ -1,0 +1,136 @@
+import QtQuick
+import Glintboard.Editor
+import Glintboard.UI
+
+// The user's Shortcuts, in every state of their listing.
+Item {
+    id: page
+
+    required property DeckEditorModel editor
+    required property DraggedKey dragged
+    readonly property ShortcutsLibrary shortcuts: page.editor.shortcuts
+    readonly property string loadState: page.shortcuts.loadState
+    readonly property alias grid: cards
+    readonly property bool isQuiet: page.loadState === "loaded" || (page.loadState === "loading" && cards.count > 0)
+
+    Column {
+        id: top
+
+        x: 6
+        width: parent.width - 2 * x
+        spacing: Look.Gap8
+
+        Item {
+            width: parent.width
+            height: actions.height
+
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                width: parent.width - actions.width - Look.Gap12
+                text: qsTr("The first run may ask for permission on your Mac.")
+                font: Look.fonts.ui(Look.Caption)
+                color: Look.secondaryText
+                wrapMode: Text.WordWrap
+            }
+
+            Row {
+                id: actions
+
+                anchors.right: parent.right
+                spacing: Look.Gap8
+
+                PillButton {
+                    text: qsTr("Open Shortcuts")
+                    symbolName: "arrow.up.forward.app"
+                    font: Look.fonts.ui(Look.Footnote, Look.Medium)
+                    onClicked: page.shortcuts.open()
+                }
+                PillButton {
+                    text: qsTr("Refresh")
+                    symbolName: "arrow.clockwise"
+                    font: Look.fonts.ui(Look.Footnote, Look.Medium)
+                    visible: page.loadState !== "failed"
+                    busy: page.loadState === "loading" && late.isLate
+                    onClicked: page.shortcuts.load()
+                }
+            }
+        }
+
+        SuggestedShortcut {
+            width: parent.width
+            visible: page.shortcuts.showsSuggested && page.editor.searchText === ""
+            shortcuts: page.shortcuts
+            warnings: page.editor.suggestedWarnings
+        }
+    }
+
+    LibraryGrid {
+        id: cards
+
+        objectName: "grid-shortcuts"
+        anchors.fill: parent
+        anchors.topMargin: top.height + Look.Gap8
+        visible: page.isQuiet
+        libraryName: qsTr("Shortcuts Library")
+        model: page.shortcuts.cards
+        dragged: page.dragged
+        onAdd: payload => page.editor.addShortcut(payload)
+
+        delegate: ShortcutCardView {}
+    }
+
+    // Progress shows only once the wait is worth speaking of.
+    Timer {
+        id: late
+
+        property bool isLate: false
+
+        interval: 300
+        running: page.loadState === "loading"
+        onRunningChanged: if (running) late.isLate = false
+        onTriggered: late.isLate = true
+    }
+
+    Item {
+        anchors.fill: cards
+
+        Spinner {
+            anchors.centerIn: parent
+            size: 28
+            running: page.loadState === "loading" && late.isLate && cards.count === 0
+        }
+
+        EmptyLibrary {
+            anchors.centerIn: parent
+            width: parent.width
+            visible: page.loadState === "empty"
+            symbolName: "rectangle.grid.2x2"
+            title: qsTr("No Shortcuts yet")
+            text: qsTr("Create one in Shortcuts, then refresh.")
+        }
+
+        EmptyLibrary {
+            anchors.centerIn: parent
+            width: parent.width
+            visible: page.loadState === "failed"
+            isError: true
+            symbolName: "exclamationmark.triangle.fill"
+            title: qsTr("Shortcuts could not be listed")
+            text: page.shortcuts.loadMessage
+
+            PillButton {
+                objectName: "retry"
+                kind: PillButton.Primary
+                text: qsTr("Retry")
+                onClicked: page.shortcuts.load()
+            }
+        }
+
+        EmptyLibrary {
+            anchors.centerIn: parent
+            width: parent.width
+            visible: page.loadState === "loaded" && cards.count === 0 && page.editor.searchText !== ""
+            title: qsTr("No matches")
+        }
+    }
+}

@@ -1,0 +1,51 @@
+import QtQuick
+import QtQuick.Templates as T
+import Glintboard.Editor
+import Glintboard.UI
+
+// A small button that shows a symbol and says what it does to whoever rests on it.
+T.Button {
+    id: control
+
+    required property string symbolName
+    // Part of the tip alone: the keys that do the same.
+    property string keys: ""
+
+    implicitWidth: 32
+    implicitHeight: 32
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+    opacity: control.enabled ? 1 : 0.35
+
+    Accessible.role: Accessible.Button
+    Accessible.name: control.text
+    Accessible.description: control.keys
+
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
+
+    HelpText {
+        target: control
+        text: control.keys === "" ? control.text : control.text + "  " + control.keys
+    }
+
+    contentItem: Item {
+        Symbol {
+            anchors.centerIn: parent
+            name: control.symbolName
+            color: Look.text
+            size: 16
+        }
+    }
+
+    background: Rectangle {
+        radius: height / 2
+        color: control.down ? Look.pressed : control.hovered && control.enabled ? Look.hover : "transparent"
+
+        FocusRing {
+            target: control
+            anchors.margins: 0
+            radius: parent.radius
+        }
+    }
+}

@@ -1,0 +1,171 @@
+// Cards and keys under the pointer.
+#include <QDropEvent>
+#include <QMimeData>
+
+#include "tests/editor/editor_window.h"
+
+namespace glintboard {
+namespace {
+
+using DragTest = test::EditorWindowTest;
+
+TEST_F(DragTest, ACardLandsInTheFirstSlotAndTheOthersMakeRoom) {
+  storeDeck({app("files", "Files"), app("music", "Music")});
+  open();
+  const QPoint from = card("Calendar");
+  QTest::mousePress(window, Qt::LeftButton, {}, from);
+  moveTo(from, slot(0));
+  settle();
+  EXPECT_EQ(model->dropTargetIndex(), 0);
+  EXPECT_TRUE(model->isDeckDragActive());
+  EXPECT_GE(keyItem("Files")->x(), keyItem("Files")->width()) << "it has made room";
+  EXPECT_EQ(model->tiles().size(), 2U) << "nothing has happened yet";
+  QTest::mouseRelease(window, Qt::LeftButton, {}, slot(0));
+  settle();
+  EXPECT_EQ(shown(), "Calendar, Files, Music");
+  EXPECT_EQ(model->tiles().front().bundleId, "calendar");
+  EXPECT_EQ(model->dropTargetIndex(), -1);
+  EXPECT_FALSE(model->isDeckDragActive());
+}
+
+TEST_F(DragTest, AKeyGoesWhereItIsDroppedOrBackWhenItIsNowhere) {
+  storeDeck({app("calendar", "Calendar"), app("files", "Files"), app("music", "Music"),
+             app("notes", "Notes")});
+  open();
+  drag(key("Calendar"), slot(2));
+  EXPECT_EQ(shown(), "Files, Music, Calendar, Notes");
+  drag(key("Notes"), slot(0));
+  EXPECT_EQ(shown(), "Notes, Files, Music, Calendar");
+  drag(key("Notes"), slot(17));
+  EXPECT_EQ(shown(), "Files, Music, Calendar, Notes") << "beyond the last key is the end";
+  drag(key("Files"), QPoint(300, 400));
+  EXPECT_EQ(shown(), "Files, Music, Calendar, Notes");
+  // A card whose key is there moves the key.
+  drag(card("Notes"), slot(1));
+  EXPECT_EQ(shown(), "Files, Notes, Music, Calendar");
+  EXPECT_TRUE(model->errorMessage().isEmpty());
+}
+
+// What a file manager or a launcher drags over the window.
+TEST_F(DragTest, ALauncherFromTheDesktopAddsItsApplication) {
+  storeDeck({app("files", "Files"), app("music", "Music")});
+  open();
+  const auto dragged = [&](const QMimeData& data, QPoint at) {
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &enter);
+    QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &move);
+    settle();
+    const int target = model->dropTargetIndex();
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &drop);
+    settle();
+    EXPECT_FALSE(model->isDeckDragActive());
+    return std::pair(target, drop.isAccepted());
+  };
+  const auto launcher = stage.desktop.root / "system/applications/notes.desktop";
+  QMimeData launchers;
+  launchers.setUrls({QUrl::fromLocalFile(QString::fromStdString(launcher.string()))});
+  EXPECT_EQ(dragged(launchers, slot(1)), std::pair(1, true));
+  EXPECT_EQ(shown(), "Files, Notes, Music");
+  EXPECT_EQ(dragged(launchers, slot(5)), std::pair(5, true)) << "the same again moves it";
+  EXPECT_EQ(shown(), "Files, Music, Notes");
+
+  QMimeData photo;
+  photo.setUrls({QUrl("file:///tmp/photo.png")});
+  EXPECT_EQ(dragged(photo, slot(0)).second, false);
+  QMimeData text;
+  text.setText("calendar");
+  EXPECT_EQ(dragged(text, slot(0)), std::pair(0, true));
+  QMimeData image;
+  image.setImageData(QImage(1, 1, QImage::Format_RGB32));
+  EXPECT_EQ(dragged(image, slot(0)), std::pair(-1, false));
+  EXPECT_EQ(shown(), "Calendar, Files, Music, Notes");
+}
+
+TEST_F(DragTest, EscapeEndsADragAndLeavesTheWindowOpen) {
+  storeDeck({app("files", "Files")});
+  open();
+  const QPoint from = card("Music");
+  QTest::mousePress(window, Qt::LeftButton, {}, from);
+  moveTo(from, slot(0));
+  press(Qt::Key_Escape);
+  QTest::mouseRelease(window, Qt::LeftButton, {}, slot(0));
+  settle();
+  EXPECT_EQ(shown(), "Files");
+  EXPECT_EQ(model->dropTargetIndex(), -1);
+  ASSERT_NE(window, nullptr);
+  press(Qt::Key_Escape);
+  EXPECT_TRUE(stage.turnUntil([&] { return window == nullptr; })) << "as Cancel does";
+}
+
+TEST_F(DragTest, AFullDeckTakesNothingButMovesItsKeys) {
+  std::vector<DeckTile> tiles;
+  for (int i = 0; i < 24; ++i) {
+    const auto id = "app" + std::to_string(i);
+    stage.app(id, "App " + std::to_string(i), "plus", i * 15);
+    tiles.push_back(DeckTile::app(0, "App " + std::to_string(i), id));
+  }
+  storeDeck(tiles);
+  open();
+  EXPECT_EQ(item("counter")->property("text"), "24 / 24");
+  model->setSearchText("Cal");
+  settle();
+  click(card("Calendar"));
+  drag(card("Calendar"), slot(0));
+  EXPECT_EQ(model->tiles().size(), 24U);
+  EXPECT_EQ(model->tiles().front().label, "App 0");
+  drag(key("App 23"), slot(0));
+  EXPECT_EQ(model->tiles().front().label, "App 23");
+  EXPECT_EQ(model->tiles().size(), 24U);
+}
+
+TEST_F(DragTest, APressWithoutADragAddsACardAndADuplicateSaysSo) {
+  storeDeck({});
+  open();
+  click(card("Calendar"));
+  settle();
+  EXPECT_EQ(shown(), "Calendar");
+  click(card("Calendar"));
+  settle();
+  EXPECT_EQ(item("error")->property("message"), "calendar is already on the deck.");
+  EXPECT_TRUE(item("error")->isVisible());
+  click(card("Files"));
+  settle();
+  EXPECT_FALSE(item("error")->isVisible());
+  EXPECT_EQ(shown(), "Calendar, Files");
+}
+
+TEST_F(DragTest, TheBadgeOfAHoveredKeyRemovesItAndUndoBringsItBack) {
+  storeDeck({app("files", "Files"), app("music", "Music")});
+  open();
+  auto* badge = keyItem("Music")->findChild<QQuickItem*>("remove");
+  ASSERT_NE(badge, nullptr);
+  EXPECT_FALSE(badge->isVisible());
+  QTest::mouseMove(window, key("Music"));
+  EXPECT_TRUE(stage.turnUntil([&] { return badge->isVisible(); }));
+  click(middleOf(badge));
+  settle();
+  EXPECT_EQ(shown(), "Files");
+  press(Qt::Key_Z, Qt::ControlModifier);
+  settle();
+  EXPECT_EQ(shown(), "Files, Music");
+}
+
+TEST_F(DragTest, KeysWobbleOnlyWhileThePointerIsOnThePhoneAndNeverUnderReducedMotion) {
+  storeDeck({app("files", "Files")});
+  for (const bool reduced : {false, true}) {
+    open({.reducedMotion = reduced});
+    auto* mover = keyItem("Files")->findChild<QObject*>("wobble");
+    ASSERT_NE(mover, nullptr);
+    EXPECT_FALSE(mover->property("isActive").toBool());
+    QTest::mouseMove(window, slot(9));
+    settle();
+    EXPECT_EQ(mover->property("isActive").toBool(), !reduced);
+    stage.presenter->close();
+    stage.turnUntil([&] { return window == nullptr; });
+  }
+}
+
+}  // namespace
+}  // namespace glintboard

@@ -1,0 +1,124 @@
+// The editor without a pointer.
+#include "tests/editor/editor_window.h"
+
+namespace glintboard {
+namespace {
+
+class EditorKeyboardTest : public test::EditorWindowTest {
+ protected:
+  void tabTo(const QString& name) {
+    for (int i = 0; i < 30 && !item(name)->hasActiveFocus(); ++i) {
+      press(Qt::Key_Tab);
+    }
+    ASSERT_TRUE(item(name)->hasActiveFocus()) << name.toStdString();
+  }
+};
+
+TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
+  storeDeck({});
+  open();
+  press(Qt::Key_F, Qt::ControlModifier);
+  type("no");
+  EXPECT_EQ(model->searchText(), "no");
+  press(Qt::Key_Down);
+  press(Qt::Key_Return);
+  settle();
+  EXPECT_EQ(shown(), "Notes");
+  press(Qt::Key_F, Qt::ControlModifier);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(model->searchText(), "") << "clears the search before it closes anything";
+  press(Qt::Key_Down);
+  press(Qt::Key_Home);
+  press(Qt::Key_Space);
+  press(Qt::Key_Right);
+  press(Qt::Key_Enter);
+  settle();
+  EXPECT_EQ(shown(), "Notes, Calendar, Files");
+
+  tabTo("phone");
+  press(Qt::Key_Home);
+  press(Qt::Key_Right, Qt::ControlModifier);
+  settle();
+  EXPECT_EQ(shown(), "Calendar, Notes, Files");
+  press(Qt::Key_Right);
+  press(Qt::Key_Delete);
+  settle();
+  EXPECT_EQ(shown(), "Calendar, Notes");
+  press(Qt::Key_Z, Qt::ControlModifier);
+  settle();
+  EXPECT_EQ(shown(), "Calendar, Notes, Files");
+  press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  settle();
+  EXPECT_EQ(shown(), "Calendar, Notes");
+  press(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(stage.turnUntil([&] { return stage.announcements == 1; }));
+  EXPECT_EQ(model->syncLabel(), "Synced");
+}
+
+TEST_F(EditorKeyboardTest, KeysMoveByRows) {
+  std::vector<DeckTile> tiles;
+  for (int i = 0; i < 9; ++i) {
+    const auto id = "app" + std::to_string(i);
+    stage.app(id, id, "plus", i * 15);
+    tiles.push_back(DeckTile::app(0, id, id));
+  }
+  storeDeck(tiles);
+  open();
+  tabTo("phone");
+  press(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(model->tiles()[4].label, "app0");
+  press(Qt::Key_Up);
+  press(Qt::Key_Up);
+  EXPECT_EQ(item("phone")->property("currentIndex"), 0);
+  press(Qt::Key_End);
+  press(Qt::Key_Down);
+  EXPECT_EQ(item("phone")->property("currentIndex"), 8);
+  press(Qt::Key_Delete);
+  EXPECT_EQ(item("phone")->property("currentIndex"), 7) << "the last key is chosen again";
+}
+
+TEST_F(EditorKeyboardTest, TheNameIsEditedInPlaceAndUndoneWithTheRest) {
+  storeDeck({app("files", "Files")});
+  open();
+  tabTo("name");
+  press(Qt::Key_A, Qt::ControlModifier);
+  type("Live");
+  EXPECT_EQ(model->deckName(), "Live");
+  EXPECT_EQ(model->syncLabel(), "Unsaved");
+  press(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(model->deckName(), "On Air");
+  EXPECT_EQ(item("name")->property("text"), "On Air");
+  EXPECT_EQ(model->syncLabel(), "Synced");
+}
+
+TEST_F(EditorKeyboardTest, EveryControlHasANameAndARole) {
+  storeDeck({app("files", "Files")});
+  open();
+  QAccessible::setActive(true);
+  QStringList names;
+  const std::function<void(QAccessibleInterface*)> walk = [&](QAccessibleInterface* node) {
+    for (int i = 0; i < node->childCount(); ++i) {
+      auto* child = node->child(i);
+      if (child == nullptr || child->state().invisible) {
+        continue;
+      }
+      const auto role = child->role();
+      if (child->state().focusable || role == QAccessible::Button) {
+        EXPECT_NE(child->text(QAccessible::Name), "")
+            << child->object()->metaObject()->className() << " of role " << role;
+      }
+      names.append(child->text(QAccessible::Name));
+      walk(child);
+    }
+  };
+  walk(QAccessible::queryAccessibleInterface(window.data()));
+  for (const auto* name :
+       {"Deck", "Deck name", "Cancel", "Save to iPhone", "App Library", "Action Library",
+        "Shortcuts Library", "Search installed apps", "Calendar", "Keys on the iPhone", "Files",
+        "Undo", "Redo", "Reset to default", "1 of 24 keys", "Synced"}) {
+    EXPECT_TRUE(names.contains(name)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace glintboard

@@ -1,0 +1,13 @@
+// The editor's window needs an application object; it is drawn in memory, as on every machine.
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QUICK_BACKEND", "software");
+  testing::InitGoogleTest(&argc, argv);
+  const QGuiApplication application(argc, argv);
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,95 @@
+// From an empty deck to one that a phone has received.
+#include "agent/shell/agent_services.h"
+#include "tests/editor/editor_window.h"
+#include "tests/support/test_agent.h"
+#include "tools/phone/agent_session.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+using EditorSessionTest = test::EditorWindowTest;
+
+TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
+  test::TestAgent agent;
+  agent.desktop.installed = {"calendar", "files"};
+  AgentServices services(agent.environment(), stage.store);
+  agent.run(services.listenerService().start());
+  ASSERT_TRUE(
+      test::eventually([&] { return agent.run(services.listenerService().state()).isRunning; }));
+  const auto pin = agent.run(services.pairingService().state()).currentPIN;
+  const auto paired = agent.run(services.pairingService().handlePairRequest(
+      {PairingMethod::pin, pin, "Phone", randomUuid()}, randomUuid()));
+  phone::AgentSession phone(
+      phone::PhoneConnection({"127.0.0.1", agent.port},
+                             std::get<WireMessage<PairOKPayload>>(paired).payload.token,
+                             std::chrono::steady_clock::now() + 5s),
+      5s);
+  phone.sync();
+  stage.phone = true;
+  stage.onSaved = [&] { return services.listenerService().pushDecksSnapshot(); };
+
+  storeDeck({}, "Empty");
+  open();
+  click(card("Files"));
+  settle();
+  drag(card("Calendar"), slot(0));
+  click("tab-actions");
+  settle();
+  click(card("Mute"));
+  click("tab-shortcuts");
+  settle();
+  drag(card("Tidy up"), slot(2));
+  EXPECT_EQ(shown(), "Calendar, Files, Tidy up, Mute");
+  EXPECT_FALSE(model->syncIsLive());
+  click("save");
+  EXPECT_TRUE(stage.turnUntil([&] { return window == nullptr; })) << "a phone has it";
+
+  std::string received;
+  for (;;) {
+    const auto message = phone.receive(std::chrono::steady_clock::now() + 5s);
+    ASSERT_TRUE(message);
+    if (isOfType(*message, MessageType::decksSnapshot)) {
+      for (const auto& tile :
+           phone::payloadOf<DecksSnapshotPayload>(*message).decks.front().tiles) {
+        received += std::to_string(tile.slot) + " " + tile.label + ", ";
+      }
+      break;
+    }
+  }
+  EXPECT_EQ(received, "1 Calendar, 2 Files, 3 Tidy up, 4 Mute, ");
+  agent.run(services.listenerService().shutDown());
+}
+
+TEST_F(EditorSessionTest, SavingWithoutAPhoneKeepsTheWindowAndSaysWhatIsMissing) {
+  storeDeck({app("files", "Files")});
+  open();
+  click(card("Music"));
+  click("save");
+  ASSERT_TRUE(stage.turnUntil([&] { return !model->infoMessage().isEmpty(); }));
+  settle();
+  EXPECT_EQ(item("info")->property("message"),
+            QString::fromUtf8("Saved on Mac \u2014 connect iPhone to update."));
+  EXPECT_TRUE(item("info")->isVisible());
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(item("status")->property("syncLabel"), "Synced");
+  press(Qt::Key_Z, Qt::ControlModifier);
+  settle();
+  EXPECT_EQ(shown(), "Files") << "a save can be undone";
+  EXPECT_EQ(item("status")->property("syncLabel"), "Unsaved");
+}
+
+TEST_F(EditorSessionTest, AWindowClosedInTheMiddleOfASaveFinishesIt) {
+  storeDeck({app("files", "Files")});
+  open();
+  click(card("Music"));
+  click("save");
+  stage.presenter->close();
+  model.reset();
+  EXPECT_TRUE(stage.turnUntil([&] { return stage.announcements == 1; }));
+  open();
+  EXPECT_EQ(shown(), "Files, Music");
+}
+
+}  // namespace
+}  // namespace glintboard

@@ -1,0 +1,139 @@
+// What the window says in its states.
+#include "tests/editor/editor_window.h"
+
+namespace glintboard {
+namespace {
+
+class EditorStatesTest : public test::EditorWindowTest {
+ protected:
+  // The texts that can be read now.
+  QStringList texts() const { return textsOf(window->rootObject()); }
+  static QStringList textsOf(QQuickItem* root) {
+    QStringList all;
+    for (auto* child : root->childItems()) {
+      if (!child->isVisible() || child->opacity() == 0) {
+        continue;
+      }
+      if (child->inherits("QQuickText")) {
+        all.append(child->property("text").toString());
+      }
+      all += textsOf(child);
+    }
+    return all;
+  }
+  void expect(const QStringList& wanted) const {
+    const QStringList read = texts();
+    for (const auto& text : wanted) {
+      EXPECT_TRUE(read.contains(text)) << text.toStdString();
+    }
+  }
+};
+
+TEST_F(EditorStatesTest, LoadsWithoutWarningsInEveryAppearance) {
+  storeDeck({app("files", "Files")});
+  for (const bool dark : {false, true}) {
+    open({dark, dark, dark, dark ? 1.5 : 1});
+    for (const auto* tab : {"actions", "shortcuts", "apps"}) {
+      model->setLibraryTab(tab);
+      settle();
+      EXPECT_FALSE(window->grabWindow().isNull());
+    }
+    const QImage before = window->grabWindow();
+    stage.presenter->setAppearance({.dark = !dark});
+    settle();
+    EXPECT_FALSE(window->grabWindow() == before) << "an open window follows the appearance";
+    window->resize(860, 600);
+    settle();
+    stage.presenter->close();
+    stage.turnUntil([&] { return window == nullptr; });
+  }
+}
+
+TEST_F(EditorStatesTest, AFailedListingSaysWhyAndRetryListsAgain) {
+  stage.listShortcuts("echo 'no answer' >&2; exit 1");
+  storeDeck({});
+  open();
+  click("tab-shortcuts");
+  settle();
+  expect({"Could not list Shortcuts: no answer", "Retry", "Open Shortcuts"});
+  stage.listShortcuts("true");
+  click("retry");
+  ASSERT_TRUE(stage.turnUntil(
+      [&] { return model->shortcuts()->loadState() == ShortcutsLoadState::empty; }));
+  settle();
+  expect({"Create one in Shortcuts, then refresh.", "Refresh", "Suggested",
+          "Voice prompt in Cursor",
+          QString::fromUtf8("Create \u201cGlintboard \u2014 Voice in Cursor\u201d in Shortcuts "
+                            "(open Cursor, then start Wispr Flow). No Ask for Input steps."),
+          QString::fromUtf8("Cursor isn\u2019t installed. Wispr Flow isn\u2019t installed."),
+          "The first run may ask for permission on your Mac."});
+}
+
+TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
+  storeDeck({});
+  open();
+  click("tab-shortcuts");
+  settle();
+  click(card("Brew"));
+  settle();
+  EXPECT_TRUE(item("tip")->isVisible());
+  click("tip-done");
+  settle();
+  EXPECT_FALSE(item("tip")->isVisible());
+  click(card("Tidy up"));
+  settle();
+  EXPECT_FALSE(item("tip")->isVisible());
+  EXPECT_EQ(shown(), "Brew, Tidy up");
+}
+
+TEST_F(EditorStatesTest, ASearchWithoutAMatchSaysSoInEveryLibrary) {
+  storeDeck({});
+  open();
+  for (const auto* tab : {"tab-apps", "tab-actions", "tab-shortcuts"}) {
+    click(tab);
+    model->setSearchText("zzz");
+    settle();
+    expect({"No matches"});
+    model->setSearchText("");
+  }
+}
+
+TEST_F(EditorStatesTest, AnotherCategoryDiscardsUnsavedEdits) {
+  storeDeck({app("files", "Files")});
+  open();
+  click(card("Music"));
+  settle();
+  EXPECT_EQ(item("status")->property("syncLabel"), "Unsaved");
+  item("category")->forceActiveFocus(Qt::TabFocusReason);
+  press(Qt::Key_Down);
+  EXPECT_TRUE(stage.turnUntil([&] { return !model->isLoading(); }));
+  settle();
+  EXPECT_EQ(model->selectedCategory(), "gaming");
+  expect({"The iPhone shows the Streaming deck only for now.", "0 / 24"});
+  press(Qt::Key_Up);
+  EXPECT_TRUE(stage.turnUntil([&] { return !model->isLoading(); }));
+  settle();
+  EXPECT_EQ(shown(), "Files");
+  EXPECT_EQ(item("status")->property("syncLabel"), "Synced");
+  EXPECT_FALSE(texts().contains("The iPhone shows the Streaming deck only for now."));
+}
+
+TEST_F(EditorStatesTest, TheNextWindowStartsAfreshAndAnOpenOneComesToTheFront) {
+  storeDeck({app("files", "Files")});
+  open();
+  stage.presenter->show();
+  EXPECT_EQ(stage.presenter->window(), window) << "one window at a time";
+  model->setLibraryTab("actions");
+  model->remove(0);
+  const std::weak_ptr<DeckEditorModel> first = std::exchange(model, nullptr);
+  press(Qt::Key_Escape);
+  ASSERT_TRUE(stage.turnUntil([&] { return window == nullptr; }));
+  EXPECT_EQ(stage.presenter->model(), nullptr);
+  EXPECT_TRUE(stage.turnUntil([&] { return first.expired(); })) << "nothing of it is left";
+  open();
+  EXPECT_EQ(model->libraryTab(), "apps");
+  EXPECT_EQ(shown(), "Files");
+}
+
+}  // namespace
+}  // namespace glintboard
