@@ -74,7 +74,7 @@ FocusScope {
         color: Look.shadow
     }
 
-    Rectangle {
+    PanelGround {
         id: panel
 
         readonly property real solidity: view.translucent && view.popover && !Look.increasedContrast ? 0.95 : 1
@@ -84,19 +84,9 @@ FocusScope {
         width: view.width - 2 * view.margin
         height: (view.popover ? view.shownHeight : view.height) - 2 * view.margin
         radius: view.margin > 0 ? Look.PanelRadius : 0
-        border.width: view.popover ? 1 / Screen.devicePixelRatio : 0
-        border.color: Look.stroke
-
-        gradient: Gradient {
-            GradientStop {
-                position: 0
-                color: Look.faded(Look.windowTop, panel.solidity)
-            }
-            GradientStop {
-                position: 1
-                color: Look.faded(Look.windowBottom, panel.solidity)
-            }
-        }
+        topColor: Look.faded(Look.windowTop, panel.solidity)
+        bottomColor: Look.faded(Look.windowBottom, panel.solidity)
+        strokeColor: view.popover ? Look.stroke : "transparent"
 
         MouseArea {
             anchors.fill: parent

@@ -54,7 +54,7 @@ class MenuView : public QQuickWindow {
 
   MenuStyle style_;
   std::optional<QPoint> anchor_;  // on the window's screen
-  bool hasHadFocus_ = false;  // since it was opened
+  bool hasHadFocus_ = false;      // since it was opened
   QQmlEngine engine_;
   std::unique_ptr<QQuickItem> root_;
 };

@@ -27,7 +27,7 @@ TEST(PopoverPlacement, OpensBesideThePanelAndStaysOnTheScreen) {
       {"left of a panel", QPoint(980, 400), screen, right, {652, 200}},
       {"not beyond the edge", QPoint(990, 15), screen, top, {692, 38}},
       {"a panel that takes no room", QPoint(600, 10), screen, screen, {450, 18}},
-      {"on another screen", QPoint(1990, 785), second, second, {1692, 377}},
+      {"on another screen", QPoint(1900, 785), second, second, {1692, 377}},
       {"corner by the top panel", std::nullopt, screen, top, {692, 38}},
       {"corner by the bottom panel", std::nullopt, screen, bottom, {692, 362}},
       {"corner by the left panel", std::nullopt, screen, left, {48, 392}},

@@ -82,7 +82,8 @@ MenuState failed() {
   MenuState state = paired();
   state.status = ConnectionStatus::failed;
   state.statusText = QStringLiteral("Connection failed");
-  state.listenerError = QStringLiteral("Port 8787 is already in use");
+  state.listenerError =
+      QStringLiteral("Port 9847 is already in use. Quit the other Glintboard Agent first.");
   return state;
 }
 

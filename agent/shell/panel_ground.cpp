@@ -1,0 +1,27 @@
+#include "agent/shell/panel_ground.h"
+
+#include <QPainter>
+
+namespace glintboard {
+
+PanelGround::PanelGround(QQuickItem* parent) : QQuickPaintedItem(parent) {
+  connect(this, &PanelGround::changed, this, [this] { update(); });
+}
+
+void PanelGround::paint(QPainter* painter) {
+  const qreal hairline = 1 / painter->device()->devicePixelRatio();
+  QLinearGradient ground(0, 0, 0, height());
+  ground.setColorAt(0, top_);
+  ground.setColorAt(1, bottom_);
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(ground);
+  painter->drawRoundedRect(boundingRect(), radius_, radius_);
+  const qreal half = hairline / 2;
+  painter->setPen(QPen(stroke_, hairline));
+  painter->setBrush(Qt::NoBrush);
+  painter->drawRoundedRect(boundingRect().adjusted(half, half, -half, -half), radius_ - half,
+                           radius_ - half);
+}
+
+}  // namespace glintboard
