@@ -101,8 +101,14 @@ T.Control {
             if (area.drag.active)
                 card.liftCard();
         }
-        onReleased: card.dragged.drop(card)
-        onCanceled: card.dragged.giveUp(card)
+        onReleased: {
+            area.preventStealing = true;
+            card.dragged.drop(card);
+        }
+        onCanceled: {
+            area.preventStealing = true;
+            card.dragged.giveUp(card);
+        }
         onClicked: card.add()
     }
 }
