@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "agent/connection/single_instance_guard.h"
+#include "agent/editor/deck_editor_window_presenter.h"
 #include "agent/pairing/keychain_paired_device_store.h"
 #include "agent/shell/agent_view_model.h"
 #include "agent/shell/desktop_shell.h"
@@ -80,19 +81,37 @@ class AgentApp {
 
  private:
   void showOnDesktop() {
+    editor_ = std::make_unique<DeckEditorWindowPresenter>(editorInputs());
     menu_ = std::make_unique<MenuBarController>(
-        viewModel_,
-        MenuActions{[this] { log::info("the decks are in ", deckStore_.storageURL().string()); },
-                    [this] { stop(); }});
+        viewModel_, MenuActions{[this] { editor_->show(); }, [this] { stop(); }});
     menuWindow_ = std::make_unique<MenuWindow>(menu_->model());
     desktop_ = std::make_unique<DesktopShell>(viewModel_, *menuWindow_);
     const auto followAppearance = [this] {
       const DesktopAppearance wanted = desktop_->appearance();
-      menuWindow_->setAppearance(
-          {wanted.dark, wanted.increasedContrast, wanted.reducedMotion, wanted.textScale});
+      const Appearance appearance{wanted.dark, wanted.increasedContrast, wanted.reducedMotion,
+                                  wanted.textScale};
+      menuWindow_->setAppearance(appearance);
+      editor_->setAppearance(appearance);
     };
     QObject::connect(desktop_.get(), &DesktopShell::appearanceChanged, followAppearance);
     followAppearance();
+  }
+
+  DeckEditorInputs editorInputs() {
+    AgentServices& services = viewModel_.services();
+    const AgentEnvironment& desktop = services.environment();
+    return {
+        .mainThread = mainThread_.executor(),
+        .timers = executors_.service(),
+        .workers = executors_.workers(),
+        .deckStore = deckStore_,
+        .workspace = desktop.workspace,
+        .appsCatalog = InstalledAppsCatalog(executors_.workers(), platform_.applicationListClient(),
+                                            desktop.applicationIcons),
+        .shortcutsCatalog = ShortcutsCatalog(desktop.shortcutsExecutable, desktop.processRunner),
+        .shortcutIconProvider = services.shortcutIconProvider(),
+        .isPhoneConnected = [this] { return viewModel_.hasConnectedPhone(); },
+        .onSaved = [this] { return viewModel_.services().listenerService().pushDecksSnapshot(); }};
   }
 
   static Awaitable<> obeySignals(AgentApp* app) {
@@ -123,6 +142,7 @@ class AgentApp {
   // With a display.
   std::unique_ptr<MenuBarController> menu_;
   std::unique_ptr<MenuWindow> menuWindow_;
+  std::unique_ptr<DeckEditorWindowPresenter> editor_;
   std::unique_ptr<DesktopShell> desktop_;
   // Without one.
   std::unique_ptr<TextMenu> textMenu_;

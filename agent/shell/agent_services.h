@@ -48,6 +48,7 @@ class AgentServices {
 
   PairingService& pairingService() { return pairingService_; }
   ListenerService& listenerService() { return *listenerService_; }
+  ShortcutIconProvider& shortcutIconProvider() { return shortcutIconProvider_; }
   const AgentEnvironment& environment() const { return environment_; }
 
  private:
