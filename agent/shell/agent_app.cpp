@@ -5,6 +5,7 @@
 
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 #include <boost/asio/signal_set.hpp>
@@ -162,11 +163,26 @@ class Application {
       QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
     }
     qt_.emplace(count_, arguments_.data());
+    holdFramePace();
   }
 
   static bool hasDisplay() { return QGuiApplication::platformName() != QLatin1String("offscreen"); }
 
  private:
+  // On X11 nothing holds the software renderer to the pace of a screen, but a variable that Qt
+  // reads with the first update of a window. What the agent launches is not to inherit it.
+  static void holdFramePace() {
+    constexpr auto variable = "QT_QPA_UPDATE_IDLE_TIME";  // milliseconds
+    if (QGuiApplication::platformName() == QLatin1String("xcb") &&
+        !qEnvironmentVariableIsSet(variable)) {
+      qputenv(variable, "14");
+      QWindow window;
+      window.create();
+      window.requestUpdate();
+      qunsetenv(variable);
+    }
+  }
+
   // Qt takes the first that it can start.
   static std::string listOf(const std::vector<std::string>& displays) {
     std::string list;
