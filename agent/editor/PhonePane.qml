@@ -18,7 +18,7 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         y: Look.Gap16
         width: implicitWidth
-        height: Math.min(720, pane.height - y - footer.height - Look.Gap12)
+        height: Math.min(720, footer.y - y - Look.Gap8)
         deckName: pane.editor.deckName
         tiles: pane.editor.tiles
         slotCount: pane.editor.slotCount

@@ -14,6 +14,7 @@ using namespace glintboard;
 std::vector<Scene> allScenes() {
   std::vector<Scene> scenes = menuScenes();
   std::ranges::move(editorScenes(), std::back_inserter(scenes));
+  std::ranges::move(galleryScenes(), std::back_inserter(scenes));
   return scenes;
 }
 

@@ -21,5 +21,7 @@ struct Scene {
 std::vector<Scene> menuScenes();
 // The deck editor in its states.
 std::vector<Scene> editorScenes();
+// What the windows share: every control, symbol and tile in its states.
+std::vector<Scene> galleryScenes();
 
 }  // namespace glintboard

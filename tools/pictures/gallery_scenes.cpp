@@ -1,5 +1,3 @@
-// Draws the gallery pages in both appearances: glintboard-ui-gallery FOLDER [SCALE].
-#include <QGuiApplication>
 #include <QPainter>
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -8,13 +6,13 @@
 #include <QTest>
 
 #include "protocol/deck_templates.h"
+#include "tools/pictures/scene.h"
 #include "ui/design/symbols.h"
 #include "ui/qml_engine.h"
 #include "ui/tile/tile_appearance.h"
 
+namespace glintboard {
 namespace {
-
-using namespace glintboard;
 
 constexpr const char* controls = R"(
 Rectangle {
@@ -138,8 +136,7 @@ QVariantList sampleKeys() {
   return keys;
 }
 
-bool grab(const char* source, const Appearance& appearance, const QVariantMap& properties,
-          const QString& file) {
+QImage grab(const char* source, const Appearance& appearance, const QVariantMap& properties) {
   QQmlEngine engine;
   prepareEngine(engine, appearance);
   QQmlComponent component(&engine);
@@ -150,40 +147,35 @@ bool grab(const char* source, const Appearance& appearance, const QVariantMap& p
       qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties)));
   if (!root) {
     qWarning("%s", qPrintable(component.errorString()));
-    return false;
+    return {};
   }
   root->setParentItem(window.contentItem());
   window.resize(root->size().toSize());
   window.show();
   QTest::qWait(400);
-  return window.grabWindow().save(file);
+  return window.grabWindow();
+}
+
+QImage drawControls(const Appearance& appearance) {
+  return grab(controls, appearance, {{"symbolNames", Symbols::names()}});
+}
+
+QImage drawTiles(const Appearance& appearance) {
+  return grab(tiles, appearance, {{"keys", sampleKeys()}, {"sampleIcon", sampleIcon()}});
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  if (argc < 2) {
-    qWarning("usage: glintboard-ui-gallery FOLDER [SCALE]");
-    return 2;
-  }
-  const QString folder = argv[1];
-  const QByteArray scale = argc > 2 ? argv[2] : "1";
-  // Drawn in memory, unless the environment asks for a display.
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-  }
-  qputenv("QT_SCALE_FACTOR", scale);
-  const QGuiApplication application(argc, argv);
-  bool good = true;
-  for (const bool dark : {false, true}) {
-    const QString end = QString(dark ? "-dark" : "-light") + "@" + scale + "x.png";
-    good = grab(controls, {dark, false, false, 1}, {{"symbolNames", Symbols::names()}},
-                folder + "/controls" + end) &&
-           good;
-    good = grab(tiles, {dark, false, false, 1},
-                {{"keys", sampleKeys()}, {"sampleIcon", sampleIcon()}}, folder + "/tiles" + end) &&
-           good;
-  }
-  return good ? 0 : 1;
+std::vector<Scene> galleryScenes() {
+  constexpr Appearance light;
+  constexpr Appearance dark{.dark = true};
+  return {
+      {"gallery-controls-light", 1, light, drawControls},
+      {"gallery-controls-dark", 1, dark, drawControls},
+      {"gallery-tiles-light", 1, light, drawTiles},
+      {"gallery-tiles-dark", 1, dark, drawTiles},
+      {"gallery-tiles-dark@2x", 2, dark, drawTiles},
+  };
 }
+
+}  // namespace glintboard
