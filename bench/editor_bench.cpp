@@ -91,7 +91,7 @@ void open(EditorStage& stage, const char* what) {
         first = first == 0 ? milliseconds(timer) : first;
         listed = listed == 0 && cardsAreThere ? milliseconds(timer) : listed;
       });
-  EditorStage::turnUntil([&] {
+  test::turnUntil([&] {
     cardsAreThere = stage.presenter->model()->apps()->cards()->count() == applications;
     return listed > 0;
   });
@@ -113,7 +113,7 @@ int main(int argc, char** argv) {
   furnish(stage);
   open(stage, "open, the first time");
   stage.presenter->close();
-  EditorStage::turnUntil([&] { return stage.presenter->window() == nullptr; });
+  test::turnUntil([&] { return stage.presenter->window() == nullptr; });
   open(stage, "open again");
 
   auto* window = stage.presenter->window();
@@ -134,7 +134,7 @@ int main(int argc, char** argv) {
   scroll("scroll while icons arrive");
   QElapsedTimer icons;
   icons.start();
-  EditorStage::turnUntil([&] { return stage.isLoaded(); }, 60000);
+  test::turnUntil([&] { return stage.isLoaded(); }, std::chrono::minutes(1));
   std::printf("%-28s %4.0f ms more\n", "all icons drawn", milliseconds(icons));
   scroll("scroll");
 

@@ -1,41 +1,26 @@
 // Joins the menu to the agent.
 #pragma once
 
-#include <QPointer>
-
 #include "agent/shell/menu_bar_model.h"
+#include "agent/shell/menu_commands.h"
 
 namespace glintboard {
 
-// What the menu asks of the application.
-struct MenuActions {
-  std::function<void()> editDeck;
-  std::function<void()> quit;
-};
-
-// Copies the view model's fields into the menu's model, and starts what is pressed without waiting
-// for it. Main thread.
-class MenuBarController : public QObject {
-  Q_OBJECT
-
+// Copies the view model's fields into the menu's model, and starts what is pressed there. Main
+// thread.
+class MenuBarController {
  public:
   // `viewModel` must outlive this, and what the menu has started.
   MenuBarController(AgentViewModel& viewModel, MenuActions actions);
 
   MenuBarModel& model() { return model_; }
-  void press(MenuCommand command);
 
  private:
-  void scheduleUpdate();
   void update();
-  void perform(Awaitable<> operation);
-  static Awaitable<> performed(QPointer<MenuBarController> controller, Awaitable<> operation);
 
   AgentViewModel& viewModel_;
-  MenuActions actions_;
+  MenuCommands commands_;
   MenuBarModel model_;
-  bool updateScheduled_ = false;
-  int commandsUnderWay_ = 0;
 };
 
 }  // namespace glintboard

@@ -3,13 +3,10 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <QTimer>
 #include <array>
 #include <cerrno>
 
 #include "agent/shell/qr_text.h"
-#include "platform/log.h"
-#include "platform/spawn.h"
 
 namespace glintboard {
 namespace {
@@ -40,16 +37,10 @@ TextMenu::TextMenu(AgentViewModel& viewModel, int input, int output, std::functi
     : viewModel_(viewModel),
       input_(input),
       output_(output),
-      quit_(std::move(quit)),
+      commands_(viewModel, {[this] { write(viewModel_.deckStore().storageURL().string() + "\n"); },
+                            std::move(quit)}),
       notifier_(input, QSocketNotifier::Read) {
-  for (const auto changed :
-       {&AgentViewModel::currentPINChanged, &AgentViewModel::pairingQRStringChanged,
-        &AgentViewModel::pairedDevicesChanged, &AgentViewModel::isLockedOutChanged,
-        &AgentViewModel::isListenerRunningChanged, &AgentViewModel::listenerErrorChanged,
-        &AgentViewModel::hasConnectedPhoneChanged, &AgentViewModel::shortcutCoachMessageChanged,
-        &AgentViewModel::isShowingPairingCodeChanged}) {
-    connect(&viewModel, changed, this, &TextMenu::schedulePrint);
-  }
+  connect(&commands_, &MenuCommands::changed, this, &TextMenu::print);
   connect(&notifier_, &QSocketNotifier::activated, this, &TextMenu::readInput);
 }
 
@@ -91,20 +82,11 @@ std::optional<MenuCommand> TextMenu::command(const AgentViewModel& viewModel, co
   return std::nullopt;
 }
 
-// Several fields often change in one turn; they make one block.
-void TextMenu::schedulePrint() {
-  if (!printScheduled_) {
-    printScheduled_ = true;
-    QTimer::singleShot(0, this, &TextMenu::print);
-  }
-}
-
 void TextMenu::print() {
-  printScheduled_ = false;
-  if (commandsUnderWay_ != 0) {
-    return;  // The last of them prints.
+  // The end of what is under way is a change too.
+  if (!commands_.isBusy()) {
+    write(block(viewModel_, ::isatty(output_) != 0));
   }
-  write(block(viewModel_, ::isatty(output_) != 0));
 }
 
 void TextMenu::readInput() {
@@ -121,47 +103,11 @@ void TextMenu::readInput() {
     const QString line = QString::fromUtf8(unread_.first(end)).trimmed();
     unread_.remove(0, end + 1);
     if (const auto pressed = command(viewModel_, line)) {
-      press(*pressed);
+      commands_.press(*pressed);
     }
   }
   if (unread_.size() > maxLine) {
     unread_.clear();
-  }
-}
-
-void TextMenu::perform(Awaitable<> operation) {
-  ++commandsUnderWay_;
-  spawn(viewModel_.executor(), performed(this, std::move(operation)), "menu");
-}
-
-Awaitable<> TextMenu::performed(QPointer<TextMenu> menu, Awaitable<> operation) {
-  try {
-    co_await std::move(operation);
-  } catch (const std::exception& error) {
-    log::warning("menu: ", error.what());
-  }
-  if (menu != nullptr) {
-    --menu->commandsUnderWay_;
-    menu->schedulePrint();
-  }
-}
-
-void TextMenu::press(MenuCommand command) {
-  switch (command) {
-    case MenuCommand::dismissHint:
-      return perform(viewModel_.dismissShortcutCoachMessage());
-    case MenuCommand::restartAgent:
-      return perform(viewModel_.restartListener());
-    case MenuCommand::editDeck:
-      return write(viewModel_.deckStore().storageURL().string() + "\n");
-    case MenuCommand::showPairingCode:
-      return perform(viewModel_.showPairingCode());
-    case MenuCommand::hidePairingCode:
-      return perform(viewModel_.hidePairingCode());
-    case MenuCommand::unpair:
-      return perform(viewModel_.unpair());
-    case MenuCommand::quit:
-      return quit_();
   }
 }
 

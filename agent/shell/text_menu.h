@@ -1,14 +1,12 @@
 // The menu of an agent without windows.
 #pragma once
 
-#include <QObject>
-#include <QPointer>
 #include <QSocketNotifier>
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "agent/shell/menu_content.h"
+#include "agent/shell/menu_commands.h"
 
 namespace glintboard {
 
@@ -27,23 +25,16 @@ class TextMenu : public QObject {
   static std::optional<MenuCommand> command(const AgentViewModel& viewModel, const QString& line);
 
  private:
-  void schedulePrint();
   void print();
-  // Does what a button says. Nothing is printed meanwhile: the fields need not fit together then.
-  void perform(Awaitable<> operation);
-  static Awaitable<> performed(QPointer<TextMenu> menu, Awaitable<> operation);
   void readInput();
-  void press(MenuCommand command);
   void write(std::string_view text) const;
 
   AgentViewModel& viewModel_;
   int input_;
   int output_;
-  std::function<void()> quit_;
+  MenuCommands commands_;
   QSocketNotifier notifier_;
   QByteArray unread_;
-  bool printScheduled_ = false;
-  int commandsUnderWay_ = 0;
 };
 
 }  // namespace glintboard

@@ -9,8 +9,8 @@ namespace glintboard {
 
 namespace {
 
-constexpr const char* kGnomeSettings = "org.gnome.desktop.interface";
-constexpr const char* kGnomeKey = "icon-theme";
+constexpr const char* gnomeSettings = "org.gnome.desktop.interface";
+constexpr const char* gnomeKey = "icon-theme";
 
 std::string fromFiles(const std::vector<std::filesystem::path>& files, const char* group,
                       const char* key, FileStamps& stamps) {
@@ -40,12 +40,12 @@ std::string fromGtk(const XdgFolders& folders, FileStamps& stamps) {
 std::string gnomeDefault() {
   auto* source = g_settings_schema_source_get_default();
   const GLibPointer<GSettingsSchema> schema(
-      source == nullptr ? nullptr : g_settings_schema_source_lookup(source, kGnomeSettings, TRUE));
+      source == nullptr ? nullptr : g_settings_schema_source_lookup(source, gnomeSettings, TRUE));
   // GLib ends a process that asks for a setting that is not described.
-  if (!schema || g_settings_schema_has_key(schema.get(), kGnomeKey) == 0) {
+  if (!schema || g_settings_schema_has_key(schema.get(), gnomeKey) == 0) {
     return "";
   }
-  const GLibPointer<GSettingsSchemaKey> key(g_settings_schema_get_key(schema.get(), kGnomeKey));
+  const GLibPointer<GSettingsSchemaKey> key(g_settings_schema_get_key(schema.get(), gnomeKey));
   const GLibPointer<GVariant> value(g_settings_schema_key_get_default_value(key.get()));
   return g_variant_get_string(value.get(), nullptr);
 }
@@ -72,7 +72,7 @@ std::string fromPortal() {
       calls.run([&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
         g_dbus_connection_call(bus.get(), "org.freedesktop.portal.Desktop",
                                "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings",
-                               "Read", g_variant_new("(ss)", kGnomeSettings, kGnomeKey),
+                               "Read", g_variant_new("(ss)", gnomeSettings, gnomeKey),
                                G_VARIANT_TYPE("(v)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, -1,
                                cancellable, callback, data);
       });

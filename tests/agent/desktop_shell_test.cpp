@@ -12,11 +12,13 @@
 #include "tests/platform/x_server.h"
 #include "tests/support/session_bus.h"
 #include "tests/support/test_agent.h"
+#include "tests/support/turn_until.h"
 
 namespace glintboard {
 namespace {
 
 using namespace std::chrono_literals;
+using test::turnUntil;
 
 struct RecordingMenu : MenuPresenter {
   void toggle(std::optional<QPoint> anchor) override {
@@ -51,19 +53,6 @@ class Shell {
     settle();
     viewModel_.reset();
     settle();
-  }
-
-  // Runs the event loop until `holds`, or gives up after a few seconds.
-  static bool turnUntil(const std::function<bool()>& holds, std::chrono::seconds limit = 10s) {
-    const auto end = std::chrono::steady_clock::now() + limit;
-    while (!holds()) {
-      if (std::chrono::steady_clock::now() > end) {
-        return false;
-      }
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-      QThread::msleep(1);
-    }
-    return true;
   }
 
   RecordingMenu menu;
@@ -124,7 +113,7 @@ TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
   const test::SessionBus bus;
   Shell shell("offscreen");
   std::optional<Watcher> tray(std::in_place);
-  ASSERT_TRUE(Shell::turnUntil([&] { return !tray->item().empty(); }));
+  ASSERT_TRUE(turnUntil([&] { return !tray->item().empty(); }));
   const auto item = tray->item();
   EXPECT_EQ(property(item, "Title"), "(<'Glintboard Agent'>,)\n");
   EXPECT_EQ(property(item, "ItemIsMenu"), "(<false>,)\n");
@@ -132,24 +121,24 @@ TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
   EXPECT_EQ(property(item, "IconPixmap").substr(0, 22), "(<[(16, 16, [byte 0x34");
 
   call(item, "org.kde.StatusNotifierItem.Activate 30 40");
-  EXPECT_TRUE(Shell::turnUntil([&] { return shell.menu.toggled == 1; }));
+  EXPECT_TRUE(turnUntil([&] { return shell.menu.toggled == 1; }));
   EXPECT_EQ(shell.menu.lastAnchor, QPoint(30, 40));
   call(item, "org.kde.StatusNotifierItem.ContextMenu 0 0");
-  EXPECT_TRUE(Shell::turnUntil([&] { return shell.menu.toggled == 2; }));
+  EXPECT_TRUE(turnUntil([&] { return shell.menu.toggled == 2; }));
   EXPECT_EQ(shell.menu.lastAnchor, std::nullopt);
 
   tray.reset();
   tray.emplace();
-  EXPECT_TRUE(Shell::turnUntil([&] { return tray->item() == item; }));
-  EXPECT_FALSE(Shell::turnUntil([&] { return shell.menu.shown > 0; }, 4s)) << "there is a tray";
+  EXPECT_TRUE(turnUntil([&] { return tray->item() == item; }));
+  EXPECT_FALSE(turnUntil([&] { return shell.menu.shown > 0; }, 4s)) << "there is a tray";
 }
 
 TEST(DesktopShellTest, TheToolTipTellsTheStatus) {
   const test::SessionBus bus;
   const Watcher tray;
   Shell shell("offscreen");
-  ASSERT_TRUE(Shell::turnUntil([&] { return !tray.item().empty(); }));
-  EXPECT_TRUE(Shell::turnUntil([&] {
+  ASSERT_TRUE(turnUntil([&] { return !tray.item().empty(); }));
+  EXPECT_TRUE(turnUntil([&] {
     return property(tray.item(), "ToolTip").find("'Ready for iPhone'") != std::string::npos;
   }));
 }
@@ -168,7 +157,7 @@ TEST(DesktopShellTest, WithoutATrayTheMenuOpensAndABusThatHangsHoldsUpNothing) {
   Shell shell("offscreen");
   auto last = std::chrono::steady_clock::now();
   auto longest = 0ms;
-  EXPECT_TRUE(Shell::turnUntil([&] {
+  EXPECT_TRUE(turnUntil([&] {
     const auto now = std::chrono::steady_clock::now();
     longest = std::max(longest, std::chrono::duration_cast<std::chrono::milliseconds>(now - last));
     last = now;
@@ -183,9 +172,9 @@ TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
   Shell shell("xcb");
   std::optional<test::ChildProcess> tray;
   const auto clicked = [&](int times) {
-    return Shell::turnUntil([&] {
+    return turnUntil([&] {
       test::outputOf("xdotool mousemove 12 14 click 1 2>&1");
-      return Shell::turnUntil([&] { return shell.menu.toggled >= times; }, 1s);
+      return turnUntil([&] { return shell.menu.toggled >= times; }, 1s);
     });
   };
   const std::vector<std::string> trayer{"trayer",      "--edge",  "top",      "--align", "left",

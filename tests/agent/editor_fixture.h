@@ -4,9 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include <QEventLoop>
 #include <QGuiApplication>
-#include <QThread>
 
 #include "agent/editor/deck_editor_model.h"
 #include "platform/linux/foundation_process_runner.h"
@@ -14,6 +12,7 @@
 #include "platform/main_thread.h"
 #include "tests/platform/desktop_folders.h"
 #include "tests/support/await.h"
+#include "tests/support/turn_until.h"
 
 namespace glintboard::test {
 
@@ -83,19 +82,6 @@ class EditorTest : public testing::Test {
   void loadDeck(const QString& category) {
     model->setSelectedCategory(category);
     ASSERT_TRUE(turnUntil([&] { return !model->isLoading(); }));
-  }
-
-  // Runs the event loop until `holds`, or gives up after a few seconds.
-  static bool turnUntil(const std::function<bool()>& holds) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!holds()) {
-      if (std::chrono::steady_clock::now() > end) {
-        return false;
-      }
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-      QThread::msleep(1);
-    }
-    return true;
   }
 
   // "1 Discord, 2 Safari": the keys as the view is told of them.

@@ -7,6 +7,8 @@
 namespace glintboard {
 namespace {
 
+using test::turnUntil;
+
 constexpr const char* iconNote =
     "Shortcut icons need Automation access: System Settings \u2192 Privacy & Security \u2192 "
     "Automation \u2192 Glintboard Agent \u2192 Shortcuts Events.";

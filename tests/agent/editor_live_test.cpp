@@ -6,6 +6,7 @@
 #include "agent/editor/deck_editor_model.h"
 #include "platform/main_thread.h"
 #include "tests/support/test_agent.h"
+#include "tests/support/turn_until.h"
 #include "tools/phone/agent_session.h"
 
 namespace glintboard {
@@ -55,14 +56,8 @@ TEST(DeckEditorLive, ASaveReachesAConnectedPhoneAtOnce) {
        .isPhoneConnected = [] { return true; },
        .onSaved = [&] { return services.listenerService().pushDecksSnapshot(); }});
   QObject::connect(model.get(), &DeckEditorModel::closeRequested, [&] { hasClosed = true; });
-  const auto turnUntil = [](const std::function<bool()>& holds) {
-    return test::eventually([&] {
-      QCoreApplication::processEvents();
-      return holds();
-    });
-  };
   model->open();
-  ASSERT_TRUE(turnUntil([&] { return !model->isLoading(); }));
+  ASSERT_TRUE(test::turnUntil([&] { return !model->isLoading(); }));
   const auto safari = model->tilesModel()->index(0);
   EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), true);
   EXPECT_EQ(model->tilesModel()->index(1).data(DeckTilesModel::IsRunningRole), false);
@@ -83,7 +78,7 @@ TEST(DeckEditorLive, ASaveReachesAConnectedPhoneAtOnce) {
   });
   const auto pressed = std::chrono::steady_clock::now();
   model->save();
-  EXPECT_TRUE(turnUntil([&] { return hasClosed && !model->isSaving(); }));
+  EXPECT_TRUE(test::turnUntil([&] { return hasClosed && !model->isSaving(); }));
   const auto [message, arrived] = received.get();
   ASSERT_TRUE(message);
   const auto decks = phone::payloadOf<DecksSnapshotPayload>(*message).decks;

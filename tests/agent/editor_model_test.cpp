@@ -7,6 +7,8 @@
 namespace glintboard {
 namespace {
 
+using test::turnUntil;
+
 using DeckEditorTest = test::EditorTest;
 
 TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {

@@ -3,32 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QEventLoop>
-#include <QThread>
 
 #include "agent/shell/menu_content.h"
 #include "platform/main_thread.h"
 #include "protocol/pairing_qr_payload.h"
 #include "tests/support/test_agent.h"
+#include "tests/support/turn_until.h"
 #include "tools/phone/phone_connection.h"
 
 namespace glintboard {
 namespace {
 
 using namespace std::chrono_literals;
-
-// Runs the event loop until `holds`, or gives up after a few seconds.
-bool turnUntil(const std::function<bool()>& holds, std::chrono::seconds limit = 10s) {
-  const auto end = std::chrono::steady_clock::now() + limit;
-  while (!holds()) {
-    if (std::chrono::steady_clock::now() > end) {
-      return false;
-    }
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    QThread::msleep(1);
-  }
-  return true;
-}
+using test::turnUntil;
 
 class AgentViewModelTest : public testing::Test {
  protected:

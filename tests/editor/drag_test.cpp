@@ -96,7 +96,7 @@ TEST_F(DragTest, EscapeEndsADragAndLeavesTheWindowOpen) {
   EXPECT_EQ(model->dropTargetIndex(), -1);
   ASSERT_NE(window, nullptr);
   press(Qt::Key_Escape);
-  EXPECT_TRUE(stage.turnUntil([&] { return window == nullptr; })) << "as Cancel does";
+  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "as Cancel does";
 }
 
 TEST_F(DragTest, AFullDeckTakesNothingButMovesItsKeys) {
@@ -143,7 +143,7 @@ TEST_F(DragTest, TheBadgeOfAHoveredKeyRemovesItAndUndoBringsItBack) {
   ASSERT_NE(badge, nullptr);
   EXPECT_FALSE(badge->isVisible());
   QTest::mouseMove(window, key("Music"));
-  EXPECT_TRUE(stage.turnUntil([&] { return badge->isVisible(); }));
+  EXPECT_TRUE(test::turnUntil([&] { return badge->isVisible(); }));
   click(middleOf(badge));
   settle();
   EXPECT_EQ(shown(), "Files");
@@ -163,7 +163,7 @@ TEST_F(DragTest, KeysWobbleOnlyWhileThePointerIsOnThePhoneAndNeverUnderReducedMo
     settle();
     EXPECT_EQ(mover->property("isActive").toBool(), !reduced);
     stage.presenter->close();
-    stage.turnUntil([&] { return window == nullptr; });
+    test::turnUntil([&] { return window == nullptr; });
   }
 }
 

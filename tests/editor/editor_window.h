@@ -33,7 +33,7 @@ class EditorWindowTest : public testing::Test {
         ADD_FAILURE() << error.toString().toStdString();
       }
     });
-    ASSERT_TRUE(stage.turnUntil([&] { return stage.isLoaded(); }));
+    ASSERT_TRUE(test::turnUntil([&] { return stage.isLoaded(); }));
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     settle();
   }

@@ -51,7 +51,7 @@ TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
   settle();
   EXPECT_EQ(shown(), "Calendar, Notes");
   press(Qt::Key_S, Qt::ControlModifier);
-  EXPECT_TRUE(stage.turnUntil([&] { return stage.announcements == 1; }));
+  EXPECT_TRUE(test::turnUntil([&] { return stage.announcements == 1; }));
   EXPECT_EQ(model->syncLabel(), "Synced");
 }
 

@@ -43,7 +43,7 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
   EXPECT_EQ(shown(), "Calendar, Files, Tidy up, Mute");
   EXPECT_FALSE(model->syncIsLive());
   click("save");
-  EXPECT_TRUE(stage.turnUntil([&] { return window == nullptr; })) << "a phone has it";
+  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "a phone has it";
 
   std::string received;
   for (;;) {
@@ -66,7 +66,7 @@ TEST_F(EditorSessionTest, SavingWithoutAPhoneKeepsTheWindowAndSaysWhatIsMissing)
   open();
   click(card("Music"));
   click("save");
-  ASSERT_TRUE(stage.turnUntil([&] { return !model->infoMessage().isEmpty(); }));
+  ASSERT_TRUE(test::turnUntil([&] { return !model->infoMessage().isEmpty(); }));
   settle();
   EXPECT_EQ(item("info")->property("message"),
             QString::fromUtf8("Saved on Mac \u2014 connect iPhone to update."));
@@ -86,7 +86,7 @@ TEST_F(EditorSessionTest, AWindowClosedInTheMiddleOfASaveFinishesIt) {
   click("save");
   stage.presenter->close();
   model.reset();
-  EXPECT_TRUE(stage.turnUntil([&] { return stage.announcements == 1; }));
+  EXPECT_TRUE(test::turnUntil([&] { return stage.announcements == 1; }));
   open();
   EXPECT_EQ(shown(), "Files, Music");
 }

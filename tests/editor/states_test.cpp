@@ -45,7 +45,7 @@ TEST_F(EditorStatesTest, LoadsWithoutWarningsInEveryAppearance) {
     window->resize(860, 600);
     settle();
     stage.presenter->close();
-    stage.turnUntil([&] { return window == nullptr; });
+    test::turnUntil([&] { return window == nullptr; });
   }
 }
 
@@ -58,7 +58,7 @@ TEST_F(EditorStatesTest, AFailedListingSaysWhyAndRetryListsAgain) {
   expect({"Could not list Shortcuts: no answer", "Retry", "Open Shortcuts"});
   stage.listShortcuts("true");
   click("retry");
-  ASSERT_TRUE(stage.turnUntil(
+  ASSERT_TRUE(test::turnUntil(
       [&] { return model->shortcuts()->loadState() == ShortcutsLoadState::empty; }));
   settle();
   expect({"Create one in Shortcuts, then refresh.", "Refresh", "Suggested",
@@ -106,12 +106,12 @@ TEST_F(EditorStatesTest, AnotherCategoryDiscardsUnsavedEdits) {
   EXPECT_EQ(item("status")->property("syncLabel"), "Unsaved");
   item("category")->forceActiveFocus(Qt::TabFocusReason);
   press(Qt::Key_Down);
-  EXPECT_TRUE(stage.turnUntil([&] { return !model->isLoading(); }));
+  EXPECT_TRUE(test::turnUntil([&] { return !model->isLoading(); }));
   settle();
   EXPECT_EQ(model->selectedCategory(), "gaming");
   expect({"The iPhone shows the Streaming deck only for now.", "0 / 24"});
   press(Qt::Key_Up);
-  EXPECT_TRUE(stage.turnUntil([&] { return !model->isLoading(); }));
+  EXPECT_TRUE(test::turnUntil([&] { return !model->isLoading(); }));
   settle();
   EXPECT_EQ(shown(), "Files");
   EXPECT_EQ(item("status")->property("syncLabel"), "Synced");
@@ -127,9 +127,9 @@ TEST_F(EditorStatesTest, TheNextWindowStartsAfreshAndAnOpenOneComesToTheFront) {
   model->remove(0);
   const std::weak_ptr<DeckEditorModel> first = std::exchange(model, nullptr);
   press(Qt::Key_Escape);
-  ASSERT_TRUE(stage.turnUntil([&] { return window == nullptr; }));
+  ASSERT_TRUE(test::turnUntil([&] { return window == nullptr; }));
   EXPECT_EQ(stage.presenter->model(), nullptr);
-  EXPECT_TRUE(stage.turnUntil([&] { return first.expired(); })) << "nothing of it is left";
+  EXPECT_TRUE(test::turnUntil([&] { return first.expired(); })) << "nothing of it is left";
   open();
   EXPECT_EQ(model->libraryTab(), "apps");
   EXPECT_EQ(shown(), "Files");

@@ -26,9 +26,9 @@ TEST_F(EditorOnX11Test, OpensInTheMiddleOfTheScreenNoLargerThanIt) {
   EXPECT_NEAR(window->geometry().center().x(), screen.center().x(), 8);
   EXPECT_EQ(window->title(), "Edit Deck");
   window->showMinimized();
-  EXPECT_TRUE(stage.turnUntil([&] { return !window->isActive(); }));
+  EXPECT_TRUE(test::turnUntil([&] { return !window->isActive(); }));
   stage.presenter->show();
-  EXPECT_TRUE(stage.turnUntil([&] { return window->isActive(); })) << "comes back to the front";
+  EXPECT_TRUE(test::turnUntil([&] { return window->isActive(); })) << "comes back to the front";
 }
 
 TEST_F(EditorOnX11Test, ThePointerDragsACardToTheFirstSlot) {
@@ -41,7 +41,7 @@ TEST_F(EditorOnX11Test, ThePointerDragsACardToTheFirstSlot) {
   for (int step = 1; step <= 10; ++step) {
     pointer(at(from + (to - from) * step / 10));
   }
-  EXPECT_TRUE(stage.turnUntil([&] { return model->dropTargetIndex() == 0; }));
+  EXPECT_TRUE(test::turnUntil([&] { return model->dropTargetIndex() == 0; }));
   pointer("mouseup 1");
   settle();
   EXPECT_EQ(shown(), "Calendar, Files, Music");
@@ -49,7 +49,7 @@ TEST_F(EditorOnX11Test, ThePointerDragsACardToTheFirstSlot) {
   settle();
   EXPECT_EQ(shown(), "Files, Music");
   pointer("key Escape");
-  EXPECT_TRUE(stage.turnUntil([&] { return window == nullptr; }));
+  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; }));
 }
 
 }  // namespace

@@ -2,11 +2,9 @@
 // for the tool that lists Shortcuts.
 #pragma once
 
-#include <QEventLoop>
 #include <QGuiApplication>
 #include <QLinearGradient>
 #include <QPainter>
-#include <QThread>
 
 #include "agent/editor/deck_editor_window_presenter.h"
 #include "platform/linux/foundation_process_runner.h"
@@ -14,6 +12,7 @@
 #include "platform/main_thread.h"
 #include "tests/platform/desktop_folders.h"
 #include "tests/support/await.h"
+#include "tests/support/turn_until.h"
 #include "ui/design/symbols.h"
 
 namespace glintboard::test {
@@ -106,20 +105,8 @@ class EditorStage {
                                              [](const auto& app) { return !app.icon.isNull(); });
   }
 
-  static bool turnUntil(const std::function<bool()>& holds, int milliseconds = 10000) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-    while (!holds()) {
-      if (std::chrono::steady_clock::now() > end) {
-        return false;
-      }
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-      QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-      QThread::msleep(1);
-    }
-    return true;
-  }
   static void turnFor(int milliseconds) {
-    turnUntil([] { return false; }, milliseconds);
+    turnUntil([] { return false; }, std::chrono::milliseconds(milliseconds));
   }
 
   static QImage drawnIcon(const QString& symbol, int hue) {

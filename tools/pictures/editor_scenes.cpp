@@ -157,7 +157,7 @@ std::function<QImage(const Appearance&)> drawn(Step prepare, Step act = nothing,
     // The screen in memory is smaller than the window.
     window->setMinimumSize({});
     window->setGeometry({QPoint(0, 0), size});
-    EditorStage::turnUntil([&] { return stage.isLoaded(); });
+    test::turnUntil([&] { return stage.isLoaded(); });
     EditorStage::turnFor(300);
     act(stage);
     EditorStage::turnFor(600);
