@@ -50,8 +50,8 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
     const auto message = phone.receive(std::chrono::steady_clock::now() + 5s);
     ASSERT_TRUE(message);
     if (isOfType(*message, MessageType::decksSnapshot)) {
-      for (const auto& tile :
-           phone::payloadOf<DecksSnapshotPayload>(*message).decks.front().tiles) {
+      const auto snapshot = phone::payloadOf<DecksSnapshotPayload>(*message);
+      for (const auto& tile : snapshot.decks.front().tiles) {
         received += std::to_string(tile.slot) + " " + tile.label + ", ";
       }
       break;
