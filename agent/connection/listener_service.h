@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "agent/connection/web_socket_server.h"
+#include "agent/connection/web_socket_listener.h"
 #include "agent/decks/deck_store.h"
 #include "agent/pairing/pairing_service.h"
 #include "agent_core/actions/action_handlers.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 
-#include "agent/connection/web_socket_server.h"
+#include "agent/connection/web_socket_listener.h"
 #include "platform/spawn.h"
 #include "tests/support/test_agent.h"
 #include "tools/phone/phone_connection.h"

@@ -1,17 +1,10 @@
-#include "agent/connection/web_socket_server.h"
+#include "agent/connection/web_socket_connection.h"
 
-#include <fcntl.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-
-#include <boost/asio/ip/tcp.hpp>
 #include <boost/beast/core/flat_buffer.hpp>
 #include <boost/beast/http.hpp>
 #include <boost/beast/websocket.hpp>
 #include <deque>
 
-#include "platform/file_descriptor.h"
-#include "platform/log.h"
 #include "platform/spawn.h"
 
 namespace glintboard {
@@ -21,7 +14,6 @@ using namespace std::chrono_literals;
 namespace beast = boost::beast;
 namespace http = beast::http;
 namespace websocket = beast::websocket;
-using asio::ip::tcp;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t maxIncomingMessage = 1 << 20;
@@ -31,20 +23,17 @@ constexpr auto keepAliveInterval = 8s;
 constexpr auto vanishedAfter = 23s;  // silence of a peer that is being listened to
 constexpr auto stuckAfter = 60s;     // a write of which the peer takes nothing
 constexpr std::size_t maxQueued = 4 << 20;
-constexpr int maxConnections = 2048;
-constexpr auto acceptPause = 100ms;  // after a failure that may pass, such as no descriptors left
 
 // A socket that remembers when its operations began. A peer that moves bytes makes the library
 // begin a new operation for the next ones.
 class WatchedSocket {
  public:
   using executor_type = asio::any_io_executor;
-  using Socket = asio::basic_stream_socket<tcp, asio::any_io_executor>;
 
-  explicit WatchedSocket(Socket socket) : socket_(std::move(socket)) {}
+  explicit WatchedSocket(TcpSocket socket) : socket_(std::move(socket)) {}
 
   executor_type get_executor() { return socket_.get_executor(); }
-  Socket& socket() { return socket_; }
+  TcpSocket& socket() { return socket_; }
 
   template <class Buffers, class Token>
   auto async_read_some(const Buffers& buffers, Token&& token) {
@@ -62,7 +51,7 @@ class WatchedSocket {
   Clock::time_point writeBegan = Clock::now();
 
  private:
-  Socket socket_;
+  TcpSocket socket_;
 };
 
 // The library's closing handshake over our socket.
@@ -87,11 +76,10 @@ HandshakeHeaderCapture capture(const http::request<http::empty_body>& request) {
   return handshake;
 }
 
-class Connection : public WebSocketConnection, public std::enable_shared_from_this<Connection> {
+class Connection : public AcceptedConnection, public std::enable_shared_from_this<Connection> {
  public:
-  // `count` is how many connections there are.
-  Connection(WatchedSocket::Socket socket, std::shared_ptr<int> count)
-      : count_(std::move(count)),
+  Connection(TcpSocket socket, std::shared_ptr<void> place)
+      : place_(std::move(place)),
         stream_(std::move(socket)),
         queueMoved_(stream_.get_executor()),
         watchTimer_(stream_.get_executor()) {
@@ -102,14 +90,9 @@ class Connection : public WebSocketConnection, public std::enable_shared_from_th
     stream_.read_message_max(maxIncomingMessage);
     stream_.text(true);
     queueMoved_.expires_at(Clock::time_point::max());
-    ++*count_;
   }
-  Connection(const Connection&) = delete;
-  Connection& operator=(const Connection&) = delete;
-  ~Connection() override { --*count_; }
 
-  // Answers the upgrade request. False when it was none.
-  Awaitable<bool> upgrade() {
+  Awaitable<bool> upgrade() override {
     auto self = shared_from_this();
     asio::steady_timer deadline(stream_.get_executor(), upgradeDeadline);
     deadline.async_wait([self](error_code error) {
@@ -242,7 +225,7 @@ class Connection : public WebSocketConnection, public std::enable_shared_from_th
     }
   }
 
-  std::shared_ptr<int> count_;
+  std::shared_ptr<void> place_;
   websocket::stream<WatchedSocket> stream_;
   HandshakeHeaderCapture handshake_;
   std::deque<std::shared_ptr<const std::string>> queue_;
@@ -256,137 +239,11 @@ class Connection : public WebSocketConnection, public std::enable_shared_from_th
   bool ended_ = false;
 };
 
-error_code lastError() {
-  return {errno, boost::system::system_category()};
-}
-
-// A listening socket of all addresses: of both families, or of IPv4 alone where there is no IPv6.
-// It is made here rather than by the library, which would let launched programs inherit it.
-FileDescriptor openListening(std::uint16_t port, int family, error_code& error) {
-  FileDescriptor socket(::socket(family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-  const int on = 1;
-  const int off = 0;
-  const tcp::endpoint endpoint(family == AF_INET6 ? tcp::v6() : tcp::v4(), port);
-  if (!socket || ::setsockopt(socket.get(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof(on)) != 0 ||
-      (family == AF_INET6 &&
-       ::setsockopt(socket.get(), IPPROTO_IPV6, IPV6_V6ONLY, &off, sizeof(off)) != 0) ||
-      ::bind(socket.get(), endpoint.data(), static_cast<socklen_t>(endpoint.size())) != 0 ||
-      ::listen(socket.get(), SOMAXCONN) != 0) {
-    error = lastError();
-    return {};
-  }
-  error = {};
-  return socket;
-}
-
 }  // namespace
 
-class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor> {
- public:
-  Acceptor(asio::any_io_executor executor, std::uint16_t port)
-      : acceptor_(std::move(executor)), port_(port) {}
-
-  void start(StateHandler onState, ConnectionHandler onConnection) {
-    onState_ = std::move(onState);
-    onConnection_ = std::move(onConnection);
-    if (const error_code error = listen()) {
-      report({WebSocketListenerState::Kind::failed, error});
-      return;
-    }
-    report({WebSocketListenerState::Kind::ready, {}});
-    spawn(acceptor_.get_executor(), accept(shared_from_this()), "listener");
-  }
-
-  void cancel() {
-    error_code ignored;
-    acceptor_.close(ignored);
-    report({WebSocketListenerState::Kind::cancelled, {}});
-  }
-
-  void abandon() {
-    error_code ignored;
-    acceptor_.close(ignored);
-    onState_ = nullptr;
-    onConnection_ = nullptr;
-  }
-
- private:
-  error_code listen() {
-    error_code error;
-    int family = AF_INET6;
-    FileDescriptor socket = openListening(port_, family, error);
-    if (error == boost::system::errc::address_family_not_supported ||
-        error == boost::system::errc::address_not_available) {
-      family = AF_INET;
-      socket = openListening(port_, family, error);
-    }
-    if (!error) {
-      acceptor_.assign(family == AF_INET6 ? tcp::v6() : tcp::v4(), socket.get(), error);
-    }
-    if (!error) {
-      socket.release();
-    }
-    return error;
-  }
-
-  void report(WebSocketListenerState state) {
-    asio::post(acceptor_.get_executor(), [self = shared_from_this(), state] {
-      if (self->onState_) {
-        self->onState_(state);
-      }
-    });
-  }
-
-  static Awaitable<> accept(std::shared_ptr<Acceptor> self) {
-    while (self->acceptor_.is_open()) {
-      auto [error, socket] =
-          co_await self->acceptor_.async_accept(asio::as_tuple(asio::use_awaitable));
-      if (error) {
-        if (self->acceptor_.is_open()) {
-          log::warning("accepting a connection: ", error.message());
-          co_await sleepFor(acceptPause);
-        }
-        continue;
-      }
-      if (*self->connections_ >= maxConnections) {
-        continue;  // The socket is closed at once; the phones that are here matter more.
-      }
-      ::fcntl(socket.native_handle(), F_SETFD, FD_CLOEXEC);
-      error_code ignored;
-      socket.set_option(tcp::no_delay(true), ignored);
-      spawn(self->acceptor_.get_executor(),
-            serve(self, std::make_shared<Connection>(std::move(socket), self->connections_)),
-            "connection");
-    }
-  }
-
-  static Awaitable<> serve(std::shared_ptr<Acceptor> self, std::shared_ptr<Connection> connection) {
-    const bool upgraded = co_await connection->upgrade();
-    if (upgraded && self->onConnection_) {
-      self->onConnection_(std::move(connection));
-    }
-  }
-
-  asio::basic_socket_acceptor<tcp, asio::any_io_executor> acceptor_;
-  std::uint16_t port_;
-  StateHandler onState_;
-  ConnectionHandler onConnection_;
-  std::shared_ptr<int> connections_ = std::make_shared<int>(0);
-};
-
-WebSocketListener::WebSocketListener(asio::any_io_executor executor, std::uint16_t port)
-    : acceptor_(std::make_shared<Acceptor>(std::move(executor), port)) {}
-
-WebSocketListener::~WebSocketListener() {
-  acceptor_->abandon();
-}
-
-void WebSocketListener::start(StateHandler onState, ConnectionHandler onConnection) {
-  acceptor_->start(std::move(onState), std::move(onConnection));
-}
-
-void WebSocketListener::cancel() {
-  acceptor_->cancel();
+std::shared_ptr<AcceptedConnection> acceptConnection(TcpSocket socket,
+                                                     std::shared_ptr<void> place) {
+  return std::make_shared<Connection>(std::move(socket), std::move(place));
 }
 
 }  // namespace glintboard

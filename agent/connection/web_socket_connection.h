@@ -1,8 +1,7 @@
 // WebSockets, wrapped once: the rest of the agent never sees the library behind them.
 #pragma once
 
-#include <cstdint>
-#include <functional>
+#include <boost/asio/ip/tcp.hpp>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,34 +35,16 @@ class WebSocketConnection {
   virtual void cancel() = 0;
 };
 
-// What becomes of a listener.
-struct WebSocketListenerState {
-  enum class Kind { ready, failed, cancelled };
-  Kind kind = Kind::ready;
-  error_code error;  // why it failed
-};
+using TcpSocket = asio::basic_stream_socket<asio::ip::tcp, asio::any_io_executor>;
 
-// Listens on all addresses of one port. Everything happens on the service loop, on which the
-// handlers are called too, never from inside a call of this class.
-class WebSocketListener {
+// A connection whose upgrade is still to come.
+class AcceptedConnection : public WebSocketConnection {
  public:
-  using StateHandler = std::function<void(WebSocketListenerState)>;
-  using ConnectionHandler = std::function<void(std::shared_ptr<WebSocketConnection>)>;
-
-  WebSocketListener(asio::any_io_executor executor, std::uint16_t port);
-  // Stops listening; connections go on, and no handler is called any more.
-  ~WebSocketListener();
-  WebSocketListener(const WebSocketListener&) = delete;
-  WebSocketListener& operator=(const WebSocketListener&) = delete;
-
-  // Begins listening; how that went arrives as a state.
-  void start(StateHandler onState, ConnectionHandler onConnection);
-  // Stops listening; the connections that are open go on.
-  void cancel();
-
- private:
-  class Acceptor;
-  std::shared_ptr<Acceptor> acceptor_;
+  // Answers the upgrade request, for which there are ten seconds. False when it was none.
+  virtual Awaitable<bool> upgrade() = 0;
 };
+
+// Takes over an accepted socket, and holds `place` for as long as it lives.
+std::shared_ptr<AcceptedConnection> acceptConnection(TcpSocket socket, std::shared_ptr<void> place);
 
 }  // namespace glintboard

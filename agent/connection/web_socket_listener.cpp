@@ -1,0 +1,159 @@
+#include "agent/connection/web_socket_listener.h"
+
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+
+#include "platform/file_descriptor.h"
+#include "platform/log.h"
+#include "platform/spawn.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+using asio::ip::tcp;
+
+constexpr int maxConnections = 2048;
+constexpr auto acceptPause = 100ms;  // after a failure that may pass, such as no descriptors left
+
+error_code lastError() {
+  return {errno, boost::system::system_category()};
+}
+
+// A listening socket of all addresses: of both families, or of IPv4 alone where there is no IPv6.
+// It is made here rather than by the library, which would let launched programs inherit it.
+FileDescriptor openListening(std::uint16_t port, int family, error_code& error) {
+  FileDescriptor socket(::socket(family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+  const int on = 1;
+  const int off = 0;
+  const tcp::endpoint endpoint(family == AF_INET6 ? tcp::v6() : tcp::v4(), port);
+  if (!socket || ::setsockopt(socket.get(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof(on)) != 0 ||
+      (family == AF_INET6 &&
+       ::setsockopt(socket.get(), IPPROTO_IPV6, IPV6_V6ONLY, &off, sizeof(off)) != 0) ||
+      ::bind(socket.get(), endpoint.data(), static_cast<socklen_t>(endpoint.size())) != 0 ||
+      ::listen(socket.get(), SOMAXCONN) != 0) {
+    error = lastError();
+    return {};
+  }
+  error = {};
+  return socket;
+}
+
+}  // namespace
+
+class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor> {
+ public:
+  Acceptor(asio::any_io_executor executor, std::uint16_t port)
+      : acceptor_(std::move(executor)), port_(port) {}
+
+  void start(StateHandler onState, ConnectionHandler onConnection) {
+    onState_ = std::move(onState);
+    onConnection_ = std::move(onConnection);
+    if (const error_code error = listen()) {
+      report({WebSocketListenerState::Kind::failed, error});
+      return;
+    }
+    report({WebSocketListenerState::Kind::ready, {}});
+    spawn(acceptor_.get_executor(), accept(shared_from_this()), "listener");
+  }
+
+  void cancel() {
+    error_code ignored;
+    acceptor_.close(ignored);
+    report({WebSocketListenerState::Kind::cancelled, {}});
+  }
+
+  void abandon() {
+    error_code ignored;
+    acceptor_.close(ignored);
+    onState_ = nullptr;
+    onConnection_ = nullptr;
+  }
+
+ private:
+  error_code listen() {
+    error_code error;
+    int family = AF_INET6;
+    FileDescriptor socket = openListening(port_, family, error);
+    if (error == boost::system::errc::address_family_not_supported ||
+        error == boost::system::errc::address_not_available) {
+      family = AF_INET;
+      socket = openListening(port_, family, error);
+    }
+    if (!error) {
+      acceptor_.assign(family == AF_INET6 ? tcp::v6() : tcp::v4(), socket.get(), error);
+    }
+    if (!error) {
+      socket.release();
+    }
+    return error;
+  }
+
+  void report(WebSocketListenerState state) {
+    asio::post(acceptor_.get_executor(), [self = shared_from_this(), state] {
+      if (self->onState_) {
+        self->onState_(state);
+      }
+    });
+  }
+
+  static Awaitable<> accept(std::shared_ptr<Acceptor> self) {
+    while (self->acceptor_.is_open()) {
+      auto [error, socket] =
+          co_await self->acceptor_.async_accept(asio::as_tuple(asio::use_awaitable));
+      if (error) {
+        if (self->acceptor_.is_open()) {
+          log::warning("accepting a connection: ", error.message());
+          co_await sleepFor(acceptPause);
+        }
+        continue;
+      }
+      if (*self->connections_ >= maxConnections) {
+        continue;  // The socket is closed at once; the phones that are here matter more.
+      }
+      ::fcntl(socket.native_handle(), F_SETFD, FD_CLOEXEC);
+      error_code ignored;
+      socket.set_option(tcp::no_delay(true), ignored);
+      spawn(self->acceptor_.get_executor(),
+            serve(self, acceptConnection(std::move(socket), self->takePlace())), "connection");
+    }
+  }
+
+  // Counted until the connection lets go of it.
+  std::shared_ptr<void> takePlace() {
+    ++*connections_;
+    return {nullptr, [count = connections_](void*) { --*count; }};
+  }
+
+  static Awaitable<> serve(std::shared_ptr<Acceptor> self,
+                           std::shared_ptr<AcceptedConnection> connection) {
+    const bool upgraded = co_await connection->upgrade();
+    if (upgraded && self->onConnection_) {
+      self->onConnection_(std::move(connection));
+    }
+  }
+
+  asio::basic_socket_acceptor<tcp, asio::any_io_executor> acceptor_;
+  std::uint16_t port_;
+  StateHandler onState_;
+  ConnectionHandler onConnection_;
+  std::shared_ptr<int> connections_ = std::make_shared<int>(0);
+};
+
+WebSocketListener::WebSocketListener(asio::any_io_executor executor, std::uint16_t port)
+    : acceptor_(std::make_shared<Acceptor>(std::move(executor), port)) {}
+
+WebSocketListener::~WebSocketListener() {
+  acceptor_->abandon();
+}
+
+void WebSocketListener::start(StateHandler onState, ConnectionHandler onConnection) {
+  acceptor_->start(std::move(onState), std::move(onConnection));
+}
+
+void WebSocketListener::cancel() {
+  acceptor_->cancel();
+}
+
+}  // namespace glintboard
