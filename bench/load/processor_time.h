@@ -1,0 +1,24 @@
+// What a process has used of the processor.
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace glintboard::bench {
+
+// Of all living threads of the process, to the nanosecond.
+inline double processorMicroseconds(pid_t process) {
+  double nanoseconds = 0;
+  const std::string tasks = "/proc/" + std::to_string(process) + "/task";
+  for (const auto& task : std::filesystem::directory_iterator(tasks)) {
+    double used = 0;
+    std::ifstream(task.path() / "schedstat") >> used;
+    nanoseconds += used;
+  }
+  return nanoseconds / 1000;
+}
+
+}  // namespace glintboard::bench

@@ -1,0 +1,105 @@
+"""What the agent takes of the computer, and how it grows."""
+
+import contextlib
+import json
+import subprocess
+import time
+
+from stage import (BIN, PARTS, PING, PORT, ROOT, application, eventually, exchange, listens,
+                   paired_agent, processor_seconds, quiet_agent, resident_kib, stage,
+                   start_seconds, wake_ups)
+from wire import median
+
+
+def start_display(desktop):
+    """An X server with a window manager, a bus with a tray and an open keyring."""
+    folder = desktop.root / "display"
+    folder.mkdir()
+    desktop.start(PARTS / "x-server", folder)
+    number = eventually(lambda: (folder / "display").exists()
+                        and (folder / "display").read_text().strip(), "The display")
+    desktop.env |= {"DISPLAY": f":{number}", "XDG_SESSION_TYPE": "x11"}
+    desktop.start(PARTS / "window-manager", folder)
+    eventually((folder / "manager-ready").exists, "The window manager")
+    desktop.start_bus()
+    desktop.start("/usr/bin/python3", ROOT / "tests/support/status_notifier_watcher.py")
+    desktop.start(PARTS / "keyring", "unlocked")
+    for name in "org.kde.StatusNotifierWatcher", "org.freedesktop.secrets":
+        owner = ["gdbus", "wait", "--session", "--timeout", "10", name]
+        subprocess.run(owner, env=desktop.env, check=True)
+
+
+def starts(times):
+    """Each alone on its desktop."""
+    with stage() as desktop:
+        start_seconds(desktop)  # reads the program from the disk
+        bare = median([start_seconds(desktop)[0] for _ in range(times)])
+        start_display(desktop)
+        tray = median([start_seconds(desktop)[0] for _ in range(times)])
+        return {"start_bare": bare * 1000, "start_tray": tray * 1000}
+
+
+def tap(times):
+    with stage() as desktop:
+        with paired_agent(desktop) as (_, token):
+            pass
+        start_display(desktop)
+        with quiet_agent(desktop):
+            eventually(lambda: listens(PORT), "A listener")
+            done = subprocess.run(
+                [BIN / "glintboard-tap", str(PORT), token, str(times), application(1),
+                 application(2)], env=desktop.env, stdout=subprocess.PIPE, check=True, text=True)
+            return {"tap_p50": json.loads(done.stdout)["p50"]}
+
+
+def idle(seconds):
+    """One agent with a tray and then one without a display, both left alone."""
+    figures = {}
+    for where in "bare", "tray":
+        with contextlib.ExitStack() as stack:
+            desktop = stack.enter_context(stage())
+            if where == "tray":
+                start_display(desktop)
+            agent = stack.enter_context(quiet_agent(desktop))
+            eventually(lambda: listens(PORT), "A listener")
+            time.sleep(3)
+            used, woken = processor_seconds(agent.pid), wake_ups(agent.pid)
+            time.sleep(seconds)
+            figures |= {
+                f"idle_cpu_{where}": (processor_seconds(agent.pid) - used) / seconds * 100,
+                f"idle_rss_{where}": resident_kib(agent.pid) / 1024,
+                f"idle_wakes_{where}": (wake_ups(agent.pid) - woken) * 20 / seconds}
+    del figures["idle_wakes_bare"]
+    return figures
+
+
+def held(connections=1000):
+    """Paired phones that have asked nothing yet."""
+    with stage() as desktop, paired_agent(desktop) as (agent, token):
+        before = resident_kib(agent.pid)
+        with subprocess.Popen([BIN / "glintboard-load", "hold", str(PORT), str(connections), token],
+                              stdin=subprocess.PIPE, stdout=subprocess.PIPE) as phones:
+            assert phones.stdout.readline() == b"held\n"
+            # Until the agent has taken note of the last of them, and has pinged them all once.
+            time.sleep(10)
+            after = resident_kib(agent.pid)
+            phones.stdin.close()
+        return {"held": (after - before) / connections}
+
+
+def ping_cpu(requests, **desktop):
+    with stage(**desktop) as furnished, paired_agent(furnished) as (agent, token):
+        return exchange(PORT, token, PING, requests=requests, pid=agent.pid)["cpu"]
+
+
+def growth(size):
+    requests = max(int(6000 * size), 1000)
+    once = ping_cpu(requests)
+    keys = ping_cpu(requests // 4, keys=240)
+    applications = ping_cpu(requests, applications=600)
+    starts_cpu = []
+    for count in 60, 600:
+        with stage(applications=count) as desktop:
+            starts_cpu.append(median([start_seconds(desktop)[1] for _ in range(3)]))
+    return {"growth_keys": keys / once, "growth_apps_ping": applications / once,
+            "growth_apps_start": starts_cpu[1] / starts_cpu[0]}

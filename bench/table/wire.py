@@ -1,0 +1,148 @@
+"""What a phone waits for."""
+
+import json
+import signal
+import subprocess
+import time
+
+from stage import (BASELINES, BIN, IDENTIFIER, PARTS, PING, PORT, SYNC, Phone, app, application,
+                   eventually, exchange, icon_request, paired_agent, quiet_agent, server, shortcut,
+                   stage)
+
+TCP_PORT, BEAST_PORT, NODE_PORT, PYTHON_PORT = 9850, 9851, 9852, 9853
+TURNS = 4  # how often baseline and agent take turns within one round
+
+
+def median(values):
+    ordered = sorted(values)
+    return ordered[len(ordered) // 2]
+
+
+class Servers:
+    """The baselines and the agent, all there at once so that they can be measured by turns."""
+
+    def __init__(self, stack, size):
+        self.size = size  # of the samples, 1 for the whole table
+        desktop = stack.enter_context(stage())
+        agent, self.token = stack.enter_context(paired_agent(desktop))
+        self.pids = {PORT: agent.pid}
+        for port, *command in ((TCP_PORT, BIN / "glintboard-tcp-echo"),
+                               (BEAST_PORT, BIN / "glintboard-beast-echo"),
+                               (NODE_PORT, "node", BASELINES / "node_ws.js"),
+                               (PYTHON_PORT, "/usr/bin/python3", BASELINES
+                                / "python_websockets.py")):
+            self.pids[port] = stack.enter_context(server(port, *command))
+
+    def ask(self, port, requests, **more):
+        token = {PORT: self.token, TCP_PORT: "raw"}.get(port, "")
+        return exchange(port, token, PING, pid=self.pids[port],
+                        requests=max(int(requests * self.size), 200), **more)
+
+
+def pings(servers):
+    """One connection, one in flight."""
+    ports = {"tcp": TCP_PORT, "beast": BEAST_PORT, "node": NODE_PORT, "python": PYTHON_PORT,
+             "ping": PORT}
+    p50 = {name: [] for name in ports}
+    for _ in range(TURNS):
+        for name, port in ports.items():
+            requests = 800 if name == "python" else 4000
+            p50[name].append(servers.ask(port, requests)["p50"])
+    figures = {f"{name}_p50": median(values) for name, values in p50.items()}
+    for name in "node", "python", "ping":
+        figures[f"{name}_ratio"] = median(mine / floor
+                                          for mine, floor in zip(p50[name], p50["beast"]))
+    return figures
+
+
+def by_turns(servers, name, requests, **load):
+    """Processor time per request, of the bare echo and of the agent."""
+    echo, ping = [], []
+    for _ in range(TURNS):
+        echo.append(servers.ask(BEAST_PORT, requests, **load)["cpu"])
+        ping.append(servers.ask(PORT, requests, **load)["cpu"])
+    return {f"{name}_beast": median(echo), f"{name}_ping": median(ping),
+            f"{name}_ratio": median(mine / floor for mine, floor in zip(ping, echo))}
+
+
+def many(servers):
+    return by_turns(servers, "many", 12000, connections=32)
+
+
+def deep(servers):
+    return by_turns(servers, "deep", 24000, connections=4, in_flight=32)
+
+
+def sync(size):
+    """48 keys, of which eight are Shortcuts with icons."""
+    with stage() as desktop:
+        identifiers = [f"{number}{IDENTIFIER[1:]}" for number in range(1, 9)]
+        for number, identifier in enumerate(identifiers):
+            subprocess.run([BIN / "shortcuts", "create", f"Shortcut {number}", "--command", "true",
+                            "--icon", f"drawing{2 * number}"], env=desktop.env, check=True,
+                           stdout=subprocess.DEVNULL)
+        listed = subprocess.run([BIN / "shortcuts", "list", "--show-identifiers"], check=True,
+                                env=desktop.env, stdout=subprocess.PIPE, text=True).stdout
+        identifiers = [line.rpartition("(")[2].rstrip(")") for line in listed.splitlines()
+                       if line.startswith("Shortcut ")]
+        assert len(identifiers) == 8, listed
+        desktop.set_decks([app(application(n)) for n in range(24)],
+                          [app(application(24 + n)) for n in range(16)]
+                          + [shortcut(identifier) for identifier in identifiers])
+        with paired_agent(desktop) as (_, token):
+            exchange(PORT, token, SYNC)
+            done = exchange(PORT, token, SYNC, requests=max(int(1000 * size), 50))
+            assert done["length"] > 10_000, done
+            return {"sync_p50": done["p50"] / 1000}
+
+
+def icons():
+    keys = [application(number) for number in range(24)]
+    with stage() as desktop, paired_agent(desktop) as (_, token):
+        cold = exchange(PORT, token, icon_request(keys), replies=24)
+        warm = exchange(PORT, token, icon_request(keys), replies=24, requests=20)
+        return {"icons_cold": cold["p50"] / 1000, "icons_warm": warm["p50"] / 1000}
+
+
+def hanging_keyring(desktop):
+    """A bus whose Secret Service never answers."""
+    desktop.start_bus()
+    keyring = desktop.start(PARTS / "keyring", "unlocked")
+    owner = ["gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path", "/",
+             "--method", "org.freedesktop.DBus.GetNameOwner", "org.freedesktop.secrets"]
+    eventually(lambda: subprocess.run(owner, env=desktop.env, stdout=subprocess.DEVNULL,
+                                      stderr=subprocess.DEVNULL, check=False).returncode == 0,
+               "The keyring")
+    keyring.send_signal(signal.SIGSTOP)
+
+
+def busy(seconds):
+    """Pings while a keychain hangs, a Shortcut hangs and another phone fetches icons cold."""
+    with stage(applications=480) as desktop:
+        with paired_agent(desktop) as (_, token):
+            pass  # leaves its pairing in the file, which is read beside the keyring
+        hanging_keyring(desktop)
+        desktop.set_shortcuts("*) sleep 600;;")
+        with quiet_agent(desktop) as agent:
+            started = time.monotonic()
+            agent.serving()
+            exchange(PORT, token, PING)
+            # The next call to the keychain comes ten seconds after the first was given up.
+            time.sleep(started + 11 - time.monotonic())
+            run = json.dumps({"type": "shortcut.run", "id": IDENTIFIER,
+                              "payload": {"shortcutIdentifier": IDENTIFIER}})
+            others = [subprocess.Popen(
+                [BIN / "glintboard-load", "exchange", str(PORT), "1", "1", "1", str(replies),
+                 str(agent.pid), token, message], stdout=subprocess.DEVNULL,
+                stderr=subprocess.DEVNULL)
+                for replies, message in ((1, run), (480, icon_request(map(application,
+                                                                          range(480)))))]
+            p99, end = [], time.monotonic() + seconds
+            while time.monotonic() < end and others[1].poll() is None:
+                p99.append(exchange(PORT, token, PING, requests=900)["p99"] / 1000)
+            for other in others:
+                other.kill()
+                other.wait()
+            return {"busy_p99": median(p99)}
+
+
