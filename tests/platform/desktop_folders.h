@@ -3,12 +3,17 @@
 
 #include <sys/stat.h>
 
+#include "platform/atomic_file.h"
 #include "platform/linux/xdg_folders.h"
+#include "tests/support/eventually.h"
 #include "tests/support/temporary_folder.h"
 
 namespace glintboard::test {
 
+// Also keeps the settings of the session that the tests run in out of them.
 struct DesktopFolders {
+  DesktopFolders() { ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1); }
+
   TemporaryFolder root;
   XdgFolders folders{.home = root / "home",
                      .dataHome = root / "home/data",
@@ -22,12 +27,27 @@ struct DesktopFolders {
     return root.write(
         file, "[Desktop Entry]\nType=Application\nName=" + file.stem().string() + "\n" + lines);
   }
-
+  // The entry of an application whose program is the shell script `script`.
+  void scripted(const std::string& id, const std::string& script) const {
+    const auto file = program("bin/" + id, "#!/bin/sh\n" + script + "\n");
+    entry("system/applications/" + id + ".desktop", "Exec=" + file.string() + "\n");
+  }
   // Writes an executable file below the root.
   std::filesystem::path program(const std::filesystem::path& file, const std::string& text) const {
     const auto path = root.write(file, text);
     ::chmod(path.c_str(), 0755);
     return path;
+  }
+
+  // A shell command that puts what `command` prints into a file below the root, all at once.
+  std::string report(const std::string& file, const std::string& command) const {
+    const auto path = (root / file).string();
+    return "(" + command + ") >" + path + ".new; mv " + path + ".new " + path;
+  }
+  // The content of such a file, once it is there. Throws when it does not come.
+  std::string reported(const std::string& file) const {
+    eventually([&] { return std::filesystem::exists(root / file); });
+    return readWholeFile(root / file);
   }
 };
 

@@ -13,8 +13,6 @@ namespace {
 class IconLookupTest : public testing::Test {
  protected:
   IconLookupTest() {
-    // The user's own settings stay out of it.
-    ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
     icon("system/icons/hicolor/48x48/apps/common.png");
     theme("hicolor", "", {"48x48/apps"});
   }
@@ -141,29 +139,12 @@ TEST_F(IconLookupTest, SeesWhatIsInstalledChosenAndRemovedLater) {
 
 TEST_F(IconLookupTest, AsksARunningDesktopPortalFirst) {
   const test::SessionBus bus;
-  const auto ready = desktop_.root / "ready";
-  const auto portal = desktop_.program("bin/portal", R"(#!/usr/bin/python3 -E
-import sys
-from gi.repository import Gio, GLib
-xml = """<node><interface name='org.freedesktop.portal.Settings'><method name='Read'>
-<arg type='s' direction='in'/><arg type='s' direction='in'/><arg type='v' direction='out'/>
-</method></interface></node>"""
-def call(connection, sender, path, interface, method, parameters, invocation):
-    known = parameters.unpack() == ('org.gnome.desktop.interface', 'icon-theme')
-    theme = open(sys.argv[2]).read()
-    value = GLib.Variant('v', GLib.Variant('s', theme if known else ''))
-    invocation.return_value(GLib.Variant('(v)', (value,)))
-def acquired(connection, name):
-    interface = Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0]
-    connection.register_object('/org/freedesktop/portal/desktop', interface, call, None, None)
-def owned(connection, name):
-    open(sys.argv[1], 'w').close()
-Gio.bus_own_name(Gio.BusType.SESSION, 'org.freedesktop.portal.Desktop', 0, acquired, owned, None)
-GLib.MainLoop().run()
-)");
-  const auto theirs = desktop_.root.write("theme", "chosen");
-  const test::ChildProcess process({portal.string(), ready.string(), theirs.string()});
-  ASSERT_TRUE(test::eventually([&] { return std::filesystem::exists(ready); }));
+  const auto theirs = desktop_.root.write("theme", "chosen").string();
+  const test::ChildProcess portal(
+      {"/usr/bin/python3", GLINTBOARD_TEST_SUPPORT "/settings_portal.py", theirs});
+  ASSERT_TRUE(test::eventually([] {
+    return ::system("gdbus wait --session --timeout 1 org.freedesktop.portal.Desktop") == 0;
+  }));
   theme("chosen", "", {"64x64/apps"});
   icon("system/icons/chosen/64x64/apps/common.png");
   choose("no-such-theme");

@@ -1,5 +1,3 @@
-#include "platform/linux/linux_applications.h"
-
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/socket.h>
@@ -7,11 +5,9 @@
 
 #include <csignal>
 
-#include "platform/atomic_file.h"
 #include "platform/file_descriptor.h"
 #include "platform/linux/application_launcher.h"
-#include "tests/platform/desktop_folders.h"
-#include "tests/support/await.h"
+#include "tests/platform/applications_test.h"
 #include "tests/support/session_bus.h"
 
 namespace glintboard {
@@ -21,25 +17,8 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-std::size_t openDescriptors() {
-  return static_cast<std::size_t>(
-      std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}));
-}
-
-class LinuxApplicationsTest : public testing::Test {
+class LinuxApplicationsTest : public test::ApplicationsTest {
  protected:
-  LinuxApplicationsTest() { ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1); }
-
-  void start() {
-    executors_.emplace();
-    applications_.emplace(*executors_, desktop_.folders);
-    workspace_ = applications_->workspaceClient();
-  }
-  void open(const std::string& bundleId) {
-    const auto location = workspace_.urlForApplication(bundleId);
-    ASSERT_TRUE(location.has_value());
-    EXPECT_TRUE(test::await(executors_->service(), workspace_.openApplication(*location)));
-  }
   std::string failureOfOpening(const std::string& bundleId) {
     try {
       test::await(executors_->service(),
@@ -49,32 +28,12 @@ class LinuxApplicationsTest : public testing::Test {
       return error.what();
     }
   }
-  bool activate(const std::string& bundleId) {
-    return test::await(executors_->service(),
-                       workspace_.runningApplication(bundleId).value().activate());
-  }
-  bool becomesRunning(const std::string& bundleId, bool running) {
-    return test::eventually([&] { return workspace_.isRunning(bundleId) == running; });
-  }
-  // The number that a launched script wrote once it was there.
-  pid_t numberIn(const std::string& file) {
-    EXPECT_TRUE(test::eventually([&] { return std::filesystem::exists(desktop_.root / file); }));
-    return std::stoi(readWholeFile(desktop_.root / file));
-  }
-
-  test::DesktopFolders desktop_;
-  std::optional<Executors> executors_;
-  std::optional<LinuxApplications> applications_;
-  WorkspaceClient workspace_;
 };
 
 TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilItEnds) {
-  const auto report = (desktop_.root / "report").string();
-  const auto program = desktop_.program(
-      "bin/app", "#!/bin/sh\n(ls -l /proc/$$/fd; cat /proc/$$/status; cat /proc/$$/stat) >" +
-                     report + ".new\nmv " + report + ".new " + report + "\nwhile [ ! -e " + report +
-                     ".stop ]; do sleep 0.02; done\n");
-  desktop_.entry("system/applications/app.desktop", "Exec=" + program.string() + "\n");
+  desktop_.scripted(
+      "app", desktop_.report("seen", "ls -l /proc/$$/fd; cat /proc/$$/status; cat /proc/$$/stat") +
+                 "\nwhile [ ! -e " + (desktop_.root / "stop").string() + " ]; do sleep 0.02; done");
   const FileDescriptor inheritable(::open(desktop_.root.write("leak", "").c_str(), O_RDONLY));
   ::signal(SIGUSR2, SIG_IGN);
   sigset_t blocked;
@@ -85,34 +44,29 @@ TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilIt
   EXPECT_FALSE(workspace_.isRunning("app"));
   open("app");
   EXPECT_TRUE(workspace_.isRunning("app"));
-  ASSERT_TRUE(test::eventually([&] { return std::filesystem::exists(report); }));
-  const auto seen = readWholeFile(report);
+  const auto seen = desktop_.reported("seen");
   EXPECT_THAT(
       seen, AllOf(HasSubstr("0 -> /dev/null"), HasSubstr("1 -> /dev/null"),
                   HasSubstr("2 -> /dev/null"), Not(HasSubstr("leak")),
                   HasSubstr("SigBlk:\t0000000000000000"), HasSubstr("SigIgn:\t0000000000000000")));
   EXPECT_TRUE(workspace_.isRunning("app"));
   EXPECT_FALSE(activate("app")) << "nothing can bring it forward";
-  desktop_.root.write("report.stop", "");
+  desktop_.root.write("stop", "");
   EXPECT_TRUE(becomesRunning("app", false));
   EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child was left";
-  const auto descriptors = openDescriptors();
+  const auto descriptors = test::openDescriptors();
   for (int again = 0; again < 3; ++again) {
     open("app");
   }
   EXPECT_TRUE(becomesRunning("app", false));
-  EXPECT_TRUE(test::eventually([&] { return openDescriptors() <= descriptors; }));
+  EXPECT_TRUE(test::eventually([&] { return test::openDescriptors() <= descriptors; }));
 }
 
 TEST_F(LinuxApplicationsTest, AnApplicationThatItsWrapperLeftBehindIsStillRunning) {
-  const auto pidFile = (desktop_.root / "pid").string();
-  const auto program =
-      desktop_.program("bin/wrapper", "#!/bin/sh\nsleep 60 &\necho $! >" + pidFile + ".new; mv " +
-                                          pidFile + ".new " + pidFile + "\n");
-  desktop_.entry("system/applications/app.desktop", "Exec=" + program.string() + "\n");
+  desktop_.scripted("app", "sleep 60 &\n" + desktop_.report("pid", "echo $!"));
   start();
   open("app");
-  const pid_t left = numberIn("pid");
+  const pid_t left = std::stoi(desktop_.reported("pid"));
   std::this_thread::sleep_for(std::chrono::milliseconds(200));
   EXPECT_TRUE(workspace_.isRunning("app"));
   ::kill(left, SIGKILL);
@@ -152,35 +106,19 @@ TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {
 TEST_F(LinuxApplicationsTest, StartsAndActivatesOverTheBusWhatAsksForIt) {
   const test::SessionBus bus;
   const auto log = desktop_.root / "log";
-  const auto service = desktop_.program("bin/service", R"(#!/usr/bin/python3 -E
-import os, sys
-from gi.repository import Gio, GLib
-xml = """<node><interface name='org.freedesktop.Application'>
-<method name='Activate'><arg type='a{sv}' direction='in'/></method></interface></node>"""
-def call(connection, sender, path, interface, method, parameters, invocation):
-    with open(sys.argv[1], 'a') as log:
-        log.write(f'{method} {path}\n')
-    invocation.return_value(None)
-def acquired(connection, name):
-    interface = Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0]
-    connection.register_object('/org/test/Bus_App', interface, call, None, None)
-Gio.bus_own_name(Gio.BusType.SESSION, 'org.test.Bus-App', 0, acquired, None, None)
-GLib.MainLoop().run()
-)");
-  const auto command = service.string() + " " + log.string();
-  bus.folder().write("services/org.test.Bus-App.service",
-                     "[D-BUS Service]\nName=org.test.Bus-App\nExec=" + command + "\n");
+  const auto command = bus.install("org.test.Bus-App", log);
   desktop_.entry("system/applications/org.test.Bus-App.desktop",
                  "DBusActivatable=true\nExec=" + command + "\n");
   desktop_.entry("system/applications/org.test.Nobody.desktop",
                  "DBusActivatable=true\nExec=true\n");
   start();
   open("org.test.Bus-App");
-  EXPECT_EQ(readWholeFile(log), "Activate /org/test/Bus_App\n");
+  const std::string once = "Activate /org/test/Bus_App ({},)\n";
+  EXPECT_EQ(readWholeFile(log), once);
   applications_->watchRunningApplications(true);
   ASSERT_TRUE(becomesRunning("org.test.Bus-App", true)) << "the service's process is its own";
   EXPECT_TRUE(activate("org.test.Bus-App"));
-  EXPECT_EQ(readWholeFile(log), "Activate /org/test/Bus_App\nActivate /org/test/Bus_App\n");
+  EXPECT_EQ(readWholeFile(log), once + once);
   EXPECT_THAT(failureOfOpening("org.test.Nobody"),
               HasSubstr("org.test.Nobody could not be started: "));
 }

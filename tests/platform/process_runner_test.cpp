@@ -7,7 +7,6 @@
 #include <boost/asio/bind_cancellation_slot.hpp>
 #include <boost/asio/cancellation_signal.hpp>
 #include <filesystem>
-#include <fstream>
 
 #include "platform/executors.h"
 #include "platform/linux/foundation_process_runner.h"
@@ -30,10 +29,6 @@ class ProcessRunner : public testing::Test {
         test::await(executors_.workers(), runner_.run("/bin/sh", {"-c", script}, timeout));
     took_ = std::chrono::steady_clock::now() - start;
     return result;
-  }
-
-  static std::ptrdiff_t openDescriptors() {
-    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
   }
 
   static bool hasChild() { return ::waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) == 0; }
@@ -79,45 +74,31 @@ TEST_F(ProcessRunner, ADescendantThatPrintsWithoutEndHoldsNothingUp) {
          SIGKILL);
 }
 
-TEST_F(ProcessRunner, EndsTheWholeGroupAtTheDeadline) {
-  const test::TemporaryFolder folder;
-  const std::string file = folder / "descendant";
-  const auto result =
-      shell("trap 'exit 0' TERM; sleep 30 & echo $! >" + file + "; while :; do wait; done", 0.3s);
-  EXPECT_EQ(result.exitCode, 0);
-  EXPECT_TRUE(result.timedOut) << "though it exits with 0 when asked";
-  EXPECT_GE(took_, 0.3s);
-  EXPECT_LT(took_, 1.5s);
-  pid_t descendant = 0;
-  std::ifstream(file) >> descendant;
-  ASSERT_GT(descendant, 0);
-  EXPECT_TRUE(test::eventually([&] {
-    const auto state = test::outputOf("ps -o state= -p " + std::to_string(descendant));
-    return state.empty() || state.front() == 'Z';
-  }));
-}
-
-TEST_F(ProcessRunner, KillsWhatIgnoresTheRequestTwoSecondsLater) {
-  const auto result = shell("trap '' TERM; yes", 0.2s);
-  EXPECT_TRUE(result.timedOut);
-  EXPECT_EQ(result.exitCode, 137);
-  EXPECT_GE(took_, 2.2s);
-  EXPECT_LT(took_, 4s);
-  EXPECT_EQ(result.stdoutText.size(), LockedData::limit);
-}
-
-TEST_F(ProcessRunner, KillsADescendantThatOutlivesATimedOutProcess) {
-  const auto result = shell("(trap '' TERM; sleep 30) & echo $!; wait", 0.2s);
-  EXPECT_EQ(result.exitCode, 143);
-  EXPECT_LT(took_, 1.5s);
-  const pid_t descendant = std::stoi(result.stdoutText);
-  ASSERT_EQ(::kill(descendant, 0), 0);
-  EXPECT_TRUE(test::eventually(
-      [&] {
-        const auto state = test::outputOf("ps -o state= -p " + std::to_string(descendant));
-        return state.empty() || state.front() == 'Z';
-      },
-      4s));
+TEST_F(ProcessRunner, EndsTheWholeGroupAtTheDeadlineAndKillsWhatIgnoresItTwoSecondsLater) {
+  const struct {
+    const char* script;  // tells first which process must not remain
+    int exitCode;
+    Seconds least, most;
+  } cases[] = {
+      {"trap 'exit 0' TERM; sleep 30 & echo $!; while :; do wait; done", 0, 0.3s, 1.5s},
+      {"(trap '' TERM; sleep 30) & echo $!; wait", 143, 0.3s, 1.5s},
+      {"trap '' TERM; echo $$; yes", 137, 2.3s, 4s},
+  };
+  for (const auto& [script, exitCode, least, most] : cases) {
+    const auto result = shell(script, 0.3s);
+    EXPECT_TRUE(result.timedOut) << script;
+    EXPECT_EQ(result.exitCode, exitCode) << script;
+    EXPECT_GE(took_, least) << script;
+    EXPECT_LT(took_, most) << script;
+    const auto process = std::to_string(std::stoi(result.stdoutText));
+    EXPECT_TRUE(test::eventually(
+        [&] {
+          const auto state = test::outputOf("ps -o state= -p " + process);
+          return state.empty() || state.front() == 'Z';
+        },
+        4s))
+        << script;
+  }
 }
 
 TEST_F(ProcessRunner, GivesTheProcessNeitherDescriptorsNorSignalsOfTheAgent) {
@@ -165,7 +146,7 @@ Awaitable<> runAndCount(FoundationProcessRunner& runner, std::string script,
 
 TEST_F(ProcessRunner, RunsManyAtOnceAndLeavesNeitherZombiesNorDescriptors) {
   shell("true");  // so that the loop's own descriptors exist
-  const auto before = openDescriptors();
+  const auto before = test::openDescriptors();
   std::atomic<int> ran = 0;
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < 20; ++i) {
@@ -174,13 +155,13 @@ TEST_F(ProcessRunner, RunsManyAtOnceAndLeavesNeitherZombiesNorDescriptors) {
   }
   EXPECT_TRUE(test::eventually([&] { return ran == 20; }));
   EXPECT_LT(std::chrono::steady_clock::now() - start, 3s);
-  EXPECT_TRUE(test::eventually([&] { return openDescriptors() == before; }));
+  EXPECT_TRUE(test::eventually([&] { return test::openDescriptors() == before; }));
   EXPECT_FALSE(hasChild());
 }
 
 TEST_F(ProcessRunner, ARunGoesOnToItsEndWhenItsCallerIsCancelled) {
   shell("true");
-  const auto before = openDescriptors();
+  const auto before = test::openDescriptors();
   const test::TemporaryFolder folder;
   std::atomic<int> ran = 0;
   std::atomic<bool> resumed = false;
@@ -193,13 +174,13 @@ TEST_F(ProcessRunner, ARunGoesOnToItsEndWhenItsCallerIsCancelled) {
   asio::post(executors_.service(), [&] { cancel.emit(asio::cancellation_type::terminal); });
   EXPECT_TRUE(test::eventually([&] { return resumed.load(); }));
   EXPECT_TRUE(std::filesystem::exists(folder / "done"));
-  EXPECT_TRUE(test::eventually([&] { return openDescriptors() == before; }));
+  EXPECT_TRUE(test::eventually([&] { return test::openDescriptors() == before; }));
   EXPECT_FALSE(hasChild());
 }
 
 TEST_F(ProcessRunner, ALoopThatIsDestroyedLeavesItsProcessesAlone) {
   const test::TemporaryFolder folder;
-  const auto before = openDescriptors();
+  const auto before = test::openDescriptors();
   {
     Executors passing;
     FoundationProcessRunner runner(passing.service());
@@ -209,7 +190,7 @@ TEST_F(ProcessRunner, ALoopThatIsDestroyedLeavesItsProcessesAlone) {
                    [](const std::exception_ptr&) {});
     EXPECT_TRUE(test::eventually([] { return hasChild(); }));
   }
-  EXPECT_EQ(openDescriptors(), before);
+  EXPECT_EQ(test::openDescriptors(), before);
   EXPECT_TRUE(test::eventually([&] { return std::filesystem::exists(folder / "done"); }));
   ::wait(nullptr);
 }

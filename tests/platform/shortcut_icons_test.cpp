@@ -7,14 +7,13 @@
 #include "platform/linux/shortcut_folder.h"
 #include "platform/linux/shortcut_tile.h"
 #include "tests/platform/desktop_folders.h"
+#include "tests/support/painted.h"
 
 namespace glintboard {
 namespace {
 
 class ShortcutIconsTest : public testing::Test {
  protected:
-  ShortcutIconsTest() { ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1); }
-
   ~ShortcutIconsTest() override {
     if (index_) {
       index_->stop();
@@ -27,11 +26,7 @@ class ShortcutIconsTest : public testing::Test {
     icons_ = shortcutIcons(index_, desktop_.folders);
   }
   std::filesystem::path paint(const std::string& file, Qt::GlobalColor colour) {
-    auto path = desktop_.root.write(file, "");
-    QImage image(16, 16, QImage::Format_ARGB32);
-    image.fill(colour);
-    EXPECT_TRUE(image.save(QString::fromStdString(path.string())));
-    return path;
+    return test::paint(desktop_.root, file, colour);
   }
   std::map<std::string, std::string> stamps() {
     std::map<std::string, std::string> found;
@@ -44,16 +39,6 @@ class ShortcutIconsTest : public testing::Test {
     const auto icon = icons_->icon(identifier);
     return icon ? icon->draw(64) : QImage();
   }
-  // The identifier of the one Shortcut that is not among the known ones.
-  std::string otherThan(const std::vector<std::string>& known) {
-    for (const auto& [identifier, stamp] : stamps()) {
-      if (std::find(known.begin(), known.end(), identifier) == known.end()) {
-        return identifier;
-      }
-    }
-    return "";
-  }
-
   test::DesktopFolders desktop_;
   ShortcutFolder folder_{ShortcutFolder::pathIn(desktop_.folders)};
   std::optional<Executors> executors_;
@@ -81,9 +66,13 @@ TEST_F(ShortcutIconsTest, AShortcutHasTheIconThatItNamesOrATileOfItsOwn) {
   EXPECT_NE(draw(lost.identifier), draw(plain.identifier));
   EXPECT_EQ(draw(broken.identifier).size(), QSize(64, 64));
   EXPECT_TRUE(draw("unknown").isNull());
-  const auto action =
-      otherThan({own.identifier, plain.identifier, lost.identifier, broken.identifier});
-  EXPECT_EQ(draw(action).pixelColor(32, 32), QColor(Qt::blue)) << "the application's";
+  auto actions = stamps();
+  for (const auto& shortcut : {own, plain, lost, broken}) {
+    actions.erase(shortcut.identifier);
+  }
+  ASSERT_EQ(actions.size(), 1U);
+  EXPECT_EQ(draw(actions.begin()->first).pixelColor(32, 32), QColor(Qt::blue))
+      << "the application's";
 }
 
 TEST_F(ShortcutIconsTest, OnlyTheStampOfAnIconThatMayLookDifferentChanges) {

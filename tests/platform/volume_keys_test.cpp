@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <thread>
+
 #include "agent_core/actions/core_audio_volume_controller.h"
 #include "platform/linux/pulse_audio_output.h"
 #include "tests/support/child_process.h"
@@ -43,20 +45,23 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
     std::filesystem::remove_all(folder_ / "pulse");
   }
 
+  static bool becomesPresent(const std::string& sink, bool present) {
+    return test::eventually([&] {
+      const auto question = "pactl get-sink-volume " + sink + " >/dev/null 2>&1";
+      return (::system(question.c_str()) == 0) == present;
+    });
+  }
   static void addSink(const std::string& name) {
     ::system(("pactl load-module module-null-sink channels=2 sink_name=" + name + " >/dev/null")
                  .c_str());
-    ASSERT_TRUE(test::eventually([&] {
-      return ::system(("pactl get-sink-volume " + name + " >/dev/null 2>&1").c_str()) == 0;
-    }));
+    ASSERT_TRUE(becomesPresent(name, true));
   }
-
   static void removeSink(const std::string& name) {
     ::system(
         ("pactl unload-module $(pactl list short modules | grep sink_name=" + name + " | cut -f1)")
             .c_str());
+    ASSERT_TRUE(becomesPresent(name, false));
   }
-
   static void makeDefault(const std::string& name) {
     // PipeWire refuses until its session manager is there, and does it a little later.
     ASSERT_TRUE(test::eventually([&] {
@@ -97,6 +102,10 @@ TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
   EXPECT_THAT(volumes("first"), AllOf(HasSubstr("left: 0 "), HasSubstr("right: 0 ")));
   EXPECT_EQ(test::outputOf("pactl get-sink-mute first"), "Mute: yes\n")
       << "silence leaves it as it was";
+  volume_.toggleMute();
+  volume_.volumeUp();
+  EXPECT_THAT(volumes("first"), AllOf(HasSubstr("left: 4096 "), HasSubstr("right: 4096 ")));
+  EXPECT_EQ(test::outputOf("pactl get-sink-mute first"), "Mute: no\n");
 }
 
 TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
@@ -131,6 +140,32 @@ TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
   } catch (const CoreAudioVolumeError& error) {
     EXPECT_STREQ(error.what(), "No audio output device found.");
   }
+}
+
+TEST_P(VolumeKeys, FailInTimeOnADeviceThatIsGoneAndAServerThatHangs) {
+  using namespace std::chrono_literals;
+  makeDefault("first");
+  auto device = output_.defaultOutputDevice();
+  removeSink("first");
+  try {
+    device->volume();
+    FAIL() << "the volume of a device that is gone";
+  } catch (const AudioError& error) {
+    EXPECT_EQ(error.status, 5) << "no such entity";
+  }
+  makeDefault("second");
+  device = output_.defaultOutputDevice();
+  ASSERT_TRUE(device);
+  std::this_thread::sleep_for(500ms);
+  ASSERT_FALSE(server_->hasEnded());
+  const auto server = std::to_string(server_->id());
+  ::system(("kill -STOP " + server + " $(pgrep -P " + server + ")").c_str());
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_THROW(device->volume(), AudioError);
+  EXPECT_THROW(device->setMuted(true), AudioError);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 1700ms) << "one deadline for all";
+  EXPECT_FALSE(output_.defaultOutputDevice());
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 4s);
 }
 
 }  // namespace

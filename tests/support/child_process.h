@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -77,6 +78,11 @@ class ChildProcess {
 // The path of a program in tests/desktop/parts.
 inline std::string desktopPart(const std::string& name) {
   return GLINTBOARD_DESKTOP_PARTS + name;
+}
+
+// How many descriptors the test has open.
+inline std::ptrdiff_t openDescriptors() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
 // What a shell command prints on standard output.

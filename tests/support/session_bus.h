@@ -12,7 +12,6 @@
 namespace glintboard::test {
 
 // Runs dbus-daemon and names it in this process's environment: make it before other threads run.
-// It starts the services that have a file in `folder() / "services"`.
 class SessionBus {
  public:
   SessionBus() : daemon_({desktopPart("bus"), "session", socket().string()}) {
@@ -24,6 +23,16 @@ class SessionBus {
   ~SessionBus() { ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1); }
 
   const TemporaryFolder& folder() const { return folder_; }
+
+  // Lets the bus start an application, which appends to `log` what it is asked to do. Returns its
+  // command.
+  std::string install(const std::string& name, const std::filesystem::path& log) const {
+    const auto command = "/usr/bin/python3 -E " GLINTBOARD_TEST_SUPPORT "/bus_application.py " +
+                         name + " " + log.string();
+    folder_.write("services/" + name + ".service",
+                  "[D-BUS Service]\nName=" + name + "\nExec=" + command + "\n");
+    return command;
+  }
 
  private:
   std::filesystem::path socket() const { return folder_ / "bus"; }

@@ -1,4 +1,9 @@
-"""The settings of a desktop portal: dark and large at first, light and at rest once it is told."""
+"""The settings of a desktop portal: dark and large at first, light and at rest once it is told.
+
+The theme of icons is what stands in the file FILE, if there is one.
+"""
+
+import sys
 
 from gi.repository import Gio, GLib
 
@@ -6,6 +11,8 @@ INTERFACE = Gio.DBusNodeInfo.new_for_xml("""<node>
   <interface name="org.freedesktop.portal.Settings">
     <method name="ReadAll">
       <arg type="as" direction="in"/><arg type="a{sa{sv}}" direction="out"/></method>
+    <method name="Read"><arg type="s" direction="in"/><arg type="s" direction="in"/>
+      <arg type="v" direction="out"/></method>
     <method name="Change"/>
     <signal name="SettingChanged"><arg type="s"/><arg type="s"/><arg type="v"/></signal>
   </interface></node>""").interfaces[0]
@@ -18,7 +25,12 @@ AFTER = (("org.freedesktop.appearance", "color-scheme", GLib.Variant("u", 2)),
          ("org.gnome.desktop.interface", "enable-animations", GLib.Variant("b", False)))
 
 
-def call(connection, _sender, _path, interface, method, _arguments, invocation):
+def call(connection, _sender, _path, interface, method, arguments, invocation):
+    if method == "Read":
+        known = arguments.unpack() == ("org.gnome.desktop.interface", "icon-theme")
+        theme = GLib.Variant("s", open(sys.argv[1]).read() if known else "")
+        invocation.return_value(GLib.Variant("(v)", (GLib.Variant("v", theme),)))
+        return
     if method == "ReadAll":
         invocation.return_value(GLib.Variant("(a{sa{sv}})", (BEFORE,)))
         return

@@ -1,0 +1,40 @@
+// The applications of a desktop that a test made.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "platform/linux/linux_applications.h"
+#include "tests/platform/desktop_folders.h"
+#include "tests/support/await.h"
+
+namespace glintboard::test {
+
+class ApplicationsTest : public testing::Test {
+ protected:
+  // Starts threads: the environment must be complete.
+  void start(const Displays& displays = {}) {
+    executors_.emplace();
+    applications_.emplace(*executors_, desktop_.folders, displays);
+    workspace_ = applications_->workspaceClient();
+  }
+  void open(const std::string& bundleId) {
+    const auto location = workspace_.urlForApplication(bundleId);
+    ASSERT_TRUE(location.has_value());
+    EXPECT_TRUE(await(executors_->service(), workspace_.openApplication(*location)));
+  }
+  bool activate(const std::string& bundleId) {
+    const auto running = workspace_.runningApplication(bundleId);
+    return running && await(executors_->service(), running->activate());
+  }
+  bool becomesRunning(const std::string& bundleId, bool running,
+                      std::chrono::milliseconds limit = std::chrono::seconds(10)) {
+    return eventually([&] { return workspace_.isRunning(bundleId) == running; }, limit);
+  }
+
+  DesktopFolders desktop_;
+  std::optional<Executors> executors_;
+  std::optional<LinuxApplications> applications_;
+  WorkspaceClient workspace_;
+};
+
+}  // namespace glintboard::test

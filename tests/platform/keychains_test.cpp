@@ -1,0 +1,338 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <future>
+
+#include "platform/atomic_file.h"
+#include "platform/linux/file_keychain.h"
+#include "platform/linux/secret_service_keychain.h"
+#include "platform/linux/two_place_keychain.h"
+#include "tests/support/keyring.h"
+
+namespace glintboard {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+const KeychainQuery item{"org.example.service", "paired-devices"};
+
+// What every keychain does; afterwards it holds `last`.
+void expectKeepsAnItem(Keychain& keychain, const std::string& last) {
+  std::string data;
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainItemNotFound);
+  EXPECT_EQ(keychain.update(item, "[]"), keychainItemNotFound);
+  EXPECT_EQ(keychain.remove(item), keychainItemNotFound);
+  EXPECT_EQ(keychain.add(item, "[2]"), keychainSuccess);
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainItemNotFound);
+  EXPECT_EQ(keychain.add(item, "[3]"), keychainSuccess);
+  EXPECT_EQ(keychain.add(item, "[4]"), keychainDuplicateItem);
+  EXPECT_EQ(keychain.update(item, last), keychainSuccess);
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
+  EXPECT_EQ(data, last);
+}
+
+mode_t modeOf(const std::filesystem::path& path) {
+  struct stat status{};
+  return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777u : 0;
+}
+
+TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
+  const test::TemporaryFolder folder;
+  FileKeychain keychain(folder / "data/agent");
+  expectKeepsAnItem(keychain, "[1]");
+  EXPECT_EQ(readWholeFile(folder / "data/agent/paired-devices.json"), "[1]");
+  EXPECT_EQ(modeOf(folder / "data/agent"), 0700u);
+  EXPECT_EQ(modeOf(folder / "data/agent/paired-devices.json"), 0600u);
+}
+
+TEST(FileKeychain, TightensWhatOthersCouldRead) {
+  const test::TemporaryFolder folder;
+  const auto file = folder.write("agent/paired-devices.json", "[]");
+  ::chmod((folder / "agent").c_str(), 0755);
+  ::chmod(file.c_str(), 0644);
+  FileKeychain keychain(folder / "agent");
+  EXPECT_EQ(keychain.update(item, "[1]"), keychainSuccess);
+  EXPECT_EQ(modeOf(folder / "agent"), 0700u);
+  EXPECT_EQ(modeOf(file), 0600u);
+}
+
+TEST(FileKeychain, ReportsFailuresAsNegativeStatuses) {
+  const test::TemporaryFolder folder;
+  folder.write("blocked", "a file where the folder should be");
+  FileKeychain blocked(folder / "blocked");
+  std::string data;
+  EXPECT_EQ(blocked.copyMatching(item, data), -ENOTDIR);
+  EXPECT_EQ(blocked.add(item, "[]"), -ENOTDIR);
+  EXPECT_EQ(blocked.update(item, "[]"), -ENOTDIR);
+  EXPECT_EQ(blocked.remove(item), -ENOTDIR);
+
+  FileKeychain keychain(folder / "agent");
+  for (const std::string account : {"", "../outside", ".hidden", "a/b"}) {
+    EXPECT_EQ(keychain.add({"service", account}, "[]"), -EINVAL) << account;
+  }
+  folder.write("agent/paired-devices.json/inside", "a folder where the file should be");
+  EXPECT_EQ(keychain.copyMatching(item, data), -EISDIR);
+  EXPECT_EQ(keychain.update(item, "[]"), -EISDIR);
+}
+
+class SecretServiceKeychainTest : public testing::Test {
+ protected:
+  test::KeyringSession session;
+  SecretServiceKeychain keychain{{2s, 3s}};
+  std::string data;
+
+  // Every operation's status, with how long the slowest took.
+  std::vector<KeychainStatus> statuses() {
+    std::vector<KeychainStatus> all;
+    const auto measured = [&](KeychainStatus (*operation)(Keychain&, std::string&)) {
+      const auto began = Clock::now();
+      all.push_back(operation(keychain, data));
+      slowest = std::max(slowest, Clock::now() - began);
+    };
+    slowest = {};
+    measured([](Keychain& k, std::string& read) { return k.copyMatching(item, read); });
+    measured([](Keychain& k, std::string&) { return k.update(item, "[9]"); });
+    measured([](Keychain& k, std::string&) { return k.add(item, "[9]"); });
+    measured([](Keychain& k, std::string&) { return k.remove(item); });
+    return all;
+  }
+  static std::vector<KeychainStatus> always(KeychainStatus status) {
+    return std::vector<KeychainStatus>(4, status);
+  }
+
+  Clock::duration slowest{};
+};
+
+TEST_F(SecretServiceKeychainTest, KeepsAnItemUnderItsAttributes) {
+  session.startUnlocked();
+  const std::string first = "[{\"name\":\"Anna\u2019s phone\"}]";
+  expectKeepsAnItem(keychain, first);
+  const std::string lookup =
+      "secret-tool lookup class generic-password service org.example.service account "
+      "paired-devices";
+  EXPECT_EQ(test::outputOf(lookup), first);
+  EXPECT_EQ(keychain.update(item, "[3]"), keychainSuccess);
+  EXPECT_EQ(keychain.add({item.service, "another"}, "[4]"), keychainSuccess);
+  session.restartUnlocked();
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
+  EXPECT_EQ(data, "[3]");
+  const std::string found = test::outputOf("secret-tool search account paired-devices 2>&1 | sort");
+  for (const char* line :
+       {"attribute.class = generic-password\n", "attribute.service = org.example.service\n",
+        "label = Glintboard Agent paired devices\n", "secret = [3]\n"}) {
+    EXPECT_NE(found.find(line), std::string::npos) << found;
+  }
+
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  EXPECT_EQ(test::outputOf(lookup), "");
+  EXPECT_EQ(keychain.copyMatching({item.service, "another"}, data), keychainSuccess);
+}
+
+// Counts how often the user would be asked for the password.
+constexpr const char* prompter = R"(
+import sys
+from gi.repository import Gio, GLib
+node = Gio.DBusNodeInfo.new_for_xml('''<node><interface name="org.gnome.keyring.internal.Prompter">
+  <method name="BeginPrompting"><arg type="o" direction="in"/></method>
+  <method name="PerformPrompt"><arg type="o" direction="in"/><arg type="s" direction="in"/>
+    <arg type="a{sv}" direction="in"/><arg type="s" direction="in"/></method>
+  <method name="StopPrompting"><arg type="o" direction="in"/></method></interface></node>''')
+bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+def called(connection, sender, path, interface, method, arguments, invocation):
+    with open(sys.argv[1], 'a') as file:
+        file.write(method + '\n')
+    invocation.return_value(None)
+bus.register_object('/org/gnome/keyring/Prompter', node.interfaces[0], called, None, None)
+Gio.bus_own_name_on_connection(bus, 'org.gnome.keyring.SystemPrompter', 0, None, None)
+open(sys.argv[1], 'w').close()
+GLib.MainLoop().run()
+)";
+
+TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIsAskedOnce) {
+  const auto prompts = session.folder() / "prompts";
+  test::ChildProcess prompting({"/usr/bin/python3", "-c", prompter, prompts.string()});
+  ASSERT_TRUE(test::eventually([&] { return std::filesystem::exists(prompts); }));
+  session.startUnlocked();
+  ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
+  session.lock();
+  EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
+  EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
+  EXPECT_LT(slowest, 2500ms);
+  EXPECT_TRUE(test::eventually([&] { return !readWholeFile(prompts).empty(); }));
+  EXPECT_EQ(readWholeFile(prompts), "BeginPrompting\n");
+
+  session.kill();
+  session.startLocked();
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainInteractionNotAllowed);
+  EXPECT_EQ(keychain.copyMatching({item.service, "absent"}, data), keychainInteractionNotAllowed);
+  session.restartUnlocked();
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
+  EXPECT_EQ(data, "[1]") << "nothing that was refused changed the item";
+}
+
+TEST_F(SecretServiceKeychainTest, NoDefaultCollectionIsMade) {
+  session.startLocked();
+  EXPECT_EQ(statuses(),
+            (std::vector<KeychainStatus>{keychainItemNotFound, keychainItemNotFound,
+                                         keychainNoSuchKeychain, keychainItemNotFound}));
+  EXPECT_LT(slowest, 2500ms);
+}
+
+TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppears) {
+  EXPECT_EQ(statuses(), always(keychainNotAvailable)) << "a bus without the service";
+  session.startUnlocked();
+  EXPECT_EQ(keychain.add(item, "[1]"), keychainSuccess);
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
+  session.kill();
+  EXPECT_EQ(statuses(), always(keychainNotAvailable));
+  EXPECT_LT(slowest, 2s);
+}
+
+TEST(SecretServiceKeychain, WithoutABusIsNotAvailable) {
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
+  SecretServiceKeychain keychain;
+  std::string data;
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainNotAvailable);
+  EXPECT_EQ(keychain.add(item, "[]"), keychainNotAvailable);
+}
+
+TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheDeadline) {
+  session.startUnlocked();
+  ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
+  session.signal(SIGSTOP);
+  EXPECT_EQ(statuses(), always(keychainTimedOut));
+  EXPECT_LT(slowest, 4s);
+  session.signal(SIGCONT);
+  EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
+
+  session.signal(SIGSTOP);
+  SecretServiceKeychain patient({20s, 20s});
+  auto dying = std::async(std::launch::async, [&] { return patient.update(item, "[2]"); });
+  EXPECT_EQ(dying.wait_for(300ms), std::future_status::timeout);
+  session.kill();
+  ASSERT_EQ(dying.wait_for(5s), std::future_status::ready);
+  EXPECT_EQ(dying.get(), keychainNotAvailable);
+  session.startUnlocked();
+  EXPECT_EQ(keychain.update(item, "[3]"), keychainSuccess);
+}
+
+// Later items are the greater texts here.
+class TwoPlaceKeychainTest : public testing::Test {
+ protected:
+  test::KeyringSession session;
+  SecretServiceKeychain secretService{{2s, 3s}};
+  FileKeychain file{session.folder() / "agent"};
+  TwoPlaceKeychain keychain{secretService, file, {std::greater<>(), "removed"}};
+
+  static std::string read(Keychain& from) {
+    std::string data;
+    const KeychainStatus status = from.copyMatching(item, data);
+    return status == keychainSuccess        ? data
+           : status == keychainItemNotFound ? "none"
+                                            : std::to_string(status);
+  }
+  // As the pairing is saved.
+  KeychainStatus save(const std::string& data) {
+    const KeychainStatus status = keychain.update(item, data);
+    return status == keychainItemNotFound ? keychain.add(item, data) : status;
+  }
+  void expectOnlyInSecretService(const std::string& data) {
+    EXPECT_EQ(read(keychain), data);
+    EXPECT_EQ(read(secretService), data);
+    EXPECT_EQ(read(file), "none");
+  }
+};
+
+TEST_F(TwoPlaceKeychainTest, WhatWasKeptWithoutTheServiceMovesToItWhenItAppears) {
+  EXPECT_EQ(read(keychain), std::to_string(keychainNotAvailable));
+  EXPECT_EQ(save("0"), keychainSuccess);
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  EXPECT_EQ(keychain.remove(item), keychainItemNotFound);
+  EXPECT_TRUE(std::filesystem::is_empty(session.folder() / "agent"));
+
+  EXPECT_EQ(keychain.update(item, "1"), keychainSuccess);
+  EXPECT_EQ(save("2"), keychainSuccess);
+  EXPECT_EQ(read(keychain), "2");
+  EXPECT_EQ(read(file), "2");
+  session.startUnlocked();
+  expectOnlyInSecretService("2");
+  EXPECT_EQ(save("3"), keychainSuccess);
+  expectOnlyInSecretService("3");
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  expectOnlyInSecretService("none");
+  EXPECT_TRUE(std::filesystem::is_empty(session.folder() / "agent"));
+  EXPECT_EQ(keychain.update(item, "4"), keychainItemNotFound);
+  EXPECT_EQ(keychain.remove(item), keychainItemNotFound);
+}
+
+TEST_F(TwoPlaceKeychainTest, OfTwoItemsTheLaterOneWins) {
+  session.startUnlocked();
+  ASSERT_EQ(secretService.add(item, "1"), keychainSuccess);
+  ASSERT_EQ(file.add(item, "2"), keychainSuccess);
+  expectOnlyInSecretService("2");
+  ASSERT_EQ(file.add(item, "1"), keychainSuccess);
+  expectOnlyInSecretService("2");
+  ASSERT_EQ(file.add(item, "1"), keychainSuccess);
+  EXPECT_EQ(save("3"), keychainSuccess);
+  expectOnlyInSecretService("3");
+}
+
+TEST_F(TwoPlaceKeychainTest, AnItemSurvivesAServiceThatIsLockedOrHangs) {
+  session.startUnlocked();
+  ASSERT_EQ(save("1"), keychainSuccess);
+  session.lock();
+  EXPECT_EQ(read(keychain), std::to_string(keychainInteractionNotAllowed));
+  EXPECT_EQ(save("2"), keychainSuccess);
+  EXPECT_EQ(read(keychain), "2");
+  session.restartUnlocked();
+  EXPECT_EQ(read(secretService), "1");
+  expectOnlyInSecretService("2");
+
+  session.signal(SIGSTOP);
+  EXPECT_EQ(read(keychain), std::to_string(keychainTimedOut));
+  EXPECT_EQ(save("3"), keychainSuccess);
+  EXPECT_EQ(read(keychain), "3");
+  session.signal(SIGCONT);
+  expectOnlyInSecretService("3");
+}
+
+TEST_F(TwoPlaceKeychainTest, TheFileIsKeptUntilTheServiceHasWhatItHolds) {
+  session.startLocked();  // nothing can be added: there is no collection
+  ASSERT_EQ(file.add(item, "1"), keychainSuccess);
+  EXPECT_EQ(read(keychain), "1");
+  EXPECT_EQ(read(file), "1");
+  EXPECT_EQ(save("2"), keychainSuccess);
+  EXPECT_EQ(read(file), "2");
+}
+
+TEST_F(TwoPlaceKeychainTest, WhatWasRemovedWhileTheServiceWasAwayDoesNotComeBack) {
+  session.startUnlocked();
+  ASSERT_EQ(save("1"), keychainSuccess);
+  session.kill();
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  EXPECT_EQ(read(keychain), "none");
+  session.startUnlocked();
+  EXPECT_EQ(read(secretService), "1");
+  expectOnlyInSecretService("none");
+
+  // A pairing after such a removal counts, wherever it is kept.
+  ASSERT_EQ(save("2"), keychainSuccess);
+  session.lock();
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  EXPECT_EQ(save("3"), keychainSuccess);
+  EXPECT_EQ(read(keychain), "3");
+  session.restartUnlocked();
+  expectOnlyInSecretService("3");
+  session.lock();
+  EXPECT_EQ(keychain.remove(item), keychainSuccess);
+  session.restartUnlocked();
+  EXPECT_EQ(save("4"), keychainSuccess);
+  expectOnlyInSecretService("4");
+}
+
+}  // namespace
+}  // namespace glintboard
