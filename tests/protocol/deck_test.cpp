@@ -4,6 +4,7 @@
 #include "protocol/deck_templates.h"
 #include "protocol/json_reader.h"
 #include "protocol/json_writer.h"
+#include "protocol/mac_icon_sync_policy.h"
 
 namespace glintboard {
 namespace {
@@ -17,12 +18,7 @@ std::vector<std::int64_t> slots(const std::vector<DeckTile>& tiles) {
 }
 
 TEST(DeckTile, ReadingDerivesKindAndIdentityThatAreMissing) {
-  struct Case {
-    const char* text;
-    DeckTileKind kind;
-    const char* id;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, DeckTileKind, const char*> cases[] = {
       {R"({"slot":1,"label":"A","bundleId":"a.b"})", DeckTileKind::app, "a.b"},
       {R"({"slot":1,"label":"A","bundleId":"","actionId":"system.volume.up"})",
        DeckTileKind::action, "system.volume.up"},
@@ -88,6 +84,27 @@ TEST(DeckTemplateFilter, ShowsWhatIsInstalledUnderTheIdentifierThatIs) {
                            {DeckTile::action(1, BuiltinAction::volumeUp),
                             DeckTile::shortcut(2, "S", "s", "x"), DeckTile::app(3, "A", "a")});
   EXPECT_EQ(slots(DeckTemplateFilter::visibleTiles(mixed, {})), (std::vector<std::int64_t>{1, 2}));
+}
+
+TEST(MacIconSyncPolicy, AsksForWhatIsMissingOrOutdatedOnce) {
+  const std::string upper = "0F8FAD5B-D9CB-469F-A165-70867728950E";
+  const std::string lower = MacIconSyncPolicy::normalized(upper);
+  EXPECT_EQ(lower, "0f8fad5b-d9cb-469f-a165-70867728950e");
+  EXPECT_EQ(MacIconSyncPolicy::normalized("Com.Example"), "Com.Example");
+
+  const std::vector<DeckTile> tiles = {
+      DeckTile::app(1, "new", "new"),         DeckTile::app(2, "new again", "new"),
+      DeckTile::app(3, "current", "current"), DeckTile::app(4, "outdated", "outdated"),
+      DeckTile::app(5, "unknown", "unknown"), DeckTile::app(6, "empty", ""),
+      DeckTile::shortcut(7, "s", upper, "x"), DeckTile::action(8, BuiltinAction::volumeUp)};
+  const std::map<std::string, std::string> revisions = {
+      {"current", "1"}, {"outdated", "2"}, {upper, "1"}};
+  const auto keys = MacIconSyncPolicy::keysNeedingFetch(
+      tiles, revisions, [](const std::string& key) { return key != "new"; },
+      [&](const std::string& key, const std::string& revision) {
+        return revision == "2" || key == upper;
+      });
+  EXPECT_EQ(keys, (std::vector<std::string>{upper, "new", "outdated"}));
 }
 
 }  // namespace

@@ -27,11 +27,7 @@ TEST(Json, NumbersReadBackAsTheyWere) {
 }
 
 TEST(Json, ReadsLenientlyWhatMayVaryAndRefusesTheRest) {
-  struct Case {
-    const char* text;
-    bool fits;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, bool> cases[] = {
       {R"({"bundleId":"a","code":"not_found"})", true},
       {R"({"bundleId":"a","code":"not_found","message":null,"unknown":[1,{}]})", true},
       {R"({"bundleId":"x","bundleId":"a","code":"not_found"})", true},

@@ -32,18 +32,18 @@ TEST_F(ApplicationActions, AreOfferedUnderIdentifiersThatStayTheSame) {
 }
 
 TEST_F(ApplicationActions, StartTheApplicationInASessionOfItsOwn) {
-  const auto program =
-      desktop_.program("bin/browser",
-                       "#!/bin/sh\n(echo \"$@\"; pwd; ls -l /proc/$$/fd\n"
-                       "[ $(ps -o sid= -p $$) -eq $$ ] && echo leads its session) >" +
-                           path("new") + "\nmv " + path("new") + " " + path("report") + "\n");
+  const auto program = desktop_.program(
+      "bin/browser",
+      "#!/bin/sh\n" + desktop_.report("report",
+                                      "echo \"$@\"; pwd; ls -l /proc/$$/fd; "
+                                      "[ $(ps -o sid= -p $$) -eq $$ ] && echo leads its session"));
   desktop_.entry("system/applications/browser.desktop",
                  "Exec=false\nPath=/usr\nActions=private;lost;\n"
                  "[Desktop Action private]\nName=Private\nExec=" +
                      program.string() + " --private \"two words\" %U\n" +
                      "[Desktop Action lost]\nName=Lost\nExec=/no/such/program\n");
   EXPECT_EQ(tool({"run", listed().at("browser: Private")}).exitCode, 0);
-  const auto report = written("report");
+  const auto report = desktop_.reported("report");
   EXPECT_THAT(report, HasSubstr("--private two words\n/usr\n"));
   EXPECT_THAT(report, HasSubstr("1 -> /dev/null"));
   EXPECT_THAT(report, HasSubstr("2 -> /dev/null"));
@@ -52,10 +52,9 @@ TEST_F(ApplicationActions, StartTheApplicationInASessionOfItsOwn) {
   const auto lost = tool({"run", "browser: Lost"});
   EXPECT_EQ(lost.exitCode, 1);
   EXPECT_THAT(lost.stderrText, HasSubstr("names no program that is installed"));
-  for (const auto* command : {"delete", "edit"}) {
-    const auto refused = tool(std::string(command) == "edit"
-                                  ? std::vector<std::string>{"edit", "browser: Lost", "--name", "x"}
-                                  : std::vector<std::string>{"delete", "browser: Lost"});
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"delete", "browser: Lost"},
+                                                {"edit", "browser: Lost", "--name", "x"}}) {
+    const auto refused = tool(words);
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_THAT(refused.stderrText, HasSubstr("belongs to an application"));
   }
@@ -63,32 +62,14 @@ TEST_F(ApplicationActions, StartTheApplicationInASessionOfItsOwn) {
 
 TEST_F(ApplicationActions, AreActivatedOverTheBusWhereTheEntryAsksForIt) {
   const test::SessionBus bus;
-  const auto service = desktop_.program("bin/service", R"(#!/usr/bin/python3 -E
-import sys
-from gi.repository import Gio, GLib
-xml = """<node><interface name='org.freedesktop.Application'><method name='ActivateAction'>
-<arg type='s' direction='in'/><arg type='av' direction='in'/><arg type='a{sv}' direction='in'/>
-</method></interface></node>"""
-def call(connection, sender, path, interface, method, parameters, invocation):
-    with open(sys.argv[1], 'w') as log:
-        log.write(f'{method} {path} {parameters.unpack()}')
-    invocation.return_value(None)
-def acquired(connection, name):
-    interface = Gio.DBusNodeInfo.new_for_xml(xml).interfaces[0]
-    connection.register_object('/org/test/Editor', interface, call, None, None)
-Gio.bus_own_name(Gio.BusType.SESSION, 'org.test.Editor', 0, acquired, None, None)
-GLib.MainLoop().run()
-)");
-  bus.folder().write(
-      "services/org.test.Editor.service",
-      "[D-BUS Service]\nName=org.test.Editor\nExec=" + service.string() + " " + path("log") + "\n");
+  bus.install("org.test.Editor", desktop_.root / "log");
   const std::string action =
       "DBusActivatable=true\nActions=new-file;\n"
       "[Desktop Action new-file]\nName=New File\n";
   desktop_.entry("system/applications/org.test.Editor.desktop", action);
   desktop_.entry("system/applications/org.test.Nobody.desktop", action);
   EXPECT_EQ(tool({"run", "org.test.Editor: New File"}).stderrText, "");
-  EXPECT_EQ(written("log"), "ActivateAction /org/test/Editor ('new-file', [], {})");
+  EXPECT_EQ(desktop_.reported("log"), "ActivateAction /org/test/Editor ('new-file', [], {})\n");
   EXPECT_EQ(tool({"run", "org.test.Nobody: New File"}).exitCode, 1);
 }
 

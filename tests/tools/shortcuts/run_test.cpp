@@ -1,7 +1,9 @@
 #include <csignal>
 
 #include "agent_core/shortcuts/shortcuts_runner.h"
+#include "platform/linux/shortcuts_application.h"
 #include "tests/support/child_process.h"
+#include "tests/support/fake_desktop.h"
 #include "tests/tools/shortcuts/tool_test.h"
 
 namespace glintboard {
@@ -19,7 +21,7 @@ class RunningShortcuts : public test::ToolTest {
                        ShortcutsRunner(SHORTCUTS_TOOL, runner, timeout).run(identifier));
   }
   bool ends(const std::string& pidFile) {
-    const pid_t process = std::stoi(written(pidFile));
+    const pid_t process = std::stoi(desktop_.reported(pidFile));
     return test::eventually([&] { return ::kill(process, 0) != 0; });
   }
 };
@@ -27,12 +29,7 @@ class RunningShortcuts : public test::ToolTest {
 TEST_F(RunningShortcuts, EveryKindOfFailureReachesThePhoneAsWhatItIs) {
   using enum ShortcutErrorCode;
   const auto text = desktop_.root.write("text", "no program");
-  struct Case {
-    std::string command;
-    ShortcutErrorCode code;
-    std::string stderrText;
-  };
-  const std::vector<Case> cases = {
+  const std::tuple<std::string, ShortcutErrorCode, std::string> cases[] = {
       {"kill -TERM $$", cancelled, ""},
       {"kill -INT $$", cancelled, ""},
       {"exit 130", cancelled, ""},
@@ -59,10 +56,8 @@ TEST_F(RunningShortcuts, EveryKindOfFailureReachesThePhoneAsWhatItIs) {
 }
 
 TEST_F(RunningShortcuts, ATimeoutEndsTheCommandAndAllThatItStarted) {
-  const auto identifier =
-      create("Slow", "sleep 60 & echo $! >" + path("a.new") + "; mv " + path("a.new") + " " +
-                         path("a") + "; echo $$ >" + path("b.new") + "; mv " + path("b.new") + " " +
-                         path("b") + "; wait; true");
+  const auto identifier = create("Slow", "sleep 60 & " + desktop_.report("a", "echo $!") + "; " +
+                                             desktop_.report("b", "echo $$") + "; wait; true");
   EXPECT_EQ(tap(identifier, std::chrono::milliseconds(500)),
             Result(Error{identifier, ShortcutErrorCode::timedOut,
                          ShortcutsRunner::message(ShortcutErrorCode::timedOut, "")}));
@@ -71,10 +66,9 @@ TEST_F(RunningShortcuts, ATimeoutEndsTheCommandAndAllThatItStarted) {
 }
 
 TEST_F(RunningShortcuts, ACommandDoesNotOutlastAToolThatAloneIsKilled) {
-  create("Slow",
-         "echo $$ >" + path("new") + "; mv " + path("new") + " " + path("pid") + "; exec sleep 60");
+  create("Slow", desktop_.report("pid", "echo $$") + "; exec sleep 60");
   test::ChildProcess process({SHORTCUTS_TOOL, "run", "Slow"});
-  written("pid");
+  desktop_.reported("pid");
   process.signal(SIGKILL);
   EXPECT_TRUE(ends("pid"));
 }
@@ -86,6 +80,32 @@ TEST_F(RunningShortcuts, ACommandRunsAtHomeWithoutInput) {
   EXPECT_THAT(result.stdoutText, testing::StartsWith(desktop_.folders.home.string() +
                                                      "\n/dev/null\n0\n1\n2\nSigIgn:"));
   EXPECT_THAT(result.stdoutText, testing::EndsWith("0000000\n")) << "interrupts end it";
+}
+
+TEST_F(RunningShortcuts, OpenTheirFolderInTheFileManager) {
+  const auto program =
+      desktop_.program("bin/files", "#!/bin/sh\n" + desktop_.report("opened", "echo \"$1\""));
+  desktop_.entry("system/applications/files.desktop",
+                 "Exec=" + program.string() + " %f\nMimeType=inode/directory;\n");
+  desktop_.root.write("system/applications/mimeinfo.cache",
+                      "[MIME Cache]\ninode/directory=files.desktop;\n");
+  start();
+  test::FakeDesktop others;
+  others.installed = {"other"};
+  const auto workspace =
+      withShortcutsApplication(others.client(), executors_->workers(), shortcutsFolder());
+  const auto open = [&](const std::string& bundleId) {
+    return test::await(executors_->service(),
+                       workspace.openApplication(*workspace.urlForApplication(bundleId)));
+  };
+  EXPECT_FALSE(workspace.isInstalled("unknown"));
+  EXPECT_FALSE(workspace.isRunning(shortcutsBundleId));
+  EXPECT_TRUE(open("other"));
+  EXPECT_EQ(others.calls, std::vector<std::string>{"open other"});
+  EXPECT_TRUE(open(shortcutsBundleId));
+  EXPECT_EQ(desktop_.reported("opened"), shortcutsFolder().string() + "\n");
+  EXPECT_TRUE(std::filesystem::is_directory(shortcutsFolder()));
+  EXPECT_EQ(others.calls.size(), 1u);
 }
 
 }  // namespace

@@ -4,12 +4,10 @@
 #include <gmock/gmock.h>
 
 #include "agent_core/shortcuts/shortcuts_catalog.h"
-#include "platform/atomic_file.h"
 #include "platform/executors.h"
 #include "platform/linux/foundation_process_runner.h"
 #include "tests/platform/desktop_folders.h"
 #include "tests/support/await.h"
-#include "tests/support/eventually.h"
 
 namespace glintboard::test {
 
@@ -22,7 +20,6 @@ class ToolTest : public testing::Test {
     ::setenv("XDG_DATA_HOME", folders.dataHome.c_str(), 1);
     ::setenv("XDG_DATA_DIRS", (desktop_.root / "system").c_str(), 1);
     ::setenv("XDG_CONFIG_HOME", folders.configHome.c_str(), 1);
-    ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
   }
 
   // Starts the threads: the environment must be complete.
@@ -51,13 +48,6 @@ class ToolTest : public testing::Test {
   }
   std::filesystem::path fileOf(const std::string& identifier) const {
     return shortcutsFolder() / (identifier + ".shortcut");
-  }
-  std::string path(const std::string& name) const { return (desktop_.root / name).string(); }
-
-  // What a Shortcut or program wrote into a file below the root, once it is there.
-  std::string written(const std::string& name) {
-    EXPECT_TRUE(eventually([&] { return std::filesystem::exists(path(name)); })) << name;
-    return readWholeFile(path(name));
   }
 
   DesktopFolders desktop_;
