@@ -25,7 +25,7 @@ class DesktopSession {
 
   // Shows the item in the desktop's tray, now and whenever one comes. Call it once, and before
   // `setTrayToolTip`.
-  void showTrayItem(TrayLook look, TrayHandlers handlers);
+  void showTrayItem(TrayLook look, TrayActivated activated);
   void setTrayToolTip(std::string text);
 
  private:

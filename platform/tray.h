@@ -17,13 +17,8 @@ struct TrayLook {
   std::vector<QImage> pixmaps;
 };
 
-// Called on any thread.
-struct TrayHandlers {
-  // The user activated the item. `x` and `y` are where, on the screen; both 0 where the desktop
-  // does not tell.
-  std::function<void(int x, int y)> activated;
-  // Whether a tray shows the item now; first called when that is known.
-  std::function<void(bool shown)> shownChanged;
-};
+// The user activated the item. `x` and `y` are where, on the screen; both 0 where the desktop does
+// not tell. Called on any thread.
+using TrayActivated = std::function<void(int x, int y)>;
 
 }  // namespace glintboard

@@ -5,17 +5,18 @@
 
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QSessionManager>
 #include <QWindow>
-#include <algorithm>
 #include <array>
 #include <boost/asio/signal_set.hpp>
 #include <cstdlib>
-#include <span>
+#include <iostream>
 #include <thread>
 
 #include "agent/connection/single_instance_guard.h"
 #include "agent/editor/deck_editor_window_presenter.h"
 #include "agent/pairing/keychain_paired_device_store.h"
+#include "agent/shell/agent_arguments.h"
 #include "agent/shell/agent_view_model.h"
 #include "agent/shell/desktop_shell.h"
 #include "agent/shell/display_loss.h"
@@ -38,8 +39,7 @@ using namespace std::chrono_literals;
 // A successor kills after 100 ms whoever it has asked to end.
 constexpr auto stopDeadline = 70ms;
 
-// Makes the agent print its menu even where it could show windows.
-constexpr std::string_view withoutDisplay = "--without-display";
+constexpr int wrongUsage = 2;  // an exit code
 
 AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
   return {executors,
@@ -58,12 +58,15 @@ AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
 // destructor, since a worker may hang in one of them.
 class AgentApp {
  public:
-  explicit AgentApp(bool hasDisplay)
+  AgentApp(bool hasDisplay, bool background)
       : platform_(executors_, pairedDevicesMergeRule()),
         deckStore_(executors_.service(), executors_.workers()),
         viewModel_(mainThread_.executor(), environment(executors_, platform_), deckStore_) {
     if (hasDisplay) {
       showOnDesktop();
+      if (!background) {
+        menuWindow_->show();
+      }
     } else {
       textMenu_ =
           std::make_unique<TextMenu>(viewModel_, STDIN_FILENO, STDOUT_FILENO, [this] { stop(); });
@@ -163,6 +166,11 @@ class Application {
       QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
     }
     qt_.emplace(count_, arguments_.data());
+    // The desktop starts it at login; a session that is restored is not to open its menu as well.
+    QObject::connect(
+        &*qt_, &QGuiApplication::saveStateRequest, &*qt_,
+        [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },
+        Qt::DirectConnection);
     holdFramePace();
   }
 
@@ -200,23 +208,13 @@ class Application {
   std::optional<QGuiApplication> qt_;
 };
 
-bool isAskedFor(std::string_view option, std::span<char*> arguments) {
-  return std::find(arguments.begin(), arguments.end(), option) != arguments.end();
-}
-
-}  // namespace
-
-int runAgent(int argc, char** argv) {
-  ::signal(SIGPIPE, SIG_IGN);
-  const std::span arguments(argv, static_cast<std::size_t>(argc));
-  const std::string program = arguments.empty() ? "glintboard-agent" : arguments.front();
-  const Application application(program, isAskedFor(withoutDisplay, arguments)
-                                             ? std::vector<std::string>()
-                                             : reachableDisplays());
+int serve(const std::string& program, const AgentArguments& arguments) {
+  const Application application(
+      program, arguments.withoutDisplay ? std::vector<std::string>() : reachableDisplays());
   const bool hasDisplay = Application::hasDisplay();
   std::optional<DisplayLoss> displayLoss;
   if (hasDisplay) {
-    displayLoss.emplace(std::vector{program, std::string(withoutDisplay)});
+    displayLoss.emplace(std::vector<std::string>{program, withoutDisplayOption});
     DeckTypography::registerFonts();
   }
   try {
@@ -226,7 +224,7 @@ int runAgent(int argc, char** argv) {
       return EXIT_SUCCESS;
     }
     // Never destroyed: see AgentApp.
-    auto* const app = new AgentApp(hasDisplay);
+    auto* const app = new AgentApp(hasDisplay, arguments.background);
     QGuiApplication::exec();
     // The session has ended, or a window was told to quit.
     app->stop();
@@ -236,6 +234,26 @@ int runAgent(int argc, char** argv) {
   } catch (const std::exception& error) {
     log::write("error", error.what());
     return EXIT_FAILURE;
+  }
+}
+
+}  // namespace
+
+int runAgent(int argc, char** argv) {
+  ::signal(SIGPIPE, SIG_IGN);
+  const std::vector<std::string> words(argv, argv + argc);
+  const std::string program = words.empty() ? "glintboard-agent" : words.front();
+  try {
+    const auto arguments =
+        parseAgentArguments({words.begin() + (words.empty() ? 0 : 1), words.end()});
+    if (arguments.help || arguments.version) {
+      std::cout << (arguments.help ? agentHelpText() : agentVersionText());
+      return EXIT_SUCCESS;
+    }
+    return serve(program, arguments);
+  } catch (const std::invalid_argument& error) {
+    std::cerr << error.what() << '\n';
+    return wrongUsage;
   }
 }
 

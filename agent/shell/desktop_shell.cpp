@@ -5,14 +5,6 @@
 #include "platform/identity.h"
 
 namespace glintboard {
-namespace {
-
-using namespace std::chrono_literals;
-
-// How long a tray may take to show the item before the menu opens without it.
-constexpr auto trayPatience = 3s;
-
-}  // namespace
 
 DesktopShell::DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu)
     : viewModel_(viewModel),
@@ -22,26 +14,15 @@ DesktopShell::DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu)
           Qt::QueuedConnection);
   connect(this, &DesktopShell::toldActivation, this, &DesktopShell::activated,
           Qt::QueuedConnection);
-  connect(
-      this, &DesktopShell::toldPresence, this, [this](bool inTray) { inTray_ = inTray; },
-      Qt::QueuedConnection);
   session_.showTrayItem({tr("Glintboard Agent").toStdString(),
                          std::string(agentIdentifier) + "-symbolic", trayImages()},
-                        {[this](int x, int y) { Q_EMIT toldActivation(x, y); },
-                         [this](bool shown) { Q_EMIT toldPresence(shown); }});
+                        [this](int x, int y) { Q_EMIT toldActivation(x, y); });
   for (const auto changed :
        {&AgentViewModel::pairedDevicesChanged, &AgentViewModel::isListenerRunningChanged,
         &AgentViewModel::listenerErrorChanged, &AgentViewModel::hasConnectedPhoneChanged}) {
     connect(&viewModel, changed, this, &DesktopShell::updateToolTip);
   }
   updateToolTip();
-  trayDeadline_.setSingleShot(true);
-  trayDeadline_.callOnTimeout(this, [this] {
-    if (!inTray_) {
-      menu_.show();
-    }
-  });
-  trayDeadline_.start(trayPatience);
 }
 
 void DesktopShell::updateToolTip() {

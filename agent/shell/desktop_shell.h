@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
 
 #include "agent/shell/agent_view_model.h"
 #include "agent/shell/menu_presenter.h"
@@ -10,8 +9,8 @@
 
 namespace glintboard {
 
-// Shows the item in whatever tray there is, opens the menu when the item is activated, and at the
-// start too where no tray shows one. Main thread.
+// Shows the item in whatever tray there is, and opens the menu when the item is activated. Main
+// thread.
 class DesktopShell : public QObject {
   Q_OBJECT
 
@@ -27,7 +26,6 @@ class DesktopShell : public QObject {
   // Emitted on the session's thread; the shell itself listens on the main one.
   void toldAppearance();
   void toldActivation(int x, int y);
-  void toldPresence(bool inTray);
 
  private:
   void updateToolTip();
@@ -35,8 +33,6 @@ class DesktopShell : public QObject {
 
   AgentViewModel& viewModel_;
   MenuPresenter& menu_;
-  bool inTray_ = false;
-  QTimer trayDeadline_;
   DesktopSession session_;  // last, for its thread calls this
 };
 

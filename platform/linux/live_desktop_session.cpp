@@ -53,12 +53,12 @@ DesktopAppearance DesktopSession::appearance() const {
   return parts_->appearance->current();
 }
 
-void DesktopSession::showTrayItem(TrayLook look, TrayHandlers handlers) {
+void DesktopSession::showTrayItem(TrayLook look, TrayActivated activated) {
   if (!isInstalled(look.iconName, parts_->folders)) {
     look.iconName.clear();
   }
   const bool onX11 = QGuiApplication::platformName() == QLatin1String("xcb");
-  parts_->trayItem = std::make_unique<TrayItem>(look, std::move(handlers), onX11);
+  parts_->trayItem = std::make_unique<TrayItem>(look, std::move(activated), onX11);
   parts_->bus.add(parts_->trayItem->client());
 }
 

@@ -67,7 +67,7 @@ struct StatusNotifierItem::OnBus {
 
   static void called(GDBusConnection*, const char*, const char*, const char*, const char*,
                      GVariant* arguments, GDBusMethodInvocation* invocation, void* self) {
-    const auto activated = item(self).handlers_.activated;
+    const auto activated = item(self).activated_;
     int x = 0;
     int y = 0;
     const bool isActivation = g_variant_is_of_type(arguments, G_VARIANT_TYPE("(ii)")) != 0;
@@ -126,9 +126,11 @@ struct StatusNotifierItem::OnBus {
   static constexpr GDBusInterfaceVTable table{called, asked, nullptr, {}};
 };
 
-StatusNotifierItem::StatusNotifierItem(TrayLook look, TrayHandlers handlers)
+StatusNotifierItem::StatusNotifierItem(TrayLook look, TrayActivated activated,
+                                       std::function<void(bool shown)> shownChanged)
     : look_(std::move(look)),
-      handlers_(std::move(handlers)),
+      activated_(std::move(activated)),
+      shownChanged_(std::move(shownChanged)),
       description_(g_dbus_node_info_new_for_xml(description, nullptr)),
       name_(std::string(itemInterface) + "-" + std::to_string(::getpid()) + "-1") {}
 
@@ -193,7 +195,7 @@ void StatusNotifierItem::askForHost() {
 void StatusNotifierItem::setShown(bool shown) {
   if (shown_ != shown) {
     shown_ = shown;
-    handlers_.shownChanged(shown);
+    shownChanged_(shown);
   }
 }
 

@@ -12,7 +12,9 @@ namespace glintboard {
 // on the bus's thread.
 class StatusNotifierItem : public DesktopBus::Client {
  public:
-  StatusNotifierItem(TrayLook look, TrayHandlers handlers);
+  // `shownChanged` is told whether such a tray shows the item, first when that is known.
+  StatusNotifierItem(TrayLook look, TrayActivated activated,
+                     std::function<void(bool shown)> shownChanged);
   ~StatusNotifierItem() override;
   StatusNotifierItem(const StatusNotifierItem&) = delete;
   StatusNotifierItem& operator=(const StatusNotifierItem&) = delete;
@@ -34,7 +36,8 @@ class StatusNotifierItem : public DesktopBus::Client {
   GVariant* property(std::string_view name) const;
 
   const TrayLook look_;
-  const TrayHandlers handlers_;
+  const TrayActivated activated_;
+  const std::function<void(bool shown)> shownChanged_;
   const GLibPointer<GDBusNodeInfo> description_;
   const std::string name_;
 

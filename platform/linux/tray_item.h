@@ -13,7 +13,7 @@ namespace glintboard {
 class TrayItem {
  public:
   // `onX11` tells whether the agent's windows are on the X display that the environment names.
-  TrayItem(const TrayLook& look, TrayHandlers handlers, bool onX11);
+  TrayItem(const TrayLook& look, TrayActivated activated, bool onX11);
 
   // What the bus is to know of it.
   std::shared_ptr<DesktopBus::Client> client() { return notifier_; }
@@ -23,14 +23,11 @@ class TrayItem {
 
  private:
   void notifierChanged(bool shown);
-  void report();
 
   const TrayLook look_;
-  const TrayHandlers handlers_;
+  const TrayActivated activated_;
   const bool onX11_;
-  bool inNotifierTray_ = false;
   bool ended_ = false;
-  std::optional<bool> reported_;
   std::shared_ptr<StatusNotifierItem> notifier_;
   std::unique_ptr<X11TrayItem> legacy_;
 };

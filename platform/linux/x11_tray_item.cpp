@@ -21,8 +21,8 @@ using Reply = std::unique_ptr<T, Free>;
 
 }  // namespace
 
-X11TrayItem::X11TrayItem(TrayLook look, TrayHandlers handlers)
-    : look_(std::move(look)), handlers_(std::move(handlers)) {
+X11TrayItem::X11TrayItem(TrayLook look, TrayActivated activated)
+    : look_(std::move(look)), activated_(std::move(activated)) {
   int screen = 0;
   connection_.reset(xcb_connect(nullptr, &screen));
   if (xcb_connection_has_error(connection_.get()) != 0 || !internAtoms(screen)) {
@@ -151,17 +151,14 @@ void X11TrayItem::join() {
   xcb_send_event(connection_.get(), 0, tray_, XCB_EVENT_MASK_NO_EVENT,
                  reinterpret_cast<const char*>(&message));
   xcb_flush(connection_.get());
-  handlers_.shownChanged(true);
 }
 
 void X11TrayItem::leave() {
   tray_ = XCB_WINDOW_NONE;
-  if (window_ == XCB_WINDOW_NONE) {
-    return;
+  if (window_ != XCB_WINDOW_NONE) {
+    xcb_destroy_window(connection_.get(), window_);
+    window_ = XCB_WINDOW_NONE;
   }
-  xcb_destroy_window(connection_.get(), window_);
-  window_ = XCB_WINDOW_NONE;
-  handlers_.shownChanged(false);
 }
 
 xcb_visualid_t X11TrayItem::visualOf(xcb_window_t tray) const {
@@ -281,8 +278,8 @@ void X11TrayItem::draw() {
 void X11TrayItem::pressed(const xcb_button_press_event_t& event) {
   constexpr xcb_button_t lastButton = 3;  // the others are the wheel's
   if (event.detail <= lastButton) {
-    handlers_.activated(event.root_x - event.event_x + width_ / 2,
-                        event.root_y - event.event_y + height_ / 2);
+    activated_(event.root_x - event.event_x + width_ / 2,
+               event.root_y - event.event_y + height_ / 2);
   }
 }
 

@@ -15,13 +15,11 @@ namespace glintboard {
 // comes. For one thread with a running main context of its own.
 class X11TrayItem {
  public:
-  X11TrayItem(TrayLook look, TrayHandlers handlers);
-  // No handler is called any more.
+  X11TrayItem(TrayLook look, TrayActivated activated);
+  // `activated` is not called any more.
   ~X11TrayItem();
   X11TrayItem(const X11TrayItem&) = delete;
   X11TrayItem& operator=(const X11TrayItem&) = delete;
-
-  bool isShown() const { return window_ != XCB_WINDOW_NONE; }
 
  private:
   struct Atoms {
@@ -44,7 +42,7 @@ class X11TrayItem {
   void pressed(const xcb_button_press_event_t& event);
 
   const TrayLook look_;
-  const TrayHandlers handlers_;
+  const TrayActivated activated_;
   std::unique_ptr<xcb_connection_t, Disconnect> connection_;
   GLibPointer<GSource> readable_;
   xcb_screen_t* screen_ = nullptr;

@@ -25,10 +25,9 @@ struct RecordingMenu : MenuPresenter {
     ++toggled;
     lastAnchor = anchor;
   }
-  void show() override { ++shown; }
+  void show() override {}
 
   int toggled = 0;
-  int shown = 0;
   std::optional<QPoint> lastAnchor;
 };
 
@@ -130,7 +129,6 @@ TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
   tray.reset();
   tray.emplace();
   EXPECT_TRUE(turnUntil([&] { return tray->item() == item; }));
-  EXPECT_FALSE(turnUntil([&] { return shell.menu.shown > 0; }, 4s)) << "there is a tray";
 }
 
 TEST(DesktopShellTest, TheToolTipTellsTheStatus) {
@@ -143,7 +141,7 @@ TEST(DesktopShellTest, TheToolTipTellsTheStatus) {
   }));
 }
 
-TEST(DesktopShellTest, WithoutATrayTheMenuOpensAndABusThatHangsHoldsUpNothing) {
+TEST(DesktopShellTest, ABusThatHangsHoldsUpNothing) {
   const test::TemporaryFolder folder;
   // Connections are taken, and nobody answers.
   FileDescriptor silent(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
@@ -157,12 +155,15 @@ TEST(DesktopShellTest, WithoutATrayTheMenuOpensAndABusThatHangsHoldsUpNothing) {
   Shell shell("offscreen");
   auto last = std::chrono::steady_clock::now();
   auto longest = 0ms;
-  EXPECT_TRUE(turnUntil([&] {
-    const auto now = std::chrono::steady_clock::now();
-    longest = std::max(longest, std::chrono::duration_cast<std::chrono::milliseconds>(now - last));
-    last = now;
-    return shell.menu.shown > 0;
-  }));
+  turnUntil(
+      [&] {
+        const auto now = std::chrono::steady_clock::now();
+        longest =
+            std::max(longest, std::chrono::duration_cast<std::chrono::milliseconds>(now - last));
+        last = now;
+        return false;
+      },
+      3s);
   EXPECT_LT(longest, 1s);
 }
 

@@ -243,9 +243,9 @@ class Desktop:
                 with contextlib.suppress(ProcessLookupError):
                     os.kill(pid, signal.SIGKILL)
 
-    def start_agent(self, output=None):
+    def start_agent(self, output=None, arguments=()):
         """Prints its menu to the descriptor `output` if one is given."""
-        agent = Agent(self, output)
+        agent = Agent(self, output, arguments)
         self._ended_last.callback(agent.close)
         return agent
 

@@ -41,6 +41,11 @@ class Display(DesktopTest):
         maps = pathlib.Path(f"/proc/{agent.pid}/maps").read_text()
         return any(plugin in maps for plugin in ("libqxcb", "libqwayland"))
 
+    def menu_is_open(self):
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Glintboard Agent"],
+                              env=self.desktop.env, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL).returncode == 0
+
     async def test_serves_again_when_its_display_dies(self):
         agent = self.start_agent()
         phone = self.paired_phone(agent)
@@ -88,11 +93,12 @@ class Display(DesktopTest):
         self.addCleanup(display.wait)
         self.addCleanup(display.kill)
         first = self.desktop.start_agent()
-        eventually(lambda: self.has_display(first), "Windows")
-        second = self.desktop.start_agent()
+        eventually(self.menu_is_open, "The menu")
+        second = self.desktop.start_agent(arguments=["--background"])
         self.assertEqual(first.exit_code(), 0)
         eventually(lambda: self.has_display(second), "Windows")
         time.sleep(0.5)
+        self.assertFalse(self.menu_is_open(), "it was started in the background")
         self.assertEqual(second.end(signal.SIGTERM)[0], 0)
 
 
