@@ -1,0 +1,58 @@
+# Completes glintboard-agent, glintboard-phone and shortcuts by what their --help tells.
+# shellcheck shell=bash
+
+# Prints the words that may follow COMMAND: the commands if that is empty, or else its options. An
+# option that holds for some commands alone is explained by "COMMAND, COMMAND: …".
+_glintboard_words() {  # PROGRAM COMMAND
+  "$1" --help 2>/dev/null | awk -v command="$2" '
+    function options(text) {
+      while (match(text, /--[a-z-]+/)) {
+        print substr(text, RSTART, RLENGTH)
+        text = substr(text, RSTART + RLENGTH)
+      }
+    }
+    /^[A-Z][a-z]*:/ { section = $1; next }
+    /^$/ { section = "" }
+    section == "Commands:" && /^  [a-z]/ {
+      if (command == "") { name = $1; sub(/,/, "", name); print name }
+      if (command == $1) options($0)
+    }
+    section == "Options:" && /^  -/ {
+      meaning = substr($0, 3)
+      sub(/^.*  +/, "", meaning)
+      if (match(meaning, /^[a-z]+(, [a-z]+)*: /) &&
+          index(", " substr(meaning, 1, RLENGTH - 2) ",", ", " command ",") == 0) next
+      options($0)
+    }'
+}
+
+_glintboard() {
+  local program=$1 word=$2 before=$3 command="" name i
+  COMPREPLY=()
+  for ((i = 1; i < COMP_CWORD; i++)); do
+    case ${COMP_WORDS[i]} in
+      --show-identifiers | --json | --background | --without-display) ;;
+      --*) ((i++)) ;;
+      *) command=${COMP_WORDS[i]}; break ;;
+    esac
+  done
+  case $before in
+    --deck) mapfile -t COMPREPLY < <(compgen -W "streaming gaming" -- "$word"); return ;;
+    --state) mapfile -t COMPREPLY < <(compgen -d -- "$word"); return ;;
+    --icon) mapfile -t COMPREPLY < <(compgen -f -- "$word"); return ;;
+    --host | --timeout | --name | --count | --for | --command) return ;;
+  esac
+  if [[ $command == "" || $word == -* ]]; then
+    mapfile -t COMPREPLY < <(compgen -W "$(_glintboard_words "$program" "$command")" -- "$word")
+  elif [[ $command == icons ]]; then
+    mapfile -t COMPREPLY < <(compgen -d -- "$word")
+  elif [[ ${program##*/} == shortcuts && " run edit delete show " == *" $command "* ]]; then
+    # Names with a colon are several words to the shell.
+    while IFS= read -r name; do
+      printf -v name %q "$name"
+      [[ $name != *:* && $name == "$word"* ]] && COMPREPLY+=("$name")
+    done < <("$program" list 2>/dev/null)
+  fi
+}
+
+complete -F _glintboard glintboard-agent glintboard-phone shortcuts
