@@ -1,4 +1,7 @@
 // The editor on a real window system.
+#include <QDrag>
+#include <QMimeData>
+#include <QRasterWindow>
 #include <QScreen>
 
 #include "tests/editor/editor_window.h"
@@ -6,6 +9,33 @@
 
 namespace glintboard {
 namespace {
+
+// Another program on the screen: a file lies in its corner that can be dragged away.
+class FileManager : public QRasterWindow {
+ public:
+  explicit FileManager(QUrl file) : file_(std::move(file)) {
+    setFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setGeometry(0, 0, 40, 40);
+    show();
+  }
+
+ private:
+  void mouseMoveEvent(QMouseEvent* event) override {
+    if (event->buttons() != Qt::NoButton && !dragging_) {
+      dragging_ = true;
+      auto* drag = new QDrag(this);
+      drag->setMimeData(new QMimeData);
+      drag->mimeData()->setUrls({file_});
+      drag->exec(Qt::CopyAction);
+      dragging_ = false;
+    }
+  }
+  void paintEvent(QPaintEvent* /*event*/) override {}
+
+  QUrl file_;
+  bool dragging_ = false;
+};
+constexpr auto fileManagerOption = "--file-manager";
 
 class EditorOnX11Test : public test::EditorWindowTest {
  protected:
@@ -52,10 +82,36 @@ TEST_F(EditorOnX11Test, ThePointerDragsACardToTheFirstSlot) {
   EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; }));
 }
 
+TEST_F(EditorOnX11Test, AFileManagersLauncherIsDroppedOnTheDeck) {
+  storeDeck({app("files", "Files"), app("music", "Music")});
+  open();
+  const auto launcher = stage.desktop.root / "system/applications/notes.desktop";
+  const test::ChildProcess fileManager({"/proc/self/exe", fileManagerOption, launcher.string()});
+  const auto windows = [] { return test::outputOf("xdotool search --name '^File manager$'"); };
+  ASSERT_TRUE(test::turnUntil([&] { return !windows().empty(); }));
+  pointer("mousemove 20 20");
+  pointer("mousedown 1");
+  pointer("mousemove 25 25");
+  pointer("mousemove 32 32");
+  const QPoint to = slot(1);
+  for (int step = 10; step >= 0; --step) {
+    pointer(at(to - QPoint(4 * step, 3 * step)));
+  }
+  EXPECT_TRUE(test::turnUntil([&] { return model->dropTargetIndex() == 1; }));
+  pointer("mouseup 1");
+  EXPECT_TRUE(test::turnUntil([&] { return shown() == "Files, Notes, Music"; })) << shown();
+}
+
 }  // namespace
 }  // namespace glintboard
 
 int main(int argc, char** argv) {
+  if (argc == 3 && argv[1] == std::string_view(glintboard::fileManagerOption)) {
+    const QGuiApplication application(argc, argv);
+    glintboard::FileManager window(QUrl::fromLocalFile(argv[2]));
+    window.setTitle("File manager");
+    return QGuiApplication::exec();
+  }
   testing::InitGoogleTest(&argc, argv);
   if (testing::GTEST_FLAG(list_tests)) {
     return RUN_ALL_TESTS();
