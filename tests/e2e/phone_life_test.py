@@ -11,26 +11,6 @@ TEA, GONE, REFUSED, BROKEN = (f"{digit * 8}-0000-4000-8000-000000000000" for dig
 
 
 class PhoneLife(DesktopTest):
-    def test_an_unknown_phone_is_refused_until_it_pairs(self):
-        agent = self.start_agent()
-        phone = self.phone()
-        for kind, payload, answer in [
-                ("deck.sync", {}, "app.error"),
-                ("app.launch", {"bundleId": "org.example.Editor"}, "app.error"),
-                ("app.focus", {"bundleId": "org.example.Editor"}, "app.error"),
-                ("action.run", {"actionId": "system.volume.up"}, "action.error"),
-                ("shortcut.run", {"shortcutIdentifier": TEA}, "shortcut.error")]:
-            reply = phone.raw(kind, payload)
-            self.assertEqual((reply["type"], reply["payload"]["code"], reply["payload"]["message"]),
-                             (answer, "unauthorized",
-                              "Missing or invalid X-Glintboard-Token header"), kind)
-        for kind, payload in [("ping", {"ts": "2026-01-01T00:00:00Z"}),
-                              ("app.icon.request", {"bundleIds": ["org.example.Editor"]})]:
-            self.assertIsNone(phone.raw(kind, payload), kind)
-        self.assertEqual(phone.outcome("decks"), "not_paired")
-        self.assertEqual(phone.outcome("pair", agent.pin()), "ok")
-        self.assertEqual(phone.outcome("decks"), "ok")
-
     def test_five_wrong_pins_lock_pin_pairing_until_a_qr_code_pairs(self):
         agent = self.start_agent()
         phone = self.phone("Sam\x1b[31m's phone")

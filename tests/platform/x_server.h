@@ -18,7 +18,7 @@ class XServer {
  public:
   XServer() {
     start();
-    display_ = ":";
+    display_.assign(1, ':');
     display_ += number();
     ::setenv("DISPLAY", display_.c_str(), 1);
     ::unsetenv("XAUTHORITY");

@@ -35,23 +35,6 @@ TEST(WCAGContrast, FollowsThePublishedFormula) {
   EXPECT_NEAR(WCAGContrast::relativeLuminance({0, 1, 0}), 0.7152, 1e-12);
 }
 
-TEST(DeckBrandPalette, AdaptsTheAccentToTheAppearance) {
-  struct Case {
-    Appearance appearance;
-    const char* accent;
-    const char* onAccent;
-  };
-  const Case cases[] = {{{false, false}, "#c21667", "#ffffff"},
-                        {{false, true}, "#6e0938", "#ffffff"},
-                        {{true, false}, "#ff4d9d", "#2b0015"},
-                        {{true, true}, "#ff9cc9", "#2b0015"}};
-  for (const auto& [appearance, accent, onAccent] : cases) {
-    EXPECT_EQ(DeckBrandPalette::accent(appearance).name(), accent);
-    EXPECT_EQ(DeckBrandPalette::onAccent(appearance).name(), onAccent);
-  }
-  EXPECT_EQ(DeckBrandPalette::accentGlow(0.4).alpha(), 102);
-}
-
 TEST(Look, WritesLegiblyOnEveryGroundInEveryAppearance) {
   Look look;
   for (const bool dark : {false, true}) {

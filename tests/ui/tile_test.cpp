@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QImage>
@@ -17,26 +18,22 @@ TileAppearance appearanceOf(const char* label, std::optional<std::string> iconNa
 }
 
 TEST(TileAppearance, IsTheBrandsForKnownApplications) {
-  struct Case {
-    const char* label;
-    std::optional<std::string> iconName;
-    const char* glyph;
-    const char* top;
-  };
-  const Case cases[] = {{"Spotify", {}, "music.note", "#40d973"},
-                        {"OBS", {}, "video.fill", "#af52de"},
-                        {"Anything", "terminal", "terminal.fill", "#475469"},
-                        // The name of artwork is matched exactly, and wins over the label.
-                        {"Spotify", "Spotify", "S", "#3882f5"},
-                        {"Krita", {}, "K", "#3882f5"},
-                        {"écran", {}, "é", "#3882f5"},
-                        {"👩‍💻 Code", {}, "👩‍💻", "#3882f5"},
-                        {"", {}, "", "#3882f5"}};
-  for (const auto& one : cases) {
-    const auto look = appearanceOf(one.label, one.iconName);
-    EXPECT_EQ(look.glyph, QString::fromUtf8(one.glyph)) << one.label;
-    ASSERT_EQ(look.gradient.size(), 2) << one.label;
-    EXPECT_EQ(look.gradient[0].name(), one.top) << one.label;
+  using Text = const char*;
+  const std::tuple<Text, std::optional<std::string>, Text, Text> cases[] = {
+      {"Spotify", {}, "music.note", "#40d973"},
+      {"OBS", {}, "video.fill", "#af52de"},
+      {"Anything", "terminal", "terminal.fill", "#475469"},
+      // The name of artwork is matched exactly, and wins over the label.
+      {"Spotify", "Spotify", "S", "#3882f5"},
+      {"Krita", {}, "K", "#3882f5"},
+      {"écran", {}, "é", "#3882f5"},
+      {"👩‍💻 Code", {}, "👩‍💻", "#3882f5"},
+      {"", {}, "", "#3882f5"}};
+  for (const auto& [label, iconName, glyph, top] : cases) {
+    const auto look = appearanceOf(label, iconName);
+    EXPECT_EQ(look.glyph, QString::fromUtf8(glyph)) << label;
+    ASSERT_EQ(look.gradient.size(), 2) << label;
+    EXPECT_EQ(look.gradient[0].name(), top) << label;
   }
 }
 
@@ -78,26 +75,22 @@ QVariantMap inputs(QVariantMap more = {}) {
 }
 
 TEST(GlassDeckTileView, ScalesWithItsFace) {
-  struct Case {
-    double given;
-    double face;
-    double radius;
-    double glyph;
-    double caption;
-    double dot;
-  };
-  for (const Case& one : {Case{0, 72, 16.128, 33.12, 11, 5}, Case{80, 80, 17.92, 36.8, 11.2, 5},
-                          Case{100, 100, 22.4, 46, 14, 6}, Case{200, 200, 44.8, 92, 15, 6}}) {
-    QmlView view("GlassDeckTileView {}", {}, inputs({{"tileFaceSize", one.given}}));
-    const auto read = [&](const char* name) { return view.root->property(name).toDouble(); };
-    EXPECT_DOUBLE_EQ(read("faceSize"), one.face);
-    EXPECT_DOUBLE_EQ(read("cornerRadius"), one.radius);
-    EXPECT_DOUBLE_EQ(read("glyphSize"), one.glyph);
-    EXPECT_DOUBLE_EQ(read("captionSize"), one.caption);
-    EXPECT_DOUBLE_EQ(read("dotSize"), one.dot);
-    EXPECT_GE(view.root->height(), one.face + one.caption);
+  using Sizes = std::vector<double>;
+  // The size given, and then those of the face, its corner, glyph, caption and dot.
+  const std::pair<double, Sizes> cases[] = {{0, {72, 16.128, 33.12, 11, 5}},
+                                            {80, {80, 17.92, 36.8, 11.2, 5}},
+                                            {100, {100, 22.4, 46, 14, 6}},
+                                            {200, {200, 44.8, 92, 15, 6}}};
+  for (const auto& [given, expected] : cases) {
+    QmlView view("GlassDeckTileView {}", {}, inputs({{"tileFaceSize", given}}));
+    Sizes sizes;
+    for (const char* name : {"faceSize", "cornerRadius", "glyphSize", "captionSize", "dotSize"}) {
+      sizes.push_back(view.root->property(name).toDouble());
+    }
+    EXPECT_THAT(sizes, testing::Pointwise(testing::DoubleEq(), expected));
+    EXPECT_GE(view.root->height(), expected[0] + expected[3]);
     view.root->setProperty("showsLabel", false);
-    EXPECT_DOUBLE_EQ(view.root->implicitHeight(), one.face);
+    EXPECT_DOUBLE_EQ(view.root->implicitHeight(), expected[0]);
   }
 }
 

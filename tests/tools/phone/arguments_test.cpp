@@ -20,10 +20,7 @@ TEST(PhoneArguments, OptionsStandAnywhereAndTakeTheirValueEitherWay) {
 }
 
 TEST(PhoneArguments, ReadsEveryFormOfAnAddress) {
-  const struct {
-    const char* text;
-    std::optional<AgentAddress> address;
-  } cases[] = {
+  const std::pair<const char*, std::optional<AgentAddress>> cases[] = {
       {"studio.local", AgentAddress{"studio.local", GlintboardService::defaultPort}},
       {"10.0.0.2:1", AgentAddress{"10.0.0.2", 1}},
       {"::1", AgentAddress{"::1", GlintboardService::defaultPort}},

@@ -1,4 +1,4 @@
-"""An agent that follows a script, on a free port of the loopback address, which it prints.
+"""An agent that follows a script, on a free port of the loopback address. FILE gets the port.
 
 It knows one phone. What its keys do stands in their identifiers.
 """
@@ -84,19 +84,11 @@ class Agent:
             await send("decks.snapshot", snapshot(self.forged))
             await send("decks.snapshot", snapshot(self.forged), same_id=False)  # a push
         elif kind == "ping" and paired:
-            await send("pong", {"ts": payload["ts"], "rtt": 0.5,
-                                "runningBundleIds": ["org.example.Good"]})
+            await send("pong", {"ts": payload["ts"], "rtt": 0.5})
         elif kind == "app.icon.request" and paired:
             await self.icons(payload["bundleIds"], send)
-        elif kind in ("app.launch", "app.focus") and "Gone" in payload["bundleId"]:
-            await send("app.error", {"bundleId": payload["bundleId"], "code": "not_found",
-                                     "message": "Not installed"})
-        elif kind in ("app.launch", "app.focus") and "Silent" not in payload["bundleId"]:
+        elif kind == "app.launch" and "Silent" not in payload["bundleId"]:
             await send("app.ok", payload)
-        elif kind == "action.run":
-            await send("action.ok", payload)
-        elif kind == "shortcut.run" and payload["label"] == "Tea":
-            await send("shortcut.ok", {"shortcutIdentifier": payload["shortcutIdentifier"]})
         elif kind == "test.forge":
             self.forged = True
 
@@ -113,8 +105,9 @@ class Agent:
 
 async def main():
     async with websockets.serve(Agent().serve, "127.0.0.1", 0) as server:
-        print(server.sockets[0].getsockname()[1], flush=True)
-        await asyncio.get_running_loop().run_in_executor(None, sys.stdin.read)
+        with open(sys.argv[1], "w") as file:
+            file.write(f"{server.sockets[0].getsockname()[1]}\n")
+        await asyncio.Future()
 
 
 asyncio.run(main())
