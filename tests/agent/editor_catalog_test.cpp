@@ -1,27 +1,21 @@
+#include "agent/editor/installed_apps_catalog.h"
+
 #include <gmock/gmock.h>
 
-#include <QGuiApplication>
 #include <QLocale>
 #include <QPainter>
-#include <chrono>
 
-#include "agent/editor/installed_apps_catalog.h"
-#include "platform/linux/linux_applications.h"
-#include "tests/platform/desktop_folders.h"
-#include "tests/support/await.h"
+#include "tests/platform/applications_test.h"
+#include "tests/support/painted.h"
 
 namespace glintboard {
 namespace {
 
 using testing::ElementsAre;
 
-class InstalledAppsCatalogTest : public testing::Test {
+class InstalledAppsCatalogTest : public test::ApplicationsTest {
  protected:
-  InstalledAppsCatalogTest() {
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    application_.emplace(argumentCount_, arguments_);
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-  }
+  InstalledAppsCatalogTest() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
   ~InstalledAppsCatalogTest() override { QLocale::setDefault(QLocale::system()); }
 
   std::filesystem::path entry(const std::string& id, const std::string& name,
@@ -31,28 +25,14 @@ class InstalledAppsCatalogTest : public testing::Test {
         "[Desktop Entry]\nType=Application\nExec=true\nName=" + name + "\n" + more);
   }
   std::string image(const std::string& file, QColor color) {
-    const auto path = desktop_.root.write(file, "");
-    QImage painted(48, 48, QImage::Format_ARGB32);
-    painted.fill(color);
-    EXPECT_TRUE(painted.save(QString::fromStdString(path.string())));
-    return "Icon=" + path.string() + "\n";
+    return "Icon=" + test::paint(desktop_.root, file, color).string() + "\n";
   }
-  void open() {
-    applications_.emplace(executors_, desktop_.folders);
-    catalog_.emplace(executors_.workers(), applications_->listClient(),
+  void start() {
+    ApplicationsTest::start();
+    catalog_.emplace(executors_->workers(), applications_->listClient(),
                      applications_->iconClient());
   }
-  std::vector<InstalledApp> load() {
-    return test::await(executors_.service(), catalog_->load(applications_->workspaceClient()));
-  }
 
-  int argumentCount_ = 1;
-  char name_[5] = "test";
-  char* arguments_[2] = {name_, nullptr};
-  std::optional<QGuiApplication> application_;
-  test::DesktopFolders desktop_;
-  Executors executors_;
-  std::optional<LinuxApplications> applications_;
   std::optional<InstalledAppsCatalog> catalog_;
 };
 
@@ -68,7 +48,7 @@ TEST_F(InstalledAppsCatalogTest, OffersEachApplicationOnceUnderItsNameSortedAsTh
   entry("helper", "Helper", "NoDisplay=true\n");
   entry("gone", "Gone", "Hidden=true\n");
   entry("wanting", "Wanting", "TryExec=no-such-program\n");
-  open();
+  start();
   const auto apps = catalog_->scanBundles();
   std::vector<std::string> found;
   for (const auto& app : apps) {
@@ -86,8 +66,8 @@ TEST_F(InstalledAppsCatalogTest, GivesEachApplicationItsIconAndAccent) {
   entry("same", "Same", image("red.png", Qt::red));
   entry("clear", "Clear", image("clear.png", Qt::transparent));
   entry("none", "None");
-  open();
-  const auto apps = load();
+  start();
+  const auto apps = test::await(executors_->service(), catalog_->load(workspace_));
   ASSERT_EQ(apps.size(), 4U);
   EXPECT_EQ(apps[2].icon.size(), QSize(128, 128));
   EXPECT_EQ(apps[2].icon.deviceIndependentSize(), QSizeF(64, 64));
@@ -100,28 +80,13 @@ TEST_F(InstalledAppsCatalogTest, GivesEachApplicationItsIconAndAccent) {
 TEST_F(InstalledAppsCatalogTest, NamesTheApplicationOfADroppedLauncher) {
   const auto path = entry("discord", "Discord");
   entry("vendor/deep", "Deep");
-  open();
+  start();
   const auto root = desktop_.root.path();
   EXPECT_EQ(catalog_->bundleIdOf(path), "com.hnc.Discord");
   EXPECT_EQ(catalog_->bundleIdOf(root / "home/Desktop/discord.desktop"), "com.hnc.Discord");
   EXPECT_EQ(catalog_->bundleIdOf(root / "system/applications/vendor/deep.desktop"), "vendor-deep");
   EXPECT_FALSE(catalog_->bundleIdOf(root / "home/Desktop/unknown.desktop"));
   EXPECT_FALSE(catalog_->bundleIdOf(root / "home/Desktop/discord"));
-}
-
-TEST_F(InstalledAppsCatalogTest, ListsTwoThousandApplicationsBeforeAnyoneNotices) {
-  for (int i = 0; i < 2000; ++i) {
-    entry("app" + std::to_string(i), "Application " + std::to_string(i * 7919 % 2000));
-  }
-  open();
-  const auto begin = std::chrono::steady_clock::now();
-  const auto apps =
-      test::await(executors_.service(), catalog_->list(applications_->workspaceClient()));
-  const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(
-      std::chrono::steady_clock::now() - begin);
-  EXPECT_EQ(apps.size(), 2000U);
-  RecordProperty("milliseconds", static_cast<int>(taken.count()));
-  EXPECT_LT(taken.count(), 300);
 }
 
 TEST(IconAccent, IsTheColourfulPartOfTheIconMadeBright) {

@@ -1,65 +1,26 @@
-// A deck editor over real files: desktop entries, a decks file and a stand-in for the tool that
-// lists Shortcuts.
+// A deck editor without its window.
 #pragma once
 
 #include <gmock/gmock.h>
 
-#include <QGuiApplication>
-
-#include "agent/editor/deck_editor_model.h"
-#include "platform/linux/foundation_process_runner.h"
-#include "platform/linux/linux_applications.h"
-#include "platform/main_thread.h"
-#include "tests/platform/desktop_folders.h"
-#include "tests/support/await.h"
-#include "tests/support/turn_until.h"
+#include "tests/support/editor_stage.h"
 
 namespace glintboard::test {
 
-inline constexpr const char* brewId = "A0000000-0000-0000-0000-00000000000A";
-inline constexpr const char* tidyId = "B0000000-0000-0000-0000-00000000000B";
-
-class EditorTest : public testing::Test {
+class EditorTest : public testing::Test, protected EditorStage {
  protected:
   EditorTest() {
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    application.emplace(argumentCount, arguments);
     // What of the built-in Streaming deck is installed, in its order, and one application more.
-    entry("discord", "Discord");
-    entry("com.apple.Safari", "Safari");
-    entry("com.apple.Music", "Music");
-    entry("editor", "Text Editor");
-    listShortcuts(std::string("echo 'Brew (") + brewId + ")'; echo 'Tidy up (" + tidyId + ")'");
-  }
-  ~EditorTest() override { model.reset(); }
-
-  void entry(const std::string& id, const std::string& name, const std::string& more = "") const {
-    desktop.root.write("system/applications/" + id + ".desktop",
-                       "[Desktop Entry]\nType=Application\nExec=true\nName=" + name + "\n" + more);
-  }
-  void listShortcuts(const std::string& script) const {
-    desktop.program("shortcuts", "#!/bin/sh\n" + script + "\n");
+    app("discord", "Discord");
+    app("com.apple.Safari", "Safari");
+    app("com.apple.Music", "Music");
+    app("editor", "Text Editor");
+    listShortcuts(std::string("echo 'Brew (") + briefId + ")'; echo 'Tidy up (" + tidyId + ")'");
   }
 
   // The editor, its window not open yet.
   void make() {
-    applications.emplace(executors, desktop.folders);
-    runner.emplace(executors.service());
-    shortcutIcons.emplace(executors.workerStrand(),
-                          ShortcutIconClient{[](const std::string&) { return std::nullopt; },
-                                             [this] { return iconsOfShortcuts; }});
-    model = DeckEditorModel::create(
-        {.mainThread = mainThread.executor(),
-         .timers = executors.service(),
-         .workers = executors.workers(),
-         .deckStore = store,
-         .workspace = applications->workspaceClient(),
-         .appsCatalog = InstalledAppsCatalog(executors.workers(), applications->listClient(),
-                                             applications->iconClient()),
-         .shortcutsCatalog = ShortcutsCatalog(desktop.root / "shortcuts", *runner),
-         .shortcutIconProvider = *shortcutIcons,
-         .isPhoneConnected = [this] { return phone; },
-         .onSaved = [this] { return saved(); }});
+    model = DeckEditorModel::create(inputs());
     QObject::connect(model.get(), &DeckEditorModel::closeRequested, [this] { ++closeRequests; });
   }
   // The editor with everything loaded.
@@ -70,10 +31,6 @@ class EditorTest : public testing::Test {
       return !model->isLoading() && model->apps()->isLoaded() &&
              model->shortcuts()->loadState() != ShortcutsLoadState::loading;
     }));
-  }
-  Awaitable<> saved() {
-    ++announcements;
-    co_return;
   }
   void save() {
     model->save();
@@ -104,25 +61,10 @@ class EditorTest : public testing::Test {
     return texts.join(", ").toStdString();
   }
   std::string storedName(DeckCategoryID category) {
-    const auto workspace = applications->workspaceClient();
-    return await(executors.service(), store.loadDeck(category, workspace)).name;
+    return await(executors.service(), store.loadDeck(category, inputs().workspace)).name;
   }
 
-  int argumentCount = 1;
-  char program[5] = "test";
-  char* arguments[2] = {program, nullptr};
-  std::optional<QGuiApplication> application;
-  MainThread mainThread;
-  DesktopFolders desktop;
-  std::vector<ShortcutIconClient::Icon> iconsOfShortcuts;
-  bool phone = false;
-  int announcements = 0;
   int closeRequests = 0;
-  Executors executors;
-  DeckStore store{executors.service(), executors.workers(), desktop.root / "agent/decks.json"};
-  std::optional<LinuxApplications> applications;
-  std::optional<FoundationProcessRunner> runner;
-  std::optional<ShortcutIconProvider> shortcutIcons;
   std::shared_ptr<DeckEditorModel> model;
 };
 

@@ -97,6 +97,13 @@ class MenuTest : public testing::Test {
     const auto paired = WireCodec::decode<PairOKPayload>(reply.text);
     return paired ? paired->payload.token : "";
   }
+  // Runs an operation of the view model to its end.
+  void run(Awaitable<> operation) {
+    bool done = false;
+    asio::co_spawn(mainThread.executor(), std::move(operation),
+                   [&done](const std::exception_ptr& failure) { done = !failure; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return done; }));
+  }
   void failPairing() {
     for (int i = 0; i < 5; ++i) {
       pairOverTheWire("wrong");

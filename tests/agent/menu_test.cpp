@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QSignalSpy>
 
+#include "protocol/pairing_qr_payload.h"
 #include "ui/design/deck_brand_palette.h"
 #include "ui/design/wcag_contrast.h"
 #include "ui/qml_engine.h"
@@ -27,11 +28,18 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_EQ(first.size(), 6u);
   EXPECT_EQ(controller->model().pinGroups().join(""), first.c_str());
   QTest::qWait(250);
-  EXPECT_EQ(test::codeIn(window->view()->grabWindow()),
-            viewModel->pairingQRString().toStdString() + "\n");
+  const auto address = viewModel->pairingQRString().toStdString();
+  EXPECT_EQ(test::codeIn(window->view()->grabWindow()), address + "\n");
+  EXPECT_EQ(PairingQRPayload::parse(address).value().macName, "Test Computer");
+  EXPECT_EQ(viewModel->bonjourServiceName(), "Test Computer");
+  EXPECT_EQ(viewModel->pairingStatusText(), "Waiting for iPhone to scan QR");
 
+  int changes = 0;
+  QObject::connect(viewModel.get(), &AgentViewModel::pairedDevicesChanged, [&] { ++changes; });
   const std::string token = pairOverTheWire(first);
   ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+  run(viewModel->refresh());
+  EXPECT_EQ(changes, 1) << "only a change is told";
   EXPECT_EQ(text("pairedDevice"), "Ann's iPhone");
   EXPECT_TRUE(showsStatus("Waiting for iPhone"));
   const auto connection = phone(token);
@@ -47,10 +55,33 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
 
   click("pairingCode");
   ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
+  pairOverTheWire(agent.run(viewModel->services().pairingService().state()).currentPIN);
+  ASSERT_TRUE(showsState("pairedDevice", pairedButtons)) << "another phone replaced the first";
+
+  click("pairingCode");
+  ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
   failPairing();
   ASSERT_TRUE(showsState("lockMessage", replacementButtons));
   click("unpair");
   EXPECT_TRUE(showsState("pairingPanel", unpairedButtons));
+}
+
+TEST_F(MenuTest, ARefreshUnderWayDoesNotUndoACommand) {
+  startAndWait();
+  pairOverTheWire(pin());
+  ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+  int refreshes = 0;
+  for (int round = 0; round < 50; ++round) {
+    for (int i = 0; i < 3; ++i) {
+      ++refreshes;
+      asio::co_spawn(mainThread.executor(), viewModel->refresh(),
+                     [&](const std::exception_ptr&) { --refreshes; });
+    }
+    run(viewModel->showPairingCode());
+    ASSERT_TRUE(viewModel->isShowingPairingCode()) << round;
+    run(viewModel->hidePairingCode());
+  }
+  EXPECT_TRUE(QTest::qWaitFor([&] { return refreshes == 0; }));
 }
 
 TEST_F(MenuTest, HidesTheCodeFromWhoeverGuessedTooOften) {
@@ -102,8 +133,10 @@ TEST_F(MenuTest, WorksFromTheKeyboard) {
   key(Qt::Key_Return);
   EXPECT_EQ(quits, 1);
   key(Qt::Key_Up);
+  agent.keychain.failure = keychainInteractionNotAllowed;
   key(Qt::Key_Space);
-  ASSERT_TRUE(showsState("pairingPanel", unpairedButtons)) << "unpaired by the space bar";
+  ASSERT_TRUE(showsState("pairingPanel", unpairedButtons))
+      << "unpaired by the space bar, whatever the keychain does";
   key(Qt::Key_Q, Qt::ControlModifier);
   EXPECT_EQ(quits, 2);
   click("editDeck");

@@ -2,63 +2,26 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <future>
 #include <thread>
 
-#include "agent/pairing/in_memory_paired_device_store.h"
+#include "agent/pairing/keychain_paired_device_store.h"
 #include "platform/executors.h"
 #include "protocol/message_factory.h"
 #include "tests/support/await.h"
 #include "tests/support/eventually.h"
+#include "tests/support/fakes.h"
 
 namespace glintboard {
 namespace {
 
 using namespace std::chrono_literals;
 
-// A store that can be told to fail or to hang.
-class TroubledStore : public PairedDeviceStoring {
- public:
-  struct Trouble {
-    std::atomic<bool> fails = false;
-    std::atomic<bool> isOutOfReach = false;
-    std::atomic<int> loads = 0;
-    std::chrono::milliseconds loadTakes{0};
-    std::vector<PairedDevice> stored;
-  };
-  explicit TroubledStore(Trouble& trouble) : trouble_(trouble) {}
-
-  std::vector<PairedDevice> load() override {
-    std::this_thread::sleep_for(trouble_.loadTakes);
-    ++trouble_.loads;
-    wasOutOfReach_ = trouble_.isOutOfReach;
-    return wasOutOfReach_ ? std::vector<PairedDevice>() : trouble_.stored;
-  }
-  bool isOutOfReach() const override { return wasOutOfReach_; }
-  void save(const std::vector<PairedDevice>& devices) override {
-    check();
-    trouble_.stored = devices;
-  }
-  void deleteAll() override {
-    check();
-    trouble_.stored.clear();
-  }
-
- private:
-  void check() const {
-    if (trouble_.fails) {
-      throw std::runtime_error("the store fails");
-    }
-  }
-  Trouble& trouble_;
-  bool wasOutOfReach_ = false;
-};
-
 class PairingServiceTest : public testing::Test {
  protected:
   const Uuid phone = randomUuid();
   const Uuid otherPhone = randomUuid();
-  TroubledStore::Trouble trouble;
+  test::FakeKeychain keychain;
   Executors executors;
   std::optional<PairingService> service;
 
@@ -69,7 +32,11 @@ class PairingServiceTest : public testing::Test {
 
   void restart() {
     service.emplace(executors.service(), executors.keychainLane(),
-                    std::make_unique<TroubledStore>(trouble), 20ms);
+                    std::make_unique<KeychainPairedDeviceStore>(keychain), 20ms);
+  }
+
+  void store(const std::string& token) {
+    KeychainPairedDeviceStore(keychain).save({{phone, "Phone", {token}, {}}});
   }
 
   template <class T>
@@ -166,7 +133,7 @@ TEST_F(PairingServiceTest, FiveWrongPINsLockOutUntilTheCodeIsUsedOrRenewed) {
 
 TEST_F(PairingServiceTest, AFailingStoreLosesNothingThatIsInMemory) {
   const std::string kept = pairByCode(phone);
-  trouble.fails = true;
+  keychain.failure = -1;
   const auto before = state();
   EXPECT_THROW(pairByCode(phone), PairingServiceError);
   const auto after = state();
@@ -175,21 +142,27 @@ TEST_F(PairingServiceTest, AFailingStoreLosesNothingThatIsInMemory) {
   EXPECT_TRUE(knows(after.pairedDevices.at(0).token.value));
   EXPECT_THROW(run(service->unpairAll()), std::runtime_error);
   EXPECT_TRUE(state().pairedDevices.empty());
-  trouble.fails = false;
+  keychain.failure = keychainSuccess;
   restart();
   EXPECT_TRUE(knows(kept)) << "the store kept what it had";
 }
 
 TEST_F(PairingServiceTest, AStoreThatHangsAtTheStartIsWaitedForTwoSeconds) {
-  trouble.stored = {{phone, "Phone", {"stored"}, {}}};
-  trouble.loadTakes = 2500ms;
-  restart();
+  store("stored");
+  const auto restartWhileItHangs = [&] {
+    keychain.hangs = true;
+    restart();
+    return std::async(std::launch::async, [&] {
+      std::this_thread::sleep_for(2500ms);
+      keychain.recover();
+    });
+  };
+  auto recovery = restartWhileItHangs();
   const auto began = std::chrono::steady_clock::now();
   EXPECT_FALSE(knows("stored"));
   EXPECT_LT(std::chrono::steady_clock::now() - began, 2400ms);
-  std::this_thread::sleep_for(700ms);
-  EXPECT_TRUE(knows("stored")) << "nothing was paired since: the late list counts";
-  restart();
+  EXPECT_TRUE(test::eventually([&] { return knows("stored"); })) << "the late list counts";
+  recovery = restartWhileItHangs();
   std::this_thread::sleep_for(2100ms);
   run(service->unpairAll());
   std::this_thread::sleep_for(600ms);
@@ -197,24 +170,24 @@ TEST_F(PairingServiceTest, AStoreThatHangsAtTheStartIsWaitedForTwoSeconds) {
 }
 
 TEST_F(PairingServiceTest, AStoreOutOfReachIsAskedAgainUntilItAnswersOrThePairingChanges) {
-  trouble.stored = {{phone, "Phone", {"stored"}, {}}};
-  trouble.isOutOfReach = true;
+  store("stored");
+  keychain.readFailure = keychainInteractionNotAllowed;
   restart();
   EXPECT_FALSE(knows("stored"));
-  EXPECT_TRUE(test::eventually([&] { return trouble.loads >= 3; }));
+  EXPECT_TRUE(test::eventually([&] { return keychain.reads >= 3; }));
   EXPECT_FALSE(knows("stored"));
-  trouble.isOutOfReach = false;
+  keychain.readFailure = keychainSuccess;
   EXPECT_TRUE(test::eventually([&] { return knows("stored"); }));
-  const int answered = trouble.loads;
+  const int answered = keychain.reads;
   std::this_thread::sleep_for(400ms);
-  EXPECT_EQ(trouble.loads, answered);
+  EXPECT_EQ(keychain.reads, answered);
 
-  trouble.isOutOfReach = true;
+  keychain.readFailure = keychainInteractionNotAllowed;
   restart();
   const std::string token = pairByCode(otherPhone);
-  trouble.isOutOfReach = false;
+  keychain.readFailure = keychainSuccess;
   std::this_thread::sleep_for(200ms);
-  EXPECT_LE(trouble.loads, answered + 3) << "nobody wants the list any more";
+  EXPECT_LE(keychain.reads, answered + 3) << "nobody wants the list any more";
   EXPECT_TRUE(knows(token));
 }
 

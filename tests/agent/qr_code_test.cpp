@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <QPainter>
+#include <algorithm>
 #include <filesystem>
 
 #include "agent/shell/qr_code_image.h"
+#include "agent/shell/qr_text.h"
 #include "protocol/pairing_qr_payload.h"
 #include "tests/agent/menu_fixture.h"
 
@@ -24,6 +26,16 @@ TEST(QRCodeImage, IsReadAtEverySizeAndIsNothingForNoText) {
   }
   EXPECT_TRUE(QRCodeImage::make("").isNull());
   EXPECT_TRUE(QRCodeImage::make(QString(5000, 'x')).isNull());
+}
+
+TEST(QrText, DrawsASquareWithItsQuietZone) {
+  const std::string drawing = qrHalfBlocks("glintboard://pair?v=1&name=a&code=b");
+  const auto lines = std::ranges::count(drawing, '\n');
+  EXPECT_EQ(lines, (29 + 8 + 1) / 2) << "version 3 is 29 modules wide";
+  EXPECT_TRUE(drawing.ends_with("\033[0m\n"));
+  EXPECT_NE(drawing.find("\u2580"), std::string::npos);
+  EXPECT_TRUE(qrHalfBlocks("").empty());
+  EXPECT_TRUE(qrHalfBlocks(std::string(5000, 'x')).empty());
 }
 
 // The modules of the pictures' code are black and white alone, at scale factors where the points

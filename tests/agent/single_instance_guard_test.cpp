@@ -1,86 +1,58 @@
 #include "agent/connection/single_instance_guard.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
-#include <chrono>
-
+#include "platform/linux/linux_agent_instances.h"
+#include "platform/linux/process_identity.h"
+#include "tests/support/child_process.h"
 #include "tests/support/test_agent.h"
 
 namespace glintboard {
 namespace {
 
 using namespace std::chrono_literals;
-using Calls = std::vector<std::string>;
 
-class FakeInstance : public AgentInstance {
- public:
-  FakeInstance(Calls& calls, bool obeys, bool ends) : calls_(calls), obeys_(obeys), ends_(ends) {}
-  int processIdentifier() const override { return 7; }
-  bool terminate() override {
-    calls_.push_back("terminate");
-    return obeys_;
-  }
-  bool forceTerminate() override {
-    calls_.push_back("force");
-    return true;
-  }
-  bool isTerminated() override { return ends_; }
-
- private:
-  Calls& calls_;
-  bool obeys_;
-  bool ends_;
-};
-
-class FakeInstances : public AgentInstances {
- public:
-  std::vector<std::unique_ptr<AgentInstance>> older;
-  bool youngerRuns = false;
-  std::optional<std::vector<std::unique_ptr<AgentInstance>>> claim() override {
-    if (youngerRuns) {
-      return std::nullopt;
-    }
-    return std::move(older);
-  }
-};
-
-std::chrono::milliseconds timed(const std::function<void()>& call) {
+std::chrono::steady_clock::duration timed(const std::function<void()>& call) {
   const auto began = std::chrono::steady_clock::now();
   call();
-  return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() -
-                                                               began);
+  return std::chrono::steady_clock::now() - began;
 }
 
-TEST(SingleInstanceGuard, EndsOthersAsPolitelyAsTheyAllow) {
-  struct Case {
-    bool obeys, ends;
-    Calls calls;
+// A child of the test is always younger, so one of them is the agent here.
+TEST(SingleInstanceGuard, AsksOlderAgentsToEndAndForcesThoseThatDoNot) {
+  const test::TemporaryFolder folder;
+  const auto trap = [](const std::string& action) {
+    return std::vector<std::string>{"sh", "-c",
+                                    "trap '" + action + "' TERM; while :; do sleep 0.01; done"};
   };
-  const Case cases[] = {{true, true, {"terminate"}},
-                        {false, true, {"terminate", "force"}},
-                        {true, false, {"terminate", "force"}},
-                        {false, false, {"terminate", "force", "force"}}};
-  for (const auto& [obeys, ends, expected] : cases) {
-    Calls calls;
-    FakeInstances instances;
-    instances.older.push_back(std::make_unique<FakeInstance>(calls, obeys, ends));
-    EXPECT_TRUE(SingleInstanceGuard::enforce(instances, test::freePort()));
-    EXPECT_EQ(calls, expected);
+  test::ChildProcess polite(trap("touch " + (folder / "asked").string() + "; exit"));
+  test::ChildProcess stubborn(trap(""));
+  std::this_thread::sleep_for(300ms);
+  std::string lines;
+  for (const auto& each : {polite.id(), stubborn.id()}) {
+    const auto identity = identifyProcess(each).value();
+    lines += std::to_string(each) + " " + std::to_string(identity.startTime) + "\n";
   }
+  folder.write("glintboard-agents", lines);
+  const pid_t younger = ::fork();
+  if (younger == 0) {
+    LinuxAgentInstances instances(folder.path());
+    ::_exit(SingleInstanceGuard::enforce(instances, test::freePort()) ? 0 : 1);
+  }
+  int status = -1;
+  ::waitpid(younger, &status, 0);
+  EXPECT_EQ(status, 0);
+  EXPECT_TRUE(test::eventually([&] { return polite.hasEnded() && stubborn.hasEnded(); }));
+  EXPECT_TRUE(std::filesystem::exists(folder / "asked"));
 }
 
-TEST(SingleInstanceGuard, AloneItNeitherWaitsNorProbesAndYieldsToAYounger) {
-  const auto port = test::freePort();
-  const auto held = test::holdPort(port);
-  FakeInstances instances;
-  EXPECT_LT(timed([&] { EXPECT_TRUE(SingleInstanceGuard::enforce(instances, port)); }), 90ms);
-  instances.youngerRuns = true;
-  EXPECT_FALSE(SingleInstanceGuard::enforce(instances, port));
-}
-
-TEST(SingleInstanceGuard, WaitsForThePortAsLongAsItMay) {
+TEST(SingleInstanceGuard, WaitsForThePortAsLongAsItMayAndAloneNotAtAll) {
   const auto port = test::freePort();
   auto held = std::make_unique<FileDescriptor>(test::holdPort(port));
+  const test::TemporaryFolder folder;
+  LinuxAgentInstances alone(folder.path());
+  EXPECT_LT(timed([&] { EXPECT_TRUE(SingleInstanceGuard::enforce(alone, port)); }), 90ms);
   EXPECT_LT(timed([&] { SingleInstanceGuard::waitForPortRelease(0, port); }), 90ms);
   EXPECT_GE(timed([&] { SingleInstanceGuard::waitForPortRelease(3, port); }), 300ms);
   std::thread release([&] {

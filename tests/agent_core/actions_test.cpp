@@ -11,34 +11,6 @@ namespace {
 using test::FakeOutput;
 using test::Sound;
 
-TEST(Volume, StepsClampAndUnmuteOnlyAboveSilence) {
-  struct Case {
-    const char* action;
-    float volume;
-    bool muted;
-    float expected;
-    bool mutedAfter;
-  };
-  const Case cases[] = {
-      {"system.volume.up", 0.5F, true, 0.5625F, false},
-      {"system.volume.up", 1.0F, true, 1.0F, false},
-      {"system.volume.down", 0.5F, true, 0.4375F, false},
-      {"system.volume.down", 0.03F, true, 0.0F, true},
-      {"system.volume.down", 0.0F, false, 0.0F, false},
-      {"system.volume.mute", 0.5F, false, 0.5F, true},
-      {"system.volume.mute", 0.5F, true, 0.5F, false},
-  };
-  for (const auto& it : cases) {
-    Sound sound{it.volume, it.muted, true, ""};
-    FakeOutput output(sound);
-    CoreAudioVolumeController volume(output);
-    EXPECT_EQ(SystemActionRunner(volume).perform(it.action),
-              SystemActionResult::Result(SystemActionResult::Ok{it.action}));
-    EXPECT_FLOAT_EQ(sound.volume, it.expected) << it.action << it.volume;
-    EXPECT_EQ(sound.muted, it.mutedAfter) << it.action << it.volume;
-  }
-}
-
 TEST(Volume, EveryFailureHasItsText) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"system.volume.up", "read volume", "Could not read volume (error -7)."},

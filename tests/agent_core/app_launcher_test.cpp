@@ -14,78 +14,41 @@ namespace {
 using namespace AppLauncherOutcome;
 
 TEST(AppLauncher, EveryStateOfAnApplicationHasItsOutcome) {
-  struct Case {
-    const char* what;
-    bool installed, running, activates, opens;
-    const char* openFailure;
-    AppLauncherAction action;
-    Outcome expected;
-    std::vector<std::string> calls;
-  };
   const auto launch = AppLauncherAction::launch;
   const auto focus = AppLauncherAction::focus;
   const auto error = [](AppErrorCode code, const char* message) {
     return Outcome(Error{"a", code, message});
   };
-  const Case cases[] = {
-      {"running", true, true, true, true, "", launch, Ok{"a"}, {"activate a"}},
-      {"refuses focus",
-       true,
-       true,
-       false,
-       true,
-       "",
-       launch,
-       error(AppErrorCode::focusFailed, "Failed to activate application"),
-       {"activate a"}},
-      {"absent",
-       false,
-       false,
-       true,
-       true,
-       "",
-       launch,
-       error(AppErrorCode::notFound, "No application found for bundle identifier"),
-       {}},
-      {"starts", true, false, true, true, "", launch, Ok{"a"}, {"open a"}},
-      {"does not start",
-       true,
-       false,
-       true,
-       false,
-       "",
-       launch,
-       error(AppErrorCode::launchFailed, "Failed to launch application"),
-       {"open a"}},
-      {"fails to start",
-       true,
-       false,
-       true,
-       true,
-       "no memory",
-       launch,
-       error(AppErrorCode::launchFailed, "no memory"),
-       {"open a"}},
-      {"focused", true, true, true, true, "", focus, Ok{"a"}, {"activate a"}},
-      {"focus of one that is not running",
-       true,
-       false,
-       true,
-       true,
-       "",
-       focus,
-       error(AppErrorCode::notFound, "Application is not running"),
-       {}},
+  const Outcome ok = Ok{"a"};
+  const auto noFocus = error(AppErrorCode::focusFailed, "Failed to activate application");
+  const auto absent = error(AppErrorCode::notFound, "No application found for bundle identifier");
+  const auto noLaunch = error(AppErrorCode::launchFailed, "Failed to launch application");
+  const auto noMemory = error(AppErrorCode::launchFailed, "no memory");
+  const auto notRunning = error(AppErrorCode::notFound, "Application is not running");
+  using Set = std::set<std::string>;
+  const struct {
+    const char* what;
+    Set installed, running;
+    bool activates, opens;
+    const char* openFailure;
+    AppLauncherAction action;
+    Outcome expected;
+    std::vector<std::string> calls;
+  } cases[] = {
+      {"running", {"a"}, {"a"}, true, true, "", launch, ok, {"activate a"}},
+      {"refuses focus", {"a"}, {"a"}, false, true, "", launch, noFocus, {"activate a"}},
+      {"absent", {}, {}, true, true, "", launch, absent, {}},
+      {"starts", {"a"}, {}, true, true, "", launch, ok, {"open a"}},
+      {"does not start", {"a"}, {}, true, false, "", launch, noLaunch, {"open a"}},
+      {"fails to start", {"a"}, {}, true, true, "no memory", launch, noMemory, {"open a"}},
+      {"focused", {"a"}, {"a"}, true, true, "", focus, ok, {"activate a"}},
+      {"focus of what does not run", {"a"}, {}, true, true, "", focus, notRunning, {}},
   };
   Executors executors;
   for (const auto& it : cases) {
     test::FakeDesktop desktop;
-    if (it.installed) {
-      desktop.installed = {"a"};
-    }
-    if (it.running) {
-      desktop.running = {"a"};
-    }
+    desktop.installed = it.installed;
+    desktop.running = it.running;
     desktop.activates = it.activates;
     desktop.opens = it.opens;
     desktop.openFailure = it.openFailure;

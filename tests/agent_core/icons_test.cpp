@@ -5,22 +5,17 @@
 #include "platform/executors.h"
 #include "tests/support/await.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/painted.h"
 
 namespace glintboard {
 namespace {
-
-QImage square(int side, QColor colour) {
-  QImage image(side, side, QImage::Format_ARGB32);
-  image.fill(colour);
-  return image;
-}
 
 TEST(AppIconProvider, RendersOnceForEachChangeOfTheApplication) {
   Executors executors;
   test::FakeDesktop desktop;
   int rendered = 0;
   std::optional<ContentModification> modified = ContentModification{};
-  QImage image = square(iconSide, Qt::red);
+  QImage image = test::painted(Qt::red, {iconSide, iconSide});
   AppIconProvider provider(executors.workerStrand(),
                            {[&](const ApplicationLocation&) { return modified; },
                             [&](const ApplicationLocation&, int) { return ++rendered, image; }});
@@ -43,7 +38,7 @@ TEST(AppIconProvider, RendersOnceForEachChangeOfTheApplication) {
   EXPECT_EQ(rendered, 2);
 
   modified = std::nullopt;  // unreadable, and it stays so
-  image = square(iconSide, Qt::blue);
+  image = test::painted(Qt::blue, {iconSide, iconSide});
   EXPECT_NE(get()->revision, first->revision);
   const auto revisions =
       test::await(executors.service(), provider.revisions({"a", "absent"}, workspace));
@@ -77,17 +72,20 @@ struct SomeShortcuts {
 
  private:
   ShortcutIconClient::Icon icon(const std::string& of) {
-    return {of, stamp, [this](int side) { return ++drawn, square(2 * side, colour); }};
+    return {of, stamp,
+            [this](int side) { return ++drawn, test::painted(colour, {2 * side, 2 * side}); }};
   }
 };
 
-TEST(ShortcutIconProvider, CachesUnderTheIdentifierInAnyLetterCase) {
+struct ShortcutIconProviderTest : testing::Test {
+  auto run(auto operation) { return test::await(executors.service(), std::move(operation)); }
+
   Executors executors;
   SomeShortcuts shortcuts;
-  ShortcutIconProvider provider(executors.workerStrand(), shortcuts.client());
-  const auto run = [&](auto operation) {
-    return test::await(executors.service(), std::move(operation));
-  };
+  ShortcutIconProvider provider{executors.workerStrand(), shortcuts.client()};
+};
+
+TEST_F(ShortcutIconProviderTest, CachesUnderTheIdentifierInAnyLetterCase) {
   const std::string key = ShortcutIconProvider::normalizedKey(shortcuts.identifier);
   EXPECT_EQ(run(provider.cachedPNG(key)), std::nullopt);
   const auto icon = run(provider.pngAndRevision(shortcuts.identifier));
@@ -101,13 +99,7 @@ TEST(ShortcutIconProvider, CachesUnderTheIdentifierInAnyLetterCase) {
   EXPECT_TRUE(run(provider.pngAndRevision("unknown"))) << "what is missing is looked for again";
 }
 
-TEST(ShortcutIconProvider, PreloadingRendersOnlyWhatChanged) {
-  Executors executors;
-  SomeShortcuts shortcuts;
-  ShortcutIconProvider provider(executors.workerStrand(), shortcuts.client());
-  const auto run = [&](auto operation) {
-    return test::await(executors.service(), std::move(operation));
-  };
+TEST_F(ShortcutIconProviderTest, PreloadingRendersOnlyWhatChanged) {
   const auto first = run(provider.revision(shortcuts.identifier));
   const auto loaded = run(provider.preloadAll());
   EXPECT_EQ(loaded.size(), 2u) << "all that have an identifier";

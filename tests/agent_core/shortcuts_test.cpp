@@ -16,15 +16,10 @@ using test::FakeRunner;
 const std::string someShortcut = "0F8FAD5B-D9CB-469F-A165-70867728950E";
 
 TEST(ShortcutsRunner, ClassifiesEveryEnd) {
-  struct Case {
-    ProcessRunResult ended;
-    ShortcutErrorCode code;
-    const char* message;
-  };
   using enum ShortcutErrorCode;
   const char* missing = "Shortcut missing \u2014 replace it in Edit Deck.";
   const char* permission = "Needs permission or input on your Mac.";
-  const Case cases[] = {
+  const std::tuple<ProcessRunResult, ShortcutErrorCode, const char*> cases[] = {
       {{1, "", "Error: Shortcut NOT found; no permission"}, notFound, missing},
       {{1, "", "It couldn't find it"}, notFound, missing},
       {{1, "", "does not exist"}, notFound, missing},

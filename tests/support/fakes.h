@@ -72,36 +72,47 @@ class FakeRunner : public ProcessRunning {
 class FakeKeychain : public Keychain {
  public:
   std::map<std::string, std::string> items;
-  KeychainStatus failure = keychainSuccess;
+  std::atomic<KeychainStatus> failure = keychainSuccess;
+  std::atomic<KeychainStatus> readFailure = keychainSuccess;
   std::atomic<bool> hangs = false;
+  std::atomic<int> reads = 0;
 
   KeychainStatus copyMatching(const KeychainQuery& query, std::string& data) override {
+    ++reads;
     hangs.wait(true);
-    const auto item = items.find(key(query));
-    if (failure != keychainSuccess || item == items.end()) {
-      return failure != keychainSuccess ? failure : keychainItemNotFound;
+    const auto status = readFailure == keychainSuccess ? find(query) : readFailure.load();
+    if (status == keychainSuccess) {
+      data = items[key(query)];
     }
-    data = item->second;
-    return keychainSuccess;
+    return status;
   }
   KeychainStatus update(const KeychainQuery& query, const std::string& data) override {
-    if (failure != keychainSuccess || !items.contains(key(query))) {
-      return failure != keychainSuccess ? failure : keychainItemNotFound;
+    const auto status = find(query);
+    if (status == keychainSuccess) {
+      items[key(query)] = data;
     }
-    items[key(query)] = data;
-    return keychainSuccess;
+    return status;
   }
   KeychainStatus add(const KeychainQuery& query, const std::string& data) override {
-    return items.emplace(key(query), data).second ? failure : -25299;
+    return items.emplace(key(query), data).second ? failure.load() : keychainDuplicateItem;
   }
   KeychainStatus remove(const KeychainQuery& query) override {
-    if (failure != keychainSuccess) {
-      return failure;
+    const auto status = find(query);
+    if (status == keychainSuccess) {
+      items.erase(key(query));
     }
-    return items.erase(key(query)) != 0 ? keychainSuccess : keychainItemNotFound;
+    return status;
+  }
+  void recover() {
+    hangs = false;
+    hangs.notify_all();
   }
 
  private:
+  KeychainStatus find(const KeychainQuery& query) const {
+    const bool isThere = items.contains(key(query));
+    return failure != keychainSuccess || isThere ? failure.load() : keychainItemNotFound;
+  }
   static std::string key(const KeychainQuery& query) { return query.service + "/" + query.account; }
 };
 
