@@ -4,6 +4,7 @@
 #include <stdlib.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -11,6 +12,8 @@
 
 namespace glintboard {
 namespace {
+
+constexpr std::size_t firstBuffer = 16 << 10;
 
 [[noreturn]] void throwErrno(const std::filesystem::path& path) {
   throw std::system_error(errno, std::generic_category(), path.string());
@@ -80,20 +83,17 @@ void writeAtomically(const std::filesystem::path& path, std::string_view data, m
   }
 }
 
-std::string readWholeFile(const std::filesystem::path& path) {
+std::string_view readWholeFile(const std::filesystem::path& path, std::string& buffer) {
   const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  struct stat status{};
-  if (!file || ::fstat(file.get(), &status) != 0) {
+  if (!file) {
     throwErrno(path);
   }
-  std::string content;
-  content.resize(static_cast<std::size_t>(status.st_size));
   std::size_t length = 0;
   for (;;) {
-    if (length == content.size()) {
-      content.resize(length + 4096);  // It has grown, or has no size, as in /proc.
+    if (length == buffer.size()) {
+      buffer.resize(std::max(2 * length, firstBuffer));
     }
-    const ssize_t count = ::read(file.get(), content.data() + length, content.size() - length);
+    const ssize_t count = ::read(file.get(), buffer.data() + length, buffer.size() - length);
     if (count < 0) {
       if (errno == EINTR) {
         continue;
@@ -101,11 +101,15 @@ std::string readWholeFile(const std::filesystem::path& path) {
       throwErrno(path);
     }
     if (count == 0) {
-      break;
+      return std::string_view(buffer).substr(0, length);
     }
     length += static_cast<std::size_t>(count);
   }
-  content.resize(length);
+}
+
+std::string readWholeFile(const std::filesystem::path& path) {
+  std::string content;
+  content.resize(readWholeFile(path, content).size());
   return content;
 }
 

@@ -18,5 +18,8 @@ void writeAtomically(const std::filesystem::path& path, std::string_view data, m
 // The whole content of the file at `path`. Throws std::system_error, with
 // std::errc::no_such_file_or_directory when there is none.
 std::string readWholeFile(const std::filesystem::path& path);
+// The same for who reads again and again: into `buffer`, which grows as needed, and in which the
+// content then is.
+std::string_view readWholeFile(const std::filesystem::path& path, std::string& buffer);
 
 }  // namespace glintboard

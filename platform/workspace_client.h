@@ -25,6 +25,13 @@ struct RunningApplicationClient {
   std::function<Awaitable<bool>()> activate;
 };
 
+// Whether an application is installed, and whether it runs, by bundle identifier: as it is at the
+// moment of asking for these. Any thread.
+struct ApplicationStates {
+  std::function<bool(const std::string& bundleId)> isInstalled;
+  std::function<bool(const std::string& bundleId)> isRunning;
+};
+
 // The three questions that the system puts to the desktop about applications, each replaceable.
 // An application is named by its bundle identifier. The two look-ups answer from memory, at once,
 // on any thread.
@@ -38,6 +45,17 @@ struct WorkspaceClient {
   // whose text a person can read when it could not be started.
   std::function<Awaitable<bool>(ApplicationLocation application)> openApplication;
 
+  // The answers to the two look-ups for who asks about many applications at once; where there is
+  // none, they are put one by one.
+  std::function<ApplicationStates()> currentStates;
+
+  ApplicationStates states() const {
+    return currentStates
+               ? currentStates()
+               : ApplicationStates{
+                     [this](const std::string& bundleId) { return isInstalled(bundleId); },
+                     [this](const std::string& bundleId) { return isRunning(bundleId); }};
+  }
   bool isInstalled(const std::string& bundleId) const {
     return urlForApplication(bundleId).has_value();
   }

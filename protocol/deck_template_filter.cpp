@@ -7,21 +7,26 @@ BundleIdPredicate containedIn(const std::set<std::string>& identifiers) {
   return [&identifiers](const std::string& bundleId) { return identifiers.contains(bundleId); };
 }
 
-}  // namespace
-
-std::optional<std::string> resolveBundleId(const DeckTile& tile,
-                                           const BundleIdPredicate& whereInstalled) {
+const std::string* resolved(const DeckTile& tile, const BundleIdPredicate& whereInstalled) {
   if (whereInstalled(tile.bundleId)) {
-    return tile.bundleId;
+    return &tile.bundleId;
   }
   if (tile.alternateBundleIds) {
     for (const auto& alternate : *tile.alternateBundleIds) {
       if (whereInstalled(alternate)) {
-        return alternate;
+        return &alternate;
       }
     }
   }
-  return std::nullopt;
+  return nullptr;
+}
+
+}  // namespace
+
+std::optional<std::string> resolveBundleId(const DeckTile& tile,
+                                           const BundleIdPredicate& whereInstalled) {
+  const std::string* found = resolved(tile, whereInstalled);
+  return found != nullptr ? std::optional(*found) : std::nullopt;
 }
 
 std::vector<DeckTile> resolvedTiles(const DeckTemplate& deck,
@@ -75,6 +80,22 @@ std::vector<std::string> runningBundleIds(const std::vector<DeckTile>& tiles,
     }
   }
   return running;
+}
+
+void appendRunningBundleIds(const DeckTemplate& deck, const BundleIdPredicate& whereInstalled,
+                            const BundleIdPredicate& whereRunning,
+                            std::vector<std::string>& output) {
+  for (const auto& tile : deck.tiles) {
+    // Few applications run, so that is asked first where it decides.
+    if (tile.kind != DeckTileKind::app ||
+        (!tile.alternateBundleIds && !whereRunning(tile.bundleId))) {
+      continue;
+    }
+    const std::string* found = resolved(tile, whereInstalled);
+    if (found != nullptr && !found->empty() && whereRunning(*found)) {
+      output.push_back(*found);
+    }
+  }
 }
 
 }  // namespace glintboard::DeckTemplateFilter

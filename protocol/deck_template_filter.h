@@ -37,5 +37,9 @@ DeckSnapshotPayload snapshot(const DeckTemplate& deck,
 // The identifiers of the running applications among `tiles`, in their order.
 std::vector<std::string> runningBundleIds(const std::vector<DeckTile>& tiles,
                                           const BundleIdPredicate& whereRunning);
+// Adds those of the deck as it would be resolved.
+void appendRunningBundleIds(const DeckTemplate& deck, const BundleIdPredicate& whereInstalled,
+                            const BundleIdPredicate& whereRunning,
+                            std::vector<std::string>& output);
 
 }  // namespace glintboard::DeckTemplateFilter

@@ -1,57 +1,78 @@
 #include "protocol/json_reader.h"
 
+#include <charconv>
+
 namespace glintboard {
+namespace {
 
-bool JsonReader::read(const boost::json::value& value, std::string& output) {
-  const auto* text = value.if_string();
-  if (text == nullptr) {
-    return refuse("not a text");
+// The number that the text stands for, if this type can hold exactly that.
+template <class Number>
+std::optional<Number> numberOf(std::string_view text) {
+  Number number{};
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  return error == std::errc{} && stop == end ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
+
+bool JsonReader::read(std::string& output) {
+  std::string_view text;
+  const bool isText = scanner_.takeString(text);
+  output = text;
+  return isText || refuse("not a text");
+}
+
+bool JsonReader::read(std::int64_t& output) {
+  std::string_view text;
+  auto number = scanner_.takeNumber(text) ? numberOf<std::int64_t>(text) : std::nullopt;
+  if (!number && !text.empty()) {
+    // 1.0 and 1e3 are integers too.
+    constexpr double limit = 9223372036854775808.0;
+    const auto real = numberOf<double>(text);
+    if (real && *real >= -limit && *real < limit &&
+        static_cast<double>(static_cast<std::int64_t>(*real)) == *real) {
+      number = static_cast<std::int64_t>(*real);
+    }
   }
-  output.assign(text->data(), text->size());
-  return true;
+  output = number.value_or(0);
+  return number.has_value() || refuse("not an integer");
 }
 
-bool JsonReader::read(const boost::json::value& value, std::int64_t& output) {
-  boost::system::error_code error;
-  output = value.to_number<std::int64_t>(error);
-  return !error || refuse("not an integer");
+bool JsonReader::read(double& output) {
+  std::string_view text;
+  const auto number = scanner_.takeNumber(text) ? numberOf<double>(text) : std::nullopt;
+  output = number.value_or(0);
+  return number.has_value() || refuse("not a number");
 }
 
-bool JsonReader::read(const boost::json::value& value, double& output) {
-  boost::system::error_code error;
-  output = value.to_number<double>(error);
-  return !error || refuse("not a number");
-}
-
-bool JsonReader::read(const boost::json::value& value, Uuid& output) {
-  const auto* text = value.if_string();
-  const auto uuid = text != nullptr ? parseUuid(*text) : std::nullopt;
+bool JsonReader::read(Uuid& output) {
+  std::string_view text;
+  const auto uuid = scanner_.takeString(text) ? parseUuid(text) : std::nullopt;
   output = uuid.value_or(Uuid{});
   return uuid.has_value() || refuse("not a UUID");
 }
 
-bool JsonReader::read(const boost::json::value& value, WireDate& output) {
-  const auto* text = value.if_string();
-  const auto date = text != nullptr ? WireDate::parse(*text) : std::nullopt;
+bool JsonReader::read(WireDate& output) {
+  std::string_view text;
+  const auto date = scanner_.takeString(text) ? WireDate::parse(text) : std::nullopt;
   output = date.value_or(WireDate{});
   return date.has_value() || refuse("not a date");
 }
 
-bool JsonReader::read(const boost::json::value& value, ReferenceDate& output) {
-  return read(value, output.secondsSinceReference);
-}
-
-bool JsonReader::read(const boost::json::value& value, std::map<std::string, std::string>& output) {
-  const auto* object = value.if_object();
-  if (object == nullptr) {
+bool JsonReader::read(std::map<std::string, std::string>& output) {
+  output.clear();
+  if (!scanner_.enter('{')) {
     return refuse("not an object");
   }
-  for (const auto& [key, item] : *object) {
-    if (!read(item, output[key])) {
-      return within(key);
+  std::string_view key;
+  for (bool isFirst = true; scanner_.nextMember(isFirst, key);) {
+    std::string& value = output[std::string(key)];
+    if (!read(value)) {
+      return within("a value");
     }
   }
-  return true;
+  return !scanner_.failed();
 }
 
 bool JsonReader::refuse(std::string_view reason) {
@@ -63,15 +84,6 @@ bool JsonReader::within(std::string_view name) {
   const bool isPath = reason_.find(": ") != std::string::npos;
   reason_.insert(0, isPath ? "." : ": ").insert(0, name);
   return false;
-}
-
-Decoded<boost::json::value> parseJson(std::string_view text, boost::json::storage_ptr storage) {
-  boost::system::error_code error;
-  auto value = boost::json::parse(text, error, std::move(storage));
-  if (error) {
-    return DecodeError{"not JSON: " + error.message()};
-  }
-  return value;
 }
 
 }  // namespace glintboard

@@ -1,7 +1,8 @@
-// Plain structs from JSON text.
+// Plain structs from JSON text, in one pass over it.
 #pragma once
 
-#include <boost/json.hpp>
+#include <array>
+#include <boost/mp11.hpp>
 #include <boost/system/result.hpp>
 #include <cstdint>
 #include <map>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "protocol/enum_text.h"
+#include "protocol/json_scanner.h"
 #include "protocol/record.h"
 #include "protocol/uuid.h"
 #include "protocol/wire_date.h"
@@ -31,69 +33,156 @@ struct DecodeError {
 template <class T>
 using Decoded = boost::system::result<T, DecodeError>;
 
-// Reads values out of a parsed JSON text. The first thing that does not fit ends the reading; what
-// was read until then is not to be used.
+// Reads values out of a JSON text: at most 32 levels deep, valid UTF-8 throughout; of a repeated
+// key the last counts. What is read replaces everything that `output` held, whose memory is used
+// again. When something does not fit, what was read until then is not to be used.
 class JsonReader {
  public:
-  // Each returns whether `value` fits.
-  bool read(const boost::json::value& value, std::string& output);
-  bool read(const boost::json::value& value, std::int64_t& output);
-  bool read(const boost::json::value& value, double& output);
-  bool read(const boost::json::value& value, Uuid& output);
-  bool read(const boost::json::value& value, WireDate& output);
-  bool read(const boost::json::value& value, ReferenceDate& output);
-  bool read(const boost::json::value& value, std::map<std::string, std::string>& output);
+  explicit JsonReader(std::string_view text) : scanner_(text) {}
 
-  template <TextEnum Enum>
-  bool read(const boost::json::value& value, Enum& output) {
-    const auto* text = value.if_string();
-    const auto known = text != nullptr ? fromRawValue<Enum>(*text) : std::nullopt;
-    if (known) {
-      output = *known;
-    }
-    return known.has_value() || refuse("unknown value");
-  }
-
+  // Reads the text, which must hold this one value and nothing else. Returns whether it fits.
   template <class T>
-  bool read(const boost::json::value& value, std::vector<T>& output) {
-    const auto* array = value.if_array();
-    if (array == nullptr) {
-      return refuse("not an array");
-    }
-    output.reserve(array->size());
-    for (const auto& item : *array) {
-      if (!read(item, output.emplace_back())) {
-        return false;
-      }
-    }
-    return true;
-  }
-
-  template <class T>
-  bool read(const boost::json::value& value, std::optional<T>& output) {
-    return read(value, output.emplace());
-  }
-
-  template <Record T>
-  bool read(const boost::json::value& value, T& output) {
-    const auto* object = value.if_object();
-    if (object == nullptr) {
-      return refuse("not an object");
-    }
-    bool fits = true;
-    boost::mp11::mp_for_each<SortedMembers<T>>([&](auto described) {
-      fits = fits && readMember<T>(*object, described.name, output.*described.pointer);
-    });
-    if (fits) {
-      RecordRules<T>::complete(output,
-                               [&](std::string_view name) { return present(*object, name); });
-    }
-    return fits;
+  bool readAll(T& output) {
+    const bool fits = read(output);
+    return scanner_.failed() || (fits && !scanner_.isAtEnd()) ? refuse("not JSON") : fits;
   }
 
   const std::string& reason() const { return reason_; }
 
  private:
+  // Each takes the next value and returns whether it fits; if not, it may have taken a part.
+  bool read(std::string& output);
+  bool read(std::int64_t& output);
+  bool read(double& output);
+  bool read(Uuid& output);
+  bool read(WireDate& output);
+  bool read(ReferenceDate& output) { return read(output.secondsSinceReference); }
+  bool read(std::map<std::string, std::string>& output);
+
+  template <TextEnum Enum>
+  bool read(Enum& output) {
+    std::string_view text;
+    const auto known = scanner_.takeString(text) ? fromRawValue<Enum>(text) : std::nullopt;
+    output = known.value_or(Enum{});
+    return known.has_value() || refuse("unknown value");
+  }
+
+  template <class T>
+  bool read(std::vector<T>& output) {
+    if (!scanner_.enter('[')) {
+      return refuse("not an array");
+    }
+    std::size_t count = 0;
+    for (bool isFirst = true; scanner_.nextItem(isFirst); ++count) {
+      if (!read(count < output.size() ? output[count] : output.emplace_back())) {
+        return false;
+      }
+    }
+    output.resize(count);
+    return !scanner_.failed();
+  }
+
+  template <class T>
+  bool read(std::optional<T>& output) {
+    return read(output ? *output : output.emplace());
+  }
+
+  enum class Found : std::uint8_t { nothing, value, misfit };
+
+  template <Record T>
+  bool read(T& output) {
+    using Members = SortedMembers<T>;
+    constexpr std::size_t count = boost::mp11::mp_size<Members>::value;
+    if (!scanner_.enter('{')) {
+      return refuse("not an object");
+    }
+    std::array<Found, count + 1> found{};  // the last is for keys that are no member's
+    std::size_t likely = 0;  // Members mostly come in the order in which we write them.
+    std::string_view key;
+    for (bool isFirst = true; scanner_.nextMember(isFirst, key);) {
+      const std::size_t place = placeOf<Members>(key, likely);
+      likely = place < count ? place + 1 : likely;
+      if (!boost::mp11::mp_with_index<count + 1>(place, [&](auto index) {
+            if constexpr (index < count) {
+              using Described = boost::mp11::mp_at_c<Members, index>;
+              return readMember(Described::name, output.*Described::pointer, found[index]);
+            } else {
+              return scanner_.skip();
+            }
+          })) {
+        return false;
+      }
+    }
+    return !scanner_.failed() && finish(output, found);
+  }
+
+  // The index of the member of that name, sought from `likely` on; the number of members if none.
+  template <class Members>
+  static std::size_t placeOf(std::string_view key, std::size_t likely) {
+    constexpr std::size_t count = boost::mp11::mp_size<Members>::value;
+    static constexpr auto names = []<class... Described>(boost::mp11::mp_list<Described...>) {
+      return std::array<std::string_view, sizeof...(Described)>{Described::name...};
+    }(boost::mp11::mp_rename<Members, boost::mp11::mp_list>());
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::size_t place = likely + i < count ? likely + i : likely + i - count;
+      if (names[place].size() == key.size() &&
+          std::memcmp(names[place].data(), key.data(), key.size()) == 0) {
+        return place;
+      }
+    }
+    return count;
+  }
+
+  // Takes the value of a member, whether it fits or not. False when the text is no JSON.
+  template <class Member>
+  bool readMember(std::string_view name, Member& output, Found& found) {
+    if (scanner_.takeNull()) {
+      found = Found::nothing;
+      return true;
+    }
+    const auto start = scanner_.place();
+    if (read(output)) {
+      found = Found::value;
+      return true;
+    }
+    if (scanner_.failed()) {
+      return false;
+    }
+    found = Found::misfit;
+    within(name);
+    scanner_.goBack(start);
+    return scanner_.skip();
+  }
+
+  // Judges what was found of a record, and gives its default value to what was not.
+  template <class T, std::size_t size>
+  bool finish(T& output, const std::array<Found, size>& found) {
+    using Members = SortedMembers<T>;
+    bool fits = true;
+    std::size_t place = 0;
+    boost::mp11::mp_for_each<Members>([&](auto described) {
+      const Found each = found[place++];
+      if (!fits || each == Found::value) {
+        return;
+      }
+      auto& member = output.*described.pointer;
+      if (each == Found::misfit) {
+        fits = false;
+      } else if (isOptional(member) || RecordRules<T>::mayBeAbsent(described.name)) {
+        member = {};
+      } else {
+        refuse("missing");
+        fits = within(described.name);
+      }
+    });
+    if (fits) {
+      RecordRules<T>::complete(output, [&](std::string_view name) {
+        return found[placeOf<Members>(name, 0)] == Found::value;
+      });
+    }
+    return fits;
+  }
+
   template <class T>
   static constexpr bool isOptional(const std::optional<T>&) {
     return true;
@@ -103,57 +192,23 @@ class JsonReader {
     return false;
   }
 
-  // A member counts as absent when it is null.
-  static const boost::json::value* present(const boost::json::object& object,
-                                           std::string_view name) {
-    const auto* value = object.if_contains(name);
-    return value != nullptr && !value->is_null() ? value : nullptr;
-  }
-
-  template <class T, class Member>
-  bool readMember(const boost::json::object& object, std::string_view name, Member& output) {
-    if (const auto* value = present(object, name)) {
-      return read(*value, output) || within(name);
-    }
-    if (isOptional(output) || RecordRules<T>::mayBeAbsent(name)) {
-      return true;
-    }
-    refuse("missing");
-    return within(name);
-  }
-
   // Both return false, for the convenience of their callers.
   bool refuse(std::string_view reason);
   bool within(std::string_view name);
 
+  JsonScanner scanner_;
   std::string reason_;
 };
-
-// The parsed text: at most 32 levels deep, valid UTF-8 throughout; of a repeated key the last
-// counts.
-Decoded<boost::json::value> parseJson(std::string_view text, boost::json::storage_ptr storage = {});
-
-// A value of type `T` out of a parsed text.
-template <class T>
-Decoded<T> decodeValue(const boost::json::value& value) {
-  T output{};
-  JsonReader reader;
-  if (!reader.read(value, output)) {
-    return DecodeError{reader.reason()};
-  }
-  return output;
-}
 
 // A value of type `T` out of JSON text.
 template <class T>
 Decoded<T> decodeJson(std::string_view text) {
-  unsigned char buffer[8192];
-  boost::json::monotonic_resource memory(buffer);
-  const auto value = parseJson(text, &memory);
-  if (!value) {
-    return value.error();
+  T output{};
+  JsonReader reader(text);
+  if (!reader.readAll(output)) {
+    return DecodeError{reader.reason()};
   }
-  return decodeValue<T>(*value);
+  return output;
 }
 
 }  // namespace glintboard

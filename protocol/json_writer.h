@@ -98,6 +98,7 @@ class JsonWriter {
 template <class T>
 std::string jsonText(const T& value, JsonWriter::Style style = JsonWriter::Style::compact) {
   std::string text;
+  text.reserve(256);  // more than most messages take
   JsonWriter(text, style).write(value);
   return text;
 }

@@ -1,8 +1,6 @@
 #include "protocol/wire_date.h"
 
-#include <array>
 #include <charconv>
-#include <cstdio>
 
 namespace glintboard {
 namespace {
@@ -55,13 +53,21 @@ std::string WireDate::text() const {
   const auto midnight = floor<days>(time);
   const year_month_day day(midnight);
   const hh_mm_ss clock(time - midnight);
-  std::array<char, 64> buffer{};
-  const int length = std::snprintf(
-      buffer.data(), buffer.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(day.year()),
-      static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()),
-      static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
-      static_cast<int>(clock.seconds().count()));
-  return {buffer.data(), static_cast<std::size_t>(length)};
+  std::string text(pattern);
+  const auto put = [&text](std::size_t last, auto number) {
+    auto rest = static_cast<unsigned>(number);
+    for (; text[last] == 'd'; rest /= 10) {
+      text[last] = static_cast<char>('0' + rest % 10);
+      last -= last > 0 ? 1 : 0;
+    }
+  };
+  put(3, static_cast<int>(day.year()));
+  put(6, static_cast<unsigned>(day.month()));
+  put(9, static_cast<unsigned>(day.day()));
+  put(12, clock.hours().count());
+  put(15, clock.minutes().count());
+  put(18, clock.seconds().count());
+  return text;
 }
 
 ReferenceDate ReferenceDate::now() {

@@ -4,8 +4,8 @@ namespace glintboard::WireMessageParser {
 namespace {
 
 template <class Payload, class Wrapper = WireMessage<Payload>>
-Decoded<ParsedMessage> typed(const boost::json::value& value) {
-  auto message = decodeValue<WireMessage<Payload>>(value);
+Decoded<ParsedMessage> typed(std::string_view bytes) {
+  auto message = decodeJson<WireMessage<Payload>>(bytes);
   if (!message) {
     return message.error();
   }
@@ -15,33 +15,27 @@ Decoded<ParsedMessage> typed(const boost::json::value& value) {
 }  // namespace
 
 Decoded<ParsedMessage> parse(std::string_view bytes) {
-  unsigned char buffer[4096];
-  boost::json::monotonic_resource memory(buffer);
-  const auto value = parseJson(bytes, &memory);
-  if (!value) {
-    return value.error();
-  }
-  auto envelope = decodeValue<MessageEnvelope>(*value);
+  auto envelope = decodeJson<MessageEnvelope>(bytes);
   if (!envelope) {
     return envelope.error();
   }
   switch (fromRawValue<MessageType>(envelope->type).value_or(MessageType::pong)) {
     case MessageType::pairRequest:
-      return typed<PairRequestPayload>(*value);
+      return typed<PairRequestPayload>(bytes);
     case MessageType::deckSync:
-      return typed<EmptyPayload>(*value);
+      return typed<EmptyPayload>(bytes);
     case MessageType::ping:
-      return typed<PingPayload>(*value);
+      return typed<PingPayload>(bytes);
     case MessageType::appLaunch:
-      return typed<AppActionPayload, AppLaunch>(*value);
+      return typed<AppActionPayload, AppLaunch>(bytes);
     case MessageType::appFocus:
-      return typed<AppActionPayload, AppFocus>(*value);
+      return typed<AppActionPayload, AppFocus>(bytes);
     case MessageType::actionRun:
-      return typed<ActionRunPayload>(*value);
+      return typed<ActionRunPayload>(bytes);
     case MessageType::shortcutRun:
-      return typed<ShortcutRunPayload>(*value);
+      return typed<ShortcutRunPayload>(bytes);
     case MessageType::appIconRequest:
-      return typed<AppIconRequestPayload>(*value);
+      return typed<AppIconRequestPayload>(bytes);
     default:  // a type that only the agent sends, or none of the protocol
       return ParsedMessage(Unknown{std::move(envelope->type), envelope->id});
   }

@@ -69,6 +69,13 @@ struct Refusal {
   }
 };
 
+WireMessage<PongPayload> pongTo(const WireMessage<PingPayload>& ping,
+                                std::vector<std::string> running) {
+  using namespace std::chrono;
+  const duration<double> elapsed = system_clock::now() - ping.payload.ts.time;
+  return MessageFactory::pong(ping.payload.ts, elapsed.count(), std::move(running), ping.id);
+}
+
 // Whether the reply says that the Shortcut waits for the user.
 bool needsUser(std::string_view reply) {
   const auto error = WireCodec::decode<ShortcutErrorPayload>(reply);
@@ -126,15 +133,33 @@ Awaitable<Replies> ListenerService::dispatch(std::string message,
   if (!parsed) {
     co_return Replies();
   }
+  co_return co_await answer(std::move(*parsed), std::move(message), std::move(token));
+}
+
+std::optional<std::string> ListenerService::answerAtOnce(const Parser::ParsedMessage& parsed,
+                                                         const std::optional<std::string>& token) {
+  const auto* ping = std::get_if<WireMessage<PingPayload>>(&parsed);
+  const auto paired =
+      ping != nullptr && token ? parts_.pairingService.isPaired(*token) : std::nullopt;
+  if (!paired || !*paired) {
+    return std::nullopt;
+  }
+  auto running = parts_.deckStore.runningDeckBundleIdsNow(parts_.workspace);
+  return running ? std::optional(WireCodec::encodeString(pongTo(*ping, std::move(*running))))
+                 : std::nullopt;
+}
+
+Awaitable<Replies> ListenerService::answer(Parser::ParsedMessage parsed, std::string message,
+                                           std::optional<std::string> token) {
   try {
-    if (auto* request = std::get_if<WireMessage<PairRequestPayload>>(&*parsed)) {
+    if (auto* request = std::get_if<WireMessage<PairRequestPayload>>(&parsed)) {
       co_return co_await pair(std::move(*request));
     }
     const auto paired = co_await device(token);
     if (!paired) {
-      co_return std::visit(Refusal{}, *parsed);
+      co_return std::visit(Refusal{}, parsed);
     }
-    auto answering = std::visit(Answer{*this, std::move(message)}, std::move(*parsed));
+    auto answering = std::visit(Answer{*this, std::move(message)}, std::move(parsed));
     co_return co_await std::move(answering);
   } catch (const std::exception& error) {
     log::warning("a message got no reply: ", error.what());
@@ -165,11 +190,8 @@ Awaitable<Replies> ListenerService::synchronise(Uuid requestId) {
 }
 
 Awaitable<Replies> ListenerService::pong(WireMessage<PingPayload> request) {
-  using namespace std::chrono;
-  const duration<double> elapsed = system_clock::now() - request.payload.ts.time;
   auto running = co_await parts_.deckStore.runningDeckBundleIds(parts_.workspace);
-  co_return one(
-      MessageFactory::pong(request.payload.ts, elapsed.count(), std::move(running), request.id));
+  co_return one(pongTo(request, std::move(running)));
 }
 
 Awaitable<Replies> ListenerService::runAction(WireMessage<ActionRunPayload> request) {

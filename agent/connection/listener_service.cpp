@@ -189,14 +189,28 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
 Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
                                              std::optional<std::string> token) {
   for (;;) {
-    auto message = co_await connection->receive();
+    auto message = connection->received();
+    if (!message) {
+      message = co_await connection->receive();
+    }
     if (!message) {
       co_return;
     }
     if (message->empty()) {
       continue;
     }
-    auto replies = co_await dispatch(std::move(*message), token);
+    auto parsed = WireMessageParser::parse(*message);
+    if (!parsed) {
+      continue;
+    }
+    if (auto reply = answerAtOnce(*parsed, token)) {
+      if (!connection->sendNow(*reply)) {
+        co_await connection->send(std::move(*reply));
+      }
+      continue;
+    }
+    connection->flush();
+    auto replies = co_await answer(std::move(*parsed), std::move(*message), token);
     for (auto& reply : replies) {
       co_await connection->send(std::move(reply));
     }

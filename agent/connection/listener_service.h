@@ -119,6 +119,11 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   void pushConnectionsChanged();
 
   // Dispatch by message.
+  Awaitable<std::vector<std::string>> answer(WireMessageParser::ParsedMessage parsed,
+                                             std::string message, std::optional<std::string> token);
+  // The pong to a paired phone's ping, the most frequent of messages, if it can be given at once.
+  std::optional<std::string> answerAtOnce(const WireMessageParser::ParsedMessage& parsed,
+                                          const std::optional<std::string>& token);
   Awaitable<std::optional<PairedDevice>> device(const std::optional<std::string>& token);
   struct Answer;
   Awaitable<std::vector<std::string>> pair(WireMessage<PairRequestPayload> request);

@@ -1,10 +1,14 @@
 #include "agent/connection/web_socket_connection.h"
 
+#include <sys/socket.h>
+
+#include <array>
 #include <boost/beast/core/flat_buffer.hpp>
 #include <boost/beast/http.hpp>
 #include <boost/beast/websocket.hpp>
-#include <deque>
+#include <cerrno>
 
+#include "agent/connection/web_socket_frames.h"
 #include "platform/spawn.h"
 
 namespace glintboard {
@@ -15,6 +19,8 @@ namespace beast = boost::beast;
 namespace http = beast::http;
 namespace websocket = beast::websocket;
 using Clock = std::chrono::steady_clock;
+using WebSocketFrames::Opcode;
+using WebSocketFrames::Received;
 
 constexpr std::size_t maxIncomingMessage = 1 << 20;
 constexpr std::uint32_t maxUpgradeRequest = 16 << 10;
@@ -23,50 +29,8 @@ constexpr auto keepAliveInterval = 8s;
 constexpr auto vanishedAfter = 23s;  // silence of a peer that is being listened to
 constexpr auto stuckAfter = 60s;     // a write of which the peer takes nothing
 constexpr std::size_t maxQueued = 4 << 20;
-
-// A socket that remembers when its operations began. A peer that moves bytes makes the library
-// begin a new operation for the next ones.
-class WatchedSocket {
- public:
-  using executor_type = asio::any_io_executor;
-
-  explicit WatchedSocket(TcpSocket socket) : socket_(std::move(socket)) {}
-
-  executor_type get_executor() { return socket_.get_executor(); }
-  TcpSocket& socket() { return socket_; }
-
-  template <class Buffers, class Token>
-  auto async_read_some(const Buffers& buffers, Token&& token) {
-    readBegan = Clock::now();
-    return socket_.async_read_some(buffers, std::forward<Token>(token));
-  }
-
-  template <class Buffers, class Token>
-  auto async_write_some(const Buffers& buffers, Token&& token) {
-    writeBegan = Clock::now();
-    return socket_.async_write_some(buffers, std::forward<Token>(token));
-  }
-
-  Clock::time_point readBegan = Clock::now();
-  Clock::time_point writeBegan = Clock::now();
-
- private:
-  TcpSocket socket_;
-};
-
-// The library's closing handshake over our socket.
-[[maybe_unused]] void teardown(beast::role_type role, WatchedSocket& stream, error_code& error) {
-  websocket::teardown(role, stream.socket(), error);
-}
-template <class Handler>
-void async_teardown(beast::role_type role, WatchedSocket& stream, Handler&& handler) {
-  websocket::async_teardown(role, stream.socket(), std::forward<Handler>(handler));
-}
-
-void beast_close_socket(WatchedSocket& stream) {
-  error_code ignored;
-  stream.socket().close(ignored);
-}
+constexpr std::size_t readAtOnce = 8 << 10;
+constexpr std::size_t keptCapacity = 64 << 10;
 
 HandshakeHeaderCapture capture(const http::request<http::empty_body>& request) {
   HandshakeHeaderCapture handshake;
@@ -76,25 +40,21 @@ HandshakeHeaderCapture capture(const http::request<http::empty_body>& request) {
   return handshake;
 }
 
+// The library makes the upgrade. The frames are handled here, so that a message costs no more turns
+// of the loop than the socket itself, and so that many replies leave in one write.
 class Connection : public AcceptedConnection, public std::enable_shared_from_this<Connection> {
  public:
   Connection(TcpSocket socket, std::shared_ptr<void> place)
       : place_(std::move(place)),
-        stream_(std::move(socket)),
-        queueMoved_(stream_.get_executor()),
-        watchTimer_(stream_.get_executor()) {
-    // The library's own timers would end a connection whose messages are being handled; the
-    // watch below tells a slow handler from a vanished peer.
-    stream_.set_option(websocket::stream_base::timeout{websocket::stream_base::none(),
-                                                       websocket::stream_base::none(), false});
-    stream_.read_message_max(maxIncomingMessage);
-    stream_.text(true);
+        socket_(std::move(socket)),
+        queueMoved_(socket_.get_executor()),
+        watchTimer_(socket_.get_executor()) {
     queueMoved_.expires_at(Clock::time_point::max());
   }
 
   Awaitable<bool> upgrade() override {
     auto self = shared_from_this();
-    asio::steady_timer deadline(stream_.get_executor(), upgradeDeadline);
+    asio::steady_timer deadline(socket_.get_executor(), upgradeDeadline);
     deadline.async_wait([self](error_code error) {
       if (!error) {
         self->cancel();
@@ -103,18 +63,21 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     beast::flat_buffer buffer(maxUpgradeRequest);
     http::request_parser<http::empty_body> parser;
     parser.header_limit(maxUpgradeRequest);
-    auto [readError, count] = co_await http::async_read(
-        stream_.next_layer().socket(), buffer, parser, asio::as_tuple(asio::use_awaitable));
+    auto [readError, count] =
+        co_await http::async_read(socket_, buffer, parser, asio::as_tuple(asio::use_awaitable));
     if (readError) {
       co_return false;
     }
     handshake_ = capture(parser.get());
-    auto [error] = co_await stream_.async_accept(parser.get(), asio::as_tuple(asio::use_awaitable));
+    websocket::stream<TcpSocket&, false> stream(socket_);
+    auto [error] = co_await stream.async_accept(parser.get(), asio::as_tuple(asio::use_awaitable));
     if (error) {
       cancel();
       co_return false;
     }
-    spawn(stream_.get_executor(), watch(self), "connection watch");
+    // Whoever is in a hurry sends frames right behind the request.
+    reader_.add({static_cast<const char*>(buffer.data().data()), buffer.size()});
+    spawn(socket_.get_executor(), watch(self), "connection watch");
     co_return true;
   }
 
@@ -122,81 +85,170 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
 
   Awaitable<std::optional<std::string>> receive() override {
     auto self = shared_from_this();
-    std::string message;
-    auto buffer = asio::dynamic_buffer(message, maxIncomingMessage);
-    reading_ = true;
-    auto [error, count] = co_await stream_.async_read(buffer, asio::as_tuple(asio::use_awaitable));
-    reading_ = false;
-    if (error) {
-      cancel();
-      co_return std::nullopt;
+    while (!ended_) {
+      if (auto message = received()) {
+        co_return message;
+      }
+      // Pings are answered in here, so this too waits for a peer that does not read.
+      if (isFull()) {
+        co_await room();
+      }
+      flush();
+      if (ended_) {
+        break;
+      }
+      heardOf_ = Clock::now();
+      reading_ = true;
+      auto [error, count] = co_await socket_.async_read_some(asio::buffer(input_),
+                                                             asio::as_tuple(asio::use_awaitable));
+      reading_ = false;
+      if (error) {
+        cancel();
+      } else if (!closing_) {
+        reader_.add({input_.data(), count});
+      }
     }
-    co_return message;
+    co_return std::nullopt;
+  }
+
+  std::optional<std::string> received() override {
+    while (!ended_ && !closing_) {
+      auto next = reader_.next();
+      if (!next) {
+        break;
+      }
+      switch (next->kind) {
+        case Received::Kind::message:
+          return std::move(next->data);
+        case Received::Kind::ping:
+          append(gathered_, Opcode::pong, next->data);
+          break;
+        case Received::Kind::pong:
+          break;
+        case Received::Kind::close:
+          close(next->closeCode);
+          break;
+      }
+    }
+    return std::nullopt;
   }
 
   Awaitable<> send(std::string text) override {
     auto self = shared_from_this();
-    while (queued_ > maxQueued && !ended_) {
-      co_await queueMoved_.async_wait(asio::as_tuple(asio::use_awaitable));
+    if (isFull()) {
+      co_await room();
     }
-    if (ended_) {
-      co_return;
+    sendNow(text);
+  }
+
+  bool sendNow(std::string_view text) override {
+    if (isFull()) {
+      return false;
     }
-    queued_ += text.size();
-    queue_.push_back(std::make_shared<const std::string>(std::move(text)));
-    startWriting();
+    if (!ended_ && !closing_) {
+      append(gathered_, Opcode::text, text);
+    }
+    return true;
   }
 
   void push(std::shared_ptr<const std::string> text) override {
-    if (ended_) {
-      return;
+    // Later, so that of several that come at once the latest alone is sent.
+    if (!ended_ && !closing_ && !std::exchange(waitingPush_, std::move(text))) {
+      asio::post(socket_.get_executor(), [self = shared_from_this()] { self->flush(); });
     }
-    waitingPush_ = std::move(text);
-    startWriting();
+  }
+
+  void flush() override {
+    while (!writing_ && !ended_ && fillSending()) {
+      const ssize_t count = ::send(socket_.native_handle(), sending_.data() + sent_,
+                                   sending_.size() - sent_, MSG_NOSIGNAL | MSG_DONTWAIT);
+      if (count >= 0) {
+        took(static_cast<std::size_t>(count));
+      } else if (errno == EAGAIN || errno == EWOULDBLOCK) {
+        waitForPeer();
+      } else if (errno != EINTR) {
+        cancel();
+      }
+    }
   }
 
   void cancel() override {
     ended_ = true;
     error_code ignored;
-    stream_.next_layer().socket().close(ignored);
+    socket_.close(ignored);
     queueMoved_.cancel();
     watchTimer_.cancel();
   }
 
  private:
-  void startWriting() {
-    if (!writing_) {
-      writing_ = true;
-      spawn(stream_.get_executor(), write(shared_from_this()), "connection");
+  bool isFull() const { return gathered_.size() > maxQueued && !ended_; }
+
+  // Resumes when the queue is not full, or the connection has ended.
+  Awaitable<> room() {
+    while (isFull()) {
+      flush();
+      if (isFull()) {
+        co_await queueMoved_.async_wait(asio::as_tuple(asio::use_awaitable));
+      }
     }
   }
 
-  // Sends what is queued, one whole message after another, the waiting push last.
-  static Awaitable<> write(std::shared_ptr<Connection> self) {
-    while (!self->ended_) {
-      const auto text = self->next();
-      if (!text) {
-        break;
-      }
-      self->stream_.next_layer().writeBegan = Clock::now();
-      auto [error, count] = co_await self->stream_.async_write(asio::buffer(*text),
-                                                               asio::as_tuple(asio::use_awaitable));
-      if (error) {
-        self->cancel();
-      }
+  // Makes sure that there is something to send: the rest of the last bytes, what has gathered since
+  // then, and the push last. False when there is nothing.
+  bool fillSending() {
+    if (!sending_.empty()) {
+      return true;
     }
-    self->writing_ = false;
-  }
-
-  std::shared_ptr<const std::string> next() {
-    if (queue_.empty()) {
-      return std::exchange(waitingPush_, nullptr);
+    if (gathered_.empty() && waitingPush_) {
+      append(gathered_, Opcode::text, *waitingPush_);
+      waitingPush_.reset();
     }
-    auto text = std::move(queue_.front());
-    queue_.pop_front();
-    queued_ -= text->size();
+    sending_.swap(gathered_);
     queueMoved_.cancel();
-    return text;
+    return !sending_.empty();
+  }
+
+  void took(std::size_t count) {
+    sent_ += count;
+    takenAt_ = Clock::now();
+    if (sent_ == sending_.size()) {
+      sent_ = 0;
+      sending_.clear();
+      if (sending_.capacity() > keptCapacity) {
+        sending_.shrink_to_fit();
+      }
+    }
+  }
+
+  // The socket takes nothing more for now.
+  void waitForPeer() {
+    writing_ = true;
+    takenAt_ = Clock::now();
+    socket_.async_write_some(asio::buffer(sending_) + sent_,
+                             [self = shared_from_this()](error_code error, std::size_t count) {
+                               self->writing_ = false;
+                               if (error) {
+                                 self->cancel();
+                               } else {
+                                 self->took(count);
+                                 self->flush();
+                               }
+                             });
+  }
+
+  // The protocol's end of a connection. What still comes is read and dropped until the peer has
+  // ended too, since it would not get to see why if the socket were closed before that.
+  void close(WebSocketFrames::CloseCode code) {
+    closing_ = true;
+    waitingPush_.reset();
+    appendClose(gathered_, code);
+    flush();
+    if (writing_) {
+      cancel();
+    } else if (!ended_) {
+      error_code ignored;
+      socket_.shutdown(TcpSocket::shutdown_send, ignored);
+    }
   }
 
   // Pings a quiet peer, and ends the connection of one that is gone or takes nothing. A peer is
@@ -210,32 +262,36 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
   }
 
   void check(Clock::time_point now) {
-    const auto& socket = stream_.next_layer();
-    if (writing_ || pinging_) {
-      if (now - socket.writeBegan > stuckAfter) {
+    if (writing_) {
+      if (now - takenAt_ > stuckAfter) {
         cancel();
       }
     } else if (reading_ && !ended_) {
-      if (now - socket.readBegan > vanishedAfter) {
+      if (closing_ || now - heardOf_ > vanishedAfter) {
         cancel();
         return;
       }
-      pinging_ = true;
-      stream_.async_ping({}, [self = shared_from_this()](error_code) { self->pinging_ = false; });
+      append(gathered_, Opcode::ping, {});
+      flush();
     }
   }
 
   std::shared_ptr<void> place_;
-  websocket::stream<WatchedSocket> stream_;
+  TcpSocket socket_;
   HandshakeHeaderCapture handshake_;
-  std::deque<std::shared_ptr<const std::string>> queue_;
-  std::size_t queued_ = 0;  // bytes in the queue, the message being written not counted
+  std::array<char, readAtOnce> input_;
+  WebSocketFrames::Reader reader_{maxIncomingMessage};
+  std::string gathered_;  // goes out when `sending_` is gone
+  std::string sending_;
+  std::size_t sent_ = 0;  // of `sending_`
   std::shared_ptr<const std::string> waitingPush_;
   asio::steady_timer queueMoved_;
   asio::steady_timer watchTimer_;
+  Clock::time_point heardOf_ = Clock::now();
+  Clock::time_point takenAt_ = Clock::now();
   bool reading_ = false;
-  bool writing_ = false;
-  bool pinging_ = false;
+  bool writing_ = false;  // the socket takes nothing more for now
+  bool closing_ = false;  // the last frame was sent
   bool ended_ = false;
 };
 

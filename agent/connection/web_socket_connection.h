@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/asio.h"
 #include "protocol/web_socket_auth.h"
@@ -23,12 +24,18 @@ class WebSocketConnection {
   virtual ~WebSocketConnection() = default;
 
   virtual const HandshakeHeaderCapture& handshake() const = 0;
-  // The next complete message, text or binary; none when the connection has ended. One caller at a
-  // time.
+  // The next complete message, text or binary; none when the connection has ended. What was queued
+  // is sent before this waits. One caller at a time.
   virtual Awaitable<std::optional<std::string>> receive() = 0;
-  // Queues a text for sending, in order. Waits while the queue is full, and gives up when the
-  // connection has ended.
+  // The same without waiting; none when nothing complete has come.
+  virtual std::optional<std::string> received() = 0;
+  // Queues a text, in order, for the next flush. Waits while the queue is full, and gives up when
+  // the connection has ended.
   virtual Awaitable<> send(std::string text) = 0;
+  // The same without waiting; false when the queue is full.
+  virtual bool sendNow(std::string_view text) = 0;
+  // Sends what is queued, in one write. To be called before anything that may take time.
+  virtual void flush() = 0;
   // Sends a text when the queue allows. A push that is still waiting is replaced by a later one.
   virtual void push(std::shared_ptr<const std::string> text) = 0;
   // Ends the connection: at once, without a closing handshake.

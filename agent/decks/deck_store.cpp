@@ -1,6 +1,7 @@
 #include "agent/decks/deck_store.h"
 
 #include <algorithm>
+#include <set>
 
 #include "agent/decks/deck_store_error.h"
 #include "platform/live.h"
@@ -19,12 +20,33 @@ bool isComplete(const StoredDecks& stored) {
          stored.decks.size() >= DeckTemplates::categoryOrder.size();
 }
 
-DeckTemplateFilter::BundleIdPredicate installed(const WorkspaceClient& workspace) {
-  return [&workspace](const std::string& bundleId) { return workspace.isInstalled(bundleId); };
+// Whose icon a key shows, or null.
+const std::string* iconKey(const DeckTile& tile) {
+  if (tile.kind == DeckTileKind::app) {
+    return &tile.bundleId;
+  }
+  return tile.kind == DeckTileKind::shortcut && tile.shortcutIdentifier ? &*tile.shortcutIdentifier
+                                                                        : nullptr;
 }
 
-DeckTemplateFilter::BundleIdPredicate running(const WorkspaceClient& workspace) {
-  return [&workspace](const std::string& bundleId) { return workspace.isRunning(bundleId); };
+// The running applications of the served decks among these, deck after deck.
+std::vector<std::string> runningOf(const std::vector<DeckTemplate>& decks,
+                                   const WorkspaceClient& workspace) {
+  const ApplicationStates states = workspace.states();
+  std::vector<std::string> bundleIds;
+  const auto append = [&](const DeckTemplate& deck) {
+    DeckTemplateFilter::appendRunningBundleIds(deck, states.isInstalled, states.isRunning,
+                                               bundleIds);
+  };
+  for (const auto category : DeckTemplates::categoryOrder) {
+    const auto deck = std::ranges::find(decks, rawValue(category), &DeckTemplate::id);
+    if (deck != decks.end()) {
+      append(*deck);
+    } else {
+      append(DeckRules::adaptedTemplate(DeckTemplates::bundledTemplate(category), workspace));
+    }
+  }
+  return bundleIds;
 }
 
 // Makes an earlier version's deck the Streaming deck. False when it is not valid.
@@ -44,8 +66,8 @@ bool adopt(const DeckTemplate& legacy, DeckTemplate& streaming) {
 DeckStore::DeckStore(asio::any_io_executor executor, asio::any_io_executor workers,
                      std::optional<std::filesystem::path> storageURL)
     : Actor(std::move(executor)),
-      storageURL_(storageURL ? std::move(*storageURL) : applicationSupportFolder() / "decks.json"),
-      legacyURL_(storageURL_.parent_path() / "deck.json"),
+      reader_(storageURL ? std::move(*storageURL) : applicationSupportFolder() / "decks.json"),
+      legacyURL_(reader_.path().parent_path() / "deck.json"),
       workers_(std::move(workers)),
       changes_(this->executor()) {}
 
@@ -85,8 +107,8 @@ Awaitable<> DeckStore::doFinishChanges() {
 
 Awaitable<DeckTemplate> DeckStore::doLoadDeck(DeckCategoryID category,
                                               const WorkspaceClient& workspace) {
-  const auto stored = co_await migratedDecks(workspace);
-  const auto decks = DeckRules::normalizedDecks(stored.decks, workspace);
+  const auto* stored = co_await migratedDecks(workspace);
+  const auto decks = DeckRules::normalizedDecks(stored->decks, workspace);
   co_return *std::ranges::find(decks, rawValue(category), &DeckTemplate::id);
 }
 
@@ -109,10 +131,10 @@ Awaitable<DeckTemplate> DeckStore::store(DeckCategoryID category, DeckTemplate d
                                          const WorkspaceClient& workspace) {
   co_await migratedDecks(workspace);
   const auto guard = co_await changes_.acquire();
-  const StoredDecks stored = readDecks(storageURL_);
+  const StoredDecks& stored = reader_.read();
   if (stored.state == State::unavailable) {
     // The other decks cannot be kept if they cannot be read.
-    throw std::system_error(stored.error, storageURL_.string());
+    throw std::system_error(stored.error, storageURL().string());
   }
   Decks decks = DeckRules::normalizedDecks(stored.decks, workspace);
   const auto place = std::ranges::find(decks, rawValue(category), &DeckTemplate::id);
@@ -129,75 +151,80 @@ Awaitable<std::vector<DeckSnapshotPayload>> DeckStore::doDeckSnapshots(
     const WorkspaceClient& workspace, AppIconProvider& iconProvider,
     ShortcutIconProvider& shortcutIconProvider) {
   const Decks decks = co_await servedDecks(workspace);
+  const ApplicationStates states = workspace.states();
   std::vector<DeckSnapshotPayload> snapshots;
   for (const auto& deck : decks) {
-    auto payload = DeckTemplateFilter::snapshot(deck, installed(workspace), running(workspace));
-    payload.iconRevisions =
-        co_await iconRevisions(payload.tiles, workspace, iconProvider, shortcutIconProvider);
-    snapshots.push_back(std::move(payload));
+    snapshots.push_back(DeckTemplateFilter::snapshot(deck, states.isInstalled, states.isRunning));
+  }
+  const auto revisions =
+      co_await iconRevisions(snapshots, workspace, iconProvider, shortcutIconProvider);
+  for (auto& snapshot : snapshots) {
+    for (const auto& tile : snapshot.tiles) {
+      const auto* key = iconKey(tile);
+      const auto found = key != nullptr ? revisions.find(*key) : revisions.end();
+      if (found != revisions.end()) {
+        snapshot.iconRevisions.insert(*found);
+      }
+    }
   }
   co_return snapshots;
 }
 
 Awaitable<std::map<std::string, std::string>> DeckStore::iconRevisions(
-    const std::vector<DeckTile>& tiles, const WorkspaceClient& workspace,
+    const std::vector<DeckSnapshotPayload>& decks, const WorkspaceClient& workspace,
     AppIconProvider& iconProvider, ShortcutIconProvider& shortcutIconProvider) {
-  std::vector<std::string> bundleIds;
-  std::vector<std::string> shortcuts;
-  for (const auto& tile : tiles) {
-    if (tile.kind == DeckTileKind::app) {
-      bundleIds.push_back(tile.bundleId);
-    } else if (tile.kind == DeckTileKind::shortcut && tile.shortcutIdentifier) {
-      shortcuts.push_back(*tile.shortcutIdentifier);
+  std::set<std::string> bundleIds;
+  std::set<std::string> shortcuts;
+  for (const auto& deck : decks) {
+    for (const auto& tile : deck.tiles) {
+      if (const auto* key = iconKey(tile)) {
+        (tile.kind == DeckTileKind::app ? bundleIds : shortcuts).insert(*key);
+      }
     }
   }
-  auto revisions = co_await iconProvider.revisions(std::move(bundleIds), workspace);
+  auto revisions = co_await iconProvider.revisions({bundleIds.begin(), bundleIds.end()}, workspace);
   if (!shortcuts.empty()) {
-    co_await shortcutIconProvider.preloadAll();
-  }
-  for (const auto& identifier : shortcuts) {
-    auto revision = co_await shortcutIconProvider.revision(identifier);
-    if (revision) {
-      revisions[identifier] = std::move(*revision);
-    }
+    revisions.merge(co_await shortcutIconProvider.revisions({shortcuts.begin(), shortcuts.end()}));
   }
   co_return revisions;
 }
 
 Awaitable<std::vector<std::string>> DeckStore::doRunningDeckBundleIds(
     const WorkspaceClient& workspace) {
-  const Decks decks = co_await servedDecks(workspace);
-  std::vector<std::string> bundleIds;
-  for (const auto& deck : decks) {
-    const auto tiles = DeckTemplateFilter::resolvedTiles(deck, installed(workspace));
-    auto ofDeck = DeckTemplateFilter::runningBundleIds(tiles, running(workspace));
-    bundleIds.insert(bundleIds.end(), std::make_move_iterator(ofDeck.begin()),
-                     std::make_move_iterator(ofDeck.end()));
+  if (auto bundleIds = runningDeckBundleIdsNow(workspace)) {
+    co_return std::move(*bundleIds);
   }
-  co_return bundleIds;
+  const Decks decks = co_await servedDecks(workspace);
+  co_return runningOf(decks, workspace);
+}
+
+std::optional<std::vector<std::string>> DeckStore::runningDeckBundleIdsNow(
+    const WorkspaceClient& workspace) {
+  const StoredDecks& stored = reader_.read();
+  return isComplete(stored) ? std::optional(runningOf(stored.decks, workspace)) : std::nullopt;
 }
 
 Awaitable<DeckStore::Decks> DeckStore::servedDecks(const WorkspaceClient& workspace) {
-  StoredDecks stored = co_await migratedDecks(workspace);
-  if (stored.state != State::unavailable && !isComplete(stored)) {
+  const auto* stored = co_await migratedDecks(workspace);
+  if (stored->state != State::unavailable && !isComplete(*stored)) {
     co_await replaceUnusableFile(workspace);
-    stored.decks.clear();
+    co_return DeckRules::defaultDecks(workspace);
   }
-  co_return DeckRules::normalizedDecks(stored.decks, workspace);
+  co_return DeckRules::normalizedDecks(stored->decks, workspace);
 }
 
-Awaitable<StoredDecks> DeckStore::migratedDecks(const WorkspaceClient& workspace) {
-  StoredDecks stored = readDecks(storageURL_);
-  if (stored.state == State::absent) {
+Awaitable<const StoredDecks*> DeckStore::migratedDecks(const WorkspaceClient& workspace) {
+  const auto* stored = &reader_.read();
+  if (stored->state == State::absent) {
     co_await migrateLegacyIfNeeded(workspace);
-    stored = readDecks(storageURL_);
+    stored = &reader_.read();
   }
   co_return stored;
 }
 
 Awaitable<> DeckStore::migrateLegacyIfNeeded(const WorkspaceClient& workspace) {
   const auto guard = co_await changes_.acquire();
-  if (readDecks(storageURL_).state != State::absent) {
+  if (reader_.read().state != State::absent) {
     co_return;  // made while this waited
   }
   try {
@@ -219,7 +246,7 @@ Awaitable<> DeckStore::migrateLegacyIfNeeded(const WorkspaceClient& workspace) {
 
 Awaitable<> DeckStore::replaceUnusableFile(const WorkspaceClient& workspace) {
   const auto guard = co_await changes_.acquire();
-  const StoredDecks stored = readDecks(storageURL_);
+  const StoredDecks& stored = reader_.read();
   if (stored.state == State::unavailable || isComplete(stored)) {
     co_return;
   }
@@ -235,7 +262,7 @@ Awaitable<> DeckStore::writeDecks(Decks decks, bool keepingBackup) {
   for (const auto& deck : decks) {
     file.decks.push_back(DeckRules::validated(deck));
   }
-  auto writing = runOn(workers_, [path = storageURL_, file = std::move(file), keepingBackup] {
+  auto writing = runOn(workers_, [path = storageURL(), file = std::move(file), keepingBackup] {
     if (keepingBackup) {
       keepBackup(path);
     }

@@ -33,7 +33,7 @@ class DeckStore : public Actor {
   DeckStore(asio::any_io_executor executor, asio::any_io_executor workers,
             std::optional<std::filesystem::path> storageURL = std::nullopt);
 
-  const std::filesystem::path& storageURL() const { return storageURL_; }
+  const std::filesystem::path& storageURL() const { return reader_.path(); }
 
   // The deck to edit: the stored one as it is, else the built-in one. Never fails.
   Awaitable<DeckTemplate> loadDeck(DeckCategoryID category, const WorkspaceClient& workspace);
@@ -51,6 +51,9 @@ class DeckStore : public Actor {
   // The running applications of all decks, deck after deck; one that is on several decks occurs
   // several times.
   Awaitable<std::vector<std::string>> runningDeckBundleIds(const WorkspaceClient& workspace);
+  // The same at once; none when the file has to be made or replaced first. To be called in the
+  // actor's turn.
+  std::optional<std::vector<std::string>> runningDeckBundleIdsNow(const WorkspaceClient& workspace);
   // Resumes when no change is being written.
   Awaitable<> finishChanges();
 
@@ -67,8 +70,9 @@ class DeckStore : public Actor {
   Awaitable<std::vector<std::string>> doRunningDeckBundleIds(const WorkspaceClient& workspace);
   Awaitable<> doFinishChanges();
 
-  // The stored decks after a first start's or an earlier version's file has been made.
-  Awaitable<StoredDecks> migratedDecks(const WorkspaceClient& workspace);
+  // The stored decks after a first start's or an earlier version's file has been made; valid until
+  // the next await.
+  Awaitable<const StoredDecks*> migratedDecks(const WorkspaceClient& workspace);
   Awaitable<> migrateLegacyIfNeeded(const WorkspaceClient& workspace);
   // The decks that the phone sees.
   Awaitable<Decks> servedDecks(const WorkspaceClient& workspace);
@@ -77,11 +81,12 @@ class DeckStore : public Actor {
   Awaitable<DeckTemplate> store(DeckCategoryID category, DeckTemplate deck,
                                 const WorkspaceClient& workspace);
   Awaitable<> writeDecks(Decks decks, bool keepingBackup = false);
+  // The revisions of the icons of all these decks.
   Awaitable<std::map<std::string, std::string>> iconRevisions(
-      const std::vector<DeckTile>& tiles, const WorkspaceClient& workspace,
+      const std::vector<DeckSnapshotPayload>& decks, const WorkspaceClient& workspace,
       AppIconProvider& iconProvider, ShortcutIconProvider& shortcutIconProvider);
 
-  std::filesystem::path storageURL_;
+  DecksReader reader_;
   std::filesystem::path legacyURL_;
   asio::any_io_executor workers_;
   AsyncLock changes_;

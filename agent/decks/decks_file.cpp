@@ -17,23 +17,24 @@ bool isMissing(const std::error_code& error) {
 
 }  // namespace
 
-StoredDecks readDecks(const std::filesystem::path& path) {
-  StoredDecks stored;
-  std::string content;
+const StoredDecks& DecksReader::read() {
+  using State = StoredDecks::State;
+  // Back to where they were read into, for their memory.
+  file_.decks.swap(stored_.decks);
   try {
-    content = readWholeFile(path);
+    const auto text = readWholeFile(path_, content_);
+    stored_.state = JsonReader(text).readAll(file_) ? State::present : State::unusable;
+    stored_.error = {};
   } catch (const std::system_error& error) {
-    const bool missing = isMissing(error.code());
-    stored.state = missing ? StoredDecks::State::absent : StoredDecks::State::unavailable;
-    stored.error = error.code();
-    return stored;
+    stored_.state = isMissing(error.code()) ? State::absent : State::unavailable;
+    stored_.error = error.code();
   }
-  auto file = decodeJson<DecksFile>(content);
-  stored.state = file ? StoredDecks::State::present : StoredDecks::State::unusable;
-  if (file) {
-    stored.decks = std::move(file->decks);
+  if (stored_.state == State::present) {
+    file_.decks.swap(stored_.decks);
+  } else {
+    stored_.decks.clear();
   }
-  return stored;
+  return stored_;
 }
 
 std::optional<DeckTemplate> readLegacyDeck(const std::filesystem::path& path) {

@@ -31,8 +31,23 @@ struct StoredDecks {
   std::error_code error;  // why the file is unavailable
 };
 
-// Each blocks on the disk.
-StoredDecks readDecks(const std::filesystem::path& path);
+// Reads one decks file again and again. Each time everything is read anew; only memory is kept.
+class DecksReader {
+ public:
+  explicit DecksReader(std::filesystem::path path) : path_(std::move(path)) {}
+
+  const std::filesystem::path& path() const { return path_; }
+  // The decks as the file holds them now; valid until the next call. Blocks on the disk.
+  const StoredDecks& read();
+
+ private:
+  std::filesystem::path path_;
+  std::string content_;
+  DecksFile file_;
+  StoredDecks stored_;
+};
+
+// Each of these blocks on the disk too.
 
 // The single deck of an earlier version's file; none when there is none or it is not a deck.
 // Throws std::system_error when it is there but cannot be read.

@@ -55,9 +55,10 @@ class PairingService::Loading {
     }
   }
 
+  bool isExpected() const { return ended_.expiry() > std::chrono::steady_clock::now(); }
   // Resumes when the list is there, or is not expected any more.
   Awaitable<> wait() {
-    if (ended_.expiry() > std::chrono::steady_clock::now()) {
+    if (isExpected()) {
       co_await ended_.async_wait(asio::as_tuple(asio::use_awaitable));
     }
   }
@@ -114,11 +115,30 @@ Awaitable<> PairingService::loaded() {
     co_return;
   }
   co_await loading->wait();
-  // A list that comes late still counts, unless a phone was paired or forgotten meanwhile.
-  auto devices = loading->take();
-  if (devices && loading_) {
+  takeLoaded();
+}
+
+// A list that comes late still counts, unless a phone was paired or forgotten meanwhile.
+void PairingService::takeLoaded() {
+  auto devices = loading_ ? loading_->take() : std::nullopt;
+  if (devices) {
     pairedDevices_ = std::move(*devices);
   }
+}
+
+const PairedDevice* PairingService::find(std::string_view token) const {
+  const auto device = std::ranges::find(pairedDevices_, token, [](const PairedDevice& paired) {
+    return std::string_view(paired.token.value);
+  });
+  return device == pairedDevices_.end() ? nullptr : &*device;
+}
+
+std::optional<bool> PairingService::isPaired(std::string_view token) {
+  if (loading_ && loading_->isExpected()) {
+    return std::nullopt;
+  }
+  takeLoaded();
+  return find(token) != nullptr;
 }
 
 Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayload request,
@@ -187,10 +207,8 @@ std::optional<PairFailPayload> PairingService::secretRefusal(const PairRequestPa
 
 Awaitable<std::optional<PairedDevice>> PairingService::doDevice(std::string token) {
   co_await loaded();
-  const auto device = std::ranges::find(pairedDevices_, token, [](const PairedDevice& paired) {
-    return std::string_view(paired.token.value);
-  });
-  co_return device == pairedDevices_.end() ? std::nullopt : std::optional(*device);
+  const auto* device = find(token);
+  co_return device != nullptr ? std::optional(*device) : std::nullopt;
 }
 
 Awaitable<> PairingService::doUnpairAll() {

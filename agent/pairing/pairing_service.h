@@ -57,6 +57,9 @@ class PairingService : public Actor {
   Awaitable<PairingResponse> handlePairRequest(PairRequestPayload request, Uuid requestId);
   // The paired device of that token, or none.
   Awaitable<std::optional<PairedDevice>> device(std::string token);
+  // Whether the token is a paired device's, at once; none as long as the stored list is waited for.
+  // To be called in the actor's turn.
+  std::optional<bool> isPaired(std::string_view token);
   // Forgets the paired phone. Throws the store's error; the phone is forgotten until the agent
   // ends all the same.
   Awaitable<> unpairAll();
@@ -76,6 +79,8 @@ class PairingService : public Actor {
   Awaitable<PairingState> doState();
 
   Awaitable<> loaded();
+  void takeLoaded();
+  const PairedDevice* find(std::string_view token) const;
   std::optional<PairFailPayload> refusal(const PairRequestPayload& request);
   std::optional<PairFailPayload> secretRefusal(const PairRequestPayload& request);
   void renewSecrets();

@@ -29,6 +29,7 @@
 #include "platform/log.h"
 #include "platform/main_thread.h"
 #include "platform/spawn.h"
+#include "platform/startup_pages.h"
 #include "ui/design/deck_typography.h"
 
 namespace glintboard {
@@ -38,6 +39,9 @@ using namespace std::chrono_literals;
 
 // A successor kills after 100 ms whoever it has asked to end.
 constexpr auto stopDeadline = 70ms;
+
+// After that nothing of the start is under way any more.
+constexpr auto startDuration = 2s;
 
 constexpr int wrongUsage = 2;  // an exit code
 
@@ -72,6 +76,7 @@ class AgentApp {
           std::make_unique<TextMenu>(viewModel_, STDIN_FILENO, STDOUT_FILENO, [this] { stop(); });
     }
     spawn(executors_.service(), obeySignals(this), "signals");
+    spawn(executors_.service(), settle(executors_.workers()), "settling");
   }
 
   // Leaves in order where that goes quickly, and in any case before the deadline. Any thread.
@@ -116,6 +121,11 @@ class AgentApp {
         .shortcutIconProvider = services.shortcutIconProvider(),
         .isPhoneConnected = [this] { return viewModel_.hasConnectedPhone(); },
         .onSaved = [this] { return viewModel_.services().listenerService().pushDecksSnapshot(); }};
+  }
+
+  static Awaitable<> settle(asio::any_io_executor workers) {
+    co_await sleepFor(startDuration);
+    asio::post(workers, releaseStartupPages);
   }
 
   static Awaitable<> obeySignals(AgentApp* app) {

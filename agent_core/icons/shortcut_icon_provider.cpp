@@ -16,6 +16,11 @@ Awaitable<std::optional<std::string>> ShortcutIconProvider::revision(std::string
   co_return icon ? std::optional(std::move(icon->revision)) : std::nullopt;
 }
 
+Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::revisions(
+    std::vector<std::string> identifiers) {
+  return enter(doRevisions(std::move(identifiers)));
+}
+
 Awaitable<std::optional<std::string>> ShortcutIconProvider::cachedPNG(std::string identifier) {
   return enter(doCachedPNG(std::move(identifier)));
 }
@@ -37,16 +42,35 @@ std::optional<std::string> ShortcutIconProvider::pngData(const QImage& image, in
 }
 
 Awaitable<std::optional<Icon>> ShortcutIconProvider::doPngAndRevision(std::string identifier) {
+  const Icon* icon = find(identifier);
+  co_return icon != nullptr ? std::optional(*icon) : std::nullopt;
+}
+
+const Icon* ShortcutIconProvider::find(const std::string& identifier) {
   const std::string key = normalizedKey(identifier);
   if (const auto cached = cache_.find(key); cached != cache_.end()) {
-    co_return cached->second.icon;
+    return &cached->second.icon;
   }
   const auto found = icons_.icon(identifier);
   auto icon = found ? render(*found) : std::nullopt;
-  if (icon) {
-    cache_[key] = {*icon, found->stamp};
+  if (!icon) {
+    return nullptr;
   }
-  co_return icon;
+  auto& entry = cache_[key];
+  entry = {std::move(*icon), found->stamp};
+  return &entry.icon;
+}
+
+Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::doRevisions(
+    std::vector<std::string> identifiers) {
+  preload();
+  std::map<std::string, std::string> revisions;
+  for (const auto& identifier : identifiers) {
+    if (const Icon* icon = find(identifier)) {
+      revisions[identifier] = icon->revision;
+    }
+  }
+  co_return revisions;
 }
 
 Awaitable<std::optional<std::string>> ShortcutIconProvider::doCachedPNG(std::string identifier) {
@@ -56,28 +80,35 @@ Awaitable<std::optional<std::string>> ShortcutIconProvider::doCachedPNG(std::str
 
 Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::doPreloadAll() {
   std::map<std::string, std::string> loaded;
+  for (const auto& key : preload()) {
+    loaded[key] = cache_.at(key).icon.data;
+  }
+  co_return loaded;
+}
+
+std::vector<std::string> ShortcutIconProvider::preload() {
+  std::vector<std::string> loaded;
   // The actions of one application mostly share its icon.
   std::unordered_map<std::string, std::optional<Icon>> rendered;
   for (const auto& found : icons_.icons()) {
     if (!ShortcutsCatalog::isShortcutIdentifier(found.identifier)) {
       continue;
     }
-    const std::string key = normalizedKey(found.identifier);
+    std::string key = normalizedKey(found.identifier);
     const auto cached = cache_.find(key);
-    if (cached != cache_.end() && cached->second.stamp == found.stamp) {
-      loaded[key] = cached->second.icon.data;
-      continue;
+    if (cached == cache_.end() || cached->second.stamp != found.stamp) {
+      const auto [image, isNew] = rendered.try_emplace(found.stamp);
+      if (isNew) {
+        image->second = render(found);
+      }
+      if (!image->second) {
+        continue;
+      }
+      cache_[key] = {*image->second, found.stamp};
     }
-    const auto [image, isNew] = rendered.try_emplace(found.stamp);
-    if (isNew) {
-      image->second = render(found);
-    }
-    if (const auto& icon = image->second) {
-      cache_[key] = {*icon, found.stamp};
-      loaded[key] = icon->data;
-    }
+    loaded.push_back(std::move(key));
   }
-  co_return loaded;
+  return loaded;
 }
 
 std::optional<Icon> ShortcutIconProvider::render(const ShortcutIconClient::Icon& icon) {

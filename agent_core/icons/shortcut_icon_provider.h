@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "agent_core/icons/icon.h"
 #include "platform/actor.h"
@@ -23,6 +24,8 @@ class ShortcutIconProvider : public Actor {
   // The icon of a Shortcut, or none; an icon that is missing is looked for again next time.
   Awaitable<std::optional<Icon>> pngAndRevision(std::string identifier);
   Awaitable<std::optional<std::string>> revision(std::string identifier);
+  // The revisions of those Shortcuts that have an icon, by identifier, after preloadAll().
+  Awaitable<std::map<std::string, std::string>> revisions(std::vector<std::string> identifiers);
   // The cached PNG or none; never looks for one.
   Awaitable<std::optional<std::string>> cachedPNG(std::string identifier);
   // The PNGs of all Shortcuts that have an icon, by normalised identifier. Fills the cache.
@@ -40,8 +43,13 @@ class ShortcutIconProvider : public Actor {
   };
 
   Awaitable<std::optional<Icon>> doPngAndRevision(std::string identifier);
+  Awaitable<std::map<std::string, std::string>> doRevisions(std::vector<std::string> identifiers);
   Awaitable<std::optional<std::string>> doCachedPNG(std::string identifier);
   Awaitable<std::map<std::string, std::string>> doPreloadAll();
+  // In the cache, or rendered into it; null when there is none.
+  const Icon* find(const std::string& identifier);
+  // Renders what has changed; returns the keys of all that have an icon.
+  std::vector<std::string> preload();
   static std::optional<Icon> render(const ShortcutIconClient::Icon& icon);
 
   ShortcutIconClient icons_;

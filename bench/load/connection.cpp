@@ -145,9 +145,12 @@ bool Connection::takeFrame(int& messages) {
     send(maskedFrame(10, payload));
   } else if (opcode == closeOpcode) {
     throw std::runtime_error("the server ends the connection");
-  } else if (opcode < closeOpcode && (byte(0) & 0x80U) != 0) {
-    latest_ = payload;
-    ++messages;
+  } else if (opcode < closeOpcode) {
+    if (opcode != 0) {
+      latest_.clear();
+    }
+    latest_ += payload;  // the rest of a message may come in further frames
+    messages += (byte(0) & 0x80U) != 0 ? 1 : 0;
   }
   taken_ += 2 + more + length;
   return true;

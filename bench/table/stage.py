@@ -63,14 +63,21 @@ def installed(desktop, count):
     desktop.write(icons / "hicolor" / "index.theme", theme)
 
 
+def set_decks(desktop, *both):
+    """Writes the file as the agent would."""
+    desktop.set_decks(*both)
+    decks = json.loads(desktop.decks_file.read_text())
+    desktop.write(desktop.decks_file, json.dumps(decks, sort_keys=True, separators=(",", ":")))
+
+
 @contextlib.contextmanager
 def stage(applications=60, keys=24):
     """A desktop with applications of which `keys` are on either deck."""
     desktop = Desktop()
     try:
         installed(desktop, applications)
-        desktop.set_decks([app(application(n % applications)) for n in range(keys)],
-                          [app(application((keys + n) % applications)) for n in range(keys)])
+        set_decks(desktop, *([app(application((first + n) % applications)) for n in range(keys)]
+                             for first in (0, keys)))
         yield desktop
     finally:
         desktop.close()

@@ -18,11 +18,12 @@ def start_display(desktop):
     """An X server with a window manager, a bus with a tray and an open keyring."""
     folder = desktop.root / "display"
     folder.mkdir()
-    desktop.start(PARTS / "x-server", folder)
+    desktop.start("env", "GLINTBOARD_PRIVATE_NETWORK=1", PARTS / "x-server", folder)
     number = eventually(lambda: (folder / "display").exists()
                         and (folder / "display").read_text().strip(), "The display")
     desktop.env |= {"DISPLAY": f":{number}", "XDG_SESSION_TYPE": "x11"}
-    desktop.start(PARTS / "window-manager", folder)
+    # It finds its theme among the computer's own data.
+    desktop.start("env", "XDG_DATA_DIRS=/usr/share", PARTS / "window-manager", folder)
     eventually((folder / "manager-ready").exists, "The window manager")
     desktop.start_bus()
     desktop.start("/usr/bin/python3", ROOT / "tests/support/status_notifier_watcher.py")

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QPainter>
+#include <chrono>
 
 #include "platform/linux/icon_lookup.h"
 
@@ -13,22 +14,27 @@ namespace glintboard {
 
 namespace {
 
+std::filesystem::file_time_type modifiedAt(const struct stat& status) {
+  const auto since = std::chrono::seconds(status.st_mtim.tv_sec) +
+                     std::chrono::nanoseconds(status.st_mtim.tv_nsec);
+  return std::chrono::file_clock::from_sys(std::chrono::sys_time<std::chrono::nanoseconds>(since));
+}
+
 class ApplicationIcons {
  public:
   ApplicationIcons(std::shared_ptr<const ApplicationIndex> index, const XdgFolders& folders)
       : index_(std::move(index)), lookup_(folders) {}
 
   std::optional<ContentModification> contentModification(const ApplicationLocation& location) {
-    std::error_code error;
-    ContentModification modification;
-    modification.entryModified = std::filesystem::last_write_time(location.path, error);
-    if (error) {
+    struct stat status{};
+    if (::stat(location.path.c_str(), &status) != 0) {
       return std::nullopt;
     }
+    ContentModification modification;
+    modification.entryModified = modifiedAt(status);
     modification.iconFile = fileOf(location);
-    struct stat status{};
     if (::stat(modification.iconFile.c_str(), &status) == 0) {
-      modification.iconModified = std::filesystem::last_write_time(modification.iconFile, error);
+      modification.iconModified = modifiedAt(status);
       modification.iconInode = status.st_ino;
     }
     return modification;

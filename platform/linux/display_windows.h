@@ -16,7 +16,9 @@ class DisplayWindows : public WindowSystem, public std::enable_shared_from_this<
   // Begins to connect. Any thread.
   void start();
   void stop() override;
-  bool has(const std::string& bundleId) override { return windows_->has(bundleId); }
+  std::shared_ptr<const std::set<std::string>> applications() override {
+    return windows_->applications();
+  }
 
  protected:
   DisplayWindows(Executors& executors, std::shared_ptr<OpenWindows> windows);

@@ -23,17 +23,43 @@ struct LinuxApplications::Parts {
   std::shared_ptr<RunningApplications> running;
   // The one to be asked first comes first.
   std::vector<std::shared_ptr<WindowSystem>> windows;
+};
 
-  bool hasWindow(const std::string& bundleId) const {
-    return std::any_of(windows.begin(), windows.end(),
-                       [&](const auto& system) { return system->has(bundleId); });
+// What was known of all applications at one moment.
+class LinuxApplications::Moment {
+ public:
+  explicit Moment(const Parts& parts)
+      : installed_(parts.index->current()), running_(parts.running->current()) {
+    for (const auto& system : parts.windows) {
+      if (auto applications = system->applications(); !applications->empty()) {
+        windows_.push_back(std::move(applications));
+      }
+    }
+  }
+
+  const DesktopEntry* entry(const std::string& bundleId) const {
+    return installed_->withBundleId(bundleId);
   }
   bool isRunning(const std::string& bundleId) const {
-    const auto installed = index->current();
-    const auto* entry = installed->withBundleId(bundleId);
-    return entry != nullptr &&
-           (running->current()->contains(installed->bundleIdOf(*entry)) || hasWindow(bundleId));
+    return (!running_->empty() || !windows_.empty()) &&
+           (hasWindow(bundleId) || hasProcess(bundleId));
   }
+  bool hasWindow(const std::string& bundleId) const {
+    const auto* known = entry(bundleId);
+    return known != nullptr && std::any_of(windows_.begin(), windows_.end(), [&](const auto& each) {
+             return each->contains(installed_->bundleIdOf(*known));
+           });
+  }
+
+ private:
+  bool hasProcess(const std::string& bundleId) const {
+    const auto* known = entry(bundleId);
+    return known != nullptr && running_->contains(installed_->bundleIdOf(*known));
+  }
+
+  std::shared_ptr<const InstalledApplications> installed_;
+  std::shared_ptr<const RunningApplications::Snapshot> running_;
+  std::vector<std::shared_ptr<const std::set<std::string>>> windows_;
 };
 
 namespace {
@@ -87,8 +113,8 @@ Awaitable<bool> open(std::shared_ptr<Parts> parts, ApplicationLocation applicati
 
 // On the service loop.
 template <class Parts>
-Awaitable<bool> bringForward(std::shared_ptr<Parts> parts, std::string bundleId) {
-  if (parts->hasWindow(bundleId)) {
+Awaitable<bool> bringForward(std::shared_ptr<Parts> parts, std::string bundleId, bool hasWindow) {
+  if (hasWindow) {
     for (const auto& system : parts->windows) {
       auto activating = system->activate(bundleId);
       const bool done = co_await std::move(activating);
@@ -178,11 +204,19 @@ WorkspaceClient LinuxApplications::workspaceClient() {
   };
   client.runningApplication =
       [parts = parts_](const std::string& bundleId) -> std::optional<RunningApplicationClient> {
-    if (!parts->isRunning(bundleId)) {
+    if (!Moment(*parts).isRunning(bundleId)) {
       return std::nullopt;
     }
-    return RunningApplicationClient{
-        [parts, bundleId] { return onService(parts->service, bringForward(parts, bundleId)); }};
+    return RunningApplicationClient{[parts, bundleId] {
+      return onService(parts->service,
+                       bringForward(parts, bundleId, Moment(*parts).hasWindow(bundleId)));
+    }};
+  };
+  client.currentStates = [parts = parts_] {
+    const auto moment = std::make_shared<const Moment>(*parts);
+    return ApplicationStates{
+        [moment](const std::string& bundleId) { return moment->entry(bundleId) != nullptr; },
+        [moment](const std::string& bundleId) { return moment->isRunning(bundleId); }};
   };
   client.openApplication = [parts = parts_](ApplicationLocation application) {
     return open(parts, std::move(application));

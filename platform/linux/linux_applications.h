@@ -43,6 +43,7 @@ class LinuxApplications {
 
  private:
   struct Parts;
+  class Moment;
 
   std::shared_ptr<Parts> parts_;
   ApplicationIconClient icons_;

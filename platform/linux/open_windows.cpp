@@ -21,19 +21,14 @@ OpenWindows::OpenWindows(Executors& executors, std::shared_ptr<const Application
       index_(std::move(index)),
       processes_(std::move(processes)) {}
 
-bool OpenWindows::has(const std::string& bundleId) {
+std::shared_ptr<const OpenWindows::Snapshot> OpenWindows::applications() {
   const auto installed = index_->current();
-  const auto* entry = installed->withBundleId(bundleId);
-  std::shared_ptr<const Snapshot> published;
-  {
-    const std::scoped_lock lock(mutex_);
-    published = published_;
-    if (publishedFor_ && publishedFor_ != installed) {
-      publishedFor_.reset();
-      asio::post(service_, [self = shared_from_this()] { self->refresh(); });
-    }
+  const std::scoped_lock lock(mutex_);
+  if (publishedFor_ && publishedFor_ != installed) {
+    publishedFor_.reset();
+    asio::post(service_, [self = shared_from_this()] { self->refresh(); });
   }
-  return entry != nullptr && published->contains(installed->bundleIdOf(*entry));
+  return published_;
 }
 
 void OpenWindows::put(Handle handle, WindowIdentity identity) {

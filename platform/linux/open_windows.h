@@ -27,8 +27,10 @@ class OpenWindows : public std::enable_shared_from_this<OpenWindows> {
                                              std::shared_ptr<const ApplicationIndex> index,
                                              std::shared_ptr<CurrentApplicationMatcher> processes);
 
-  // Whether the application of a bundle identifier has a window. At once, on any thread.
-  bool has(const std::string& bundleId);
+  using Snapshot = std::set<std::string>;
+
+  // The identifiers of the applications that have a window. At once, on any thread.
+  std::shared_ptr<const Snapshot> applications();
 
   // The others are for the service loop alone.
 
@@ -49,7 +51,6 @@ class OpenWindows : public std::enable_shared_from_this<OpenWindows> {
     // Grows with every use; later windows start behind.
     std::uint64_t lastUse = 0;
   };
-  using Snapshot = std::set<std::string>;
 
   OpenWindows(Executors& executors, std::shared_ptr<const ApplicationIndex> index,
               std::shared_ptr<CurrentApplicationMatcher> processes);

@@ -42,6 +42,13 @@ Awaitable<bool> openFolder(asio::any_io_executor workers, std::filesystem::path 
 
 WorkspaceClient withShortcutsApplication(WorkspaceClient workspace, asio::any_io_executor workers,
                                          std::filesystem::path folder) {
+  workspace.currentStates = [others = workspace] {
+    ApplicationStates states = others.states();
+    states.isInstalled = [installed = std::move(states.isInstalled)](const std::string& bundleId) {
+      return bundleId == shortcutsBundleId || installed(bundleId);
+    };
+    return states;
+  };
   workspace.urlForApplication = [others = std::move(workspace.urlForApplication),
                                  folder](const std::string& bundleId) {
     return bundleId == shortcutsBundleId ? std::optional(ApplicationLocation{folder})

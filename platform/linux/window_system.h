@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 
 #include "platform/asio.h"
@@ -25,8 +26,9 @@ class WindowSystem {
   WindowSystem& operator=(const WindowSystem&) = delete;
   virtual ~WindowSystem() = default;
 
-  // Whether an application has an open window, wherever on the desktop. At once, on any thread.
-  virtual bool has(const std::string& bundleId) = 0;
+  // The identifiers of the applications that have an open window, wherever on the desktop. At once,
+  // on any thread.
+  virtual std::shared_ptr<const std::set<std::string>> applications() = 0;
   // Brings an application's windows to the front and gives the one that was used last the focus.
   // True when the desktop has done so. Never throws. To be awaited on the service loop, which it
   // does not leave.

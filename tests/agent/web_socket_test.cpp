@@ -140,16 +140,26 @@ TEST_F(WebSocketTest, TreatsTextBinaryAndFragmentsAlikeAndAnswersPings) {
 
 TEST_F(WebSocketTest, EndsConnectionsThatBreakTheRulesAndNoOthers) {
   auto other = connect();
-  const std::string closes[] = {frame(0x81, "\xff"),           // text that is not UTF-8
-                                frame(0xC1, "x"),              // a reserved bit
-                                frame(0x83, "x"),              // an unknown opcode
-                                frame(0x80, "x"),              // continues nothing
-                                std::string("\x81\x01x", 3)};  // not masked
-  for (const auto& bytes : closes) {
+  const std::pair<std::string, int> closes[] = {
+      {frame(0x81, "\xff"), 1007},                  // text that is not UTF-8
+      {frame(0xC1, "x"), 1002},                     // a reserved bit
+      {frame(0x83, "x"), 1002},                     // an unknown opcode
+      {frame(0x80, "x"), 1002},                     // continues nothing
+      {frame(0x01, "x") + frame(0x81, "x"), 1002},  // begins within another
+      {frame(0x09, "x"), 1002},                     // a ping in fragments
+      {std::string("\x81\x01x", 3), 1002},          // not masked
+      {std::string("\x89\xfe\x7f\x7f"), 1002},      // a long ping
+      {std::string("\x81\xfe\0\x05", 4), 1002},     // a length that needs no more bytes
+      {"\x82\xff" + std::string(8, '\x7f'), 1009},  // far too long
+      {frame(0x88, {}), 1000},                      // a close without a reason
+      {frame(0x88, "\x0b\xb8 bye"), 3000},          // with one
+      {frame(0x88, "\x03\xed"), 1002}};             // with one that cannot be given
+  for (const auto& [bytes, code] : closes) {
     const RawClient client(port);
     client.upgrade();
     client.send(bytes);
-    EXPECT_TRUE(client.receive().ends_with("[end]")) << testing::PrintToString(bytes);
+    const std::string close = {'\x88', 2, static_cast<char>(code >> 8), static_cast<char>(code)};
+    EXPECT_EQ(client.receive(), close + "[end]") << testing::PrintToString(bytes);
   }
   for (const char* request : {"GET / HTTP/1.1\r\nHost: a\r\n\r\n", "nonsense\r\n\r\n"}) {
     const RawClient client(port);

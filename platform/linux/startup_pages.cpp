@@ -1,0 +1,41 @@
+#include "platform/startup_pages.h"
+
+#include <sys/mman.h>
+
+#include <charconv>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace glintboard {
+namespace {
+
+constexpr int hexadecimal = 16;
+
+}  // namespace
+
+void releaseStartupPages() {
+  std::ifstream mappings("/proc/self/maps");
+  for (std::string line; std::getline(mappings, line);) {
+    std::istringstream fields(line);
+    std::string range;
+    std::string permissions;
+    std::string offset;
+    std::string device;
+    std::string inode;
+    fields >> range >> permissions >> offset >> device >> inode;
+    // Code is never changed after it was mapped, so its pages come back from the file as they were.
+    const auto dash = range.find('-');
+    if (permissions != "r-xp" || inode.empty() || inode == "0" || dash == std::string::npos) {
+      continue;
+    }
+    std::uintptr_t start = 0;
+    std::uintptr_t end = 0;
+    const char* const text = range.data();
+    std::from_chars(text, text + dash, start, hexadecimal);
+    std::from_chars(text + dash + 1, text + range.size(), end, hexadecimal);
+    ::madvise(reinterpret_cast<void*>(start), end - start, MADV_DONTNEED);
+  }
+}
+
+}  // namespace glintboard
