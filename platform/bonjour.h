@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,9 +37,9 @@ class BonjourBrowser {
  public:
   virtual ~BonjourBrowser() = default;
   // The instances of `type` found within `timeout`; blocks until the daemon has told all it knows
-  // or the time is up. Empty without a daemon.
-  virtual std::vector<BonjourInstance> browse(const std::string& type,
-                                              std::chrono::milliseconds timeout) = 0;
+  // or the time is up. None without a daemon that answers.
+  virtual std::optional<std::vector<BonjourInstance>> browse(const std::string& type,
+                                                             std::chrono::milliseconds timeout) = 0;
 
   static std::unique_ptr<BonjourBrowser> live();
 };

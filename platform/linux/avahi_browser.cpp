@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <future>
 #include <map>
+#include <thread>
 #include <tuple>
 
 #include "platform/linux/avahi_handles.h"
@@ -28,14 +30,17 @@ std::string addressText(const AvahiAddress& address, AvahiIfIndex interface) {
   return result;
 }
 
+using Instances = std::vector<BonjourInstance>;
+
 // One browse, on the thread that calls run().
 class Search {
  public:
-  void run(const std::string& type, std::chrono::milliseconds timeout) {
-    const auto deadline = std::chrono::steady_clock::now() + timeout;
+  // None without a daemon.
+  std::optional<Instances> run(const std::string& type,
+                               std::chrono::steady_clock::time_point deadline) {
     poll_.reset(::avahi_simple_poll_new());
     if (!poll_) {
-      return;
+      return std::nullopt;
     }
     client_.reset(::avahi_client_new(
         ::avahi_simple_poll_get(poll_.get()), AvahiClientFlags{},
@@ -44,7 +49,7 @@ class Search {
         },
         this, nullptr));
     if (!client_) {
-      return;
+      return std::nullopt;
     }
     browser_.reset(::avahi_service_browser_new(client_.get(), AVAHI_IF_UNSPEC, AVAHI_PROTO_UNSPEC,
                                                type.c_str(), nullptr, AvahiLookupFlags{}, browsed,
@@ -55,13 +60,12 @@ class Search {
           std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
       if (left.count() <= 0 ||
           ::avahi_simple_poll_iterate(poll_.get(), static_cast<int>(left.count())) != 0) {
-        return;
+        break;
       }
       resolved_.clear();
     }
+    return failed_ ? std::nullopt : std::optional(std::move(instances_));
   }
-
-  std::vector<BonjourInstance> instances;
 
  private:
   static void browsed(AvahiServiceBrowser*, AvahiIfIndex interface, AvahiProtocol protocol,
@@ -89,7 +93,7 @@ class Search {
                        AvahiStringList*, AvahiLookupResultFlags, void* self) {
     auto* search = static_cast<Search*>(self);
     if (event == AVAHI_RESOLVER_FOUND) {
-      search->instances.push_back({name, addressText(*address, interface), port});
+      search->instances_.push_back({name, addressText(*address, interface), port});
     }
     // Released after the callbacks, since this is one of its own.
     if (const auto node = search->pending_.extract(resolver)) {
@@ -102,6 +106,7 @@ class Search {
   AvahiHandle<AvahiServiceBrowser> browser_;
   std::map<AvahiServiceResolver*, AvahiHandle<AvahiServiceResolver>> pending_;
   std::vector<AvahiHandle<AvahiServiceResolver>> resolved_;
+  Instances instances_;
   bool toldAll_ = false;
   bool failed_ = false;
 };
@@ -113,20 +118,29 @@ auto order(const BonjourInstance& instance) {
 
 }  // namespace
 
-std::vector<BonjourInstance> AvahiBrowser::browse(const std::string& type,
-                                                  std::chrono::milliseconds timeout) {
+std::optional<Instances> AvahiBrowser::browse(const std::string& type,
+                                              std::chrono::milliseconds timeout) {
   if (!isUtf8(type)) {
-    return {};
+    return Instances();
   }
-  Search search;
-  search.run(type, timeout);
-  std::vector<BonjourInstance>& found = search.instances;
-  std::sort(found.begin(), found.end(),
-            [](const auto& a, const auto& b) { return order(a) < order(b); });
-  found.erase(std::unique(found.begin(), found.end(),
-                          [](const auto& a, const auto& b) { return order(a) == order(b); }),
-              found.end());
-  return std::move(found);
+  // A daemon that hangs holds libdbus up for 25 s, so a thread that may outlast this call asks it.
+  const auto deadline = std::chrono::steady_clock::now() + timeout;
+  std::promise<std::optional<Instances>> promise;
+  auto searched = promise.get_future();
+  std::thread([type, deadline, promise = std::move(promise)]() mutable {
+    promise.set_value(Search().run(type, deadline));
+  }).detach();
+  constexpr auto grace = std::chrono::milliseconds(100);
+  if (searched.wait_until(deadline + grace) != std::future_status::ready) {
+    return std::nullopt;
+  }
+  auto found = searched.get();
+  if (found) {
+    std::ranges::sort(*found, {}, order);
+    const auto repeated = std::ranges::unique(*found, {}, order);
+    found->erase(repeated.begin(), repeated.end());
+  }
+  return found;
 }
 
 std::unique_ptr<BonjourBrowser> BonjourBrowser::live() {

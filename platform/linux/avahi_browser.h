@@ -5,12 +5,11 @@
 
 namespace glintboard {
 
-// IPv4 addresses come first; a link-local IPv6 address has its interface as scope. A daemon that
-// hangs may hold a call up beyond its time, by libdbus's own 25 s.
+// IPv4 addresses come first; a link-local IPv6 address has its interface as scope.
 class AvahiBrowser : public BonjourBrowser {
  public:
-  std::vector<BonjourInstance> browse(const std::string& type,
-                                      std::chrono::milliseconds timeout) override;
+  std::optional<std::vector<BonjourInstance>> browse(const std::string& type,
+                                                     std::chrono::milliseconds timeout) override;
 };
 
 }  // namespace glintboard

@@ -11,7 +11,8 @@ FoundAgent findAgent(BonjourBrowser* browser, const std::optional<std::string>& 
                      std::chrono::milliseconds timeout) {
   std::map<std::string, std::vector<AgentAddress>> agents;
   if (browser != nullptr) {
-    for (auto& found : browser->browse(std::string(GlintboardService::bonjourType), timeout)) {
+    auto instances = browser->browse(std::string(GlintboardService::bonjourType), timeout);
+    for (auto& found : std::move(instances).value_or(std::vector<BonjourInstance>())) {
       agents[found.name].push_back({std::move(found.address), found.port});
     }
   }

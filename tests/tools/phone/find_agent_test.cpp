@@ -11,7 +11,8 @@ namespace {
 class FixedBrowser : public BonjourBrowser {
  public:
   explicit FixedBrowser(std::vector<BonjourInstance> found) : found_(std::move(found)) {}
-  std::vector<BonjourInstance> browse(const std::string& type, std::chrono::milliseconds) override {
+  std::optional<std::vector<BonjourInstance>> browse(const std::string& type,
+                                                     std::chrono::milliseconds) override {
     return type == GlintboardService::bonjourType ? found_ : std::vector<BonjourInstance>{};
   }
 
