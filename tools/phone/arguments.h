@@ -14,7 +14,20 @@
 
 namespace glintboard::phone {
 
-enum class Command { pair, decks, icons, tap, focus, ping, watch, forget, raw, help, version };
+enum class Command {
+  pair,
+  decks,
+  icons,
+  tap,
+  focus,
+  ping,
+  watch,
+  forget,
+  doctor,
+  raw,
+  help,
+  version
+};
 
 // Where an agent listens. The host is a name or a numeric address without brackets.
 struct AgentAddress {
@@ -57,7 +70,7 @@ std::optional<AgentAddress> parseAddress(std::string_view text);
 namespace glintboard {
 template <>
 struct EnumText<phone::Command> {
-  static constexpr EnumTable<11, phone::Command> table{{
+  static constexpr EnumTable<12, phone::Command> table{{
       {phone::Command::pair, "pair"},
       {phone::Command::decks, "decks"},
       {phone::Command::icons, "icons"},
@@ -66,6 +79,7 @@ struct EnumText<phone::Command> {
       {phone::Command::ping, "ping"},
       {phone::Command::watch, "watch"},
       {phone::Command::forget, "forget"},
+      {phone::Command::doctor, "doctor"},
       {phone::Command::raw, "raw"},
       {phone::Command::help, "help"},
       {phone::Command::version, "version"},

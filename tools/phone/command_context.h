@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/bonjour.h"
+#include "platform/local_network.h"
 #include "tools/phone/agent_session.h"
 #include "tools/phone/arguments.h"
 #include "tools/phone/find_agent.h"
@@ -17,6 +18,7 @@ struct CommandContext {
   const Arguments& arguments;
   Output& output;
   BonjourBrowser* browser;  // may be null
+  LocalNetwork* network;    // null for tests without doctor
   PhoneStateFile stateFile;
 
   // The agent of the command line, else the one that `wanted` or the network tells.
@@ -36,6 +38,7 @@ void tapCommand(const CommandContext& context);
 void focusCommand(const CommandContext& context);
 void iconsCommand(const CommandContext& context);
 void pingCommand(const CommandContext& context);
+void doctorCommand(const CommandContext& context);
 void rawCommand(const CommandContext& context);
 
 // The text of --help.

@@ -26,6 +26,8 @@ void perform(const CommandContext& context) {
       return watchCommand(context);
     case Command::forget:
       return forgetCommand(context);
+    case Command::doctor:
+      return doctorCommand(context);
     case Command::raw:
       return rawCommand(context);
     case Command::help:
@@ -35,7 +37,7 @@ void perform(const CommandContext& context) {
 }
 
 void parseAndPerform(const std::vector<std::string>& words, std::ostream& out, Output& output,
-                     BonjourBrowser* browser) {
+                     const Surroundings& surroundings) {
   const Arguments arguments = parseArguments(words);
   if (arguments.command == Command::help) {
     out << helpText() << std::flush;
@@ -43,18 +45,19 @@ void parseAndPerform(const std::vector<std::string>& words, std::ostream& out, O
     out << "glintboard-phone " GLINTBOARD_VERSION << std::endl;
   } else {
     const auto folder = arguments.stateFolder ? *arguments.stateFolder : defaultStateFolder();
-    perform({arguments, output, browser, PhoneStateFile(folder)});
+    perform(
+        {arguments, output, surroundings.browser, surroundings.network, PhoneStateFile(folder)});
   }
 }
 
 }  // namespace
 
 int runPhone(const std::vector<std::string>& words, std::ostream& out, std::ostream& error,
-             BonjourBrowser* browser) {
+             const Surroundings& surroundings) {
   // A command line that cannot be read is reported in the form that it asks for all the same.
   Output output(out, error, std::ranges::count(words, "--json") != 0);
   try {
-    parseAndPerform(words, out, output, browser);
+    parseAndPerform(words, out, output, surroundings);
     return static_cast<int>(ExitCode::ok);
   } catch (const PhoneFailure& failure) {
     output.failure(failure);

@@ -6,12 +6,19 @@
 #include <vector>
 
 #include "platform/bonjour.h"
+#include "platform/local_network.h"
 
 namespace glintboard::phone {
 
+// What the program knows of the network. `doctor` needs both.
+struct Surroundings {
+  BonjourBrowser* browser = nullptr;  // null finds no agent
+  LocalNetwork* network = nullptr;
+};
+
 // Runs the command line `words` (without the program's name) and returns the exit code. Nothing is
-// thrown. `browser` finds agents on the network; null finds none.
+// thrown.
 int runPhone(const std::vector<std::string>& words, std::ostream& out, std::ostream& error,
-             BonjourBrowser* browser);
+             const Surroundings& surroundings);
 
 }  // namespace glintboard::phone

@@ -17,6 +17,8 @@ Commands:
   ping               measure the time to the agent; show what is running
   watch              show the decks each time that the agent sends them
   forget             forget the pairing on this side
+  doctor             find out why a phone cannot reach this computer, and what
+                     would mend it
   raw TYPE PAYLOAD   send any message (PAYLOAD is JSON) and show the replies
 
 Options:
@@ -40,7 +42,7 @@ With --json, standard output has one object on each line, with "ok" in each:
   any failure  {"ok":false,"code":CODE,"message":TEXT}; CODE is the protocol's
                ("not_found", "invalid_pin", "unauthorized", …) or one of usage,
                no_key, not_an_app, several_agents, not_paired, unreachable,
-               connection_lost, timeout, bad_icon, protocol, state, local
+               not_an_agent, connection_lost, timeout, bad_icon, protocol, state, local
   pair         {"ok":true,"deviceId":UUID,"token":TEXT}
   decks        {"ok":true,"decks":[…]} as in the message decks.snapshot
   icons        {"ok":true,"icons":[{"key":K,"file":PATH,"revision":R,
@@ -49,6 +51,11 @@ With --json, standard output has one object on each line, with "ok" in each:
   ping         {"ok":true,"seconds":S,"running":[…],"agentRtt":S} for each
   watch        {"ok":true,"watching":true} once, then as decks for each push
   forget       {"ok":true,"wasPaired":BOOL}
+  doctor       {"ok":BOOL,"step":S,"message":TEXT,"command":TEXT} for each step,
+               with "code" where it failed and "command" where one helps, then
+               {"ok":true,"steps":N} or the first failure's code: no_agent,
+               port_taken, blocked, no_network, no_avahi, not_advertised,
+               name_collision, or one of the above
   raw          {"ok":true,"message":{…}} for each, then {"ok":true,"replies":N}
 )";
 }

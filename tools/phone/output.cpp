@@ -1,6 +1,10 @@
 #include "tools/phone/output.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cstdlib>
+#include <iostream>
 
 namespace glintboard::phone {
 namespace {
@@ -63,6 +67,20 @@ std::string printable(std::string_view text) {
     }
   }
   return kept;
+}
+
+bool Output::canMark() const {
+  if (&out_ != &std::cout || ::isatty(STDOUT_FILENO) == 0) {
+    return false;
+  }
+  // As the C library decides: the first that is set.
+  for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+    if (const char* value = std::getenv(variable); value != nullptr && *value != '\0') {
+      const std::string_view locale = value;
+      return locale.find("UTF-8") != locale.npos || locale.find("utf8") != locale.npos;
+    }
+  }
+  return false;
 }
 
 void Output::line(std::string_view text) {

@@ -22,6 +22,8 @@ class Output {
   void line(std::string_view text);
   // For people: rows of cells, aligned; the first row is the heading.
   void table(const std::vector<std::vector<std::string>>& rows);
+  // Whether people see marks such as ✓: on a terminal with UTF-8.
+  bool canMark() const;
   // For people, on standard error: what goes on beside the answer.
   void note(std::string_view text);
   // For scripts: one JSON object on a line of its own.

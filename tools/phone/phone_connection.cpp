@@ -30,6 +30,12 @@ PhoneFailure unreachable(const AgentAddress& address, const std::string& why) {
               "). Is it running? Choose another computer with --host HOST."};
 }
 
+PhoneFailure notAnAgent(const AgentAddress& address, const std::string& why) {
+  return {ExitCode::unreachable, "not_an_agent",
+          "What answers at " + address.text() + " is no agent (" + why +
+              "). Choose another computer with --host HOST."};
+}
+
 PhoneFailure connectionLost(const error_code& error) {
   return {ExitCode::unreachable, "connection_lost",
           "The connection to the agent was lost (" + error.message() + "). Try again."};
@@ -119,7 +125,7 @@ struct PhoneConnection::Parts {
       throw noAnswer("the connection");
     }
     if (*upgraded) {
-      throw unreachable(address, upgraded->message());
+      throw notAnAgent(address, upgraded->message());
     }
     stream.text(true);
     open = true;

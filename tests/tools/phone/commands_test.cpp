@@ -46,7 +46,7 @@ class PhoneCommands : public testing::Test {
                                (folder / "state").string()});
     std::ostringstream out;
     std::ostringstream error;
-    const int exitCode = runPhone(words, out, error, nullptr);
+    const int exitCode = runPhone(words, out, error, {});
     return {exitCode, out.str(), error.str()};
   }
   void pair() const { ASSERT_EQ(run({"pair", "246810"}).exitCode, 0); }

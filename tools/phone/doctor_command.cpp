@@ -1,0 +1,92 @@
+#include <algorithm>
+
+#include "protocol/glintboard_service.h"
+#include "tools/phone/command_context.h"
+#include "tools/phone/doctor.h"
+
+namespace glintboard::phone {
+namespace {
+
+// Longest wait for each of the steps, which together take some ten seconds at most.
+constexpr std::chrono::milliseconds longestStep{2000};
+
+// Prints the findings, and keeps count.
+class Report {
+ public:
+  explicit Report(Output& output) : output_(output) {}
+
+  void add(const Finding& finding) {
+    const bool well = finding.wentWell();
+    output_.line((output_.canMark() ? well ? "✓ " : "✗ "
+                  : well            ? "ok      "
+                                    : "FAILED  ") +
+                 finding.text);
+    if (!finding.command.empty()) {
+      output_.line("        " + finding.command);
+    }
+    boost::json::object record{{"ok", well}, {"step", finding.step}, {"message", finding.text}};
+    if (!well) {
+      record["code"] = finding.code;
+    }
+    if (!finding.command.empty()) {
+      record["command"] = finding.command;
+    }
+    output_.record(record);
+    ++steps_;
+    if (!well) {
+      ++failures_;
+      first_ = first_ ? first_ : finding;
+    }
+  }
+  void add(const std::vector<Finding>& findings) {
+    for (const auto& finding : findings) {
+      add(finding);
+    }
+  }
+
+  // Throws PhoneFailure, with the first failure's code, unless all went well.
+  void close() const {
+    if (first_) {
+      throw PhoneFailure(first_->exit, first_->code,
+                         std::to_string(failures_) + " of " + std::to_string(steps_) +
+                             " steps failed. Mend the first, then ask the doctor again.");
+    }
+    output_.line("All is well: phones can find this computer and connect.");
+    output_.record({{"ok", true}, {"steps", steps_}});
+  }
+
+ private:
+  Output& output_;
+  int steps_ = 0;
+  int failures_ = 0;
+  std::optional<Finding> first_;
+};
+
+}  // namespace
+
+void doctorCommand(const CommandContext& context) {
+  if (context.arguments.host) {
+    throw usageFailure("doctor examines the computer that it runs on, and takes no --host.");
+  }
+  const auto timeout = std::min(context.arguments.timeout, longestStep);
+  const PhoneState state = context.stateFile.load();
+  LocalNetwork& network = *context.network;
+  const auto addresses = network.addresses();
+  const auto holder = network.holder(GlintboardService::defaultPort);
+  const auto visits = holder ? visitAll(addresses, timeout) : std::vector<Visit>();
+
+  Report report(context.output);
+  const Finding agent = examineAgent(holder, visits);
+  report.add(agent);
+  report.add(examineDiscovery(*context.browser, network, addresses, agent.wentWell(), timeout));
+  if (agent.wentWell()) {
+    report.add(examineVisits(visits, network.firewall()));
+    const auto reached = std::ranges::find_if(visits, [](const Visit& v) { return !v.failure; });
+    if (reached != visits.end()) {
+      report.add(examinePairing(state, reached->at, timeout));
+    }
+  }
+  report.close();
+}
+
+}  // namespace glintboard::phone
