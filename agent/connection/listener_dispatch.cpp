@@ -1,5 +1,6 @@
 // What becomes of one message.
 #include <QCoreApplication>
+#include <algorithm>
 #include <chrono>
 
 #include "agent/connection/listener_service.h"
@@ -15,6 +16,9 @@ namespace {
 
 using Replies = std::vector<std::string>;
 namespace Parser = WireMessageParser;
+
+// Icons are asked for so many at a time, so that another phone's question comes between.
+constexpr std::size_t iconsAtOnce = 8;
 
 std::string unauthorizedMessage() {
   return "Missing or invalid " + std::string(GlintboardService::authHeaderName) + " header";
@@ -217,17 +221,36 @@ Awaitable<Replies> ListenerService::runShortcut(std::string bytes) {
 
 Awaitable<Replies> ListenerService::icons(WireMessage<AppIconRequestPayload> request) {
   Replies replies;
-  for (auto& key : request.payload.bundleIds) {
-    auto lookup = ShortcutsCatalog::isShortcutIdentifier(key)
-                      ? parts_.shortcutIconProvider.pngAndRevision(key)
-                      : parts_.iconProvider.pngAndRevision(key, parts_.workspace);
-    auto icon = co_await std::move(lookup);
-    if (icon) {
-      replies.push_back(WireCodec::encodeString(MessageFactory::appIcon(
-          std::move(key), std::move(icon->revision), base64Encode(icon->data), randomUuid())));
+  const auto& keys = request.payload.bundleIds;
+  for (std::size_t first = 0; first < keys.size(); first += iconsAtOnce) {
+    const std::vector some(
+        keys.begin() + std::ptrdiff_t(first),
+        keys.begin() + std::ptrdiff_t(std::min(first + iconsAtOnce, keys.size())));
+    const auto found = co_await iconsOf(some);
+    for (const auto& key : some) {
+      if (const auto icon = found.find(key); icon != found.end()) {
+        replies.push_back(WireCodec::encodeString(MessageFactory::appIcon(
+            key, icon->second.revision, base64Encode(icon->second.data), randomUuid())));
+      }
     }
   }
   co_return replies;
+}
+
+Awaitable<std::map<std::string, Icon>> ListenerService::iconsOf(std::vector<std::string> keys) {
+  const auto firstShortcut = std::ranges::partition(keys, [](const std::string& key) {
+                               return !ShortcutsCatalog::isShortcutIdentifier(key);
+                             }).begin();
+  std::vector<std::string> shortcuts(firstShortcut, keys.end());
+  keys.erase(firstShortcut, keys.end());
+  std::map<std::string, Icon> found;
+  if (!keys.empty()) {
+    found = co_await parts_.iconProvider.icons(std::move(keys), parts_.workspace);
+  }
+  if (!shortcuts.empty()) {
+    found.merge(co_await parts_.shortcutIconProvider.icons(std::move(shortcuts)));
+  }
+  co_return found;
 }
 
 }  // namespace glintboard

@@ -132,6 +132,8 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   Awaitable<std::vector<std::string>> runAction(WireMessage<ActionRunPayload> request);
   Awaitable<std::vector<std::string>> runShortcut(std::string bytes);
   Awaitable<std::vector<std::string>> icons(WireMessage<AppIconRequestPayload> request);
+  // Those that there are, by key.
+  Awaitable<std::map<std::string, Icon>> iconsOf(std::vector<std::string> keys);
 
   Parts parts_;
   std::uint16_t port_;

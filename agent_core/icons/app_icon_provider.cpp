@@ -16,6 +16,11 @@ Awaitable<std::optional<std::string>> AppIconProvider::revision(std::string bund
   co_return icon ? std::optional(std::move(icon->revision)) : std::nullopt;
 }
 
+Awaitable<std::map<std::string, Icon>> AppIconProvider::icons(std::vector<std::string> bundleIds,
+                                                              const WorkspaceClient& workspace) {
+  return enter(doIcons(std::move(bundleIds), workspace));
+}
+
 Awaitable<std::map<std::string, std::string>> AppIconProvider::revisions(
     std::vector<std::string> bundleIds, const WorkspaceClient& workspace) {
   return enter(doRevisions(std::move(bundleIds), workspace));
@@ -29,6 +34,17 @@ Awaitable<std::optional<Icon>> AppIconProvider::doPngAndRevision(std::string bun
                                                                  const WorkspaceClient& workspace) {
   const Icon* icon = find(bundleId, workspace);
   co_return icon != nullptr ? std::optional(*icon) : std::nullopt;
+}
+
+Awaitable<std::map<std::string, Icon>> AppIconProvider::doIcons(std::vector<std::string> bundleIds,
+                                                                const WorkspaceClient& workspace) {
+  std::map<std::string, Icon> found;
+  for (const auto& bundleId : bundleIds) {
+    if (const Icon* icon = find(bundleId, workspace)) {
+      found[bundleId] = *icon;
+    }
+  }
+  co_return found;
 }
 
 Awaitable<std::map<std::string, std::string>> AppIconProvider::doRevisions(

@@ -25,6 +25,9 @@ class AppIconProvider : public Actor {
                                                 const WorkspaceClient& workspace);
   Awaitable<std::optional<std::string>> revision(std::string bundleId,
                                                  const WorkspaceClient& workspace);
+  // Those that there are of several, in one turn, by bundle identifier.
+  Awaitable<std::map<std::string, Icon>> icons(std::vector<std::string> bundleIds,
+                                               const WorkspaceClient& workspace);
   // The revisions of all those that have an icon, in one turn.
   Awaitable<std::map<std::string, std::string>> revisions(std::vector<std::string> bundleIds,
                                                           const WorkspaceClient& workspace);
@@ -40,6 +43,8 @@ class AppIconProvider : public Actor {
 
   Awaitable<std::optional<Icon>> doPngAndRevision(std::string bundleId,
                                                   const WorkspaceClient& workspace);
+  Awaitable<std::map<std::string, Icon>> doIcons(std::vector<std::string> bundleIds,
+                                                 const WorkspaceClient& workspace);
   Awaitable<std::map<std::string, std::string>> doRevisions(std::vector<std::string> bundleIds,
                                                             const WorkspaceClient& workspace);
   // The cached or newly rendered icon, or null. Valid until the next call.

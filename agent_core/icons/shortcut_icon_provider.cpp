@@ -16,6 +16,11 @@ Awaitable<std::optional<std::string>> ShortcutIconProvider::revision(std::string
   co_return icon ? std::optional(std::move(icon->revision)) : std::nullopt;
 }
 
+Awaitable<std::map<std::string, Icon>> ShortcutIconProvider::icons(
+    std::vector<std::string> identifiers) {
+  return enter(doIcons(std::move(identifiers)));
+}
+
 Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::revisions(
     std::vector<std::string> identifiers) {
   return enter(doRevisions(std::move(identifiers)));
@@ -44,6 +49,17 @@ std::optional<std::string> ShortcutIconProvider::pngData(const QImage& image, in
 Awaitable<std::optional<Icon>> ShortcutIconProvider::doPngAndRevision(std::string identifier) {
   const Icon* icon = find(identifier);
   co_return icon != nullptr ? std::optional(*icon) : std::nullopt;
+}
+
+Awaitable<std::map<std::string, Icon>> ShortcutIconProvider::doIcons(
+    std::vector<std::string> identifiers) {
+  std::map<std::string, Icon> found;
+  for (const auto& identifier : identifiers) {
+    if (const Icon* icon = find(identifier)) {
+      found[identifier] = *icon;
+    }
+  }
+  co_return found;
 }
 
 const Icon* ShortcutIconProvider::find(const std::string& identifier) {

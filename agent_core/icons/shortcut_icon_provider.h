@@ -24,6 +24,8 @@ class ShortcutIconProvider : public Actor {
   // The icon of a Shortcut, or none; an icon that is missing is looked for again next time.
   Awaitable<std::optional<Icon>> pngAndRevision(std::string identifier);
   Awaitable<std::optional<std::string>> revision(std::string identifier);
+  // Those that there are of several, by identifier.
+  Awaitable<std::map<std::string, Icon>> icons(std::vector<std::string> identifiers);
   // The revisions of those Shortcuts that have an icon, by identifier, after preloadAll().
   Awaitable<std::map<std::string, std::string>> revisions(std::vector<std::string> identifiers);
   // The cached PNG or none; never looks for one.
@@ -43,6 +45,7 @@ class ShortcutIconProvider : public Actor {
   };
 
   Awaitable<std::optional<Icon>> doPngAndRevision(std::string identifier);
+  Awaitable<std::map<std::string, Icon>> doIcons(std::vector<std::string> identifiers);
   Awaitable<std::map<std::string, std::string>> doRevisions(std::vector<std::string> identifiers);
   Awaitable<std::optional<std::string>> doCachedPNG(std::string identifier);
   Awaitable<std::map<std::string, std::string>> doPreloadAll();
