@@ -8,7 +8,7 @@ import time
 from stage import (BIN, PARTS, PING, PORT, ROOT, application, eventually, exchange, listens,
                    paired_agent, processor_seconds, quiet_agent, resident_kib, stage,
                    start_seconds, wake_ups)
-from wire import median
+from wire import TURNS, median
 
 # Without its window.
 AT_LOGIN = ["--background"]
@@ -80,6 +80,7 @@ def idle(seconds):
 def held(connections=1000):
     """Paired phones that have asked nothing yet."""
     with stage() as desktop, paired_agent(desktop) as (agent, token):
+        time.sleep(4)  # until it has given back what its start took
         before = resident_kib(agent.pid)
         with subprocess.Popen([BIN / "glintboard-load", "hold", str(PORT), str(connections), token],
                               stdin=subprocess.PIPE, stdout=subprocess.PIPE) as phones:
@@ -93,11 +94,12 @@ def held(connections=1000):
 
 def ping_cpu(requests, **desktop):
     with stage(**desktop) as furnished, paired_agent(furnished) as (agent, token):
-        return exchange(PORT, token, PING, requests=requests, pid=agent.pid)["cpu"]
+        return min(exchange(PORT, token, PING, requests=requests // TURNS, pid=agent.pid)["cpu"]
+                   for _ in range(TURNS))
 
 
 def growth(size):
-    requests = max(int(6000 * size), 1000)
+    requests = max(int(12000 * size), 8000)
     once = ping_cpu(requests)
     keys = ping_cpu(requests // 4, keys=240)
     applications = ping_cpu(requests, applications=600)

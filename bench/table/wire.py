@@ -10,7 +10,9 @@ from stage import (BASELINES, BIN, IDENTIFIER, PARTS, PING, PORT, SYNC, Phone, a
                    shortcut, stage)
 
 TCP_PORT, BEAST_PORT, NODE_PORT, PYTHON_PORT = 9850, 9851, 9852, 9853
-TURNS = 4  # how often baseline and agent take turns within one round
+# How often baseline and agent take turns within one round. The turn that other work on the computer
+# has disturbed least counts, of either.
+TURNS = 8
 
 
 def median(values):
@@ -46,12 +48,11 @@ def pings(servers):
     p50 = {name: [] for name in ports}
     for _ in range(TURNS):
         for name, port in ports.items():
-            requests = 800 if name == "python" else 4000
+            requests = 400 if name == "python" else 2000
             p50[name].append(servers.ask(port, requests)["p50"])
-    figures = {f"{name}_p50": median(values) for name, values in p50.items()}
+    figures = {f"{name}_p50": min(values) for name, values in p50.items()}
     for name in "node", "python", "ping":
-        figures[f"{name}_ratio"] = median(mine / floor
-                                          for mine, floor in zip(p50[name], p50["beast"]))
+        figures[f"{name}_ratio"] = figures[f"{name}_p50"] / figures["beast_p50"]
     return figures
 
 
@@ -61,16 +62,16 @@ def by_turns(servers, name, requests, **load):
     for _ in range(TURNS):
         echo.append(servers.ask(BEAST_PORT, requests, **load)["cpu"])
         ping.append(servers.ask(PORT, requests, **load)["cpu"])
-    return {f"{name}_beast": median(echo), f"{name}_ping": median(ping),
-            f"{name}_ratio": median(mine / floor for mine, floor in zip(ping, echo))}
+    return {f"{name}_beast": min(echo), f"{name}_ping": min(ping),
+            f"{name}_ratio": min(ping) / min(echo)}
 
 
 def many(servers):
-    return by_turns(servers, "many", 12000, connections=32)
+    return by_turns(servers, "many", 6000, connections=32)
 
 
 def deep(servers):
-    return by_turns(servers, "deep", 24000, connections=4, in_flight=32)
+    return by_turns(servers, "deep", 12000, connections=4, in_flight=32)
 
 
 def sync(size):
@@ -91,8 +92,9 @@ def sync(size):
                   + [shortcut(identifier) for identifier in identifiers])
         with paired_agent(desktop) as (_, token):
             exchange(PORT, token, SYNC)
-            done = exchange(PORT, token, SYNC, requests=max(int(1000 * size), 50))
-            return {"sync_p50": done["p50"] / 1000}
+            turns = [exchange(PORT, token, SYNC, requests=max(int(150 * size), 50))["p50"]
+                     for _ in range(TURNS)]
+            return {"sync_p50": min(turns) / 1000}
 
 
 def icons():
