@@ -15,6 +15,7 @@
 #include "platform/keychain.h"
 #include "platform/process_running.h"
 #include "platform/shortcut_icon_client.h"
+#include "platform/sleep_watch.h"
 #include "platform/workspace_client.h"
 
 namespace glintboard {
@@ -35,6 +36,7 @@ class LivePlatform {
   AudioOutput& audioOutput();
   Keychain& keychain();
   BonjourAdvertiser& bonjourAdvertiser();
+  SleepWatch& sleepWatch();
 
   // The computer's name as its user sees it, or none. Any thread.
   std::optional<std::string> localizedName() const;

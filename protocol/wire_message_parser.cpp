@@ -1,7 +1,12 @@
 #include "protocol/wire_message_parser.h"
 
+#include <algorithm>
+
 namespace glintboard::WireMessageParser {
 namespace {
+
+// As told by the commas, before anything is read; no phone needs a hundredth.
+constexpr std::ptrdiff_t maxValues = 16'384;
 
 template <class Payload, class Wrapper = WireMessage<Payload>>
 Decoded<ParsedMessage> typed(std::string_view bytes) {
@@ -15,6 +20,9 @@ Decoded<ParsedMessage> typed(std::string_view bytes) {
 }  // namespace
 
 Decoded<ParsedMessage> parse(std::string_view bytes) {
+  if (std::ranges::count(bytes, ',') > maxValues) {
+    return DecodeError{"too many values"};
+  }
   auto envelope = decodeJson<MessageEnvelope>(bytes);
   if (!envelope) {
     return envelope.error();

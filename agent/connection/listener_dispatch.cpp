@@ -19,6 +19,8 @@ namespace Parser = WireMessageParser;
 
 // Icons are asked for so many at a time, so that another phone's question comes between.
 constexpr std::size_t iconsAtOnce = 8;
+// What one request may ask for; a deck has 24 keys.
+constexpr std::size_t maxIconKeys = 256;
 
 std::string unauthorizedMessage() {
   return "Missing or invalid " + std::string(GlintboardService::authHeaderName) + " header";
@@ -221,7 +223,8 @@ Awaitable<Replies> ListenerService::runShortcut(std::string bytes) {
 
 Awaitable<Replies> ListenerService::icons(WireMessage<AppIconRequestPayload> request) {
   Replies replies;
-  const auto& keys = request.payload.bundleIds;
+  auto& keys = request.payload.bundleIds;
+  keys.resize(std::min(keys.size(), maxIconKeys));
   for (std::size_t first = 0; first < keys.size(); first += iconsAtOnce) {
     const std::vector some(
         keys.begin() + std::ptrdiff_t(first),

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <boost/system/errc.hpp>
 
+#include "platform/descriptor_limit.h"
 #include "platform/log.h"
 #include "platform/spawn.h"
 #include "protocol/message_factory.h"
@@ -33,7 +34,12 @@ ListenerServiceError::ListenerServiceError(Code given)
     : std::runtime_error(description(given)), code(given) {}
 
 ListenerService::ListenerService(asio::any_io_executor executor, Parts parts, std::uint16_t port)
-    : Actor(std::move(executor)), parts_(std::move(parts)), port_(port) {}
+    : Actor(std::move(executor)),
+      parts_(std::move(parts)),
+      port_(port),
+      bounds_(
+          std::make_shared<ConnectionBounds>(ConnectionLimits::forDescriptors(descriptorLimit()))),
+      strangersTurn_(this->executor()) {}
 
 Awaitable<> ListenerService::start() {
   return enter(doStart());
@@ -57,6 +63,10 @@ Awaitable<> ListenerService::dismissShortcutCoachMessage() {
 
 Awaitable<> ListenerService::pushDecksSnapshot() {
   return enter(doPushDecksSnapshot());
+}
+
+Awaitable<> ListenerService::checkAfterSleep() {
+  return enter(doCheckAfterSleep());
 }
 
 Awaitable<> ListenerService::shutDown() {
@@ -99,7 +109,7 @@ void ListenerService::startListener() {
   if (port_ == 0) {
     throw ListenerServiceError(ListenerServiceError::Code::invalidPort);
   }
-  listener_ = std::make_unique<WebSocketListener>(executor(), port_);
+  listener_ = std::make_unique<WebSocketListener>(executor(), port_, bounds_);
   isRunning_ = false;
   lastError_.reset();
   listener_->start(
@@ -174,6 +184,7 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
   auto token = WebSocketAuth::token(connection->handshake().headers);
   const auto paired = co_await self->device(token);
   if (paired) {
+    connection->setPaired(true);
     self->pushConnections_[connection.get()] = {connection, *token};
     self->pushConnectionsChanged();
   }
@@ -199,6 +210,11 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     if (message->empty()) {
       continue;
     }
+    std::optional<AsyncLock::Guard> turn;
+    if (!pushConnections_.contains(connection.get())) {
+      auto taken = co_await strangersTurn_.acquire();
+      turn.emplace(std::move(taken));
+    }
     auto parsed = WireMessageParser::parse(*message);
     if (!parsed) {
       continue;
@@ -211,6 +227,7 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     }
     connection->flush();
     auto replies = co_await answer(std::move(*parsed), std::move(*message), token);
+    turn.reset();
     for (auto& reply : replies) {
       co_await connection->send(std::move(reply));
     }
@@ -231,6 +248,7 @@ Awaitable<> ListenerService::dropUnpairedConnections() {
   for (const auto& pushed : all) {
     const auto paired = co_await device(pushed.token);
     if (!paired) {
+      pushed.connection->setPaired(false);
       pushConnections_.erase(pushed.connection.get());
     }
   }
@@ -253,6 +271,16 @@ Awaitable<> ListenerService::doPushDecksSnapshot() {
   for (const auto& [key, pushed] : pushConnections_) {
     pushed.connection->push(text);
   }
+}
+
+Awaitable<> ListenerService::doCheckAfterSleep() {
+  for (const auto& [key, connection] : connections_) {
+    connection->probe();
+  }
+  if (isRunning_) {
+    advertise();
+  }
+  co_return;
 }
 
 Awaitable<> ListenerService::doShutDown() {

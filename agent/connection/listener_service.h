@@ -19,6 +19,7 @@
 #include "agent_core/icons/shortcut_icon_provider.h"
 #include "agent_core/shortcuts/shortcut_handlers.h"
 #include "platform/actor.h"
+#include "platform/async_lock.h"
 #include "platform/bonjour.h"
 #include "protocol/glintboard_service.h"
 #include "protocol/wire_message_parser.h"
@@ -82,6 +83,9 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   Awaitable<> dismissShortcutCoachMessage();
   // Sends the decks to every connection of a paired phone.
   Awaitable<> pushDecksSnapshot();
+  // For when the computer has been asleep: asks every connection for a sign of life, and advertises
+  // anew.
+  Awaitable<> checkAfterSleep();
   // Ends the listener and every connection, for good.
   Awaitable<> shutDown();
 
@@ -103,6 +107,7 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   Awaitable<ListenerState> doState();
   Awaitable<> doDismissShortcutCoachMessage();
   Awaitable<> doPushDecksSnapshot();
+  Awaitable<> doCheckAfterSleep();
   Awaitable<> doShutDown();
   void startListener();
   void stopListener();
@@ -137,7 +142,12 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
 
   Parts parts_;
   std::uint16_t port_;
+  // Those of one listener outlive it, so all listeners share their bounds.
+  std::shared_ptr<ConnectionBounds> bounds_;
   std::unique_ptr<WebSocketListener> listener_;
+  // Held for each message that is not a paired phone's, so that many strangers hold up nobody
+  // longer than one.
+  AsyncLock strangersTurn_;
   std::map<WebSocketConnection*, PushConnection> pushConnections_;
   std::map<WebSocketConnection*, ConnectionPointer> connections_;
   bool isRunning_ = false;

@@ -22,13 +22,21 @@ using Clock = std::chrono::steady_clock;
 using WebSocketFrames::Opcode;
 using WebSocketFrames::Received;
 
-constexpr std::size_t maxIncomingMessage = 1 << 20;
+// What may be on its way in and out of a connection.
+struct Allowance {
+  std::size_t incomingMessage;
+  std::size_t queued;  // beyond what is being written
+};
+constexpr Allowance pairedAllowance{1 << 20, 4 << 20};
+constexpr Allowance strangersAllowance{16 << 10, 64 << 10};
+
 constexpr std::uint32_t maxUpgradeRequest = 16 << 10;
 constexpr auto upgradeDeadline = 10s;
 constexpr auto keepAliveInterval = 8s;
+constexpr auto probeDeadline = 6s;
+constexpr auto stoppedFor = 2s;      // a timer that is so late tells that the process was stopped
 constexpr auto vanishedAfter = 23s;  // silence of a peer that is being listened to
 constexpr auto stuckAfter = 60s;     // a write of which the peer takes nothing
-constexpr std::size_t maxQueued = 4 << 20;
 constexpr std::size_t readAtOnce = 8 << 10;
 constexpr std::size_t keptCapacity = 64 << 10;
 
@@ -44,12 +52,13 @@ HandshakeHeaderCapture capture(const http::request<http::empty_body>& request) {
 // of the loop than the socket itself, and so that many replies leave in one write.
 class Connection : public AcceptedConnection, public std::enable_shared_from_this<Connection> {
  public:
-  Connection(TcpSocket socket, std::shared_ptr<void> place)
+  Connection(TcpSocket socket, std::unique_ptr<ConnectionBounds::Place> place)
       : place_(std::move(place)),
         socket_(std::move(socket)),
         queueMoved_(socket_.get_executor()),
         watchTimer_(socket_.get_executor()) {
     queueMoved_.expires_at(Clock::time_point::max());
+    place_->whenOut([this] { cancel(); });
   }
 
   Awaitable<bool> upgrade() override {
@@ -77,6 +86,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     }
     // Whoever is in a hurry sends frames right behind the request.
     reader_.add({static_cast<const char*>(buffer.data().data()), buffer.size()});
+    place_->become(ConnectionKind::unpaired);
     spawn(socket_.get_executor(), watch(self), "connection watch");
     co_return true;
   }
@@ -119,6 +129,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
       }
       switch (next->kind) {
         case Received::Kind::message:
+          place_->touch();
           return std::move(next->data);
         case Received::Kind::ping:
           append(gathered_, Opcode::pong, next->data);
@@ -172,6 +183,20 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     }
   }
 
+  void setPaired(bool paired) override {
+    place_->become(paired ? ConnectionKind::paired : ConnectionKind::unpaired);
+    allowance_ = paired ? pairedAllowance : strangersAllowance;
+    reader_.setMaxMessage(allowance_.incomingMessage);
+  }
+
+  void probe() override {
+    if (!probedAt_) {
+      probedAt_ = Clock::now();
+      ping();
+      watchTimer_.cancel();
+    }
+  }
+
   void cancel() override {
     ended_ = true;
     error_code ignored;
@@ -181,7 +206,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
   }
 
  private:
-  bool isFull() const { return gathered_.size() > maxQueued && !ended_; }
+  bool isFull() const { return gathered_.size() > allowance_.queued && !ended_; }
 
   // Resumes when the queue is not full, or the connection has ended.
   Awaitable<> room() {
@@ -255,38 +280,57 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
   // only expected to be heard while it is listened to.
   static Awaitable<> watch(std::shared_ptr<Connection> self) {
     while (!self->ended_) {
-      self->watchTimer_.expires_after(keepAliveInterval);
-      co_await self->watchTimer_.async_wait(asio::as_tuple(asio::use_awaitable));
-      self->check(Clock::now());
+      self->watchTimer_.expires_after(self->probedAt_ ? probeDeadline : keepAliveInterval);
+      const auto due = self->watchTimer_.expiry();
+      const auto [interrupted] =
+          co_await self->watchTimer_.async_wait(asio::as_tuple(asio::use_awaitable));
+      const auto now = Clock::now();
+      if (interrupted || self->ended_) {
+        continue;
+      }
+      if (now - due > stoppedFor) {
+        self->probe();
+      } else {
+        self->check(now);
+      }
     }
   }
 
   void check(Clock::time_point now) {
+    const auto probedAt = std::exchange(probedAt_, std::nullopt);
     if (writing_) {
       if (now - takenAt_ > stuckAfter) {
         cancel();
       }
-    } else if (reading_ && !ended_) {
-      if (closing_ || now - heardOf_ > vanishedAfter) {
+    } else if (reading_) {
+      if (closing_ || now - heardOf_ > vanishedAfter || (probedAt && heardOf_ < *probedAt)) {
         cancel();
         return;
       }
+      ping();
+    }
+  }
+
+  void ping() {
+    if (reading_ && !writing_ && !closing_ && !ended_) {
       append(gathered_, Opcode::ping, {});
       flush();
     }
   }
 
-  std::shared_ptr<void> place_;
+  std::unique_ptr<ConnectionBounds::Place> place_;
   TcpSocket socket_;
   HandshakeHeaderCapture handshake_;
   std::array<char, readAtOnce> input_;
-  WebSocketFrames::Reader reader_{maxIncomingMessage};
+  Allowance allowance_ = strangersAllowance;
+  WebSocketFrames::Reader reader_{allowance_.incomingMessage};
   std::string gathered_;  // goes out when `sending_` is gone
   std::string sending_;
   std::size_t sent_ = 0;  // of `sending_`
   std::shared_ptr<const std::string> waitingPush_;
   asio::steady_timer queueMoved_;
   asio::steady_timer watchTimer_;
+  std::optional<Clock::time_point> probedAt_;  // while the answer is awaited
   Clock::time_point heardOf_ = Clock::now();
   Clock::time_point takenAt_ = Clock::now();
   bool reading_ = false;
@@ -297,8 +341,8 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
 
 }  // namespace
 
-std::shared_ptr<AcceptedConnection> acceptConnection(TcpSocket socket,
-                                                     std::shared_ptr<void> place) {
+std::shared_ptr<AcceptedConnection> acceptConnection(
+    TcpSocket socket, std::unique_ptr<ConnectionBounds::Place> place) {
   return std::make_shared<Connection>(std::move(socket), std::move(place));
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "agent/connection/connection_bounds.h"
 #include "platform/asio.h"
 #include "protocol/web_socket_auth.h"
 
@@ -38,6 +39,12 @@ class WebSocketConnection {
   virtual void flush() = 0;
   // Sends a text when the queue allows. A push that is still waiting is replaced by a later one.
   virtual void push(std::shared_ptr<const std::string> text) = 0;
+  // Whether a paired phone is at the other end, which nobody is taken for until this says so. Only
+  // such a one may send long messages and leave many replies unread, and is never ended for others.
+  virtual void setPaired(bool paired) = 0;
+  // Asks for a sign of life at once; a peer that is silent for six seconds more is gone. For when
+  // time has passed that no clock told of.
+  virtual void probe() = 0;
   // Ends the connection: at once, without a closing handshake.
   virtual void cancel() = 0;
 };
@@ -51,7 +58,8 @@ class AcceptedConnection : public WebSocketConnection {
   virtual Awaitable<bool> upgrade() = 0;
 };
 
-// Takes over an accepted socket, and holds `place` for as long as it lives.
-std::shared_ptr<AcceptedConnection> acceptConnection(TcpSocket socket, std::shared_ptr<void> place);
+// Takes over an accepted socket, in its place among the others.
+std::shared_ptr<AcceptedConnection> acceptConnection(
+    TcpSocket socket, std::unique_ptr<ConnectionBounds::Place> place);
 
 }  // namespace glintboard

@@ -14,7 +14,9 @@ namespace {
 using namespace std::chrono_literals;
 using asio::ip::tcp;
 
-constexpr int maxConnections = 2048;
+// Whoever opens connections faster than they can be ended waits.
+constexpr std::size_t maxEnding = 128;
+constexpr auto endingPause = 1ms;
 constexpr auto acceptPause = 100ms;  // after a failure that may pass, such as no descriptors left
 
 error_code lastError() {
@@ -44,8 +46,9 @@ FileDescriptor openListening(std::uint16_t port, int family, error_code& error) 
 
 class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor> {
  public:
-  Acceptor(asio::any_io_executor executor, std::uint16_t port)
-      : acceptor_(std::move(executor)), port_(port) {}
+  Acceptor(asio::any_io_executor executor, std::uint16_t port,
+           std::shared_ptr<ConnectionBounds> bounds)
+      : acceptor_(std::move(executor)), port_(port), bounds_(std::move(bounds)) {}
 
   void start(StateHandler onState, ConnectionHandler onConnection) {
     onState_ = std::move(onState);
@@ -104,26 +107,51 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
           co_await self->acceptor_.async_accept(asio::as_tuple(asio::use_awaitable));
       if (error) {
         if (self->acceptor_.is_open()) {
-          log::warning("accepting a connection: ", error.message());
+          if (!self->maySurvive(error)) {
+            error_code ignored;
+            self->acceptor_.close(ignored);
+            self->report({WebSocketListenerState::Kind::failed, error});
+            co_return;
+          }
           co_await sleepFor(acceptPause);
         }
         continue;
       }
-      if (*self->connections_ >= maxConnections) {
-        continue;  // The socket is closed at once; the phones that are here matter more.
+      self->failing_ = false;
+      self->take(std::move(socket));
+      while (self->bounds_->ending() > maxEnding) {
+        co_await sleepFor(endingPause);
       }
-      ::fcntl(socket.native_handle(), F_SETFD, FD_CLOEXEC);
-      error_code ignored;
-      socket.set_option(tcp::no_delay(true), ignored);
-      spawn(self->acceptor_.get_executor(),
-            serve(self, acceptConnection(std::move(socket), self->takePlace())), "connection");
     }
   }
 
-  // Counted until the connection lets go of it.
-  std::shared_ptr<void> takePlace() {
-    ++*connections_;
-    return {nullptr, [count = connections_](void*) { --*count; }};
+  // Whether the socket still listens after a failure to accept. A connection for which there are no
+  // descriptors stays with the system until there are.
+  bool maySurvive(error_code error) {
+    if (!std::exchange(failing_, true)) {
+      log::warning("accepting a connection: ", error.message());
+    }
+    if (error == boost::system::errc::too_many_files_open ||
+        error == boost::system::errc::too_many_files_open_in_system) {
+      bounds_->makeRoom();
+    }
+    return error != boost::system::errc::invalid_argument &&
+           error != boost::system::errc::bad_file_descriptor;
+  }
+
+  void take(TcpSocket socket) {
+    error_code gone;
+    const auto peer = socket.remote_endpoint(gone);
+    auto place = gone ? nullptr : bounds_->enter(peer.address());
+    if (!place) {
+      return;
+    }
+    ::fcntl(socket.native_handle(), F_SETFD, FD_CLOEXEC);
+    error_code ignored;
+    socket.set_option(tcp::no_delay(true), ignored);
+    spawn(acceptor_.get_executor(),
+          serve(shared_from_this(), acceptConnection(std::move(socket), std::move(place))),
+          "connection");
   }
 
   static Awaitable<> serve(std::shared_ptr<Acceptor> self,
@@ -136,13 +164,15 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
 
   asio::basic_socket_acceptor<tcp, asio::any_io_executor> acceptor_;
   std::uint16_t port_;
+  std::shared_ptr<ConnectionBounds> bounds_;
+  bool failing_ = false;
   StateHandler onState_;
   ConnectionHandler onConnection_;
-  std::shared_ptr<int> connections_ = std::make_shared<int>(0);
 };
 
-WebSocketListener::WebSocketListener(asio::any_io_executor executor, std::uint16_t port)
-    : acceptor_(std::make_shared<Acceptor>(std::move(executor), port)) {}
+WebSocketListener::WebSocketListener(asio::any_io_executor executor, std::uint16_t port,
+                                     std::shared_ptr<ConnectionBounds> bounds)
+    : acceptor_(std::make_shared<Acceptor>(std::move(executor), port, std::move(bounds))) {}
 
 WebSocketListener::~WebSocketListener() {
   acceptor_->abandon();

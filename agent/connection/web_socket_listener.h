@@ -23,7 +23,9 @@ class WebSocketListener {
   using StateHandler = std::function<void(WebSocketListenerState)>;
   using ConnectionHandler = std::function<void(std::shared_ptr<WebSocketConnection>)>;
 
-  WebSocketListener(asio::any_io_executor executor, std::uint16_t port);
+  // Connections beyond the bounds are closed before their upgrade.
+  WebSocketListener(asio::any_io_executor executor, std::uint16_t port,
+                    std::shared_ptr<ConnectionBounds> bounds);
   // Stops listening; connections go on, and no handler is called any more.
   ~WebSocketListener();
   WebSocketListener(const WebSocketListener&) = delete;

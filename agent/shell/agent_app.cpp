@@ -23,6 +23,7 @@
 #include "agent/shell/menu_bar_controller.h"
 #include "agent/shell/menu_window.h"
 #include "agent/shell/text_menu.h"
+#include "platform/descriptor_limit.h"
 #include "platform/display.h"
 #include "platform/identity.h"
 #include "platform/live.h"
@@ -77,6 +78,10 @@ class AgentApp {
     }
     spawn(executors_.service(), obeySignals(this), "signals");
     spawn(executors_.service(), settle(executors_.workers()), "settling");
+    platform_.sleepWatch().start([this] {
+      spawn(executors_.service(), viewModel_.services().listenerService().checkAfterSleep(),
+            "waking up");
+    });
   }
 
   // Leaves in order where that goes quickly, and in any case before the deadline. Any thread.
@@ -251,6 +256,7 @@ int serve(const std::string& program, const AgentArguments& arguments) {
 
 int runAgent(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);
+  raiseDescriptorLimit();
   const std::vector<std::string> words(argv, argv + argc);
   const std::string program = words.empty() ? "glintboard-agent" : words.front();
   try {

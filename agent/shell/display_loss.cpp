@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstdlib>
 
+#include "platform/descriptor_limit.h"
 #include "platform/log.h"
 
 namespace {
@@ -33,6 +34,7 @@ void startAgain() {
   sigemptyset(&none);
   ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
   ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+  glintboard::restoreDescriptorLimit();
   ::execv("/proc/self/exe", command);
   glintboard::log::warning("the agent cannot be started again");
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "platform/descriptor_limit.h"
 #include "platform/linux/gio_call.h"
 #include "platform/linux/key_file.h"
 
@@ -25,6 +26,7 @@ std::string reasonOf(GError& error) {
 // Runs in the new process, between fork and exec.
 void leaveTheAgent(void* /*data*/) {
   ::setsid();
+  restoreDescriptorLimit();
   for (int signal = 1; signal < NSIG; ++signal) {
     ::signal(signal, SIG_DFL);
   }

@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/linux/gio_call.h"
-
 namespace glintboard {
 namespace {
 
@@ -36,8 +34,9 @@ GLibPointer<GSource> after(GMainContext* context, std::chrono::milliseconds dela
 
 }  // namespace
 
-DesktopBus::DesktopBus()
-    : context_(g_main_context_new()),
+DesktopBus::DesktopBus(std::function<std::string()> address)
+    : address_(std::move(address)),
+      context_(g_main_context_new()),
       loop_(g_main_loop_new(context_.get(), FALSE)),
       thread_([this] { run(); }) {
   post([this] { connect(); });
@@ -87,7 +86,7 @@ void DesktopBus::run() {
 }
 
 void DesktopBus::connect() {
-  const auto address = sessionBusAddress();
+  const auto address = address_();
   if (address.empty()) {
     failed();
     tryLater();

@@ -1,4 +1,4 @@
-// The session bus, for what listens to it all the time.
+// A message bus, for what listens to it all the time.
 #pragma once
 
 #include <chrono>
@@ -8,12 +8,13 @@
 #include <thread>
 #include <vector>
 
+#include "platform/linux/gio_call.h"
 #include "platform/linux/glib_pointers.h"
 
 namespace glintboard {
 
-// Keeps a connection to the session bus on a thread of its own, and makes a new one when the bus
-// comes back.
+// Keeps a connection to the session bus, or to another, on a thread of its own, and makes a new one
+// when the bus comes back.
 class DesktopBus {
  public:
   // What uses the connection. Called on the bus's thread, where GIO's callbacks run too.
@@ -26,7 +27,8 @@ class DesktopBus {
     virtual void disconnected() = 0;
   };
 
-  DesktopBus();
+  // `address` tells where the bus listens now, if anywhere.
+  explicit DesktopBus(std::function<std::string()> address = sessionBusAddress);
   // Ends the connection, and the clients on the bus's thread.
   ~DesktopBus();
   DesktopBus(const DesktopBus&) = delete;
@@ -45,6 +47,7 @@ class DesktopBus {
   void failed();
   void tryLater();
 
+  const std::function<std::string()> address_;
   GLibPointer<GMainContext> context_;
   GLibPointer<GMainLoop> loop_;
 

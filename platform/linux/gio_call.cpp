@@ -60,6 +60,11 @@ std::string sessionBusAddress() {
              : "";
 }
 
+std::string systemBusAddress() {
+  const char* address = std::getenv("DBUS_SYSTEM_BUS_ADDRESS");
+  return address != nullptr && *address != '\0' ? address : "unix:path=/run/dbus/system_bus_socket";
+}
+
 GDBusConnectionFlags messageBusFlags() {
   // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
   return static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |

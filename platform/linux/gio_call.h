@@ -36,6 +36,8 @@ class GioCalls {
 
 // Where the session bus listens, or empty. Starts none, as GIO might do when it is asked.
 std::string sessionBusAddress();
+// Where the system bus listens.
+std::string systemBusAddress();
 // What a connection to a bus at an address needs.
 GDBusConnectionFlags messageBusFlags();
 

@@ -4,6 +4,7 @@
 #include "platform/linux/host_name.h"
 #include "platform/linux/host_name_watcher.h"
 #include "platform/linux/linux_applications.h"
+#include "platform/linux/logind_sleep_watch.h"
 #include "platform/linux/pulse_audio_output.h"
 #include "platform/linux/renaming_advertiser.h"
 #include "platform/linux/secret_service_keychain.h"
@@ -42,6 +43,7 @@ struct LivePlatform::Parts {
   std::shared_ptr<const HostName> hostName = std::make_shared<const HostName>();
   std::shared_ptr<RenamingAdvertiser> bonjourAdvertiser;
   std::shared_ptr<HostNameWatcher> hostNameWatcher;
+  LogindSleepWatch sleepWatch;
 };
 
 LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
@@ -80,6 +82,10 @@ Keychain& LivePlatform::keychain() {
 
 BonjourAdvertiser& LivePlatform::bonjourAdvertiser() {
   return *parts_->bonjourAdvertiser;
+}
+
+SleepWatch& LivePlatform::sleepWatch() {
+  return parts_->sleepWatch;
 }
 
 std::optional<std::string> LivePlatform::localizedName() const {

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <system_error>
 
+#include "platform/descriptor_limit.h"
 #include "platform/linux/pidfd.h"
 
 namespace glintboard {
@@ -96,6 +97,7 @@ SpawnedProcess spawnProcess(const std::string& executable,
   check(::posix_spawn(&process.id, executable.c_str(), actions.get(), attributes.get(), argv.data(),
                       environ),
         executable);
+  restoreDescriptorLimit(process.id);
   process.descriptor = FileDescriptor(::pidfd_open(process.id, 0));
   if (!process.descriptor) {
     const int code = errno;

@@ -75,16 +75,19 @@ class WebSocketTest : public testing::Test {
   std::atomic<int> times = 1;
   std::atomic<int> live = 0;
   std::atomic<bool> ready = false;
+  std::atomic<bool> paired = true;
   Executors executors;
   std::unique_ptr<WebSocketListener> listener;
   std::shared_ptr<WebSocketConnection> latest;
 
   void SetUp() override {
     run([this] {
-      listener = std::make_unique<WebSocketListener>(executors.service(), port);
+      listener = std::make_unique<WebSocketListener>(
+          executors.service(), port, std::make_shared<ConnectionBounds>(ConnectionLimits{}));
       listener->start([this](const WebSocketListenerState&) { ready = true; },
                       [this](std::shared_ptr<WebSocketConnection> connection) {
                         latest = connection;
+                        latest->setPaired(paired);
                         spawn(executors.service(), echo(this, std::move(connection)), "echo");
                       });
     });

@@ -20,6 +20,22 @@ def message(kind, payload, identifier=None):
     return {"type": kind, "id": identifier or str(uuid.uuid4()), "payload": payload}
 
 
+def upgrade(*headers):
+    """The request by which a connection without a library becomes a WebSocket."""
+    return "\r\n".join(["GET / HTTP/1.1", "Host: agent", "Upgrade: websocket",
+                        "Connection: Upgrade", "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==",
+                        "Sec-WebSocket-Version: 13", *headers, "", ""]).encode()
+
+
+async def open_raw(*headers):
+    """Reader and writer of a connection that was upgraded and does nothing by itself."""
+    reader, writer = await asyncio.open_connection("127.0.0.1", PORT)
+    writer.write(upgrade(*headers))
+    answer = await reader.readuntil(b"\r\n\r\n")
+    assert answer.startswith(b"HTTP/1.1 101 "), answer
+    return reader, writer
+
+
 class Client:
     def __init__(self, socket):
         self.socket = socket

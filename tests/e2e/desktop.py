@@ -151,6 +151,14 @@ class Agent:
     def threads(self):
         return len(os.listdir(f"/proc/{self.pid}/task"))
 
+    def log(self):
+        return pathlib.Path(self._log.name).read_text()
+
+    def memory(self):
+        """Resident megabytes."""
+        status = pathlib.Path(f"/proc/{self.pid}/status").read_text()
+        return int(status.partition("VmRSS:")[2].split()[0]) / 1024
+
     def cpu_seconds(self):
         fields = pathlib.Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()
         return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
@@ -162,7 +170,7 @@ class Agent:
             self._process.stdin.close()
         self._menu.close()
         self._log.close()
-        log = pathlib.Path(self._log.name).read_text()
+        log = self.log()
         print(f"--- agent {self.pid}:\n{log}", file=sys.stderr)
         for finding in "Sanitizer:", "runtime error:":
             if finding in log:

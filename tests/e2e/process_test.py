@@ -3,6 +3,7 @@
 import os
 import pathlib
 import re
+import resource
 import shutil
 import signal
 import socket
@@ -65,6 +66,9 @@ class Process(DesktopTest):
 
     async def test_launched_applications_outlive_it_and_inherit_nothing(self):
         self.desktop.install(EDITOR)
+        usual = resource.getrlimit(resource.RLIMIT_NOFILE)
+        resource.setrlimit(resource.RLIMIT_NOFILE, (1000, usual[1]))
+        self.addCleanup(resource.setrlimit, resource.RLIMIT_NOFILE, usual)
         agent = self.start_agent()
         client = await Client.connect(self.paired_phone(agent).token)
         await client.ask("app.launch", {"bundleId": EDITOR})
@@ -73,6 +77,8 @@ class Process(DesktopTest):
         files = [os.readlink(file) for file in (process / "fd").iterdir()]
         self.assertEqual([file for file in files if not file.startswith(str(self.desktop.root))],
                          ["/dev/null"] * 3)
+        self.assertGreater(resource.prlimit(agent.pid, resource.RLIMIT_NOFILE)[0], 1000)
+        self.assertEqual(resource.prlimit(editor, resource.RLIMIT_NOFILE)[0], 1000)
         # A shell blocks signals itself while it starts a program.
         for signals in "SigBlk", "SigIgn":
             eventually(lambda: re.search(f"{signals}:\t0+\n", (process / "status").read_text()),

@@ -1,0 +1,115 @@
+#include "agent/connection/connection_bounds.h"
+
+#include <algorithm>
+#include <map>
+
+namespace glintboard {
+namespace {
+
+// Whoever may choose one IPv6 address of a network may choose any; on the local link everybody
+// shares one network.
+asio::ip::address peerOf(const asio::ip::address& address) {
+  if (!address.is_v6()) {
+    return address;
+  }
+  const auto v6 = address.to_v6();
+  if (v6.is_v4_mapped()) {
+    return asio::ip::make_address_v4(asio::ip::v4_mapped, v6);
+  }
+  if (v6.is_link_local()) {
+    return v6;
+  }
+  auto bytes = v6.to_bytes();
+  std::fill(bytes.begin() + 8, bytes.end(), std::uint8_t{0});
+  return asio::ip::address_v6(bytes);
+}
+
+}  // namespace
+
+ConnectionLimits ConnectionLimits::forDescriptors(std::size_t descriptors) {
+  constexpr std::size_t agentsOwn = 256;
+  ConnectionLimits limits;
+  limits.total = std::min(limits.total, descriptors - std::min(agentsOwn, descriptors / 2));
+  const std::size_t eighth = std::max<std::size_t>(limits.total / 8, 1);
+  limits.waiting = std::min(limits.waiting, eighth);
+  limits.unpaired = std::min(limits.unpaired, eighth);
+  limits.paired = std::min(limits.paired, limits.total - std::min(limits.total, 3 * eighth));
+  return limits;
+}
+
+std::unique_ptr<ConnectionBounds::Place> ConnectionBounds::enter(const asio::ip::address& peer) {
+  if (total_ >= totalLimit_) {
+    return nullptr;
+  }
+  auto place = std::make_unique<Place>(shared_from_this(), peer);
+  keepWithin(ConnectionKind::waiting, limitOf(ConnectionKind::waiting));
+  return place;
+}
+
+std::size_t ConnectionBounds::ending() const {
+  return total_ - places_[0].size() - places_[1].size() - places_[2].size();
+}
+
+void ConnectionBounds::makeRoom() {
+  for (const auto kind : {ConnectionKind::waiting, ConnectionKind::unpaired}) {
+    if (const auto count = of(kind).size(); count > 0) {
+      keepWithin(kind, count - 1);
+      return;
+    }
+  }
+}
+
+void ConnectionBounds::keepWithin(ConnectionKind kind, std::size_t limit) {
+  while (of(kind).size() > limit) {
+    std::map<asio::ip::address, std::size_t> counts;
+    for (const Place* place : of(kind)) {
+      ++counts[place->peer_];
+    }
+    // The first of several equals, which is the one that has been silent longest.
+    Place& last = **std::ranges::max_element(
+        of(kind), {}, [&](const Place* place) { return counts[place->peer_]; });
+    last.leave();
+    if (last.end_) {
+      last.end_();
+    }
+  }
+}
+
+ConnectionBounds::Place::Place(std::shared_ptr<ConnectionBounds> bounds,
+                               const asio::ip::address& peer)
+    : bounds_(std::move(bounds)), peer_(peerOf(peer)) {
+  auto& places = bounds_->of(kind_);
+  position_ = places.insert(places.end(), this);
+  ++bounds_->total_;
+}
+
+ConnectionBounds::Place::~Place() {
+  leave();
+  --bounds_->total_;
+}
+
+void ConnectionBounds::Place::become(ConnectionKind kind) {
+  if (out_ || kind == kind_) {
+    return;
+  }
+  auto& places = bounds_->of(kind);
+  places.splice(places.end(), bounds_->of(kind_), position_);
+  kind_ = kind;
+  bounds_->keepWithin(kind, bounds_->limitOf(kind));
+}
+
+void ConnectionBounds::Place::touch() {
+  if (!out_) {
+    auto& places = bounds_->of(kind_);
+    places.splice(places.end(), places, position_);
+  }
+}
+
+void ConnectionBounds::Place::leave() {
+  if (!out_) {
+    bounds_->of(kind_).erase(position_);
+    out_ = true;
+  }
+}
+
+}  // namespace glintboard
