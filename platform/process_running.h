@@ -26,7 +26,7 @@ class ProcessRunning {
 
   // Runs `executable` (a path) with `arguments` (without the program's name) and resumes when the
   // process has ended. At `timeout` the process and its group are asked to end, and killed two
-  // seconds later. Throws std::system_error when the process cannot be started. May be awaited on
+  // seconds later. Throws UserError when the process cannot be started. May be awaited on
   // any executor, by several callers at once.
   virtual Awaitable<ProcessRunResult> run(std::string executable,
                                           std::vector<std::string> arguments,

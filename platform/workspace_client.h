@@ -41,8 +41,8 @@ struct WorkspaceClient {
   // The running application of that identifier, or none.
   std::function<std::optional<RunningApplicationClient>(const std::string& bundleId)>
       runningApplication;
-  // Starts an installed application. True when the desktop reports it started; throws an exception
-  // whose text a person can read when it could not be started.
+  // Starts an installed application. True when the desktop reports it started; throws UserError
+  // when it could not be started.
   std::function<Awaitable<bool>(ApplicationLocation application)> openApplication;
 
   // The answers to the two look-ups for who asks about many applications at once; where there is

@@ -4,6 +4,7 @@
 #include <boost/system/errc.hpp>
 
 #include "platform/descriptor_limit.h"
+#include "agent/language/error_text.h"
 #include "platform/log.h"
 #include "platform/spawn.h"
 #include "protocol/message_factory.h"
@@ -16,9 +17,10 @@ using namespace std::chrono_literals;
 
 constexpr auto portConflictPause = 400ms;
 
-std::string description(ListenerServiceError::Code code) {
-  return code == ListenerServiceError::Code::invalidPort ? "The listener's port is not valid."
-                                                         : "The listener is already running.";
+const char* description(ListenerServiceError::Code code) {
+  return code == ListenerServiceError::Code::invalidPort
+             ? QT_TRANSLATE_NOOP("UserError", "The listener's port is not valid.")
+             : QT_TRANSLATE_NOOP("UserError", "The listener is already running.");
 }
 
 std::string portInUseText(std::uint16_t port) {
@@ -31,7 +33,7 @@ std::string portInUseText(std::uint16_t port) {
 }  // namespace
 
 ListenerServiceError::ListenerServiceError(Code given)
-    : std::runtime_error(description(given)), code(given) {}
+    : UserError(description(given)), code(given) {}
 
 ListenerService::ListenerService(asio::any_io_executor executor, Parts parts, std::uint16_t port)
     : Actor(std::move(executor)),
@@ -149,7 +151,7 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
       break;
   }
   const bool portInUse = state.error == boost::system::errc::address_in_use;
-  lastError_ = portInUse ? portInUseText(port_) : state.error.message();
+  lastError_ = portInUse ? portInUseText(port_) : errorText(state.error).toStdString();
   isRunning_ = false;
   parts_.bonjour.withdraw();
   if (portInUse && portConflictRetries_ < maxPortConflictRetries) {
@@ -168,7 +170,7 @@ Awaitable<> ListenerService::retryStartAfterPortConflict(std::weak_ptr<ListenerS
   try {
     self->startListener();
   } catch (const std::exception& error) {
-    self->lastError_ = error.what();
+    self->lastError_ = errorText(error).toStdString();
   }
 }
 

@@ -6,7 +6,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -21,12 +20,13 @@
 #include "platform/actor.h"
 #include "platform/async_lock.h"
 #include "platform/bonjour.h"
+#include "platform/user_error.h"
 #include "protocol/glintboard_service.h"
 #include "protocol/wire_message_parser.h"
 
 namespace glintboard {
 
-class ListenerServiceError : public std::runtime_error {
+class ListenerServiceError : public UserError {
  public:
   enum class Code { invalidPort, alreadyRunning };
   explicit ListenerServiceError(Code code);

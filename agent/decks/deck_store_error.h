@@ -1,12 +1,13 @@
 #pragma once
 
-#include <stdexcept>
 #include <string>
+
+#include "platform/user_error.h"
 
 namespace glintboard {
 
 // Why a deck was not saved; the text is meant for the user.
-class DeckStoreError : public std::runtime_error {
+class DeckStoreError : public UserError {
  public:
   enum class Code {
     tooManyTiles,       // payload: the maximum

@@ -80,8 +80,11 @@ Rectangle {
         anchors.right: parent.right
         anchors.rightMargin: Look.Gap12
         y: Look.Gap12
+        width: parent.width - icon.x - icon.width - Look.Gap8 - Look.Gap12
         visible: face.isInDeck
         text: qsTr("In deck")
+        wrapMode: Text.WordWrap
+        horizontalAlignment: Text.AlignRight
         font: Look.fonts.ui(Look.Caption2, Look.Semibold)
         color: Look.successText
     }
@@ -130,6 +133,8 @@ Rectangle {
         text: face.subtitle
         font: Look.fonts.ui(Look.Caption2)
         color: Look.secondaryText
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 8
         elide: Text.ElideRight
         textFormat: Text.PlainText
     }

@@ -9,7 +9,11 @@ Item {
     required property DeckEditorModel editor
     readonly property alias nameField: name
 
-    implicitHeight: Math.max(name.implicitHeight, cancel.implicitHeight) + 2 * Look.Gap12
+    // What is left for the name with the status beside it; large text has the status below.
+    readonly property real room: buttons.x - name.x - status.width - 2 * Look.Gap16
+    readonly property bool fits: header.room >= 96
+
+    implicitHeight: Math.max(name.implicitHeight + (header.fits ? 0 : status.height), cancel.implicitHeight) + 2 * Look.Gap12
 
     CategoryMenu {
         id: category
@@ -24,9 +28,9 @@ Item {
         id: name
 
         objectName: "name"
-        anchors.verticalCenter: parent.verticalCenter
         x: category.x + category.width + Look.Gap8
-        width: Math.min(text === "" ? implicitWidth : Math.max(48, contentWidth + leftPadding + rightPadding + 2), buttons.x - x - status.width - 2 * Look.Gap16)
+        y: (header.height - height - (header.fits ? 0 : status.height)) / 2
+        width: Math.min(text === "" ? implicitWidth : Math.max(48, contentWidth + leftPadding + rightPadding + 2), header.fits ? header.room : buttons.x - x - Look.Gap16)
         inPlace: true
         font: Look.fonts.hero(Look.Title)
         placeholderText: qsTr("Deck name")
@@ -55,8 +59,8 @@ Item {
         id: status
 
         objectName: "status"
-        anchors.verticalCenter: parent.verticalCenter
-        x: name.x + name.width + Look.Gap16
+        x: header.fits ? name.x + name.width + Look.Gap16 : name.x + name.leftPadding
+        y: header.fits ? (header.height - height) / 2 : name.y + name.height
         syncLabel: header.editor.syncLabel
         syncIsLive: header.editor.syncIsLive
         isUnsaved: header.editor.hasUnsavedChanges

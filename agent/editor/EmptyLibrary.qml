@@ -27,7 +27,8 @@ Column {
         text: empty.title
         font: Look.fonts.hero(Look.Title2, Look.Semibold)
         color: Look.text
-        elide: Text.ElideRight
+        wrapMode: Text.WordWrap
+        horizontalAlignment: Text.AlignHCenter
     }
     Text {
         anchors.horizontalCenter: parent.horizontalCenter

@@ -21,6 +21,7 @@ Item {
 
         x: Look.Gap24
         y: Look.Gap16
+        maximumWidth: parent.width - 2 * x
         editor: pane.editor
     }
 

@@ -10,8 +10,19 @@ Rectangle {
 
     required property DeckEditorModel editor
     readonly property var all: tabs.editor.libraryTabs
+    property real maximumWidth: Infinity
+    // What the tabs take in one line; where that is too much they share the width, in lines.
+    readonly property real naturalWidth: sumOf("implicitWidth", (a, b) => a + b)
+    readonly property bool isTight: tabs.naturalWidth + 2 * row.x > tabs.maximumWidth
+    readonly property real tabHeight: sumOf("implicitHeight", Math.max)
     readonly property int current: tabs.all.findIndex(tab => tab.id === tabs.editor.libraryTab)
 
+    function sumOf(size: string, add: var): real {
+        let sum = 0;
+        for (let i = 0; i < repeater.count; ++i)
+            sum = add(sum, repeater.itemAt(i)?.[size] ?? 0);
+        return sum;
+    }
     function choose(place: int): void {
         if (place >= 0 && place < tabs.all.length) {
             tabs.editor.libraryTab = tabs.all[place].id;
@@ -80,9 +91,11 @@ Rectangle {
                 checkable: false
                 focusPolicy: button.checked ? Qt.StrongFocus : Qt.ClickFocus
                 hoverEnabled: true
-                horizontalPadding: Look.Gap16
+                horizontalPadding: tabs.isTight ? Look.Gap4 : Look.Gap16
                 verticalPadding: 6
-                implicitWidth: implicitContentWidth + leftPadding + rightPadding
+                width: tabs.isTight ? Math.floor((tabs.maximumWidth - 2 * row.x) / repeater.count) : implicitWidth
+                height: tabs.tabHeight
+                implicitWidth: implicitContentWidth + 2 * Look.Gap16
                 implicitHeight: implicitContentHeight + topPadding + bottomPadding
 
                 Accessible.role: Accessible.PageTab
@@ -97,6 +110,7 @@ Rectangle {
                     text: button.text
                     font: Look.fonts.uiSized(14, Look.Semibold)
                     color: button.checked ? Look.text : Look.secondaryText
+                    wrapMode: Text.Wrap
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
                 }

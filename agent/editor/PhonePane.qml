@@ -68,7 +68,7 @@ Item {
                 font: Look.fonts.ui(Look.Footnote, Look.Semibold)
                 color: pane.editor.isFull ? Look.warningText : Look.secondaryText
                 Accessible.role: Accessible.StaticText
-                Accessible.name: qsTr("%1 of %2 keys").arg(pane.editor.tiles.count).arg(pane.editor.slotCount)
+                Accessible.name: qsTr("%1 of %n keys", "", pane.editor.slotCount).arg(pane.editor.tiles.count)
             }
 
             Row {
@@ -82,18 +82,19 @@ Item {
                 ToolButton {
                     symbolName: "arrow.counterclockwise"
                     text: qsTr("Undo")
-                    keys: "Ctrl+Z"
+                    keys: qsTr("Ctrl+Z")
                     enabled: pane.editor.canUndo
                     onClicked: pane.editor.undo()
                 }
                 ToolButton {
                     symbolName: "arrow.clockwise"
                     text: qsTr("Redo")
-                    keys: "Ctrl+Shift+Z"
+                    keys: qsTr("Ctrl+Shift+Z")
                     enabled: pane.editor.canRedo
                     onClicked: pane.editor.redo()
                 }
                 PillButton {
+                    width: Math.min(implicitWidth, pane.width - 2 * 32 - 2 * Look.Gap4 - Look.Gap16 - Look.Gap24)
                     text: qsTr("Reset to default")
                     font: Look.fonts.ui(Look.Footnote, Look.Medium)
                     enabled: !pane.editor.isSaving && !pane.editor.isLoading
@@ -114,7 +115,8 @@ Item {
         Text {
             x: Look.Gap16
             width: parent.width - 2 * x
-            text: qsTr("The phone preview is live —") + " <b>" + qsTr("Save to iPhone") + "</b> " + qsTr("pushes it over LAN instantly")
+            //: %1 is the button "Save to iPhone"
+            text: qsTr("The phone preview is live — %1 pushes it over LAN instantly").arg("<b>" + qsTr("Save to iPhone") + "</b>")
             textFormat: Text.StyledText
             font: Look.fonts.ui(pane.isLow ? Look.Caption2 : Look.Caption)
             color: Look.secondaryText

@@ -21,12 +21,20 @@ Item {
         spacing: Look.Gap8
 
         Item {
+            id: head
+
+            readonly property real beside: width - actions.width - Look.Gap12
+            // Large text takes two rows.
+            readonly property bool fits: beside >= 140
+
             width: parent.width
-            height: actions.height
+            height: fits ? Math.max(note.height, actions.height) : note.height + Look.Gap4 + actions.height
 
             Text {
-                anchors.verticalCenter: parent.verticalCenter
-                width: parent.width - actions.width - Look.Gap12
+                id: note
+
+                y: head.fits ? (head.height - height) / 2 : 0
+                width: head.fits ? head.beside : head.width
                 text: qsTr("The first run may ask for permission on your Mac.")
                 font: Look.fonts.ui(Look.Caption)
                 color: Look.secondaryText
@@ -37,6 +45,7 @@ Item {
                 id: actions
 
                 anchors.right: parent.right
+                y: head.fits ? (head.height - height) / 2 : note.height + Look.Gap4
                 spacing: Look.Gap8
 
                 PillButton {

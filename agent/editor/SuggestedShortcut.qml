@@ -62,7 +62,7 @@ Rectangle {
             text: suggested.shortcuts.suggestedTitle
             font: Look.fonts.ui(Look.Subheadline, Look.Semibold)
             color: Look.text
-            elide: Text.ElideRight
+            wrapMode: Text.WordWrap
         }
         Text {
             width: parent.width

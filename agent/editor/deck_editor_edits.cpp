@@ -4,6 +4,7 @@
 #include "agent/decks/deck_store_error.h"
 #include "agent/editor/deck_editor_model.h"
 #include "agent/editor/deck_edits.h"
+#include "agent/language/error_text.h"
 
 namespace glintboard {
 namespace {
@@ -13,7 +14,7 @@ QString duplicateText(const DeckTile& tile) {
   const auto code = tile.kind == DeckTileKind::app      ? Code::duplicateBundleId
                     : tile.kind == DeckTileKind::action ? Code::duplicateAction
                                                         : Code::duplicateShortcut;
-  return QString::fromUtf8(DeckStoreError(code, tile.derivedId()).what());
+  return errorText(DeckStoreError(code, tile.derivedId()));
 }
 
 std::optional<DeckTile> actionTile(const std::string& actionId) {

@@ -1,5 +1,6 @@
 #include "agent/editor/deck_editor_model.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 
@@ -15,6 +16,15 @@ constexpr std::array builtinActions = {BuiltinAction::volumeDown, BuiltinAction:
 
 QString text(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+// What decks and phones call in English, as the libraries show it.
+QString shownName(std::string_view name) {
+  [[maybe_unused]] constexpr std::array known = {
+      QT_TRANSLATE_NOOP("Deck", "Streaming"), QT_TRANSLATE_NOOP("Deck", "Gaming"),
+      QT_TRANSLATE_NOOP("Deck", "Vol \u2212"), QT_TRANSLATE_NOOP("Deck", "Vol +"),
+      QT_TRANSLATE_NOOP("Deck", "Mute")};
+  return QCoreApplication::translate("Deck", std::string(name).c_str());
 }
 
 }  // namespace
@@ -35,7 +45,7 @@ DeckEditorModel::DeckEditorModel(DeckEditorInputs inputs)
   std::vector<LibraryEntry> actions;
   for (const auto action : builtinActions) {
     actions.push_back({.payload = text(rawValue(action)),
-                       .label = text(label(action)),
+                       .label = shownName(label(action)),
                        .symbolName = text(symbolName(action))});
   }
   actionCards_.setEntries(std::move(actions));
@@ -110,7 +120,7 @@ QVariantList DeckEditorModel::categories() {
   QVariantList all;
   for (const auto category : DeckTemplates::categoryOrder) {
     all.append(QVariantMap{{QStringLiteral("id"), text(rawValue(category))},
-                           {QStringLiteral("name"), text(displayName(category))}});
+                           {QStringLiteral("name"), shownName(displayName(category))}});
   }
   return all;
 }

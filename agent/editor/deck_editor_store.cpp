@@ -1,6 +1,7 @@
 // How decks come to the editor and go from it.
 #include "agent/editor/deck_editor_model.h"
 #include "agent/editor/deck_edits.h"
+#include "agent/language/error_text.h"
 #include "platform/log.h"
 #include "platform/spawn.h"
 
@@ -63,7 +64,7 @@ Awaitable<> DeckEditorModel::runSave(Self self, Shown shown) {
                                                    shown.deck.tiles, self->inputs_.workspace);
     co_await std::move(saving);
   } catch (const std::exception& error) {
-    failure = QString::fromUtf8(error.what());
+    failure = errorText(error);
   }
   self->storeChanged();
   if (!failure.isNull()) {
@@ -108,7 +109,7 @@ Awaitable<> DeckEditorModel::runReset(Self self, DeckCategoryID category, int ge
     auto resetting = self->inputs_.deckStore.resetDeck(category, self->inputs_.workspace);
     deck = co_await std::move(resetting);
   } catch (const std::exception& error) {
-    failure = QString::fromUtf8(error.what());
+    failure = errorText(error);
   }
   self->isResetting_ = false;
   self->storeChanged();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "agent/editor/icon_accent.h"
+#include "agent/language/error_text.h"
 #include "platform/run_on.h"
 #include "platform/spawn.h"
 #include "protocol/deck_tile.h"
@@ -44,7 +45,7 @@ bool ShortcutsLibrary::showsSuggested() const {
 }
 
 QString ShortcutsLibrary::suggestedTitle() const {
-  return text(ShortcutsCatalog::heroRecipeDisplayName);
+  return tr(ShortcutsCatalog::heroRecipeDisplayName);
 }
 
 QString ShortcutsLibrary::suggestedText() const {
@@ -74,7 +75,7 @@ Awaitable<> ShortcutsLibrary::runLoad(Self self) {
   } catch (const std::exception& error) {
     self->isKnown_ = false;
     self->loadState_ = ShortcutsLoadState::failed;
-    self->loadMessage_ = QString::fromUtf8(error.what());
+    self->loadMessage_ = errorText(error);
     self->show({}, {});
   }
   self->isListing_ = false;
@@ -152,7 +153,7 @@ Awaitable<> ShortcutsLibrary::runOpen(Self self) {
       co_await std::move(opening);
     }
   } catch (const std::exception& error) {
-    Q_EMIT self->failedToOpen(QString::fromUtf8(error.what()));
+    Q_EMIT self->failedToOpen(errorText(error));
   }
 }
 

@@ -216,7 +216,7 @@ Column {
         x: -Look.Gap8
         width: parent.width + 2 * Look.Gap8
         symbolName: "power"
-        shortcutText: "Ctrl+Q"
+        shortcutText: qsTr("Ctrl+Q")
         text: qsTr("Quit")
         onClicked: items.menu.quit()
     }

@@ -15,6 +15,7 @@
 
 #include "agent/connection/single_instance_guard.h"
 #include "agent/editor/deck_editor_window_presenter.h"
+#include "agent/language/language.h"
 #include "agent/pairing/keychain_paired_device_store.h"
 #include "agent/shell/agent_arguments.h"
 #include "agent/shell/agent_view_model.h"
@@ -186,6 +187,7 @@ class Application {
         &*qt_, &QGuiApplication::saveStateRequest, &*qt_,
         [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },
         Qt::DirectConnection);
+    speakLanguageOfUser();
     holdFramePace();
   }
 

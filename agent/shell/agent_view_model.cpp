@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+#include "agent/language/error_text.h"
 #include "platform/log.h"
 #include "platform/spawn.h"
 #include "protocol/pairing_qr_payload.h"
@@ -109,7 +110,7 @@ void AgentViewModel::setListener(const ListenerState& listener) {
 }
 
 void AgentViewModel::setListenerError(const std::exception& error) {
-  set(listenerError_, QString::fromUtf8(error.what()), &AgentViewModel::listenerErrorChanged);
+  set(listenerError_, errorText(error), &AgentViewModel::listenerErrorChanged);
 }
 
 Awaitable<> AgentViewModel::startListener() {

@@ -5,9 +5,9 @@
 namespace glintboard::MenuContent {
 namespace {
 
-QString localized(const char* text) {
-  return QCoreApplication::translate("MenuBarView", text);
-}
+struct Text {
+  Q_DECLARE_TR_FUNCTIONS(MenuBarView)
+};
 
 }  // namespace
 
@@ -28,20 +28,24 @@ ConnectionStatus status(const AgentViewModel& viewModel) {
   return viewModel.listenerError().isNull() ? ConnectionStatus::starting : ConnectionStatus::failed;
 }
 
-QString statusText(const AgentViewModel& viewModel) {
-  switch (status(viewModel)) {
+QString statusText(ConnectionStatus status) {
+  switch (status) {
     case ConnectionStatus::connected:
-      return localized("iPhone connected");
+      return Text::tr("iPhone connected");
     case ConnectionStatus::ready:
-      return localized("Ready for iPhone");
+      return Text::tr("Ready for iPhone");
     case ConnectionStatus::waiting:
-      return localized("Waiting for iPhone");
+      return Text::tr("Waiting for iPhone");
     case ConnectionStatus::failed:
-      return localized("Connection failed");
+      return Text::tr("Connection failed");
     case ConnectionStatus::starting:
-      return localized("Starting\u2026");
+      return Text::tr("Starting\u2026");
   }
   return {};
+}
+
+QString statusText(const AgentViewModel& viewModel) {
+  return statusText(status(viewModel));
 }
 
 std::vector<MenuCommand> commands(const AgentViewModel& viewModel) {
@@ -62,24 +66,28 @@ std::vector<MenuCommand> commands(const AgentViewModel& viewModel) {
   return offered;
 }
 
-QString buttonText(MenuCommand command) {
+const char* englishButtonText(MenuCommand command) {
   switch (command) {
     case MenuCommand::dismissHint:
-      return localized("Dismiss");
+      return QT_TRANSLATE_NOOP("MenuBarView", "Dismiss");
     case MenuCommand::restartAgent:
-      return localized("Restart Agent");
+      return QT_TRANSLATE_NOOP("MenuBarView", "Restart Agent");
     case MenuCommand::editDeck:
-      return localized("Edit Deck");
+      return QT_TRANSLATE_NOOP("MenuBarView", "Edit Deck");
     case MenuCommand::showPairingCode:
-      return localized("Show Pairing Code\u2026");
+      return QT_TRANSLATE_NOOP("MenuBarView", "Show Pairing Code\u2026");
     case MenuCommand::hidePairingCode:
-      return localized("Hide Pairing Code");
+      return QT_TRANSLATE_NOOP("MenuBarView", "Hide Pairing Code");
     case MenuCommand::unpair:
-      return localized("Unpair iPhone");
+      return QT_TRANSLATE_NOOP("MenuBarView", "Unpair iPhone");
     case MenuCommand::quit:
-      return localized("Quit");
+      return QT_TRANSLATE_NOOP("MenuBarView", "Quit");
   }
-  return {};
+  return "";
+}
+
+QString buttonText(MenuCommand command) {
+  return Text::tr(englishButtonText(command));
 }
 
 }  // namespace glintboard::MenuContent

@@ -30,10 +30,13 @@ namespace MenuContent {
 
 PairingSection pairingSection(const AgentViewModel& viewModel);
 ConnectionStatus status(const AgentViewModel& viewModel);
+QString statusText(ConnectionStatus status);
 QString statusText(const AgentViewModel& viewModel);
 // The commands that are offered now.
 std::vector<MenuCommand> commands(const AgentViewModel& viewModel);
 QString buttonText(MenuCommand command);
+// As it stands in every language's list of texts.
+const char* englishButtonText(MenuCommand command);
 
 }  // namespace MenuContent
 }  // namespace glintboard

@@ -75,8 +75,11 @@ std::optional<MenuCommand> TextMenu::command(const AgentViewModel& viewModel, co
                                                    : std::nullopt;
   }
   for (const MenuCommand command : offered) {
-    if (MenuContent::buttonText(command).compare(line, Qt::CaseInsensitive) == 0) {
-      return command;
+    for (const QString& text : {MenuContent::buttonText(command),
+                                QString::fromUtf8(MenuContent::englishButtonText(command))}) {
+      if (text.compare(line, Qt::CaseInsensitive) == 0) {
+        return command;
+      }
     }
   }
   return std::nullopt;

@@ -11,7 +11,7 @@
 namespace glintboard {
 
 // Prints the menu whenever a field changes, and reads commands as lines: a button's number or its
-// text. Main thread.
+// text, in the user's language or in English. Main thread.
 class TextMenu : public QObject {
   Q_OBJECT
 

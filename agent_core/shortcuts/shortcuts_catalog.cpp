@@ -12,18 +12,22 @@ namespace {
 using Code = ShortcutsCatalogError::Code;
 constexpr std::chrono::seconds listTimeout(15);
 
-std::string description(Code code, std::int32_t exitCode, std::string_view stderrText) {
+UserError described(Code code, std::int32_t exitCode, std::string_view stderrText) {
   switch (code) {
     case Code::executableMissing:
-      return "The shortcuts CLI is not available on this Mac.";
+      return UserError(
+          QT_TRANSLATE_NOOP("UserError", "The shortcuts CLI is not available on this Mac."));
     case Code::parseFailed:
-      return "Could not parse the Shortcuts list.";
+      return UserError(QT_TRANSLATE_NOOP("UserError", "Could not parse the Shortcuts list."));
     case Code::listFailed:
       break;
   }
   const std::string_view detail = trimmed(stderrText);
-  return detail.empty() ? "Could not list Shortcuts (exit " + std::to_string(exitCode) + ")."
-                        : "Could not list Shortcuts: " + std::string(detail);
+  return detail.empty()
+             ? UserError(QT_TRANSLATE_NOOP("UserError", "Could not list Shortcuts (exit %1)."),
+                         {std::to_string(exitCode)})
+             : UserError(QT_TRANSLATE_NOOP("UserError", "Could not list Shortcuts: %1"),
+                         {std::string(detail)});
 }
 
 bool mentions(const QString& name, const char* word) {
@@ -34,7 +38,7 @@ bool mentions(const QString& name, const char* word) {
 
 ShortcutsCatalogError::ShortcutsCatalogError(Code givenCode, std::int32_t exitCode,
                                              std::string_view stderrText)
-    : std::runtime_error(description(givenCode, exitCode, stderrText)), code(givenCode) {}
+    : UserError(described(givenCode, exitCode, stderrText)), code(givenCode) {}
 
 Awaitable<std::vector<CatalogShortcut>> ShortcutsCatalog::list() const {
   if (!isExecutableFile(executable_)) {

@@ -1,13 +1,14 @@
 // The user's Shortcuts.
 #pragma once
 
+#include <QtGlobal>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/process_running.h"
+#include "platform/user_error.h"
 
 namespace glintboard {
 
@@ -17,7 +18,7 @@ struct CatalogShortcut {
   bool operator==(const CatalogShortcut&) const = default;
 };
 
-class ShortcutsCatalogError : public std::runtime_error {
+class ShortcutsCatalogError : public UserError {
  public:
   enum class Code { listFailed, executableMissing, parseFailed };
   // `exitCode` and `stderrText` belong to a failed listing.
@@ -32,7 +33,8 @@ class ShortcutsCatalog {
   static constexpr const char* defaultExecutable = "/usr/bin/shortcuts";
   // The suggested Shortcut: the name that it should have, and how the editor shows it.
   static constexpr std::string_view heroRecipePreferredName = "Glintboard \u2014 Voice in Cursor";
-  static constexpr std::string_view heroRecipeDisplayName = "Voice prompt in Cursor";
+  static constexpr const char* heroRecipeDisplayName =
+      QT_TRANSLATE_NOOP("glintboard::ShortcutsLibrary", "Voice prompt in Cursor");
   static constexpr std::string_view heroRecipeSymbolName = "mic.fill";
 
   // `runner` must outlive the catalog.

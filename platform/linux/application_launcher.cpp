@@ -3,19 +3,26 @@
 #include <gio/gdesktopappinfo.h>
 #include <signal.h>
 
+#include <QtGlobal>
 #include <algorithm>
-#include <stdexcept>
 
 #include "platform/descriptor_limit.h"
 #include "platform/linux/gio_call.h"
 #include "platform/linux/key_file.h"
+#include "platform/user_error.h"
 
 namespace glintboard {
 
 namespace {
 
-[[noreturn]] void fail(const DesktopEntry& entry, const std::string& reason) {
-  throw std::runtime_error(entry.name + " could not be started: " + reason);
+// In the pattern "%1" stands for the application, "%2" for the detail.
+[[noreturn]] void fail(const DesktopEntry& entry, const char* pattern,
+                       const std::string& detail = {}) {
+  throw UserError(pattern, {entry.name, detail});
+}
+
+[[noreturn]] void failFor(const std::string& reason, const DesktopEntry& entry) {
+  fail(entry, QT_TRANSLATE_NOOP("UserError", "%1 could not be started: %2"), reason);
 }
 
 std::string reasonOf(GError& error) {
@@ -103,7 +110,7 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, const LaunchToken& 
   g_desktop_app_info_launch_uris_as_manager(application, uris, context.get(), flags, leaveTheAgent,
                                             nullptr, keep, &started, leftIn(error));
   if (error) {
-    fail(entry, reasonOf(*error));
+    failFor(reasonOf(*error), entry);
   }
   return started;
 }
@@ -114,7 +121,8 @@ GObjectPointer<GDBusConnection> busFor(GioCalls& calls, const DesktopEntry& entr
   GLibPointer<GError> error;
   auto bus = connectToSessionBus(calls, error);
   if (error && g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
-    fail(entry, "the session bus does not answer");
+    fail(entry, QT_TRANSLATE_NOOP("UserError",
+                                  "%1 could not be started: the session bus does not answer"));
   }
   return bus;
 }
@@ -135,7 +143,7 @@ GVariant* platformData(const LaunchToken& token) {
 void require(const DesktopEntry& entry, GError* error) {
   // An application that takes longer has been asked all the same.
   if (error != nullptr && !g_error_matches(error, G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
-    fail(entry, reasonOf(*error));
+    failFor(reasonOf(*error), entry);
   }
 }
 
@@ -194,9 +202,13 @@ std::optional<pid_t> launchApplication(const DesktopEntry& entry,
       g_desktop_app_info_new_from_filename(entry.path.c_str()));
   if (!application) {
     if (!entry.command.empty() && findProgram(entry.command.front()).empty()) {
-      fail(entry, "the program \"" + entry.command.front() + "\" is not installed");
+      fail(entry,
+           QT_TRANSLATE_NOOP("UserError",
+                             "%1 could not be started: the program \"%2\" is not installed"),
+           entry.command.front());
     }
-    fail(entry, "its desktop entry cannot be used");
+    fail(entry, QT_TRANSLATE_NOOP("UserError",
+                                  "%1 could not be started: its desktop entry cannot be used"));
   }
   GioCalls calls(std::chrono::seconds(10));
   const auto bus = busFor(calls, entry);
@@ -217,7 +229,11 @@ std::optional<pid_t> launchApplicationAction(const DesktopEntry& entry, const st
   }
   const auto application = applicationForAction(entry, action);
   if (!application) {
-    fail(entry, "its action \"" + action + "\" names no program that is installed");
+    fail(entry,
+         QT_TRANSLATE_NOOP(
+             "UserError",
+             "%1 could not be started: its action \"%2\" names no program that is installed"),
+         action);
   }
   return startProgram(entry, {}, application.get(), nullptr);
 }

@@ -15,8 +15,8 @@ namespace glintboard {
 // entry asks for that, else as a program in a session of its own, which outlives this process, is
 // no child of it and has none of its descriptors, output or signal settings. `token` lets its first
 // window have the focus. Returns the program's process id, or none when a service on the bus
-// started the application. Throws std::runtime_error with a text for the user when it cannot be
-// started. Blocks, at most about ten seconds: call it on a worker.
+// started the application. Throws UserError when it cannot be started. Blocks, at most about ten
+// seconds: call it on a worker.
 std::optional<pid_t> launchApplication(const DesktopEntry& entry,
                                        const std::vector<std::string>& uris = {},
                                        const LaunchToken& token = {});

@@ -1,8 +1,8 @@
 #include "platform/linux/linux_applications.h"
 
+#include <QtGlobal>
 #include <algorithm>
 #include <cstdlib>
-#include <stdexcept>
 
 #include "platform/linux/application_icons.h"
 #include "platform/linux/application_index.h"
@@ -12,6 +12,7 @@
 #include "platform/linux/wayland_windows.h"
 #include "platform/linux/x11_windows.h"
 #include "platform/run_on.h"
+#include "platform/user_error.h"
 
 namespace glintboard {
 
@@ -97,7 +98,7 @@ Awaitable<bool> open(std::shared_ptr<Parts> parts, ApplicationLocation applicati
   const auto installed = parts->index->current();
   const auto* entry = installed->atPath(application.path);
   if (entry == nullptr) {
-    throw std::runtime_error("The application is no longer installed");
+    throw UserError(QT_TRANSLATE_NOOP("UserError", "The application is no longer installed"));
   }
   auto asking = onService(parts->service, launchToken(parts));
   const auto token = co_await std::move(asking);

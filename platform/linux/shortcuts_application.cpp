@@ -2,11 +2,12 @@
 
 #include <gio/gdesktopappinfo.h>
 
-#include <stdexcept>
+#include <QtGlobal>
 
 #include "platform/linux/application_launcher.h"
 #include "platform/linux/glib_pointers.h"
 #include "platform/run_on.h"
+#include "platform/user_error.h"
 
 namespace glintboard {
 
@@ -23,7 +24,7 @@ DesktopEntry fileManager() {
           : readDesktopEntry(
                 file, std::filesystem::path(g_app_info_get_id(handler.get())).stem().string());
   if (!entry) {
-    throw std::runtime_error("There is no application that opens folders");
+    throw UserError(QT_TRANSLATE_NOOP("UserError", "There is no application that opens folders"));
   }
   return std::move(*entry);
 }

@@ -5,11 +5,13 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
+#include <QtGlobal>
 #include <cerrno>
 #include <system_error>
 
 #include "platform/descriptor_limit.h"
 #include "platform/linux/pidfd.h"
+#include "platform/user_error.h"
 
 namespace glintboard {
 namespace {
@@ -17,7 +19,8 @@ namespace {
 // Throws unless `code`, a result of the posix_spawn family or an errno, is 0.
 void check(int code, const std::string& executable) {
   if (code != 0) {
-    throw std::system_error(code, std::generic_category(), "Could not start " + executable);
+    throw UserError(QT_TRANSLATE_NOOP("UserError", "Could not start %1: %2"),
+                    {executable, std::generic_category().message(code)});
   }
 }
 

@@ -18,7 +18,7 @@ struct SpawnedProcess {
   FileDescriptor errorPipe;
 };
 
-// Starts `executable` (a path) in a process group of its own. Throws std::system_error; no process
+// Starts `executable` (a path) in a process group of its own. Throws UserError; no process
 // is left then.
 SpawnedProcess spawnProcess(const std::string& executable,
                             const std::vector<std::string>& arguments);

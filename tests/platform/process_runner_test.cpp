@@ -11,6 +11,7 @@
 #include "platform/executors.h"
 #include "platform/linux/foundation_process_runner.h"
 #include "platform/linux/locked_data.h"
+#include "platform/user_error.h"
 #include "tests/support/await.h"
 #include "tests/support/child_process.h"
 #include "tests/support/temporary_folder.h"
@@ -129,7 +130,7 @@ TEST_F(ProcessRunner, SaysWhyAProgramCannotStart) {
     try {
       test::await(executors_.service(), runner_.run(program, {}, 1s));
       ADD_FAILURE() << program << " has run";
-    } catch (const std::system_error& error) {
+    } catch (const UserError& error) {
       EXPECT_THAT(error.what(), testing::HasSubstr(program + ": "));
     }
   }

@@ -142,6 +142,19 @@ void showTab(EditorStage& stage, const char* tab) {
   stage.presenter->model()->setLibraryTab(QString::fromLatin1(tab));
 }
 
+// What the user has named; a letter stands for an icon.
+QStringList ownTexts() {
+  QStringList own{"Brew tea",     "Tidy the desk",
+                  "Good morning", "Lights off",
+                  "On Air",       "Everything",
+                  "Game Night",   "Vol \u2212",
+                  "Vol +",        "Glintboard \u2014 Voice in Cursor"};
+  for (const auto& sample : samples) {
+    own += {QString::fromLatin1(sample.name), QString(QLatin1Char(*sample.name))};
+  }
+  return own;
+}
+
 using Step = std::function<void(EditorStage&)>;
 
 void nothing(EditorStage& /*stage*/) {}
@@ -161,6 +174,7 @@ std::function<QImage(const Appearance&)> drawn(Step prepare, Step act = nothing,
     EditorStage::turnFor(300);
     act(stage);
     EditorStage::turnFor(600);
+    checkTexts(*window, ownTexts());
     return window->grabWindow();
   };
 }
@@ -243,6 +257,10 @@ std::vector<Scene> editorScenes() {
       {"editor-reduced-motion", 1, still, drawn(usual, drag)},
       {"editor-large-text", 1, large, drawn(usual)},
       {"editor-200", 2, light, drawn(usual)},
+      {"editor-large-narrow", 1, large, drawn(almostEmpty, addShortcut, narrow)},
+      {"editor-large-failed", 1, large, drawn(failing, showShortcuts)},
+      {"editor-german", 1, light, drawn(usual), "de"},
+      {"editor-japanese", 1, dark, drawn(usual), "ja"},
   };
 }
 

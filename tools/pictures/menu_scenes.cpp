@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QPainter>
 #include <QTest>
 
@@ -31,6 +32,7 @@ QImage drawMenu(const MenuState& state, const Appearance& appearance) {
     return {};
   }
   QTest::qWait(settling);
+  checkTexts(view, {"482", "913", "Ann's iPhone"});
   const QImage popover = view.grabWindow();
   const int frame = qRound(desktopFrame * popover.devicePixelRatio());
   QImage picture(popover.size() + QSize(2 * frame, 2 * frame), QImage::Format_RGB32);
@@ -40,8 +42,13 @@ QImage drawMenu(const MenuState& state, const Appearance& appearance) {
   return picture;
 }
 
-std::function<QImage(const Appearance&)> menu(const MenuState& state) {
-  return [state](const Appearance& appearance) { return drawMenu(state, appearance); };
+// The state is made when it is drawn, in the language of that time.
+std::function<QImage(const Appearance&)> menu(MenuState (*state)()) {
+  return [state](const Appearance& appearance) { return drawMenu(state(), appearance); };
+}
+
+QString translated(const char* text) {
+  return QCoreApplication::translate("ListenerService", text);
 }
 
 MenuState unpaired() {
@@ -50,7 +57,7 @@ MenuState unpaired() {
   state.pairingQRString = QString::fromStdString(address.encodedURL().value_or(""));
   state.currentPIN = QStringLiteral("482913");
   state.status = ConnectionStatus::ready;
-  state.statusText = QStringLiteral("Ready for iPhone");
+  state.statusText = MenuContent::statusText(state.status);
   return state;
 }
 
@@ -60,7 +67,7 @@ MenuState paired() {
   state.isPaired = true;
   state.pairingStatusText = QStringLiteral("Ann's iPhone");
   state.status = ConnectionStatus::connected;
-  state.statusText = QStringLiteral("iPhone connected");
+  state.statusText = MenuContent::statusText(state.status);
   return state;
 }
 
@@ -74,22 +81,22 @@ MenuState showingCode() {
 MenuState locked() {
   MenuState state = unpaired();
   state.section = PairingSection::lockedOut;
-  state.pairingStatusText = QStringLiteral("Pairing locked \u2014 too many failed attempts");
+  state.pairingStatusText = AgentViewModel::tr("Pairing locked \u2014 too many failed attempts");
   return state;
 }
 
 MenuState failed() {
   MenuState state = paired();
   state.status = ConnectionStatus::failed;
-  state.statusText = QStringLiteral("Connection failed");
+  state.statusText = MenuContent::statusText(state.status);
   state.listenerError =
-      QStringLiteral("Port 9847 is already in use. Quit the other Glintboard Agent first.");
+      translated("Port %1 is already in use. Quit the other Glintboard Agent first.").arg(9847);
   return state;
 }
 
 MenuState withHint() {
   MenuState state = paired();
-  state.hint = QStringLiteral(
+  state.hint = translated(
       "Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Security \u2192 "
       "Automation), then try again.");
   return state;
@@ -99,22 +106,26 @@ MenuState withHint() {
 
 std::vector<Scene> menuScenes() {
   return {
-      {"menu-unpaired-light", 1, light, menu(unpaired())},
-      {"menu-unpaired-dark", 1, dark, menu(unpaired())},
-      {"menu-paired-light", 1, light, menu(paired())},
-      {"menu-paired-dark", 1, dark, menu(paired())},
-      {"menu-showing-code", 1, dark, menu(showingCode())},
-      {"menu-locked-light", 1, light, menu(locked())},
-      {"menu-locked-dark", 1, dark, menu(locked())},
-      {"menu-failed-light", 1, light, menu(failed())},
-      {"menu-failed-dark", 1, dark, menu(failed())},
-      {"menu-hint-light", 1, light, menu(withHint())},
-      {"menu-hint-dark", 1, dark, menu(withHint())},
-      {"menu-contrast-light", 1, lightContrast, menu(unpaired())},
-      {"menu-contrast-dark", 1, darkContrast, menu(withHint())},
-      {"menu-unpaired-dark@2x", 2, dark, menu(unpaired())},
-      {"menu-unpaired-light@1.25x", 1.25, light, menu(unpaired())},
-      {"menu-large-text", 1, largeText, menu(unpaired())},
+      {"menu-unpaired-light", 1, light, menu(unpaired)},
+      {"menu-unpaired-dark", 1, dark, menu(unpaired)},
+      {"menu-paired-light", 1, light, menu(paired)},
+      {"menu-paired-dark", 1, dark, menu(paired)},
+      {"menu-showing-code", 1, dark, menu(showingCode)},
+      {"menu-locked-light", 1, light, menu(locked)},
+      {"menu-locked-dark", 1, dark, menu(locked)},
+      {"menu-failed-light", 1, light, menu(failed)},
+      {"menu-failed-dark", 1, dark, menu(failed)},
+      {"menu-hint-light", 1, light, menu(withHint)},
+      {"menu-hint-dark", 1, dark, menu(withHint)},
+      {"menu-contrast-light", 1, lightContrast, menu(unpaired)},
+      {"menu-contrast-dark", 1, darkContrast, menu(withHint)},
+      {"menu-unpaired-dark@2x", 2, dark, menu(unpaired)},
+      {"menu-unpaired-light@1.25x", 1.25, light, menu(unpaired)},
+      {"menu-large-text", 1, largeText, menu(unpaired)},
+      {"menu-large-failed", 1, largeText, menu(failed)},
+      {"menu-large-hint", 1, largeText, menu(withHint)},
+      {"menu-german", 1, dark, menu(unpaired), "de"},
+      {"menu-japanese", 1, light, menu(unpaired), "ja"},
   };
 }
 

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <QImage>
+#include <QStringList>
 #include <functional>
 #include <vector>
 
 #include "ui/design/appearance.h"
+
+class QQuickWindow;
 
 namespace glintboard {
 
@@ -15,7 +18,13 @@ struct Scene {
   double scale = 1;
   Appearance appearance;
   std::function<QImage(const Appearance&)> draw;
+  const char* language = nullptr;  // instead of the one that the pictures are drawn in
 };
+
+// To be called by a scene when its window stands: in the pseudo-language each text that is cut,
+// lies on another or is not translated is reported, and counts against the pictures. `own` are the
+// user's texts.
+void checkTexts(QQuickWindow& window, const QStringList& own);
 
 // The menu in its states.
 std::vector<Scene> menuScenes();

@@ -1,7 +1,7 @@
 import QtQuick
 import Glintboard.UI
 
-// What a MenuRowButton says: a symbol, a text that gives way, and its keys at the end.
+// What a MenuRowButton says: a symbol, a text that may take several lines, and its keys at the end.
 Item {
     id: label
 
@@ -31,7 +31,7 @@ Item {
         width: parent.width - x - (keys.visible ? keys.width + Look.Gap8 : 0)
         anchors.verticalCenter: parent.verticalCenter
         color: label.color
-        elide: Text.ElideRight
+        wrapMode: Text.Wrap
         textFormat: Text.PlainText
     }
 

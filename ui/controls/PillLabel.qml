@@ -11,8 +11,10 @@ Item {
     property string symbolName: ""
     property bool busy: false
 
-    implicitWidth: row.implicitWidth
-    implicitHeight: row.implicitHeight
+    readonly property real before: symbol.visible ? symbol.width + row.spacing : 0
+
+    implicitWidth: label.before + Math.ceil(title.implicitWidth)
+    implicitHeight: title.implicitHeight
 
     Row {
         id: row
@@ -22,6 +24,8 @@ Item {
         opacity: label.busy ? 0 : 1
 
         Symbol {
+            id: symbol
+
             anchors.verticalCenter: parent.verticalCenter
             visible: label.symbolName !== ""
             name: label.symbolName
@@ -33,7 +37,10 @@ Item {
             id: title
 
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(Math.ceil(implicitWidth), label.width - label.before)
             color: label.color
+            wrapMode: Text.WordWrap
+            horizontalAlignment: Text.AlignHCenter
             textFormat: Text.PlainText
         }
     }

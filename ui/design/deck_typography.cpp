@@ -75,7 +75,7 @@ QString withoutSpaces(QString text) {
 }  // namespace
 
 QString teachingCaption() {
-  return QStringLiteral("Tap a key — the Mac opens it.");
+  return QCoreApplication::translate("DeckTypography", "Tap a key \u2014 the Mac opens it.");
 }
 
 QString rawValue(Family family) {

@@ -1,0 +1,14 @@
+// What a view says of an error.
+#pragma once
+
+#include <QString>
+#include <boost/system/error_code.hpp>
+#include <exception>
+
+namespace glintboard {
+
+// The error's text in the user's language. Any thread.
+QString errorText(const std::exception& error);
+QString errorText(const boost::system::error_code& error);
+
+}  // namespace glintboard

@@ -1,0 +1,149 @@
+#include "tools/pictures/pseudo_language.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+
+namespace glintboard {
+namespace {
+
+constexpr QChar opening(0x27E6);
+constexpr QChar closing(0x27E7);
+
+QString accented(const QString& english) {
+  static const QString plain = QStringLiteral("AEIOUaeioucnsyz");
+  static const QString accents = QString::fromUtf8("ÅÉÎÖÜåéîöüçñšýž");
+  QString text;
+  for (qsizetype at = 0; at < english.size(); ++at) {
+    const QChar letter = english[at];
+    // Places and their numbers stay as they are.
+    if (letter == QLatin1Char('%') && at + 1 < english.size()) {
+      text += english.mid(at++, 2);
+      continue;
+    }
+    const auto place = plain.indexOf(letter);
+    text += place < 0 ? letter : accents[place];
+    if (QStringLiteral("aeiou").contains(letter)) {
+      text += text.back();
+    }
+  }
+  while (text.size() * 5 < english.size() * 7) {
+    text += QLatin1Char('~');
+  }
+  return text;
+}
+
+struct ShownText {
+  QString text;
+  QRectF place;  // what is drawn, in the window
+  QQuickItem* item;
+};
+
+QRectF placeOf(const QQuickItem& item) {
+  return item.mapRectToScene({0, 0, item.width(), item.height()});
+}
+
+// What the lines cover, at the alignment that they have.
+QRectF drawn(const QQuickItem& item) {
+  const double width = item.property("contentWidth").toDouble();
+  const double height = item.property("contentHeight").toDouble();
+  const int across = item.property("effectiveHorizontalAlignment").toInt();
+  const int down = item.property("verticalAlignment").toInt();
+  const double left = item.property("leftPadding").toDouble();
+  const double top = item.property("topPadding").toDouble();
+  const double room = item.width() - left - item.property("rightPadding").toDouble();
+  const double x = (across & Qt::AlignHCenter) != 0 ? (room - width) / 2
+                   : (across & Qt::AlignRight) != 0 ? room - width
+                                                    : 0;
+  const double y = (down & Qt::AlignVCenter) != 0  ? (item.height() - height) / 2
+                   : (down & Qt::AlignBottom) != 0 ? item.height() - height
+                                                   : 0;
+  return item.mapRectToScene({left + x, top + y, width, height});
+}
+
+void collect(QQuickItem& root, QList<ShownText>& texts) {
+  for (auto* child : root.childItems()) {
+    if (!child->isVisible() || child->opacity() == 0) {
+      continue;
+    }
+    const QString text = child->property("text").toString();
+    if (child->inherits("QQuickText") && !text.isEmpty()) {
+      texts.append({text, drawn(*child), child});
+    }
+    collect(*child, texts);
+  }
+}
+
+// Everything in front of the window's own content: tips, menus, what is dragged.
+bool isAbove(const QQuickItem* item) {
+  for (; item != nullptr; item = item->parentItem()) {
+    if (item->z() > 0 || item->inherits("QQuickPopupItem")) {
+      return true;
+    }
+  }
+  return false;
+}
+
+QString fault(const ShownText& shown, const QQuickWindow& window) {
+  constexpr QMarginsF tolerance(1, 1, 1, 1);
+  if (shown.item->property("truncated").toBool()) {
+    return QStringLiteral("is cut short");
+  }
+  if (!(placeOf(*shown.item) + tolerance).contains(shown.place)) {
+    return QStringLiteral("is larger than its place");
+  }
+  if (!(QRectF({0, 0}, window.size()) + tolerance).contains(shown.place)) {
+    return QStringLiteral("reaches out of the window");
+  }
+  for (const auto* item = shown.item->parentItem(); item != nullptr; item = item->parentItem()) {
+    const QRectF room = placeOf(*item) + tolerance;
+    if (item->inherits("QQuickControl") &&
+        (room.left() > shown.place.left() || room.right() < shown.place.right() ||
+         room.height() < shown.place.height())) {
+      return QStringLiteral("reaches out of its control");
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+PseudoLanguage::PseudoLanguage() {
+  const bool loaded = load(QStringLiteral(":/translations/glintboard_de.qm"));
+  Q_ASSERT(loaded);
+}
+
+QString PseudoLanguage::translate(const char* context, const char* source,
+                                  const char* disambiguation, int count) const {
+  const bool isKnown = !QTranslator::translate(context, source, disambiguation, count).isNull();
+  return isKnown ? opening + accented(QString::fromUtf8(source)) + closing : QString();
+}
+
+int faultyTexts(QQuickWindow& window, const QStringList& own) {
+  QList<ShownText> texts;
+  collect(*window.contentItem(), texts);
+  int faults = 0;
+  const auto report = [&](const QString& text, const QString& what) {
+    ++faults;
+    qWarning().noquote() << '"' + text + '"' << what;
+  };
+  for (const auto& shown : texts) {
+    if (own.contains(shown.text)) {
+      continue;
+    }
+    if (!shown.text.contains(opening)) {
+      report(shown.text, QStringLiteral("is not translated"));
+    }
+    if (const QString what = fault(shown, window); !what.isEmpty()) {
+      report(shown.text, what);
+    }
+    for (const auto& other : texts) {
+      if (other.item != shown.item && !isAbove(other.item) && !isAbove(shown.item) &&
+          other.place.intersects(shown.place - QMarginsF(1, 1, 1, 1))) {
+        report(shown.text, "lies on \"" + other.text + '"');
+      }
+    }
+  }
+  return faults;
+}
+
+}  // namespace glintboard
