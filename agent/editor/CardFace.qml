@@ -127,15 +127,17 @@ Rectangle {
 
         x: Look.Gap12
         width: parent.width - 2 * Look.Gap12
+        // Two lines of it, since it is no name of the user's.
+        height: 22 * Math.min(1.4, Look.textScale)
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Look.Gap8
         visible: face.subtitle !== ""
         text: face.subtitle
         font: Look.fonts.ui(Look.Caption2)
         color: Look.secondaryText
-        fontSizeMode: Text.HorizontalFit
+        fontSizeMode: Text.Fit
         minimumPixelSize: 8
-        elide: Text.ElideRight
+        wrapMode: Text.WordWrap
         textFormat: Text.PlainText
     }
 }

@@ -22,7 +22,7 @@ GlassDeckTileView {
     Rectangle {
         anchors.horizontalCenter: parent.horizontalCenter
         y: key.faceSize - height - key.faceSize * 0.05
-        width: Math.min(missing.implicitWidth + 8, key.faceSize - 4)
+        width: missing.width + 8
         height: missing.implicitHeight + 2
         radius: height / 2
         visible: key.isMissingShortcut
@@ -32,7 +32,8 @@ GlassDeckTileView {
             id: missing
 
             anchors.centerIn: parent
-            width: Math.min(implicitWidth, key.faceSize - 8)
+            // It may be wider than the face, as the label is.
+            width: Math.min(implicitWidth, Math.max(key.width, key.faceSize) - 8)
             text: qsTr("Missing")
             font: Look.fonts.uiSized(Math.max(8, Math.min(11, key.faceSize * 0.17)), Look.Bold, false)
             fontSizeMode: Text.HorizontalFit

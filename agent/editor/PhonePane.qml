@@ -104,23 +104,31 @@ Item {
             }
         }
 
-        Text {
+        Column {
+            id: notes
+
             x: Look.Gap16
             width: parent.width - 2 * x
-            text: qsTr("Drag a card onto the iPhone, or click a card to add it.")
-            font: Look.fonts.ui(pane.isLow ? Look.Caption2 : Look.Caption)
-            color: Look.secondaryText
-            wrapMode: Text.WordWrap
-        }
-        Text {
-            x: Look.Gap16
-            width: parent.width - 2 * x
-            //: %1 is the button "Save to iPhone"
-            text: qsTr("The phone preview is live — %1 pushes it over LAN instantly").arg("<b>" + qsTr("Save to iPhone") + "</b>")
-            textFormat: Text.StyledText
-            font: Look.fonts.ui(pane.isLow ? Look.Caption2 : Look.Caption)
-            color: Look.secondaryText
-            wrapMode: Text.WordWrap
+            spacing: Look.Gap4
+            // The phone needs its room more than they do.
+            visible: pane.height - commands.height - notes.implicitHeight >= 360
+
+            Text {
+                width: parent.width
+                text: qsTr("Drag a card onto the iPhone, or click a card to add it.")
+                font: Look.fonts.ui(pane.isLow ? Look.Caption2 : Look.Caption)
+                color: Look.secondaryText
+                wrapMode: Text.WordWrap
+            }
+            Text {
+                width: parent.width
+                //: %1 is the button "Save to iPhone"
+                text: qsTr("The phone preview is live — %1 pushes it over LAN instantly").arg("<b>" + qsTr("Save to iPhone") + "</b>")
+                textFormat: Text.StyledText
+                font: Look.fonts.ui(pane.isLow ? Look.Caption2 : Look.Caption)
+                color: Look.secondaryText
+                wrapMode: Text.WordWrap
+            }
         }
         Text {
             x: Look.Gap16

@@ -27,7 +27,7 @@ QString accented(const QString& english) {
     }
   }
   while (text.size() * 5 < english.size() * 7) {
-    text += QLatin1Char('~');
+    text += QLatin1String(text.size() % 8 == 7 ? " " : "~");
   }
   return text;
 }
@@ -83,6 +83,13 @@ bool isAbove(const QQuickItem* item) {
   return false;
 }
 
+bool scrolls(const QQuickItem* item) {
+  while (item != nullptr && !item->inherits("QQuickFlickable")) {
+    item = item->parentItem();
+  }
+  return item != nullptr;
+}
+
 QString fault(const ShownText& shown, const QQuickWindow& window) {
   constexpr QMarginsF tolerance(1, 1, 1, 1);
   if (shown.item->property("truncated").toBool()) {
@@ -91,7 +98,8 @@ QString fault(const ShownText& shown, const QQuickWindow& window) {
   if (!(placeOf(*shown.item) + tolerance).contains(shown.place)) {
     return QStringLiteral("is larger than its place");
   }
-  if (!(QRectF({0, 0}, window.size()) + tolerance).contains(shown.place)) {
+  const QRectF whole({0, 0}, window.size());
+  if (!scrolls(shown.item) && !(whole + tolerance).contains(shown.place)) {
     return QStringLiteral("reaches out of the window");
   }
   for (const auto* item = shown.item->parentItem(); item != nullptr; item = item->parentItem()) {

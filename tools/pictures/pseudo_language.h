@@ -3,6 +3,8 @@
 
 #include <QTranslator>
 
+class QQuickWindow;
+
 namespace glintboard {
 
 // Says every text that is known to translators in English letters with accents, two fifths longer
@@ -16,6 +18,6 @@ class PseudoLanguage : public QTranslator {
 
 // Reports on the error output every text of the window that is cut, lies on another or does not
 // speak the pseudo-language, and returns how many there are. `own` are the user's texts.
-int faultyTexts(class QQuickWindow& window, const QStringList& own);
+int faultyTexts(QQuickWindow& window, const QStringList& own);
 
 }  // namespace glintboard
