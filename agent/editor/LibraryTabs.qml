@@ -12,16 +12,17 @@ Rectangle {
     readonly property var all: tabs.editor.libraryTabs
     property real maximumWidth: Infinity
     // What the tabs take in one line; where that is too much they share the width, in lines.
-    readonly property real naturalWidth: sumOf("implicitWidth", (a, b) => a + b)
+    readonly property real naturalWidth: tabs.folded("naturalWidth", (a, b) => a + b)
     readonly property bool isTight: tabs.naturalWidth + 2 * row.x > tabs.maximumWidth
-    readonly property real tabHeight: sumOf("implicitHeight", Math.max)
+    readonly property real tabHeight: tabs.folded("implicitHeight", Math.max)
     readonly property int current: tabs.all.findIndex(tab => tab.id === tabs.editor.libraryTab)
 
-    function sumOf(size: string, add: var): real {
-        let sum = 0;
+    // Of the tabs' sizes in that direction, the sum or the largest.
+    function folded(size: string, fold: var): real {
+        let result = 0;
         for (let i = 0; i < repeater.count; ++i)
-            sum = add(sum, repeater.itemAt(i)?.[size] ?? 0);
-        return sum;
+            result = fold(result, repeater.itemAt(i)?.[size] ?? 0);
+        return result;
     }
     function choose(place: int): void {
         if (place >= 0 && place < tabs.all.length) {
@@ -85,6 +86,8 @@ Rectangle {
                 required property var modelData
                 required property int index
 
+                readonly property real naturalWidth: Math.ceil(metrics.advanceWidth) + 2 * Look.Gap16
+
                 objectName: "tab-" + button.modelData.id
                 text: button.modelData.title
                 checked: tabs.current === button.index
@@ -93,10 +96,16 @@ Rectangle {
                 hoverEnabled: true
                 horizontalPadding: tabs.isTight ? Look.Gap4 : Look.Gap16
                 verticalPadding: 6
-                width: tabs.isTight ? Math.floor((tabs.maximumWidth - 2 * row.x) / repeater.count) : implicitWidth
+                width: tabs.isTight ? Math.floor((tabs.maximumWidth - 2 * row.x) / repeater.count) : button.naturalWidth
                 height: tabs.tabHeight
-                implicitWidth: implicitContentWidth + 2 * Look.Gap16
                 implicitHeight: implicitContentHeight + topPadding + bottomPadding
+
+                TextMetrics {
+                    id: metrics
+
+                    text: button.text
+                    font: Look.fonts.uiSized(14, Look.Semibold)
+                }
 
                 Accessible.role: Accessible.PageTab
                 Accessible.name: button.text

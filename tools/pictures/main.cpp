@@ -1,7 +1,8 @@
-// Draws the documents' pictures: glintboard-pictures FOLDER [LANGUAGE [SCALE]].
+// Draws the documents' pictures: glintboard-pictures FOLDER [LANGUAGE].
 #include <QGuiApplication>
 #include <QProcess>
 #include <algorithm>
+#include <memory>
 #include <set>
 
 #include "agent/language/language.h"
@@ -42,27 +43,40 @@ bool draw(const Scene& scene, const QString& folder, const QString& language) {
   return saved;
 }
 
-bool drawAll(const QString& folder, const QString& language, double scale) {
+// Most of the time passes in waiting for animations to end: several processes share the scenes.
+constexpr std::size_t shares = 4;
+
+bool drawShare(const QString& folder, const QString& language, double scale, std::size_t share) {
+  const auto scenes = allScenes();
   bool good = true;
-  for (const Scene& scene : allScenes()) {
-    if (scene.scale == scale) {
-      good = draw(scene, folder, language) && good;
+  for (std::size_t place = share; place < scenes.size(); place += shares) {
+    if (scenes[place].scale == scale) {
+      good = draw(scenes[place], folder, language) && good;
     }
   }
   return good && faults == 0;
 }
 
-// A process has one scale factor: each gets a process.
-bool drawAtEveryScale(const QString& program, const QString& folder, const QString& language) {
+// A process has one scale factor.
+bool drawAll(const QString& program, const QString& folder, const QString& language) {
   std::set<double> scales;
   for (const Scene& scene : allScenes()) {
     scales.insert(scene.scale);
   }
-  bool good = true;
+  std::vector<std::unique_ptr<QProcess>> processes;
   for (const double scale : scales) {
-    good = QProcess::execute(program, {folder, language, QString::number(scale)}) == 0 && good;
+    for (std::size_t share = 0; share < shares; ++share) {
+      auto& process = *processes.emplace_back(std::make_unique<QProcess>());
+      process.setProcessChannelMode(QProcess::ForwardedChannels);
+      process.start(program, {folder, language, QString::number(scale), QString::number(share)});
+    }
   }
-  return good;
+  // Each is waited for, so that all faults are told of.
+  return std::ranges::count_if(processes, [](const auto& process) {
+           process->waitForFinished(-1);
+           return process->error() == QProcess::FailedToStart ||
+                  process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0;
+         }) == 0;
 }
 
 }  // namespace
@@ -77,17 +91,18 @@ void checkTexts(QQuickWindow& window, const QStringList& own) {
 
 int main(int argc, char** argv) {
   if (argc < 2) {
-    qWarning("usage: glintboard-pictures FOLDER [LANGUAGE [SCALE]]");
+    qWarning("usage: glintboard-pictures FOLDER [LANGUAGE]");
     return 2;
   }
   const QString language = QString::fromLocal8Bit(argc < 3 ? "en" : argv[2]);
-  if (argc < 4) {
+  if (argc < 5) {
     const QCoreApplication application(argc, argv);
-    return glintboard::drawAtEveryScale(argv[0], argv[1], language) ? 0 : 1;
+    return glintboard::drawAll(argv[0], argv[1], language) ? 0 : 1;
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_QUICK_BACKEND", "software");
   qputenv("QT_SCALE_FACTOR", argv[3]);
   const QGuiApplication application(argc, argv);
-  return glintboard::drawAll(argv[1], language, QByteArray(argv[3]).toDouble()) ? 0 : 1;
+  const double scale = QByteArray(argv[3]).toDouble();
+  return glintboard::drawShare(argv[1], language, scale, QByteArray(argv[4]).toUInt()) ? 0 : 1;
 }
