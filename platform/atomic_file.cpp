@@ -35,7 +35,9 @@ void writeAll(int descriptor, std::string_view data, const std::filesystem::path
 // A temporary file beside its target, removed unless it was renamed into place.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const std::filesystem::path& target) : name_(target.string() + ".XXXXXX") {
+  // The target must outlive it. It is what errors name.
+  explicit TemporaryFile(const std::filesystem::path& target)
+      : target_(target), name_(target.string() + ".XXXXXX") {
     descriptor_ = FileDescriptor(::mkostemp(name_.data(), O_CLOEXEC));
     if (!descriptor_) {
       throwErrno(target);
@@ -50,21 +52,22 @@ class TemporaryFile {
   }
 
   void write(std::string_view data, mode_t mode) {
-    writeAll(descriptor_.get(), data, name_);
+    writeAll(descriptor_.get(), data, target_);
     if (::fchmod(descriptor_.get(), mode) != 0 || ::fsync(descriptor_.get()) != 0 ||
         !descriptor_.close()) {
-      throwErrno(name_);
+      throwErrno(target_);
     }
   }
 
-  void renameTo(const std::filesystem::path& target) {
-    if (::rename(name_.c_str(), target.c_str()) != 0) {
-      throwErrno(target);
+  void putInPlace() {
+    if (::rename(name_.c_str(), target_.c_str()) != 0) {
+      throwErrno(target_);
     }
     name_.clear();
   }
 
  private:
+  const std::filesystem::path& target_;
   std::string name_;
   FileDescriptor descriptor_;
 };
@@ -74,7 +77,7 @@ class TemporaryFile {
 void writeAtomically(const std::filesystem::path& path, std::string_view data, mode_t mode) {
   TemporaryFile temporary(path);
   temporary.write(data, mode);
-  temporary.renameTo(path);
+  temporary.putInPlace();
   // The new file is in place whatever comes of this; syncing the folder makes it outlast a crash.
   const FileDescriptor folder(
       ::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

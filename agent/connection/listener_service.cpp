@@ -141,6 +141,7 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
       portConflictRetries_ = 0;
       isRunning_ = true;
       lastError_.reset();
+      log::info("listening on port ", port_);
       advertise();
       return;
     case WebSocketListenerState::Kind::cancelled:
@@ -152,6 +153,9 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
   }
   const bool portInUse = state.error == boost::system::errc::address_in_use;
   lastError_ = portInUse ? portInUseText(port_) : errorText(state.error).toStdString();
+  if (portConflictRetries_ == 0) {
+    log::warning("not listening on port ", port_, ": ", state.error.message());
+  }
   isRunning_ = false;
   parts_.bonjour.withdraw();
   if (portInUse && portConflictRetries_ < maxPortConflictRetries) {
@@ -189,6 +193,10 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
     connection->setPaired(true);
     self->pushConnections_[connection.get()] = {connection, *token};
     self->pushConnectionsChanged();
+    log::info("connected: \"", paired->name, "\" from ", connection->handshake().peer);
+  } else {
+    log::debug("connected: ", token ? "an unknown token" : "no token", " from ",
+               connection->handshake().peer);
   }
   try {
     co_await self->receiveMessages(connection, std::move(token));
@@ -197,6 +205,8 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
   }
   self->removeConnection(connection);
   connection->cancel();
+  log::writeIfWanted(paired ? log::Level::info : log::Level::debug,
+                     "disconnected: ", connection->handshake().peer);
 }
 
 Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,

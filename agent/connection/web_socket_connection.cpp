@@ -40,12 +40,18 @@ constexpr auto stuckAfter = 60s;     // a write of which the peer takes nothing
 constexpr std::size_t readAtOnce = 8 << 10;
 constexpr std::size_t keptCapacity = 64 << 10;
 
-HandshakeHeaderCapture capture(const http::request<http::empty_body>& request) {
-  HandshakeHeaderCapture handshake;
+HeaderList headersOf(const http::request<http::empty_body>& request) {
+  HeaderList headers;
   for (const auto& field : request) {
-    handshake.headers.emplace_back(field.name_string(), field.value());
+    headers.emplace_back(field.name_string(), field.value());
   }
-  return handshake;
+  return headers;
+}
+
+std::string peerOf(const TcpSocket& socket) {
+  error_code ignored;
+  const auto peer = socket.remote_endpoint(ignored);
+  return peer.address().to_string() + " port " + std::to_string(peer.port());
 }
 
 // The library makes the upgrade. The frames are handled here, so that a message costs no more turns
@@ -59,6 +65,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
         watchTimer_(socket_.get_executor()) {
     queueMoved_.expires_at(Clock::time_point::max());
     place_->whenOut([this] { cancel(); });
+    handshake_.peer = peerOf(socket_);
   }
 
   Awaitable<bool> upgrade() override {
@@ -77,7 +84,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     if (readError) {
       co_return false;
     }
-    handshake_ = capture(parser.get());
+    handshake_.headers = headersOf(parser.get());
     websocket::stream<TcpSocket&, false> stream(socket_);
     auto [error] = co_await stream.async_accept(parser.get(), asio::as_tuple(asio::use_awaitable));
     if (error) {

@@ -13,9 +13,10 @@
 
 namespace glintboard {
 
-// The headers of the upgrade that made a connection.
+// The headers of the upgrade that made a connection, and where it came from.
 struct HandshakeHeaderCapture {
   HeaderList headers;
+  std::string peer;  // address and port, as text for the log
 };
 
 // One upgraded connection. Everything happens on the service loop. Pings are answered by itself; a

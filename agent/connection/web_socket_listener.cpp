@@ -157,7 +157,9 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
   static Awaitable<> serve(std::shared_ptr<Acceptor> self,
                            std::shared_ptr<AcceptedConnection> connection) {
     const bool upgraded = co_await connection->upgrade();
-    if (upgraded && self->onConnection_) {
+    if (!upgraded) {
+      log::debug("no upgrade came from ", connection->handshake().peer);
+    } else if (self->onConnection_) {
       self->onConnection_(std::move(connection));
     }
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "agent/decks/deck_store_error.h"
 #include "platform/live.h"
@@ -13,6 +14,10 @@ namespace glintboard {
 namespace {
 
 using State = StoredDecks::State;
+using Clock = std::chrono::steady_clock;
+
+// What the agent itself could not write is not tried again with the next ping.
+constexpr auto writePause = std::chrono::seconds(30);
 
 // Whether the phone can be served from what is stored.
 bool isComplete(const StoredDecks& stored) {
@@ -205,12 +210,27 @@ std::optional<std::vector<std::string>> DeckStore::runningDeckBundleIdsNow(
 }
 
 Awaitable<DeckStore::Decks> DeckStore::servedDecks(const WorkspaceClient& workspace) {
-  const auto* stored = co_await migratedDecks(workspace);
-  if (stored->state != State::unavailable && !isComplete(*stored)) {
-    co_await replaceUnusableFile(workspace);
-    co_return DeckRules::defaultDecks(workspace);
+  const bool mayWrite = Clock::now() >= nextWrite_;
+  const auto* stored = &reader_.read();
+  if (stored->state == State::absent && mayWrite) {
+    stored = co_await migratedDecks(workspace);
   }
-  co_return DeckRules::normalizedDecks(stored->decks, workspace);
+  reportUnavailable(*stored);
+  if (stored->state == State::unavailable || isComplete(*stored)) {
+    co_return DeckRules::normalizedDecks(stored->decks, workspace);
+  }
+  if (mayWrite) {
+    co_await replaceUnusableFile(workspace);
+  }
+  co_return DeckRules::defaultDecks(workspace);
+}
+
+void DeckStore::reportUnavailable(const StoredDecks& stored) {
+  const bool isUnavailable = stored.state == State::unavailable;
+  if (std::exchange(wasUnavailable_, isUnavailable) != isUnavailable && isUnavailable) {
+    log::warning("the built-in decks are served, ", reader_.path().string(),
+                 " cannot be read: ", stored.error.message());
+  }
 }
 
 Awaitable<const StoredDecks*> DeckStore::migratedDecks(const WorkspaceClient& workspace) {
@@ -241,6 +261,7 @@ Awaitable<> DeckStore::migrateLegacyIfNeeded(const WorkspaceClient& workspace) {
     }
   } catch (const std::exception& error) {
     log::warning("the first decks were not written: ", error.what());
+    nextWrite_ = Clock::now() + writePause;
   }
 }
 
@@ -254,6 +275,7 @@ Awaitable<> DeckStore::replaceUnusableFile(const WorkspaceClient& workspace) {
     co_await writeDecks(DeckRules::defaultDecks(workspace), stored.state != State::absent);
   } catch (const std::exception& error) {
     log::warning("the decks file was not replaced: ", error.what());
+    nextWrite_ = Clock::now() + writePause;
   }
 }
 

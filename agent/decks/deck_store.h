@@ -77,6 +77,8 @@ class DeckStore : public Actor {
   // The decks that the phone sees.
   Awaitable<Decks> servedDecks(const WorkspaceClient& workspace);
   Awaitable<> replaceUnusableFile(const WorkspaceClient& workspace);
+  // Tells the log when the file begins to be unreadable.
+  void reportUnavailable(const StoredDecks& stored);
   // Puts the validated deck in its category's place and writes all decks.
   Awaitable<DeckTemplate> store(DeckCategoryID category, DeckTemplate deck,
                                 const WorkspaceClient& workspace);
@@ -90,6 +92,8 @@ class DeckStore : public Actor {
   std::filesystem::path legacyURL_;
   asio::any_io_executor workers_;
   AsyncLock changes_;
+  std::chrono::steady_clock::time_point nextWrite_;  // of what nobody asked to be written
+  bool wasUnavailable_ = false;
 };
 
 // The rules of stored decks, without a file.

@@ -2,6 +2,7 @@
 
 #include "agent/decks/deck_store_error.h"
 #include "platform/atomic_file.h"
+#include "platform/log.h"
 #include "protocol/json_reader.h"
 #include "protocol/json_writer.h"
 #include "protocol/utf8.h"
@@ -65,6 +66,7 @@ void keepBackup(const std::filesystem::path& path) {
     backup = first.string() + "." + std::to_string(number);
   }
   writeAtomically(backup, readWholeFile(path), fileMode);
+  log::warning(path.string(), " cannot be used; it is kept as ", backup.string());
 }
 
 }  // namespace glintboard

@@ -150,6 +150,7 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
     refused = secretRefusal(request);
   }
   if (refused) {
+    log::info("pairing by ", rawValue(request.method), " refused: ", rawValue(refused->reason));
     co_return MessageFactory::pairFail(refused->reason, std::move(refused->message), requestId);
   }
   const std::string token = uuidText(randomUuid());
@@ -172,6 +173,7 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
   replacementPairingEnabled_ = false;
   renewSecrets();
   engine_.resetAttempts();
+  log::info("paired by ", rawValue(request.method), " with \"", pairedDevices_.front().name, "\"");
   co_return MessageFactory::pairOK(token, requestId);
 }
 
@@ -217,6 +219,7 @@ Awaitable<> PairingService::doUnpairAll() {
   pairedDevices_.clear();
   replacementPairingEnabled_ = false;
   loading_.reset();
+  log::info("unpaired");
   auto deleting = runBefore(changeDeadline, storeLane_, [store = store_] {
     store->deleteAll();
     return true;
@@ -235,6 +238,7 @@ Awaitable<> PairingService::doBeginReplacementPairing() {
   renewSecrets();
   engine_.resetAttempts();
   replacementPairingEnabled_ = true;
+  log::info("another phone may pair");
 }
 
 Awaitable<> PairingService::doEndReplacementPairing() {

@@ -139,6 +139,7 @@ class AgentApp {
     signals.add(SIGUSR1);
     for (;;) {
       const int signal = co_await signals.async_wait(asio::use_awaitable);
+      log::info("signal ", signal, signal == SIGUSR1 ? ": the decks are sent" : ": the agent ends");
       if (signal == SIGUSR1) {
         spawn(app->executors_.service(),
               app->viewModel_.services().listenerService().pushDecksSnapshot(), "push");
@@ -229,6 +230,9 @@ int serve(const std::string& program, const AgentArguments& arguments) {
   const Application application(
       program, arguments.withoutDisplay ? std::vector<std::string>() : reachableDisplays());
   const bool hasDisplay = Application::hasDisplay();
+  log::info("Glintboard Agent " GLINTBOARD_VERSION " starts, ",
+            hasDisplay ? "with the display of " + QGuiApplication::platformName().toStdString()
+                       : std::string("without a display"));
   std::optional<DisplayLoss> displayLoss;
   if (hasDisplay) {
     displayLoss.emplace(std::vector<std::string>{program, withoutDisplayOption});
@@ -249,7 +253,7 @@ int serve(const std::string& program, const AgentArguments& arguments) {
       ::pause();
     }
   } catch (const std::exception& error) {
-    log::write("error", error.what());
+    log::error(error.what());
     return EXIT_FAILURE;
   }
 }
@@ -259,6 +263,7 @@ int serve(const std::string& program, const AgentArguments& arguments) {
 int runAgent(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);
   raiseDescriptorLimit();
+  log::takeMessagesOfLibraries("glintboard-agent");
   const std::vector<std::string> words(argv, argv + argc);
   const std::string program = words.empty() ? "glintboard-agent" : words.front();
   try {

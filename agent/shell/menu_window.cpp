@@ -50,7 +50,7 @@ void MenuWindow::open(MenuStyle style, std::optional<QPoint> anchor) {
     sinceFocusLoss_.invalidate();
     view_->open(anchor);
   } catch (const std::exception& error) {
-    log::write("error", error.what());
+    log::error(error.what());
   }
 }
 

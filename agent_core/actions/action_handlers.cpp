@@ -1,5 +1,6 @@
 #include "agent_core/actions/action_handlers.h"
 
+#include "platform/log.h"
 #include "protocol/message_factory.h"
 
 namespace glintboard {
@@ -11,6 +12,8 @@ struct Reply {
     return MessageFactory::actionOK(std::move(ok.actionId), id);
   }
   ActionMessageResponse operator()(SystemActionResult::Error error) const {
+    log::info("action ", error.actionId, ": ", rawValue(error.code), ": ",
+              error.message.value_or(""));
     return MessageFactory::actionError(std::move(error.actionId), error.code,
                                        std::move(error.message), id);
   }

@@ -1,5 +1,6 @@
 #include "agent_core/apps/app_handlers.h"
 
+#include "platform/log.h"
 #include "protocol/message_factory.h"
 
 namespace glintboard {
@@ -11,6 +12,8 @@ struct Reply {
     return MessageFactory::appOK(std::move(ok.bundleId), id);
   }
   AppMessageResponse operator()(AppLauncherOutcome::Error error) const {
+    log::info("application ", error.bundleId, ": ", rawValue(error.code), ": ",
+              error.message.value_or(""));
     return MessageFactory::appError(std::move(error.bundleId), error.code, std::move(error.message),
                                     id);
   }

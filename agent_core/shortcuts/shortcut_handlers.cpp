@@ -1,5 +1,6 @@
 #include "agent_core/shortcuts/shortcut_handlers.h"
 
+#include "platform/log.h"
 #include "protocol/message_factory.h"
 
 namespace glintboard {
@@ -8,9 +9,12 @@ namespace {
 struct Reply {
   Uuid id;
   ShortcutMessageResponse operator()(ShortcutRunResult::Ok ok) const {
+    log::info("Shortcut ", ok.shortcutIdentifier, ": ok");
     return MessageFactory::shortcutOK(std::move(ok.shortcutIdentifier), id);
   }
   ShortcutMessageResponse operator()(ShortcutRunResult::Error error) const {
+    log::info("Shortcut ", error.shortcutIdentifier, ": ", rawValue(error.code), ": ",
+              error.message.value_or(""));
     return MessageFactory::shortcutError(std::move(error.shortcutIdentifier), error.code,
                                          std::move(error.message), id);
   }

@@ -4,14 +4,19 @@
 #include <avahi-common/domain.h>
 #include <avahi-common/error.h>
 #include <avahi-common/malloc.h>
+#include <avahi-common/timeval.h>
 #include <glib.h>
 #include <sys/eventfd.h>
+
+#include <utility>
 
 #include "platform/linux/utf8_text.h"
 #include "platform/log.h"
 
 namespace glintboard {
 namespace {
+
+constexpr unsigned retryPause = 3000;  // milliseconds
 
 // libdbus ends the process over text that is not UTF-8, and a label of the network holds few bytes.
 std::string networkName(const std::string& name) {
@@ -26,13 +31,16 @@ AvahiAdvertiser::AvahiAdvertiser()
     : wakeUp_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), poll_(::avahi_threaded_poll_new()) {
   if (poll_ && wakeUp_) {
     const AvahiPoll* api = ::avahi_threaded_poll_get(poll_.get());
-    // The watch is released with its poll.
+    // The watch and the timeout are released with their poll.
     api->watch_new(
         api, wakeUp_.get(), AVAHI_WATCH_IN,
         [](AvahiWatch*, int, AvahiWatchEvent, void* self) {
           static_cast<AvahiAdvertiser*>(self)->update();
         },
         this);
+    nextTry_ = api->timeout_new(
+        api, nullptr,
+        [](AvahiTimeout*, void* self) { static_cast<AvahiAdvertiser*>(self)->update(); }, this);
     if (::avahi_threaded_poll_start(poll_.get()) == 0) {
       return;
     }
@@ -80,6 +88,9 @@ void AvahiAdvertiser::update() {
     group_.reset();
     return;
   }
+  if (std::exchange(failed_, false)) {
+    group_.reset();
+  }
   if (collided_) {
     group_.reset();
     takeNextName();
@@ -87,6 +98,12 @@ void AvahiAdvertiser::update() {
   if (!group_) {
     registerService();
   }
+}
+
+void AvahiAdvertiser::tryLater() {
+  timeval time{};
+  ::avahi_elapse_time(&time, retryPause, 0);
+  ::avahi_threaded_poll_get(poll_.get())->timeout_update(nextTry_, &time);
 }
 
 void AvahiAdvertiser::takeWanted() {
@@ -111,8 +128,12 @@ void AvahiAdvertiser::createClient() {
   int error = 0;
   client_.reset(::avahi_client_new(::avahi_threaded_poll_get(poll_.get()), AVAHI_CLIENT_NO_FAIL,
                                    clientChanged, this, &error));
-  if (!client_ && !complained_) {
-    complained_ = true;
+  if (client_) {
+    complained_ = false;
+    return;
+  }
+  tryLater();
+  if (!std::exchange(complained_, true)) {
     log::warning("Bonjour is not available: ", ::avahi_strerror(error));
   }
 }
@@ -137,6 +158,7 @@ void AvahiAdvertiser::registerService() {
   }
   if (error != AVAHI_OK) {
     group_.reset();
+    tryLater();
     log::warning("Bonjour: \"", name_, "\" cannot be advertised: ", ::avahi_strerror(error));
   }
 }
@@ -152,6 +174,9 @@ void AvahiAdvertiser::takeNextName() {
 
 void AvahiAdvertiser::clientChanged(AvahiClient*, AvahiClientState state, void* self) {
   auto* advertiser = static_cast<AvahiAdvertiser*>(self);
+  if (state == AVAHI_CLIENT_CONNECTING || state == AVAHI_CLIENT_FAILURE) {
+    log::info("Bonjour: Avahi does not run; phones do not find this computer by themselves");
+  }
   advertiser->clientState_ = state;
   advertiser->wake();
 }
@@ -165,6 +190,8 @@ void AvahiAdvertiser::groupChanged(AvahiEntryGroup*, AvahiEntryGroupState state,
     log::info("Bonjour: advertised as \"", advertiser->name_, "\"");
   } else if (state == AVAHI_ENTRY_GROUP_FAILURE) {
     log::warning("Bonjour: the advertisement failed");
+    advertiser->failed_ = true;
+    advertiser->tryLater();
   }
 }
 

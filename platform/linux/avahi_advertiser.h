@@ -11,9 +11,9 @@
 namespace glintboard {
 
 // Everything that may wait for the daemon happens on Avahi's own thread; publish and withdraw leave
-// word for it. The daemon may come, go and come again. Where the name is taken on the network, the
-// next free one ("NAME #2") is advertised. Without a system bus nothing is advertised, and the next
-// publish tries again.
+// word for it. The daemon and the system bus may come, go and come again; what fails is tried again
+// a few seconds later. Where the name is taken on the network, the next free one ("NAME #2") is
+// advertised.
 //
 // The destructor waits for a call to the daemon that is under way.
 class AvahiAdvertiser : public BonjourAdvertiser {
@@ -30,6 +30,7 @@ class AvahiAdvertiser : public BonjourAdvertiser {
 
   // On Avahi's thread:
   void update();
+  void tryLater();
   void takeWanted();
   void createClient();
   void registerService();
@@ -43,6 +44,7 @@ class AvahiAdvertiser : public BonjourAdvertiser {
 
   FileDescriptor wakeUp_;  // an eventfd that Avahi's thread watches
   AvahiHandle<AvahiThreadedPoll> poll_;
+  AvahiTimeout* nextTry_ = nullptr;  // of the poll, which releases it
 
   // Touched by Avahi's thread alone once it runs. Avahi's callbacks only take notes and wake
   // update(), which is free to release the objects they come from.
@@ -52,6 +54,7 @@ class AvahiAdvertiser : public BonjourAdvertiser {
   AvahiHandle<AvahiEntryGroup> group_;
   AvahiClientState clientState_ = AVAHI_CLIENT_CONNECTING;
   bool collided_ = false;
+  bool failed_ = false;
   bool complained_ = false;
 };
 

@@ -2,8 +2,58 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <mutex>
 
 namespace glintboard {
+namespace {
+
+// GIO has one connection to the session bus for a whole process. A dead one stays the one as long
+// as anybody holds it, and holds itself until the context that it was made in hears of its death:
+// so that context must outlive the calls.
+class SharedConnection {
+ public:
+  static SharedConnection& instance() {
+    static SharedConnection shared;
+    return shared;
+  }
+
+  // To be called before the connection is asked for: lets go of a dead one and begins to make it.
+  void prepare(GCancellable* cancellable) {
+    const std::lock_guard guard(mutex_);
+    if (kept_ && g_dbus_connection_is_closed(kept_.get()) != 0) {
+      kept_.reset();
+    }
+    while (g_main_context_iteration(context_.get(), FALSE) != 0) {
+    }
+    const auto made = [](GObject*, GAsyncResult* result, void*) {
+      liveOn(GObjectPointer<GDBusConnection>(g_bus_get_finish(result, nullptr)).get());
+    };
+    g_main_context_push_thread_default(context_.get());
+    g_bus_get(G_BUS_TYPE_SESSION, cancellable, made, nullptr);
+    g_main_context_pop_thread_default(context_.get());
+  }
+
+  // Keeps it while it lives: a prompt of the keyring lasts no longer than its connection.
+  void keep(GDBusConnection* bus) {
+    liveOn(bus);
+    const std::lock_guard guard(mutex_);
+    kept_.reset(G_DBUS_CONNECTION(g_object_ref(bus)));
+  }
+
+ private:
+  // Without this its death would be the process's.
+  static void liveOn(GDBusConnection* bus) {
+    if (bus != nullptr) {
+      g_dbus_connection_set_exit_on_close(bus, FALSE);
+    }
+  }
+
+  std::mutex mutex_;
+  GLibPointer<GMainContext> context_{g_main_context_new()};
+  GObjectPointer<GDBusConnection> kept_;
+};
+
+}  // namespace
 
 GioCalls::GioCalls(std::chrono::milliseconds deadline)
     : context_(g_main_context_new()), cancellable_(g_cancellable_new()) {
@@ -74,6 +124,7 @@ GDBusConnectionFlags messageBusFlags() {
 GObjectPointer<GDBusConnection> connectToSessionBus(GioCalls& calls, GLibPointer<GError>& error) {
   const auto result =
       calls.run([](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
+        SharedConnection::instance().prepare(cancellable);
         g_bus_get(G_BUS_TYPE_SESSION, cancellable, callback, data);
       });
   if (!result) {
@@ -82,7 +133,7 @@ GObjectPointer<GDBusConnection> connectToSessionBus(GioCalls& calls, GLibPointer
   }
   GObjectPointer<GDBusConnection> bus(g_bus_get_finish(result.get(), leftIn(error)));
   if (bus) {
-    g_dbus_connection_set_exit_on_close(bus.get(), FALSE);
+    SharedConnection::instance().keep(bus.get());
   }
   return bus;
 }

@@ -42,7 +42,8 @@ std::string systemBusAddress();
 GDBusConnectionFlags messageBusFlags();
 
 // The session bus, or null with the reason in `error` when there is none or it does not answer.
-// The bus may go away without ending this process.
+// The bus may go away without ending this process, and come again. The connection is kept for the
+// next caller.
 GObjectPointer<GDBusConnection> connectToSessionBus(GioCalls& calls, GLibPointer<GError>& error);
 
 }  // namespace glintboard

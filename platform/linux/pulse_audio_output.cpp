@@ -1,6 +1,7 @@
 #include "platform/linux/pulse_audio_output.h"
 
 #include <pulse/def.h>
+#include <pulse/error.h>
 #include <pulse/introspect.h>
 #include <pulse/volume.h>
 
@@ -110,7 +111,7 @@ std::unique_ptr<AudioOutputDevice> PulseAudioOutput::defaultOutputDevice() {
     }
     return std::make_unique<PulseDevice>(std::move(connection), sink->index);
   } catch (const AudioError& error) {
-    log::info("no sound server: libpulse error ", error.status);
+    log::info("the sound server: ", ::pa_strerror(error.status));
     return nullptr;
   }
 }

@@ -43,12 +43,8 @@ KeychainStatus statusOf(const Found& found) {
 // Does `work` with a session and turns a refusal into its status.
 template <class Work>
 KeychainStatus SecretServiceKeychain::operate(std::chrono::milliseconds deadline, Work work) {
-  if (bus_ && g_dbus_connection_is_closed(bus_.get())) {
-    bus_.reset();
-  }
   try {
     SecretSession session(deadline);
-    bus_ = session.bus();
     return work(session);
   } catch (const SecretRefusal& refusal) {
     return refusal.status;

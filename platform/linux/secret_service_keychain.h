@@ -4,7 +4,6 @@
 #include <chrono>
 
 #include "platform/keychain.h"
-#include "platform/linux/glib_pointers.h"
 
 namespace glintboard {
 
@@ -43,7 +42,6 @@ class SecretServiceKeychain : public Keychain {
 
   Deadlines deadlines_;
   bool hasAskedToUnlock_ = false;
-  GObjectPointer<GDBusConnection> bus_;  // lets a prompt outlive the operation that started it
 };
 
 }  // namespace glintboard

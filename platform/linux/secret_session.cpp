@@ -101,10 +101,6 @@ SecretSession::SecretSession(std::chrono::milliseconds deadline) : calls_(deadli
       }));
 }
 
-GObjectPointer<GDBusConnection> SecretSession::bus() const {
-  return GObjectPointer<GDBusConnection>(G_DBUS_CONNECTION(g_object_ref(bus_.get())));
-}
-
 std::vector<GObjectPointer<SecretItem>> SecretSession::search(const KeychainQuery& query) {
   const auto attributes = attributesOf(query);
   GList* const found = call(

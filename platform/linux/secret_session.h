@@ -24,9 +24,6 @@ class SecretSession {
   // Connects, which starts the service where the bus can.
   explicit SecretSession(std::chrono::milliseconds deadline);
 
-  // A new reference to the bus. A prompt lasts as long as the process keeps the connection.
-  GObjectPointer<GDBusConnection> bus() const;
-
   // The items of that service and account, locked ones too.
   std::vector<GObjectPointer<SecretItem>> search(const KeychainQuery& query);
   // The collection that new items belong into, or null.

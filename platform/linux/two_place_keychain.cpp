@@ -1,5 +1,7 @@
 #include "platform/linux/two_place_keychain.h"
 
+#include <utility>
+
 #include "platform/log.h"
 
 namespace glintboard {
@@ -21,6 +23,21 @@ KeychainStatus put(Keychain& keychain, const KeychainQuery& query, const std::st
   return status == keychainItemNotFound ? keychain.add(query, data) : status;
 }
 
+std::string_view reasonOf(KeychainStatus status) {
+  switch (status) {
+    case keychainNotAvailable:
+      return "there is none in this session";
+    case keychainNoSuchKeychain:
+      return "it has no default collection";
+    case keychainInteractionNotAllowed:
+      return "it is locked";
+    case keychainTimedOut:
+      return "it does not answer in time";
+    default:
+      return "it fails";
+  }
+}
+
 }  // namespace
 
 KeychainStatus TwoPlaceKeychain::copyMatching(const KeychainQuery& query, std::string& data) {
@@ -29,6 +46,7 @@ KeychainStatus TwoPlaceKeychain::copyMatching(const KeychainQuery& query, std::s
   const bool isRemoved = isKept && kept == rule_.removed;
   std::string preferred;
   const KeychainStatus status = preferred_.copyMatching(query, preferred);
+  report(status);
   if (status == keychainSuccess) {
     fallback_.add(noteOf(query), rule_.removed);
   }
@@ -76,6 +94,7 @@ KeychainStatus TwoPlaceKeychain::write(const KeychainQuery& query, const std::st
   }
   const KeychainStatus status =
       isKept ? put(preferred_, query, data) : (preferred_.*operation)(query, data);
+  report(status);
   if (isAnswer(status)) {
     if (status == keychainSuccess) {
       fallback_.add(noteOf(query), rule_.removed);
@@ -85,7 +104,6 @@ KeychainStatus TwoPlaceKeychain::write(const KeychainQuery& query, const std::st
     }
     return status;
   }
-  log::warning("the desktop's keychain takes no item (error ", status, "): a file keeps it");
   return isKept ? keychainSuccess : fallback_.add(query, data);
 }
 
@@ -100,6 +118,19 @@ KeychainStatus TwoPlaceKeychain::remove(const KeychainQuery& query) {
   const bool mayBeHeld = status != keychainNotAvailable ||
                          fallback_.copyMatching(noteOf(query), note) == keychainSuccess;
   return mayBeHeld ? put(fallback_, query, rule_.removed) : fallback_.remove(query);
+}
+
+void TwoPlaceKeychain::report(KeychainStatus preferredStatus) {
+  const bool answers = isAnswer(preferredStatus);
+  if (std::exchange(reportedAnswer_, answers) == answers) {
+    return;
+  }
+  if (answers) {
+    log::info("keychain: the desktop's own keeps the pairing");
+  } else {
+    log::info("keychain: a file keeps the pairing instead of the desktop's own: ",
+              reasonOf(preferredStatus));
+  }
 }
 
 }  // namespace glintboard

@@ -1,6 +1,7 @@
 // A keychain that outlasts the coming and going of the desktop's own.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/keychain.h"
@@ -18,7 +19,8 @@ namespace glintboard {
 // an item is noted in the fallback, under the account with ".moved" behind it.
 //
 // The statuses are the keychains' own; `update` makes an item where the preferred keychain cannot
-// say whether there is one. Nothing is remembered in memory. For one thread.
+// say whether there is one. Nothing is remembered in memory but what the log was told. For one
+// thread.
 class TwoPlaceKeychain : public Keychain {
  public:
   // Both keychains must outlive this.
@@ -33,10 +35,13 @@ class TwoPlaceKeychain : public Keychain {
  private:
   using Write = KeychainStatus (Keychain::*)(const KeychainQuery&, const std::string&);
   KeychainStatus write(const KeychainQuery& query, const std::string& data, Write operation);
+  // Tells the log when the preferred keychain begins or ceases to answer.
+  void report(KeychainStatus preferredStatus);
 
   Keychain& preferred_;
   Keychain& fallback_;
   KeychainMergeRule rule_;
+  std::optional<bool> reportedAnswer_;
 };
 
 }  // namespace glintboard

@@ -7,7 +7,7 @@ import uuid
 
 import websockets
 
-from desktop import PORT, SLOWNESS
+from desktop import PORT, SECRETS, SLOWNESS
 
 TOKEN_HEADER = "X-Glintboard-Token"
 
@@ -63,6 +63,13 @@ class Client:
         assert reply["id"] == identifier, reply
         return reply
 
+    async def answer(self, kind, payload):
+        """Waits for the message that answers this one, whatever comes before it."""
+        identifier = str(uuid.uuid4()).upper()
+        await self.send(kind, payload, identifier)
+        while (await self.receive())["id"] != identifier:
+            pass
+
     async def ping(self):
         return (await self.ask("ping", {"ts": now()}))["payload"]
 
@@ -72,4 +79,5 @@ class Client:
             "method": "pin", "secret": pin, "deviceName": "Client",
             "deviceId": device or str(uuid.uuid4())})
         assert reply["type"] == "pair.ok", reply
+        SECRETS.add(reply["payload"]["token"])
         return reply["payload"]["token"]

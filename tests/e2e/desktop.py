@@ -8,6 +8,7 @@ import json
 import logging
 import os
 import pathlib
+import re
 import select
 import signal
 import struct
@@ -27,6 +28,8 @@ PARTS = pathlib.Path(__file__).resolve().parent.parent / "desktop" / "parts"
 SLOWNESS = float(os.environ.get("GLINTBOARD_SLOWNESS", "1"))
 PORT = 9847
 SHOW, HIDE = "Show Pairing Code\u2026", "Hide Pairing Code"
+# Tokens, PINs and pairing codes that were used. No log may hold one.
+SECRETS = set()
 
 logging.getLogger("asyncio").setLevel(logging.ERROR)
 
@@ -122,6 +125,9 @@ class Agent:
                    "A listener")
         return self
 
+    def log(self):
+        return pathlib.Path(self._log.name).read_text()
+
     def running(self):
         return self._process.poll() is None
 
@@ -148,8 +154,20 @@ class Agent:
         tasks = pathlib.Path(f"/proc/{self.pid}/task").glob("*/children")
         return " ".join(task.read_text().strip() for task in tasks).split()
 
-    def threads(self):
-        return len(os.listdir(f"/proc/{self.pid}/task"))
+    def sockets(self):
+        """How many connections of phones it has, the listener among them."""
+        files = pathlib.Path(f"/proc/{self.pid}/fd").iterdir()
+        inodes = {os.readlink(file)[8:-1] for file in files if "socket:" in os.readlink(file)}
+        tables = (pathlib.Path(f"/proc/net/{name}").read_text() for name in ("tcp", "tcp6"))
+        lines = (line.split() for table in tables for line in table.splitlines()[1:])
+        return sum(line[9] in inodes for line in lines)
+
+    def held(self):
+        """What it holds of what the machine has."""
+        status = pathlib.Path(f"/proc/{self.pid}/status").read_text()
+        return {"descriptors": self.descriptors(),
+                "threads": int(re.search(r"Threads:\s+(\d+)", status)[1]),
+                "KiB": int(re.search(r"VmRSS:\s+(\d+)", status)[1])}
 
     def log(self):
         return pathlib.Path(self._log.name).read_text()
@@ -171,10 +189,15 @@ class Agent:
         self._menu.close()
         self._log.close()
         log = self.log()
-        print(f"--- agent {self.pid}:\n{log}", file=sys.stderr)
+        print(f"--- agent {self.pid}:\n{log}\n{self.menu()}", file=sys.stderr)
         for finding in "Sanitizer:", "runtime error:":
             if finding in log:
                 raise AssertionError(f"a sanitizer found something: {log}")
+        shown = re.findall(r"^Manual code (\d+)$|&code=([\w-]+)$",
+                           pathlib.Path(self._menu.name).read_text(), re.MULTILINE)
+        for secret in filter(None, SECRETS.union(*shown)):
+            if re.search(rf"(?<![\w-]){re.escape(secret)}(?![\w-])", log):
+                raise AssertionError(f"the log holds {secret}: {log}")
 
 
 class Phone:
@@ -205,7 +228,9 @@ class Phone:
         return self.records(*arguments)[-1]
 
     def pair(self, secret):
-        return self("pair", secret, "--name", self.name)
+        answer = self("pair", secret, "--name", self.name)
+        SECRETS.update({secret.rpartition("code=")[2], answer.get("token", secret)})
+        return answer
 
     def outcome(self, *arguments):
         """"ok", or the code of the failure."""
@@ -235,7 +260,8 @@ class Desktop:
             "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8", "HOME": str(self.root),
             "XDG_DATA_HOME": str(self.data), "XDG_DATA_DIRS": str(self.root / "share"),
             "XDG_CONFIG_HOME": str(self.root / "config"), "XDG_STATE_HOME": str(self.root / "st"),
-            "XDG_CACHE_HOME": str(self.root / "cache"), "XDG_RUNTIME_DIR": str(self.runtime),
+            "XDG_CACHE_HOME": str(self.root / "cache"), "GLINTBOARD_LOG": "debug",
+            "XDG_RUNTIME_DIR": str(self.runtime),
             "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.runtime}/bus",
             "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nonexistent",
             "PULSE_SERVER": f"unix:{self.runtime}/sound", **inherited}
@@ -327,8 +353,9 @@ class Desktop:
                    f'[ "$1" = run ] || exit 64\ncase "$2" in\n{cases}\nesac\n', 0o755)
 
     def start_bus(self):
-        self.start(PARTS / "bus", "session", self.runtime / "bus")
+        bus = self.start(PARTS / "bus", "session", self.runtime / "bus")
         eventually((self.runtime / "bus").exists, "The session bus")
+        return bus
 
     def start_sound(self):
         sound = self.start(PARTS / "pulseaudio", self.runtime / "sound",

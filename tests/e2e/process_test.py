@@ -130,6 +130,30 @@ class Process(DesktopTest):
         await client.ping()
         self.assertTrue(agent.running())
 
+    async def test_its_log_tells_what_happens_and_no_secret(self):
+        self.desktop.set_shortcuts("*) exit 3;;")
+        agent = self.start_agent()
+        phone = self.phone("Sam\nInjected")
+        wrong = f"{(int(agent.pin()) + 1) % 10**6:06}"
+        self.assertEqual(phone.pair(wrong)["code"], "invalid_pin")
+        token = phone.pair(agent.qr())["token"]
+        client = await Client.connect(token)
+        await client.ask("shortcut.run", {"shortcutIdentifier": STUCK})
+        await client.socket.close()
+        agent.menu_shows("Waiting for iPhone")
+        await (await Client.connect("stranger")).socket.close()
+        agent.end()
+        said = iter(agent.log().splitlines())  # Each is looked for behind the one before.
+        for text in ["Glintboard Agent 0.1.0 starts, without a display", "listening on port 9847",
+                     "connected: no token from ::ffff:127.0.0.1", "pairing by pin refused: invalid_pin",
+                     'paired by qr with "Sam Injected"', 'connected: "Sam Injected" from',
+                     f"Shortcut {STUCK}: run_failed: Could not run", "disconnected: ",
+                     "signal 15: the agent ends"]:
+            self.assertTrue(any(text in line for line in said), f"{text}: {agent.log()}")
+        self.desktop.env["GLINTBOARD_LOG"] = "error"
+        agent = self.start_agent()
+        self.assertEqual(agent.log(), "")
+
     def test_waits_for_a_port_that_is_taken(self):
         with socket.create_server(("", PORT)):
             agent = self.desktop.start_agent()

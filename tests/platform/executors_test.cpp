@@ -75,12 +75,26 @@ TEST(RunBefore, GivesUpOnACallThatHangsAndSurvivesItsLateAnswer) {
   EXPECT_EQ(intime, 2);
 }
 
-TEST(RunBefore, PassesTheCallsExceptionOn) {
+int fail() {
+  throw std::runtime_error("no");
+}
+
+Awaitable<> failInCoroutine() {
+  fail();
+  co_return;
+}
+
+TEST(Executors, WhatThrowsReachesItsCallerOrTheLogAndEndsNoThread) {
   Executors executors;
-  EXPECT_THROW(
-      test::await(executors.service(), runBefore(5s, executors.volumeLane(),
-                                                 []() -> int { throw std::runtime_error("no"); })),
-      std::runtime_error);
+  asio::post(executors.service(), fail);
+  for (const auto& executor : {executors.service(), executors.workers(), executors.workerStrand(),
+                               executors.keychainLane(), executors.volumeLane()}) {
+    spawn(executor, failInCoroutine(), "test");
+    EXPECT_THROW(test::await(executors.service(), runOn(executor, fail)), std::runtime_error);
+    EXPECT_THROW(test::await(executors.service(), runBefore(5s, executor, fail)),
+                 std::runtime_error);
+    EXPECT_EQ(test::await(executors.service(), runOn(executor, [] { return 1; })), 1);
+  }
 }
 
 Awaitable<> hop(Executors& executors, std::vector<std::thread::id>& seen) {

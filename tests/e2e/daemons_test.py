@@ -1,0 +1,112 @@
+"""Each daemon of the desktop hangs or dies under the agent, which goes on serving and recovers."""
+
+import asyncio
+import signal
+import subprocess
+import time
+import unittest
+
+from client import Client
+from desktop import PARTS, SLOWNESS, DesktopTest, eventually
+
+SERVICE = "org.example.Service"
+SECRET = ("secret-tool", "lookup", "account", "paired-devices")
+UP = {"actionId": "system.volume.up"}
+
+
+class Daemons(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        self.running = {}
+        self.desktop.env["DBUS_SYSTEM_BUS_ADDRESS"] = "unix:path=/run/bus-system"
+        self.desktop.install_service(SERVICE)
+
+    def begin(self, name):
+        """Starts what `name` is, and what died with it."""
+        desktop = self.desktop
+        if name == "sound":
+            self.running[name] = desktop.start_sound()
+        elif name == "session bus":
+            self.running[name] = desktop.start_bus()
+            self.begin("keyring")
+        elif name == "system bus":
+            self.running[name] = desktop.start(PARTS / "bus", "system", "/run/bus-system")
+            eventually(lambda: self.output("dbus-send", "--system", "--print-reply", "--dest=org."
+                                           "freedesktop.DBus", "/", "org.freedesktop.DBus.GetId"))
+            self.begin("avahi")
+        elif name == "keyring":
+            self.running[name] = desktop.start(PARTS / "keyring", "unlocked")
+            eventually(lambda: "secrets" in self.output(
+                "gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path",
+                "/", "--method", "org.freedesktop.DBus.ListNames"), "The keyring")
+        elif name == "avahi":
+            self.running[name] = desktop.start(PARTS / "avahi", "box", desktop.root)
+
+    def output(self, *command):
+        return subprocess.run(command, env=self.desktop.env, text=True, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, timeout=20, check=False).stdout
+
+    async def answered(self, client, seconds):
+        """Everything is answered for that long, and at once."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            asked = time.monotonic()
+            await client.ask("deck.sync", {})
+            self.assertLess(time.monotonic() - asked, 1 * SLOWNESS, "held up")
+            await asyncio.sleep(0.02)
+
+    async def ask(self, token, kind, payload):
+        client = await Client.connect(token)
+        await client.send(kind, payload)
+        reply = await client.receive(40)
+        await client.socket.close()
+        return reply["type"]
+
+    async def test_serves_while_a_daemon_hangs_or_dies_and_recovers(self):
+        for name in "sound", "session bus", "system bus":
+            self.begin(name)
+        agent = self.start_agent()
+        phone = self.paired_phone(agent)
+
+        async def sound():
+            return await self.ask(phone.token, "action.run", UP) == "action.ok"
+
+        async def activation():
+            return await self.ask(phone.token, "app.launch", {"bundleId": SERVICE}) == "app.ok"
+
+        async def pairing():
+            phone.token = phone.pair(agent.show_code())["token"]
+            return phone.token in self.output(*SECRET)
+
+        async def advertisement():
+            return "_glintboard._tcp" in self.output("avahi-browse", "-atp")
+
+        for name, works in [("sound", sound), ("session bus", activation), ("keyring", pairing),
+                            ("avahi", advertisement), ("system bus", advertisement)]:
+            for fault in signal.SIGSTOP, signal.SIGKILL:
+                with self.subTest(daemon=name, fault=fault.name):
+                    await self.eventually_true(works)
+                    client = await Client.connect(phone.token)
+                    self.running[name].send_signal(fault)
+                    using = asyncio.create_task(asyncio.to_thread(asyncio.run, works()))
+                    await self.answered(client, 1.5)
+                    if fault == signal.SIGKILL:
+                        self.running[name].wait()
+                        self.begin(name)
+                    else:
+                        self.running[name].send_signal(signal.SIGCONT)
+                    await using
+                    await self.eventually_true(works)
+                    await self.answered(client, 0.1)
+                    await client.socket.close()
+        self.assertTrue(agent.running())
+
+    async def eventually_true(self, works):
+        deadline = time.monotonic() + 20 * SLOWNESS
+        while not await works():
+            self.assertLess(time.monotonic(), deadline, f"{works.__name__} does not recover")
+            await asyncio.sleep(0.2)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,63 @@
+// What a program leaves behind that is killed in the middle of its work.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/ptrace.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <functional>
+
+namespace glintboard::test {
+
+namespace detail {
+
+// Lets the traced child go on until its system call number `last` and kills it before that is made.
+// False when it came to its end.
+inline bool killBeforeCall(pid_t child, int last) {
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSTOPPED(status)) << "this needs a system that lets a test trace its children";
+  ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
+  // A call stops twice, before it is made and after.
+  for (int stops = 0; stops < 2 * last - 1;) {
+    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+    ::waitpid(child, &status, 0);
+    if (!WIFSTOPPED(status)) {
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS) << status;
+      return false;
+    }
+    stops += WSTOPSIG(status) == (SIGTRAP | 0x80) ? 1 : 0;
+  }
+  ::kill(child, SIGKILL);
+  ::waitpid(child, &status, 0);
+  return true;
+}
+
+}  // namespace detail
+
+// Does `work` again and again in a child process, each time after `prepare`, killed before its
+// first system call, before its second and so on, until it comes to its end; after each `check`
+// looks at what is left. To be called without other threads, which the child would not have.
+inline void killAtEveryCall(const std::function<void()>& prepare, const std::function<void()>& work,
+                            const std::function<void()>& check) {
+  bool killed = true;
+  for (int last = 1; killed && !testing::Test::HasFailure(); ++last) {
+    SCOPED_TRACE("killed before its system call " + std::to_string(last));
+    prepare();
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+      ::raise(SIGSTOP);
+      work();
+      std::_Exit(EXIT_SUCCESS);
+    }
+    killed = detail::killBeforeCall(child, last);
+    check();
+    EXPECT_TRUE(killed || last > 10) << "the work makes calls that can be killed";
+  }
+}
+
+}  // namespace glintboard::test
