@@ -210,16 +210,16 @@ std::optional<std::vector<std::string>> DeckStore::runningDeckBundleIdsNow(
 }
 
 Awaitable<DeckStore::Decks> DeckStore::servedDecks(const WorkspaceClient& workspace) {
-  const bool mayWrite = Clock::now() >= nextWrite_;
+  const auto mayWrite = [this] { return Clock::now() >= nextWrite_; };
   const auto* stored = &reader_.read();
-  if (stored->state == State::absent && mayWrite) {
+  if (stored->state == State::absent && mayWrite()) {
     stored = co_await migratedDecks(workspace);
   }
   reportUnavailable(*stored);
   if (stored->state == State::unavailable || isComplete(*stored)) {
     co_return DeckRules::normalizedDecks(stored->decks, workspace);
   }
-  if (mayWrite) {
+  if (mayWrite()) {
     co_await replaceUnusableFile(workspace);
   }
   co_return DeckRules::defaultDecks(workspace);

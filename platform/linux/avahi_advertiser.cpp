@@ -128,13 +128,11 @@ void AvahiAdvertiser::createClient() {
   int error = 0;
   client_.reset(::avahi_client_new(::avahi_threaded_poll_get(poll_.get()), AVAHI_CLIENT_NO_FAIL,
                                    clientChanged, this, &error));
-  if (client_) {
-    complained_ = false;
-    return;
-  }
-  tryLater();
-  if (!std::exchange(complained_, true)) {
-    log::warning("Bonjour is not available: ", ::avahi_strerror(error));
+  if (!client_) {
+    tryLater();
+    if (!std::exchange(complained_, true)) {
+      log::warning("Bonjour is not available: ", ::avahi_strerror(error));
+    }
   }
 }
 
@@ -174,7 +172,8 @@ void AvahiAdvertiser::takeNextName() {
 
 void AvahiAdvertiser::clientChanged(AvahiClient*, AvahiClientState state, void* self) {
   auto* advertiser = static_cast<AvahiAdvertiser*>(self);
-  if (state == AVAHI_CLIENT_CONNECTING || state == AVAHI_CLIENT_FAILURE) {
+  const bool isAway = state == AVAHI_CLIENT_CONNECTING || state == AVAHI_CLIENT_FAILURE;
+  if (std::exchange(advertiser->complained_, isAway) != isAway && isAway) {
     log::info("Bonjour: Avahi does not run; phones do not find this computer by themselves");
   }
   advertiser->clientState_ = state;

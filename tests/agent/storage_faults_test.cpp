@@ -61,7 +61,7 @@ struct Decks {
   // The contents of the files that may hold what `file` held.
   Names kept(const std::string& file) const {
     Names contents;
-    for (const std::string name : {file, file + ".bak"}) {
+    for (const std::string& name : {file, file + ".bak"}) {
       if (std::filesystem::is_regular_file(folder / name)) {
         contents.push_back(readWholeFile(folder / name));
       }

@@ -56,7 +56,7 @@ inline void killAtEveryCall(const std::function<void()>& prepare, const std::fun
     }
     killed = detail::killBeforeCall(child, last);
     check();
-    EXPECT_TRUE(killed || last > 10) << "the work makes calls that can be killed";
+    EXPECT_TRUE(killed || last > 3) << "the work makes calls that can be killed";
   }
 }
 
