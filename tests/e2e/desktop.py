@@ -169,14 +169,6 @@ class Agent:
                 "threads": int(re.search(r"Threads:\s+(\d+)", status)[1]),
                 "KiB": int(re.search(r"VmRSS:\s+(\d+)", status)[1])}
 
-    def log(self):
-        return pathlib.Path(self._log.name).read_text()
-
-    def memory(self):
-        """Resident megabytes."""
-        status = pathlib.Path(f"/proc/{self.pid}/status").read_text()
-        return int(status.partition("VmRSS:")[2].split()[0]) / 1024
-
     def cpu_seconds(self):
         fields = pathlib.Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()
         return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")

@@ -155,7 +155,7 @@ class HostilePhones(DesktopTest):
                 self.assertLess(tap, PATIENCE / 5)
                 self.assertLess(max(*old, *new), PATIENCE * 2)
                 self.assertLess(agent.descriptors(), 1000)
-        self.assertLess(agent.memory(), 200, "megabytes")
+        self.assertLess(agent.held()["KiB"], 200 << 10)
         await phone.ping()
 
     async def test_five_guesses_reach_the_check_however_many_connections_guess(self):
