@@ -7,7 +7,7 @@
 namespace glintboard {
 namespace {
 
-QString text(const std::string& utf8) {
+QString qtText(const std::string& utf8) {
   return QString::fromStdString(utf8);
 }
 
@@ -46,20 +46,20 @@ QVariant DeckTilesModel::data(const QModelIndex& index, int role) const {
     case SlotRole:
       return static_cast<qlonglong>(tile.slot);
     case TileIdRole:
-      return text(tile.id);
+      return qtText(tile.id);
     case PayloadRole:
-      return text(tile.derivedId());
+      return qtText(tile.derivedId());
     case Qt::DisplayRole:
     case LabelRole:
-      return text(tile.label);
+      return qtText(tile.label);
     case KindRole:
-      return text(std::string(rawValue(tile.kind)));
+      return qtText(std::string(rawValue(tile.kind)));
     case BundleIdRole:
-      return text(tile.bundleId);
+      return qtText(tile.bundleId);
     case IconNameRole:
-      return text(tile.iconName.value_or(""));
+      return qtText(tile.iconName.value_or(""));
     case IconSymbolRole:
-      return text(tile.iconSymbol.value_or(""));
+      return qtText(tile.iconSymbol.value_or(""));
     case IconSourceRole:
       return key.iconSource;
     case AccentRole:

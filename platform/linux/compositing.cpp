@@ -3,31 +3,24 @@
 #include <xcb/xcb.h>
 
 #include <QGuiApplication>
-#include <cstdlib>
-#include <memory>
 #include <string>
+
+#include "platform/linux/c_pointer.h"
 
 namespace glintboard {
 namespace {
 
-struct Free {
-  void operator()(void* reply) const { std::free(reply); }
-};
-
-template <class Reply>
-using ReplyPointer = std::unique_ptr<Reply, Free>;
-
 // A compositing manager owns a selection of the first screen, where all of a desktop's windows are.
 bool hasCompositingManager(xcb_connection_t* connection) {
   const std::string name = "_NET_WM_CM_S0";
-  const ReplyPointer<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+  const CPointer<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
       connection,
       xcb_intern_atom(connection, 1, static_cast<std::uint16_t>(name.size()), name.data()),
       nullptr));
   if (!atom || atom->atom == XCB_ATOM_NONE) {
     return false;
   }
-  const ReplyPointer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
+  const CPointer<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
       connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
   return owner && owner->owner != XCB_WINDOW_NONE;
 }

@@ -8,7 +8,7 @@ namespace {
 constexpr const char* portalName = "org.freedesktop.portal.Desktop";
 constexpr const char* portalPath = "/org/freedesktop/portal/desktop";
 constexpr const char* settingsInterface = "org.freedesktop.portal.Settings";
-constexpr int patience = 5000;  // milliseconds
+constexpr int portalPatience = 5000;  // milliseconds
 
 }  // namespace
 
@@ -83,8 +83,8 @@ void DesktopAppearanceMonitor::askForAll() {
                                     "org.gnome.desktop.a11y.interface", nullptr};
   g_dbus_connection_call(bus_, portalName, portalPath, settingsInterface, "ReadAll",
                          g_variant_new("(^as)", spaces), G_VARIANT_TYPE("(a{sa{sv}})"),
-                         G_DBUS_CALL_FLAGS_NONE, patience, cancellable_.get(), OnBus::answered,
-                         this);
+                         G_DBUS_CALL_FLAGS_NONE, portalPatience, cancellable_.get(),
+                         OnBus::answered, this);
 }
 
 void DesktopAppearanceMonitor::takeAll(GVariant* reply) {

@@ -8,7 +8,7 @@
 namespace glintboard {
 namespace {
 
-constexpr std::chrono::seconds patience{2};
+constexpr std::chrono::seconds busPatience{2};
 constexpr std::chrono::seconds shortestPause{1};
 constexpr std::chrono::seconds longestPause{30};
 
@@ -93,7 +93,8 @@ void DesktopBus::connect() {
     return;
   }
   cancellable_.reset(g_cancellable_new());
-  deadline_ = after(context_.get(), patience, [this] { g_cancellable_cancel(cancellable_.get()); });
+  deadline_ =
+      after(context_.get(), busPatience, [this] { g_cancellable_cancel(cancellable_.get()); });
   const auto done = [](GObject*, GAsyncResult* result, void* self) {
     static_cast<DesktopBus*>(self)->connected(result);
   };

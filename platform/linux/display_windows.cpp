@@ -8,8 +8,8 @@ namespace glintboard {
 
 namespace {
 
-constexpr std::chrono::seconds shortestPause{1};
-constexpr std::chrono::seconds longestPause{30};
+constexpr std::chrono::seconds shortestRetry{1};
+constexpr std::chrono::seconds longestRetry{30};
 
 }  // namespace
 
@@ -29,7 +29,7 @@ void DisplayWindows::stop() {
 }
 
 Awaitable<> DisplayWindows::run(std::shared_ptr<DisplayWindows> self) {
-  auto pause = shortestPause;
+  auto pause = shortestRetry;
   while (!self->stopped_) {
     auto following = self->follow();
     const bool connected = co_await std::move(following);
@@ -37,11 +37,11 @@ Awaitable<> DisplayWindows::run(std::shared_ptr<DisplayWindows> self) {
       co_return;
     }
     if (connected) {
-      pause = shortestPause;
+      pause = shortestRetry;
     }
     self->nextTry_.expires_after(pause);
     co_await self->nextTry_.async_wait(asio::as_tuple(asio::use_awaitable));
-    pause = std::min(pause * 2, longestPause);
+    pause = std::min(pause * 2, longestRetry);
   }
 }
 

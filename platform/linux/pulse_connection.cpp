@@ -8,7 +8,7 @@
 namespace glintboard {
 namespace {
 
-constexpr auto patience = std::chrono::seconds(2);
+constexpr auto serverPatience = std::chrono::seconds(2);
 
 struct ReleaseOperation {
   void operator()(pa_operation* operation) const {
@@ -25,7 +25,7 @@ void PulseConnection::Release::operator()(pa_context* context) const {
 }
 
 PulseConnection::PulseConnection()
-    : deadline_(std::chrono::steady_clock::now() + patience), loop_(::pa_mainloop_new()) {
+    : deadline_(std::chrono::steady_clock::now() + serverPatience), loop_(::pa_mainloop_new()) {
   if (!loop_) {
     throw AudioError(PA_ERR_INTERNAL);
   }

@@ -14,7 +14,7 @@
 namespace glintboard {
 namespace {
 
-constexpr unsigned patience = 2;  // seconds
+constexpr unsigned displayPatience = 2;  // seconds
 
 std::string variable(const char* name) {
   const char* value = std::getenv(name);
@@ -31,7 +31,7 @@ bool answersInTime(Question question) {
     sigset_t none;
     sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
-    ::alarm(patience);
+    ::alarm(displayPatience);
     std::_Exit(question() ? EXIT_SUCCESS : EXIT_FAILURE);
   }
   int status = 0;

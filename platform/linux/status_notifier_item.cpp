@@ -13,7 +13,7 @@ constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
 constexpr const char* itemPath = "/StatusNotifierItem";
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
-constexpr int patience = 2000;  // milliseconds
+constexpr int watcherPatience = 2000;  // milliseconds
 
 constexpr const char* description = R"xml(<node><interface name="org.kde.StatusNotifierItem">
   <property name="Category" type="s" access="read"/>
@@ -172,7 +172,7 @@ void StatusNotifierItem::disconnected() {
 void StatusNotifierItem::registerWith(const char* watcher) {
   g_dbus_connection_call(bus_, watcher, watcherPath, watcherName, "RegisterStatusNotifierItem",
                          g_variant_new("(s)", name_.c_str()), nullptr, G_DBUS_CALL_FLAGS_NONE,
-                         patience, cancellable_.get(), OnBus::watcherAnswered, this);
+                         watcherPatience, cancellable_.get(), OnBus::watcherAnswered, this);
 }
 
 void StatusNotifierItem::registered(bool accepted) {
@@ -188,7 +188,7 @@ void StatusNotifierItem::registered(bool accepted) {
 void StatusNotifierItem::askForHost() {
   g_dbus_connection_call(bus_, watcherName, watcherPath, "org.freedesktop.DBus.Properties", "Get",
                          g_variant_new("(ss)", watcherName, "IsStatusNotifierHostRegistered"),
-                         G_VARIANT_TYPE("(v)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, patience,
+                         G_VARIANT_TYPE("(v)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, watcherPatience,
                          cancellable_.get(), OnBus::hostAnswered, this);
 }
 

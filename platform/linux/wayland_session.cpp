@@ -8,13 +8,11 @@
 #include <cerrno>
 
 #include "platform/file_descriptor.h"
+#include "platform/linux/window_system.h"
 
 namespace glintboard {
 
 namespace {
-
-// How long a tap may take when the compositor hangs.
-constexpr std::chrono::seconds patience{1};
 
 FileDescriptor connectTo(const std::string& path) {
   sockaddr_un address{};
@@ -242,7 +240,7 @@ Awaitable<bool> WaylandSession::activate(std::shared_ptr<WaylandSession> self,
   if (known == self->toplevels_.end() || !self->seat_ || self->ended_ || self->hangs_) {
     co_return false;
   }
-  const auto deadline = Clock::now() + patience;
+  const auto deadline = Clock::now() + tapPatience;
   auto* const proxy = known->second->proxy.get();
   zwlr_foreign_toplevel_handle_v1_unset_minimized(proxy);
   zwlr_foreign_toplevel_handle_v1_activate(proxy, self->seat_.get());
@@ -267,7 +265,7 @@ Awaitable<std::string> WaylandSession::activationToken(std::shared_ptr<WaylandSe
   if (!self->activation_ || self->ended_ || self->hangs_) {
     co_return text;
   }
-  const auto deadline = Clock::now() + patience;
+  const auto deadline = Clock::now() + tapPatience;
   const WaylandPointer<xdg_activation_token_v1> token(
       xdg_activation_v1_get_activation_token(self->activation_.get()));
   xdg_activation_token_v1_add_listener(token.get(), &Listeners::ofToken, &text);

@@ -1,6 +1,7 @@
 // The window system of the user's session, as far as applications are concerned.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <set>
 #include <string>
@@ -17,8 +18,11 @@ struct LaunchToken {
   std::string activationToken;
 };
 
+// How long a tap may take when the display or its window manager hangs.
+inline constexpr std::chrono::seconds tapPatience{1};
+
 // Follows the open windows of one display by its events. The display may go away and come back,
-// or hang, at any time: nothing here waits for it longer than a second.
+// or hang, at any time: nothing here waits for it longer than `tapPatience`.
 class WindowSystem {
  public:
   WindowSystem() = default;

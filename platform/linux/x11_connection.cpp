@@ -5,9 +5,9 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
-#include <cstdlib>
 #include <optional>
 
+#include "platform/linux/c_pointer.h"
 #include "platform/linux/host_name.h"
 #include "platform/run_on.h"
 
@@ -15,11 +15,7 @@ namespace glintboard {
 
 namespace {
 
-constexpr std::chrono::seconds patience{2};
-
-struct Free {
-  void operator()(void* memory) const { std::free(memory); }
-};
+constexpr std::chrono::seconds connectionPatience{2};
 
 struct Display {
   int number = 0;
@@ -32,7 +28,7 @@ std::optional<Display> parse(const std::string& name) {
   if (xcb_parse_display(name.c_str(), &host, &display.number, &display.screen) == 0) {
     return std::nullopt;
   }
-  const std::unique_ptr<char, Free> owned(host);
+  const CPointer<char> owned(host);
   const std::string_view where(host);
   return where.empty() || where == "unix" ? std::optional(display) : std::nullopt;
 }
@@ -99,7 +95,7 @@ Awaitable<std::unique_ptr<X11Connection>> X11Connection::open(asio::any_io_execu
   }
   // The library waits for a silent server for ever, unless its connection ends.
   auto other = std::make_shared<FileDescriptor>(::fcntl(socket->get(), F_DUPFD_CLOEXEC, 0));
-  asio::steady_timer deadline(co_await asio::this_coro::executor, patience);
+  asio::steady_timer deadline(co_await asio::this_coro::executor, connectionPatience);
   deadline.async_wait([other](error_code error) {
     if (!error) {
       ::shutdown(other->get(), SHUT_RDWR);
@@ -158,7 +154,7 @@ bool X11Connection::prepare(int screen) {
                                wanted[i].name.data());
   }
   for (std::size_t i = 0; i < asked.size(); ++i) {
-    const std::unique_ptr<xcb_intern_atom_reply_t, Free> reply(
+    const CPointer<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection_, asked[i], nullptr));
     if (!reply) {
       return false;

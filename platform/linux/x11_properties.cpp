@@ -2,20 +2,16 @@
 
 #include <xcb/xcbext.h>
 
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <utility>
+
+#include "platform/linux/c_pointer.h"
 
 namespace glintboard {
 
 namespace {
 
 constexpr std::uint32_t mostWords = 16384;
-
-struct Free {
-  void operator()(void* memory) const { std::free(memory); }
-};
 
 }  // namespace
 
@@ -70,9 +66,9 @@ bool X11PropertyRequests::receive() {
     if (xcb_poll_for_reply(connection_, underWay_.front().sequence, &reply, &error) == 0) {
       break;
     }
-    const std::unique_ptr<xcb_get_property_reply_t, Free> property(
+    const CPointer<xcb_get_property_reply_t> property(
         static_cast<xcb_get_property_reply_t*>(reply));
-    const std::unique_ptr<xcb_generic_error_t, Free> failure(error);
+    const CPointer<xcb_generic_error_t> failure(error);
     const auto handler = std::move(underWay_.front().handler);
     underWay_.pop_front();
     any = true;

@@ -3,9 +3,10 @@
 #include <fcntl.h>
 
 #include <algorithm>
-#include <cstdlib>
 
+#include "platform/linux/c_pointer.h"
 #include "platform/linux/host_name.h"
+#include "platform/linux/window_system.h"
 #include "platform/spawn.h"
 
 namespace glintboard {
@@ -14,18 +15,12 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How long a tap may take when the server or the window manager hangs.
-constexpr auto patience = 1s;
-
 // How long a window may be missing from the list: while its manager is replaced, it is shown and
 // in no list.
 constexpr auto patienceWhileShown = 2s;
 constexpr auto patienceWhileHidden = 50ms;
 
-struct Free {
-  void operator()(void* memory) const { std::free(memory); }
-};
-using Event = std::unique_ptr<xcb_generic_event_t, Free>;
+using Event = CPointer<xcb_generic_event_t>;
 
 void select(xcb_connection_t* connection, xcb_window_t window, std::uint32_t events) {
   xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &events);
@@ -334,7 +329,7 @@ Awaitable<std::optional<xcb_timestamp_t>> X11Session::serverTime(std::shared_ptr
   if (self->ended_ || self->hangs_) {
     co_return std::nullopt;
   }
-  const auto deadline = Clock::now() + patience;
+  const auto deadline = Clock::now() + tapPatience;
   const unsigned own = ++self->timesAsked_;
   auto& connection = *self->connection_;
   xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, connection.window(),
@@ -353,7 +348,7 @@ Awaitable<std::optional<xcb_timestamp_t>> X11Session::serverTime(std::shared_ptr
 Awaitable<bool> X11Session::activate(std::shared_ptr<X11Session> self,
                                      std::vector<xcb_window_t> windows) {
   constexpr std::uint32_t asPager = 2;
-  const auto deadline = Clock::now() + patience;
+  const auto deadline = Clock::now() + tapPatience;
   auto asking = serverTime(self);
   const auto time = co_await std::move(asking);
   if (!time || windows.empty() || self->manager_ == XCB_WINDOW_NONE) {

@@ -5,19 +5,14 @@
 #include <QPainter>
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <cstring>
+
+#include "platform/linux/c_pointer.h"
 
 namespace glintboard {
 namespace {
 
 constexpr std::uint16_t firstSize = 24;
-
-struct Free {
-  void operator()(void* memory) const { std::free(memory); }
-};
-template <class T>
-using Reply = std::unique_ptr<T, Free>;
 
 }  // namespace
 
@@ -66,7 +61,7 @@ bool X11TrayItem::internAtoms(int screen) {
   for (const auto& [name, place] : wanted) {
     const auto asked =
         xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const Reply<xcb_intern_atom_reply_t> reply(
+    const CPointer<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection_.get(), asked, nullptr));
     if (!reply) {
       return false;
@@ -77,7 +72,7 @@ bool X11TrayItem::internAtoms(int screen) {
 }
 
 void X11TrayItem::receive() {
-  while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
+  while (const CPointer<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
     handle(*event);
   }
   if (xcb_connection_has_error(connection_.get()) != 0) {
@@ -128,7 +123,7 @@ void X11TrayItem::handle(const xcb_generic_event_t& event) {
 
 void X11TrayItem::join() {
   const auto asked = xcb_get_selection_owner(connection_.get(), atoms_.tray);
-  const Reply<xcb_get_selection_owner_reply_t> reply(
+  const CPointer<xcb_get_selection_owner_reply_t> reply(
       xcb_get_selection_owner_reply(connection_.get(), asked, nullptr));
   if (!reply || reply->owner == XCB_WINDOW_NONE || reply->owner == tray_) {
     return;
@@ -164,7 +159,7 @@ void X11TrayItem::leave() {
 xcb_visualid_t X11TrayItem::visualOf(xcb_window_t tray) const {
   const auto asked =
       xcb_get_property(connection_.get(), 0, tray, atoms_.visual, XCB_ATOM_VISUALID, 0, 1);
-  const Reply<xcb_get_property_reply_t> reply(
+  const CPointer<xcb_get_property_reply_t> reply(
       xcb_get_property_reply(connection_.get(), asked, nullptr));
   xcb_visualid_t visual = screen_->root_visual;
   if (reply && xcb_get_property_value_length(reply.get()) == sizeof visual) {
@@ -259,7 +254,7 @@ void X11TrayItem::draw() {
     // What the tray shows behind the window shines through.
     const auto asked =
         xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window_, 0, 0, width, height, ~0U);
-    const Reply<xcb_get_image_reply_t> behind(xcb_get_image_reply(connection, asked, nullptr));
+    const CPointer<xcb_get_image_reply_t> behind(xcb_get_image_reply(connection, asked, nullptr));
     if (!behind || xcb_get_image_data_length(behind.get()) < width_ * height_ * 4) {
       return;
     }
