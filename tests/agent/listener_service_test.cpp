@@ -11,10 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using phone::PhoneConnection;
-
-phone::Deadline soon() {
-  return std::chrono::steady_clock::now() + 5s;
-}
+using test::soon;
 
 class ListenerServiceTest : public testing::Test {
  protected:

@@ -10,10 +10,7 @@ namespace glintboard {
 namespace {
 
 using namespace std::chrono_literals;
-
-phone::Deadline soon() {
-  return std::chrono::steady_clock::now() + 5s;
-}
+using test::soon;
 
 // A raw TCP connection to the server.
 class RawClient {

@@ -19,4 +19,9 @@ bool eventually(Condition holds, std::chrono::milliseconds limit = std::chrono::
   return true;
 }
 
+// A deadline that only a fault misses.
+inline std::chrono::steady_clock::time_point soon() {
+  return std::chrono::steady_clock::now() + std::chrono::seconds(5);
+}
+
 }  // namespace glintboard::test

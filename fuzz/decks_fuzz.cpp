@@ -1,0 +1,81 @@
+// The decks file and an earlier version's: whatever is in them, the phone gets its decks, the user
+// can save, and nothing is lost.
+#include "fuzz/fuzz.h"
+#include "platform/atomic_file.h"
+#include "protocol/json_writer.h"
+#include "tests/support/test_agent.h"
+
+namespace glintboard {
+namespace {
+
+using Category = DeckCategoryID;
+
+// Two of the applications that the built-in decks know are installed.
+class Decks {
+ public:
+  Decks() { desktop_.installed = {"com.spotify.client", "com.apple.Safari"}; }
+
+  void use(const char* file, std::string_view content) {
+    test::TemporaryFolder folder;
+    folder.write(file, content);
+    DeckStore store(executors_.service(), executors_.workers(), folder / "decks.json");
+    const auto before = readDecks(folder / "decks.json");
+
+    const auto snapshots = run(store.deckSnapshots(workspace_, icons_, shortcutIcons_));
+    fuzz::require(snapshots.size() == DeckTemplates::categoryOrder.size(),
+                  "the phone gets a deck of each category");
+    const auto after = readDecks(folder / "decks.json");
+    fuzz::require(after.state == StoredDecks::State::present, "the decks file is usable");
+    const bool replaced = after.decks != before.decks;
+    fuzz::require(!replaced || isKept(folder, content), "what the user had is kept");
+
+    const auto deck = run(store.loadDeck(Category::gaming, workspace_));
+    try {
+      run(store.saveDeck(Category::gaming, deck.name, deck.tiles, workspace_));
+    } catch (const std::runtime_error&) {
+      return;  // a deck that breaks the rules of saving
+    }
+    const auto saved = run(store.loadDeck(Category::gaming, workspace_));
+    fuzz::require(saved == DeckRules::validated(deck), "what was saved is what is loaded");
+  }
+
+ private:
+  // Whether some file of the folder has the content, or a deck of it was taken over.
+  bool isKept(const test::TemporaryFolder& folder, std::string_view content) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+      if (readWholeFile(entry.path()) == content) {
+        return true;
+      }
+    }
+    const auto legacy = decodeJson<DeckTemplate>(content);
+    const auto deck =
+        run(DeckStore(executors_.service(), executors_.workers(), folder / "decks.json")
+                .loadDeck(Category::streaming, workspace_));
+    return legacy ? deck.name == legacy->name && deck.tiles.size() == legacy->tiles.size() : false;
+  }
+
+  template <class T>
+  T run(Awaitable<T> operation) {
+    return test::await(executors_.service(), std::move(operation));
+  }
+
+  test::FakeDesktop desktop_;
+  WorkspaceClient workspace_ = desktop_.client();
+  Executors executors_;
+  AppIconProvider icons_{executors_.workerStrand(),
+                         {[](const ApplicationLocation&) { return ContentModification{}; },
+                          [](const ApplicationLocation&, int) { return QImage(); }}};
+  ShortcutIconProvider shortcutIcons_{executors_.workerStrand(), test::noShortcutIcons()};
+};
+
+}  // namespace
+}  // namespace glintboard
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  // Its threads end with the process.
+  static auto& decks = *new glintboard::Decks();
+  for (const char* file : {"decks.json", "deck.json"}) {
+    decks.use(file, glintboard::fuzz::textOf(data, size));
+  }
+  return 0;
+}
