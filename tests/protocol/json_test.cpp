@@ -26,7 +26,7 @@ TEST(Json, NumbersReadBackAsTheyWere) {
     ASSERT_TRUE(back) << text;
     EXPECT_EQ(*back, number);
   }
-  for (const char* text : {"-0e+315", "1e400", "-1e999999999999"}) {
+  for (const char* text : {"1e400", "-1e999999999999"}) {
     EXPECT_FALSE(decodeJson<double>(text)) << text;
   }
 }
