@@ -154,13 +154,14 @@ class Agent:
         tasks = pathlib.Path(f"/proc/{self.pid}/task").glob("*/children")
         return " ".join(task.read_text().strip() for task in tasks).split()
 
-    def sockets(self):
-        """How many connections of phones it has, the listener among them."""
-        files = pathlib.Path(f"/proc/{self.pid}/fd").iterdir()
-        inodes = {os.readlink(file)[8:-1] for file in files if "socket:" in os.readlink(file)}
+    @staticmethod
+    def connections():
+        """How many connections the agent's end is open of."""
         tables = (pathlib.Path(f"/proc/net/{name}").read_text() for name in ("tcp", "tcp6"))
         lines = (line.split() for table in tables for line in table.splitlines()[1:])
-        return sum(line[9] in inodes for line in lines)
+        established, half_closed = "01", "08"
+        return sum(line[1].endswith(f":{PORT:04X}") and line[3] in (established, half_closed)
+                   for line in lines)
 
     def held(self):
         """What it holds of what the machine has."""
