@@ -201,7 +201,7 @@
     </message>
     <message>
         <source>Starting…</source>
-        <translation>Wird gestartet …</translation>
+        <translation>Wird gestartet&#xa0;…</translation>
     </message>
     <message>
         <source>Dismiss</source>
@@ -217,7 +217,7 @@
     </message>
     <message>
         <source>Show Pairing Code…</source>
-        <translation>Kopplungscode anzeigen …</translation>
+        <translation>Kopplungscode anzeigen&#xa0;…</translation>
     </message>
     <message>
         <source>Hide Pairing Code</source>
@@ -256,7 +256,7 @@
     </message>
     <message>
         <source>Show Pairing Code…</source>
-        <translation>Kopplungscode anzeigen …</translation>
+        <translation>Kopplungscode anzeigen&#xa0;…</translation>
     </message>
     <message>
         <source>Unpair iPhone</source>

@@ -80,15 +80,20 @@ Column {
         visible: items.menu.hasHint
 
         Item {
+            id: hintRow
+
+            // Large text takes two rows.
+            readonly property bool fits: width - dismiss.width - Look.Gap12 >= 160
+
             width: parent.width
-            implicitHeight: Math.max(hint.implicitHeight, dismiss.implicitHeight)
+            implicitHeight: fits ? Math.max(hint.implicitHeight, dismiss.implicitHeight) : hint.implicitHeight + Look.Gap8 + dismiss.implicitHeight
 
             SymbolText {
                 id: hint
 
                 objectName: "hint"
-                anchors.verticalCenter: parent.verticalCenter
-                width: parent.width - dismiss.width - Look.Gap12
+                y: hintRow.fits ? (parent.height - height) / 2 : 0
+                width: hintRow.fits ? parent.width - dismiss.width - Look.Gap12 : parent.width
                 symbolName: "exclamationmark.shield"
                 symbolColor: Look.warning
                 text: items.menu.hint
@@ -100,7 +105,7 @@ Column {
 
                 objectName: "dismiss"
                 anchors.right: parent.right
-                anchors.verticalCenter: parent.verticalCenter
+                y: hintRow.fits ? (parent.height - height) / 2 : hint.implicitHeight + Look.Gap8
                 text: qsTr("Dismiss")
                 onClicked: items.menu.dismissHint()
             }

@@ -68,7 +68,7 @@ class Language(DesktopTest):
         self.assertEqual(phone.pair("000000" if code != "000000" else "111111")["message"],
                          "Invalid PIN")
         self.assertTrue(phone.pair(code)["ok"])
-        agent.menu_shows("Anna", "Kopplungscode anzeigen …")
+        agent.menu_shows("Anna", "Kopplungscode anzeigen\u00a0…")
         names = [deck["name"] for deck in phone.decks()]
         self.assertEqual(names, ["Streaming", "Gaming"])
 
