@@ -26,9 +26,10 @@ TEST(Json, NumbersReadBackAsTheyWere) {
     ASSERT_TRUE(back) << text;
     EXPECT_EQ(*back, number);
   }
-  for (const char* text : {"1e400", "-1e999999999999"}) {
-    EXPECT_FALSE(decodeJson<double>(text)) << text;
+  for (const char* beyond : {"1e400", "-1e999999999999"}) {
+    EXPECT_FALSE(decodeJson<double>(beyond)) << beyond;
   }
+  EXPECT_EQ(decodeJson<double>("-0e+315").value(), 0);
 }
 
 TEST(Json, ReadsLenientlyWhatMayVaryAndRefusesTheRest) {
