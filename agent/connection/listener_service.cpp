@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 #include <boost/system/errc.hpp>
 
-#include "platform/descriptor_limit.h"
 #include "agent/language/error_text.h"
+#include "platform/descriptor_limit.h"
 #include "platform/log.h"
 #include "platform/spawn.h"
 #include "protocol/message_factory.h"
