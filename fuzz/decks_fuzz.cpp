@@ -19,12 +19,12 @@ class Decks {
     test::TemporaryFolder folder;
     folder.write(file, content);
     DeckStore store(executors_.service(), executors_.workers(), folder / "decks.json");
-    const auto before = readDecks(folder / "decks.json");
+    const StoredDecks before = DecksReader(folder / "decks.json").read();
 
     const auto snapshots = run(store.deckSnapshots(workspace_, icons_, shortcutIcons_));
     fuzz::require(snapshots.size() == DeckTemplates::categoryOrder.size(),
                   "the phone gets a deck of each category");
-    const auto after = readDecks(folder / "decks.json");
+    const StoredDecks after = DecksReader(folder / "decks.json").read();
     fuzz::require(after.state == StoredDecks::State::present, "the decks file is usable");
     const bool replaced = after.decks != before.decks;
     fuzz::require(!replaced || isKept(folder, content), "what the user had is kept");
@@ -51,7 +51,7 @@ class Decks {
     const auto deck =
         run(DeckStore(executors_.service(), executors_.workers(), folder / "decks.json")
                 .loadDeck(Category::streaming, workspace_));
-    return legacy ? deck.name == legacy->name && deck.tiles.size() == legacy->tiles.size() : false;
+    return legacy && deck.name == legacy->name && deck.tiles.size() == legacy->tiles.size();
   }
 
   template <class T>
