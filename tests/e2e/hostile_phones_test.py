@@ -1,6 +1,6 @@
 """Connections that mean no good, while a paired phone goes on tapping its keys.
 
-`hostile_phones_test.py ATTACK TOKEN` carries out one attack until it is killed.
+`hostile_phones_test.py attack NAME TOKEN` carries out one attack until it is killed.
 """
 
 import asyncio
@@ -19,7 +19,9 @@ import unittest
 from client import TOKEN_HEADER, Client, message, open_raw, upgrade
 from desktop import PORT, SLOWNESS, DesktopTest
 
-PATIENCE = 0.5 * SLOWNESS  # seconds for a tap: many times what it takes on an idle machine
+# Seconds, many times what an idle machine takes: for a usual tap, for any, and for a connection,
+# which has to wait behind those that others open without pause.
+USUAL_TAP, ANY_TAP, CONNECTING = 0.1 * SLOWNESS, 1 * SLOWNESS, 5 * SLOWNESS
 GUEST = "00000000-0000-4000-8000-000000000000"
 LOUDER = {"actionId": "system.volume.up"}
 
@@ -141,7 +143,7 @@ class HostilePhones(DesktopTest):
         phone = await Client.connect(token)
         for name in ATTACKS:
             with self.subTest(name):
-                with subprocess.Popen([sys.executable, "-B", __file__, name, token],
+                with subprocess.Popen([sys.executable, "-B", __file__, "attack", name, token],
                                       stdout=subprocess.PIPE) as attacker:
                     try:
                         await asyncio.to_thread(attacker.stdout.readline)
@@ -152,8 +154,9 @@ class HostilePhones(DesktopTest):
                 print(f"{name}: tap {tap * 1000:.1f} ms, worst {max(old) * 1000:.1f}; "
                       f"new connection {connecting * 1000:.1f}, worst {max(new) * 1000:.1f}",
                       file=sys.stderr)
-                self.assertLess(tap, PATIENCE / 5)
-                self.assertLess(max(*old, *new), PATIENCE * 2)
+                self.assertLess(tap, USUAL_TAP)
+                self.assertLess(max(old), ANY_TAP)
+                self.assertLess(max(new), CONNECTING)
                 self.assertLess(agent.descriptors(), 1000)
         self.assertLess(agent.held()["KiB"], 200 << 10)
         await phone.ping()
@@ -203,6 +206,6 @@ class HostilePhones(DesktopTest):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) == 3:
-        attack(*sys.argv[1:])
+    if sys.argv[1:2] == ["attack"]:
+        attack(*sys.argv[2:])
     unittest.main()
