@@ -93,7 +93,8 @@ class Endpoint {
 
   const std::uint16_t port_ = test::freePort();
   asio::io_context loop_{1};
-  WebSocketListener listener_{loop_.get_executor(), port_};
+  WebSocketListener listener_{loop_.get_executor(), port_,
+                              std::make_shared<ConnectionBounds>(ConnectionLimits{})};
   std::uint32_t next_ = 0;
   int live_ = 0;
 };

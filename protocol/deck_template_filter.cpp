@@ -38,13 +38,13 @@ std::vector<DeckTile> resolvedTiles(const DeckTemplate& deck,
       tiles.push_back(tile);
       continue;
     }
-    auto installed = resolveBundleId(tile, whereInstalled);
-    if (!installed) {
+    const std::string* installed = resolved(tile, whereInstalled);
+    if (installed == nullptr) {
       continue;
     }
-    tiles.push_back(*installed == tile.bundleId
+    tiles.push_back(installed == &tile.bundleId
                         ? tile
-                        : DeckTile::app(tile.slot, tile.label, std::move(*installed), tile.iconName,
+                        : DeckTile::app(tile.slot, tile.label, *installed, tile.iconName,
                                         tile.alternateBundleIds));
   }
   return tiles;

@@ -1,6 +1,7 @@
 #include "protocol/json_reader.h"
 
 #include <charconv>
+#include <cstring>
 
 namespace glintboard {
 namespace {
@@ -19,7 +20,11 @@ std::optional<Number> numberOf(std::string_view text) {
 bool JsonReader::read(std::string& output) {
   std::string_view text;
   const bool isText = scanner_.takeString(text);
-  output = text;
+  if (output.size() == text.size()) {  // as when the same is read again
+    std::memcpy(output.data(), text.data(), text.size());
+  } else {
+    output = text;
+  }
   return isText || refuse("not a text");
 }
 

@@ -97,9 +97,19 @@ class JsonReader {
       return refuse("not an object");
     }
     std::array<Found, count + 1> found{};  // the last is for keys that are no member's
-    std::size_t likely = 0;  // Members mostly come in the order in which we write them.
+    bool isFirst = true;
+    // What we wrote has its members in this order and no white space.
+    const bool isJson = [&]<std::size_t... index>(std::index_sequence<index...>) {
+      return (
+          readExpectedMember<boost::mp11::mp_at_c<Members, index>>(isFirst, output, found[index]) &&
+          ...);
+    }(std::make_index_sequence<count>());
+    if (!isJson) {
+      return false;
+    }
+    std::size_t likely = 0;
     std::string_view key;
-    for (bool isFirst = true; scanner_.nextMember(isFirst, key);) {
+    while (scanner_.nextMember(isFirst, key)) {
       const std::size_t place = placeOf<Members>(key, likely);
       likely = place < count ? place + 1 : likely;
       if (!boost::mp11::mp_with_index<count + 1>(place, [&](auto index) {
@@ -114,6 +124,25 @@ class JsonReader {
       }
     }
     return !scanner_.failed() && finish(output, found);
+  }
+
+  // Takes the member if it comes next as we write it. False when the text is no JSON.
+  template <class Described, class T>
+  bool readExpectedMember(bool& isFirst, T& output, Found& found) {
+    static constexpr auto text = memberText<Described>();
+    return !scanner_.takeExpectedMember(isFirst, text) ||
+           readMember(Described::name, output.*Described::pointer, found);
+  }
+  // As it is written before the value of a member that follows another.
+  template <class Described>
+  static constexpr auto memberText() {
+    constexpr std::string_view name = Described::name;
+    std::array<char, name.size() + 4> text{};
+    std::copy(name.begin(), name.end(), text.begin() + 2);
+    text[0] = ',';
+    text[1] = text[text.size() - 2] = '"';
+    text.back() = ':';
+    return text;
   }
 
   // The index of the member of that name, sought from `likely` on; the number of members if none.

@@ -1,6 +1,11 @@
 // Walks through a JSON text without building anything.
 #pragma once
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -48,6 +53,19 @@ class JsonScanner {
     return true;
   }
   bool nextItem(bool& isFirst) { return next(isFirst, ']'); }
+  // Takes the next member's key if it stands there as `expected`, which is ,"key": with its comma,
+  // and nothing but that. For who knows in which order a text was written; takes nothing if not.
+  template <std::size_t size>
+  bool takeExpectedMember(bool& isFirst, const std::array<char, size>& expected) {
+    const std::size_t skipped = isFirst ? 1 : 0;
+    if (static_cast<std::size_t>(end_ - at_) < size ||
+        std::memcmp(at_, expected.data() + skipped, size - skipped) != 0) {
+      return false;
+    }
+    at_ += size - skipped;
+    isFirst = false;
+    return true;
+  }
 
   // A text with its escapes resolved; valid until the next call.
   bool takeString(std::string_view& output) {
@@ -105,6 +123,20 @@ class JsonScanner {
   // The first character that is not just itself within a text: a quote, a backslash, a control or
   // one beyond ASCII.
   const char* endOfPlainText(const char* from) const {
+#ifdef __SSE2__
+    for (; end_ - from >= 16; from += 16) {
+      const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+      const auto is = [&](char character) {
+        return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(character));
+      };
+      const __m128i unusual =
+          _mm_or_si128(_mm_or_si128(is('"'), is('\\')),
+                       _mm_cmplt_epi8(bytes, _mm_set1_epi8(0x20)));  // beyond ASCII is negative
+      if (const auto places = static_cast<unsigned>(_mm_movemask_epi8(unusual)); places != 0) {
+        return from + std::countr_zero(places);
+      }
+    }
+#endif
     for (; end_ - from >= 8; from += 8) {
       std::uint64_t word = 0;
       std::memcpy(&word, from, sizeof(word));

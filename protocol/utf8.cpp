@@ -1,12 +1,22 @@
 #include "protocol/utf8.h"
 
 #include <cstdint>
+#include <cstring>
 
 namespace glintboard {
 
 bool isValidUtf8(std::string_view text) {
   std::size_t position = 0;
   while (position < text.size()) {
+    // Most text is ASCII.
+    std::uint64_t word = 0;
+    if (text.size() - position >= sizeof(word)) {
+      std::memcpy(&word, text.data() + position, sizeof(word));
+      if ((word & 0x8080808080808080U) == 0) {
+        position += sizeof(word);
+        continue;
+      }
+    }
     const auto lead = static_cast<unsigned char>(text[position++]);
     if (lead < 0x80) {
       continue;

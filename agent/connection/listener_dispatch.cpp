@@ -77,9 +77,12 @@ struct Refusal {
 
 WireMessage<PongPayload> pongTo(const WireMessage<PingPayload>& ping,
                                 std::vector<std::string> running) {
-  using namespace std::chrono;
-  const duration<double> elapsed = system_clock::now() - ping.payload.ts.time;
-  return MessageFactory::pong(ping.payload.ts, elapsed.count(), std::move(running), ping.id);
+  // In seconds from the start: a date far off has too many nanoseconds.
+  const auto seconds = [](auto time) {
+    return std::chrono::duration<double>(time.time_since_epoch()).count();
+  };
+  const double elapsed = seconds(std::chrono::system_clock::now()) - seconds(ping.payload.ts.time);
+  return MessageFactory::pong(ping.payload.ts, elapsed, std::move(running), ping.id);
 }
 
 // Whether the reply says that the Shortcut waits for the user.
@@ -139,15 +142,16 @@ Awaitable<Replies> ListenerService::dispatch(std::string message,
   if (!parsed) {
     co_return Replies();
   }
-  co_return co_await answer(std::move(*parsed), std::move(message), std::move(token));
+  co_return co_await answer(std::move(*parsed), std::move(message), std::move(token), {});
 }
 
-std::optional<std::string> ListenerService::answerAtOnce(const Parser::ParsedMessage& parsed,
-                                                         const std::optional<std::string>& token) {
+bool ListenerService::isPaired(const std::optional<std::string>& token) {
+  return token && !token->empty() && parts_.pairingService.isPaired(*token).value_or(false);
+}
+
+std::optional<std::string> ListenerService::answerAtOnce(const Parser::ParsedMessage& parsed) {
   const auto* ping = std::get_if<WireMessage<PingPayload>>(&parsed);
-  const auto paired =
-      ping != nullptr && token ? parts_.pairingService.isPaired(*token) : std::nullopt;
-  if (!paired || !*paired) {
+  if (ping == nullptr) {
     return std::nullopt;
   }
   auto running = parts_.deckStore.runningDeckBundleIdsNow(parts_.workspace);
@@ -156,15 +160,18 @@ std::optional<std::string> ListenerService::answerAtOnce(const Parser::ParsedMes
 }
 
 Awaitable<Replies> ListenerService::answer(Parser::ParsedMessage parsed, std::string message,
-                                           std::optional<std::string> token) {
+                                           std::optional<std::string> token,
+                                           std::optional<AsyncLock::Guard> turn) {
   try {
     if (auto* request = std::get_if<WireMessage<PairRequestPayload>>(&parsed)) {
+      turn.reset();  // pairings take turns of their own
       co_return co_await pair(std::move(*request));
     }
     const auto paired = co_await device(token);
     if (!paired) {
       co_return std::visit(Refusal{}, parsed);
     }
+    turn.reset();
     auto answering = std::visit(Answer{*this, std::move(message)}, std::move(parsed));
     co_return co_await std::move(answering);
   } catch (const std::exception& error) {

@@ -144,10 +144,6 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
       log::info("listening on port ", port_);
       advertise();
       return;
-    case WebSocketListenerState::Kind::cancelled:
-      isRunning_ = false;
-      parts_.bonjour.withdraw();
-      return;
     case WebSocketListenerState::Kind::failed:
       break;
   }
@@ -168,7 +164,7 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
 Awaitable<> ListenerService::retryStartAfterPortConflict(std::weak_ptr<ListenerService> weak) {
   co_await sleepFor(portConflictPause);
   const auto self = weak.lock();
-  if (!self || self->listener_ || self->isRunning_) {
+  if (!self || self->listener_ || self->isRunning_ || self->isShutDown_) {
     co_return;
   }
   try {
@@ -199,7 +195,7 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
                connection->handshake().peer);
   }
   try {
-    co_await self->receiveMessages(connection, std::move(token));
+    co_await self->receiveMessages(connection, std::move(token), paired.has_value());
   } catch (const std::exception& error) {
     log::warning("connection: ", error.what());
   }
@@ -210,7 +206,7 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
 }
 
 Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
-                                             std::optional<std::string> token) {
+                                             std::optional<std::string> token, bool wasPaired) {
   for (;;) {
     auto message = connection->received();
     if (!message) {
@@ -222,8 +218,14 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     if (message->empty()) {
       continue;
     }
+    // Which may have changed since the last message, whatever became of the pushes.
+    const bool paired = isPaired(token);
+    if (std::exchange(wasPaired, paired) != paired) {
+      connection->setPaired(paired);
+    }
     std::optional<AsyncLock::Guard> turn;
-    if (!pushConnections_.contains(connection.get())) {
+    if (!paired) {
+      connection->flush();
       auto taken = co_await strangersTurn_.acquire();
       turn.emplace(std::move(taken));
     }
@@ -231,15 +233,14 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     if (!parsed) {
       continue;
     }
-    if (auto reply = answerAtOnce(*parsed, token)) {
+    if (auto reply = paired ? answerAtOnce(*parsed) : std::nullopt) {
       if (!connection->sendNow(*reply)) {
         co_await connection->send(std::move(*reply));
       }
       continue;
     }
     connection->flush();
-    auto replies = co_await answer(std::move(*parsed), std::move(*message), token);
-    turn.reset();
+    auto replies = co_await answer(std::move(*parsed), std::move(*message), token, std::move(turn));
     for (auto& reply : replies) {
       co_await connection->send(std::move(reply));
     }
@@ -296,6 +297,7 @@ Awaitable<> ListenerService::doCheckAfterSleep() {
 }
 
 Awaitable<> ListenerService::doShutDown() {
+  isShutDown_ = true;
   stopListener();
   const auto all = std::exchange(connections_, {});
   for (const auto& [key, connection] : all) {

@@ -118,17 +118,21 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
 
   // The life of one connection, from its upgrade to its end.
   static Awaitable<> serve(std::shared_ptr<ListenerService> self, ConnectionPointer connection);
-  Awaitable<> receiveMessages(ConnectionPointer connection, std::optional<std::string> token);
+  Awaitable<> receiveMessages(ConnectionPointer connection, std::optional<std::string> token,
+                              bool wasPaired);
   void removeConnection(const ConnectionPointer& connection);
   Awaitable<> dropUnpairedConnections();
   void pushConnectionsChanged();
 
   // Dispatch by message.
+  // A stranger's `turn` is given back as soon as it holds up nobody.
   Awaitable<std::vector<std::string>> answer(WireMessageParser::ParsedMessage parsed,
-                                             std::string message, std::optional<std::string> token);
+                                             std::string message, std::optional<std::string> token,
+                                             std::optional<AsyncLock::Guard> turn);
   // The pong to a paired phone's ping, the most frequent of messages, if it can be given at once.
-  std::optional<std::string> answerAtOnce(const WireMessageParser::ParsedMessage& parsed,
-                                          const std::optional<std::string>& token);
+  std::optional<std::string> answerAtOnce(const WireMessageParser::ParsedMessage& parsed);
+  // As far as is known at once.
+  bool isPaired(const std::optional<std::string>& token);
   Awaitable<std::optional<PairedDevice>> device(const std::optional<std::string>& token);
   struct Answer;
   Awaitable<std::vector<std::string>> pair(WireMessage<PairRequestPayload> request);
@@ -145,8 +149,8 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   // Those of one listener outlive it, so all listeners share their bounds.
   std::shared_ptr<ConnectionBounds> bounds_;
   std::unique_ptr<WebSocketListener> listener_;
-  // Held for each message that is not a paired phone's, so that many strangers hold up nobody
-  // longer than one.
+  // Held while a message is read that is not a paired phone's, so that many strangers hold up
+  // nobody longer than one.
   AsyncLock strangersTurn_;
   std::map<WebSocketConnection*, PushConnection> pushConnections_;
   std::map<WebSocketConnection*, ConnectionPointer> connections_;
@@ -155,6 +159,7 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   std::optional<std::string> shortcutCoachMessage_;
   int portConflictRetries_ = 0;
   bool phoneConnected_ = false;
+  bool isShutDown_ = false;
 };
 
 }  // namespace glintboard

@@ -3,12 +3,14 @@
 #include <sys/socket.h>
 
 #include <array>
+#include <boost/asio/write.hpp>
 #include <boost/beast/core/flat_buffer.hpp>
-#include <boost/beast/http.hpp>
-#include <boost/beast/websocket.hpp>
+#include <boost/beast/http/parser.hpp>
+#include <boost/beast/http/read.hpp>
 #include <cerrno>
 
 #include "agent/connection/web_socket_frames.h"
+#include "agent/connection/web_socket_upgrade.h"
 #include "platform/spawn.h"
 
 namespace glintboard {
@@ -17,7 +19,6 @@ namespace {
 using namespace std::chrono_literals;
 namespace beast = boost::beast;
 namespace http = beast::http;
-namespace websocket = beast::websocket;
 using Clock = std::chrono::steady_clock;
 using WebSocketFrames::Opcode;
 using WebSocketFrames::Received;
@@ -35,7 +36,7 @@ constexpr auto upgradeDeadline = 10s;
 constexpr auto keepAliveInterval = 8s;
 constexpr auto probeDeadline = 6s;
 constexpr auto stoppedFor = 2s;      // a timer that is so late tells that the process was stopped
-constexpr auto vanishedAfter = 23s;  // silence of a peer that is being listened to
+constexpr auto vanishedAfter = 21s;  // silence of a peer that is being listened to
 constexpr auto stuckAfter = 60s;     // a write of which the peer takes nothing
 constexpr std::size_t readAtOnce = 8 << 10;
 constexpr std::size_t keptCapacity = 64 << 10;
@@ -54,8 +55,8 @@ std::string peerOf(const TcpSocket& socket) {
   return peer.address().to_string() + " port " + std::to_string(peer.port());
 }
 
-// The library makes the upgrade. The frames are handled here, so that a message costs no more turns
-// of the loop than the socket itself, and so that many replies leave in one write.
+// The library reads the request for the upgrade. The rest is handled here, so that a message costs
+// no more turns of the loop than the socket itself, and so that many replies leave in one write.
 class Connection : public AcceptedConnection, public std::enable_shared_from_this<Connection> {
  public:
   Connection(TcpSocket socket, std::unique_ptr<ConnectionBounds::Place> place)
@@ -85,9 +86,10 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
       co_return false;
     }
     handshake_.headers = headersOf(parser.get());
-    websocket::stream<TcpSocket&, false> stream(socket_);
-    auto [error] = co_await stream.async_accept(parser.get(), asio::as_tuple(asio::use_awaitable));
-    if (error) {
+    const auto answer = answerUpgrade(parser.get());
+    auto [error, written] = co_await asio::async_write(socket_, asio::buffer(answer.text),
+                                                       asio::as_tuple(asio::use_awaitable));
+    if (error || !answer.accepted) {
       cancel();
       co_return false;
     }
@@ -197,9 +199,9 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
   }
 
   void probe() override {
-    if (!probedAt_) {
+    // One that still has to take something is watched by that.
+    if (!probedAt_ && ping()) {
       probedAt_ = Clock::now();
-      ping();
       watchTimer_.cancel();
     }
   }
@@ -318,11 +320,14 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     }
   }
 
-  void ping() {
-    if (reading_ && !writing_ && !closing_ && !ended_) {
-      append(gathered_, Opcode::ping, {});
-      flush();
+  // False when it is not the moment for one.
+  bool ping() {
+    if (!reading_ || writing_ || closing_ || ended_) {
+      return false;
     }
+    append(gathered_, Opcode::ping, {});
+    flush();
+    return true;
   }
 
   std::unique_ptr<ConnectionBounds::Place> place_;

@@ -1,6 +1,7 @@
 #include "agent/connection/web_socket_frames.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "protocol/utf8.h"
@@ -43,6 +44,22 @@ std::uint64_t bigEndian(std::string_view bytes) {
     number = number << 8 | static_cast<unsigned char>(byte);
   }
   return number;
+}
+
+// In steps of a whole number of masks.
+void unmask(char* payload, std::size_t length, const char* mask) {
+  std::uint64_t masks = 0;
+  std::memcpy(&masks, mask, maskLength);
+  std::memcpy(reinterpret_cast<char*>(&masks) + maskLength, mask, maskLength);
+  for (; length >= sizeof(masks); length -= sizeof(masks), payload += sizeof(masks)) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, payload, sizeof(word));
+    word ^= masks;
+    std::memcpy(payload, &word, sizeof(word));
+  }
+  for (std::size_t i = 0; i < length; ++i) {
+    payload[i] = static_cast<char>(payload[i] ^ mask[i % maskLength]);
+  }
 }
 
 }  // namespace
@@ -120,10 +137,7 @@ std::optional<Reader::Frame> Reader::takeFrame() {
     return std::nullopt;
   }
   char* const payload = bytes_.data() + taken_ + start;
-  const char* const mask = payload - maskLength;
-  for (std::size_t i = 0; i < length; ++i) {
-    payload[i] = static_cast<char>(payload[i] ^ mask[i % maskLength]);
-  }
+  unmask(payload, length, payload - maskLength);
   taken_ += start + length;
   return Frame{opcode, (head & finalBit) != 0, {payload, length}};
 }

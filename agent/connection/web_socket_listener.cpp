@@ -61,12 +61,6 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
     spawn(acceptor_.get_executor(), accept(shared_from_this()), "listener");
   }
 
-  void cancel() {
-    error_code ignored;
-    acceptor_.close(ignored);
-    report({WebSocketListenerState::Kind::cancelled, {}});
-  }
-
   void abandon() {
     error_code ignored;
     acceptor_.close(ignored);
@@ -161,6 +155,8 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
       log::debug("no upgrade came from ", connection->handshake().peer);
     } else if (self->onConnection_) {
       self->onConnection_(std::move(connection));
+    } else {
+      connection->cancel();
     }
   }
 
@@ -182,10 +178,6 @@ WebSocketListener::~WebSocketListener() {
 
 void WebSocketListener::start(StateHandler onState, ConnectionHandler onConnection) {
   acceptor_->start(std::move(onState), std::move(onConnection));
-}
-
-void WebSocketListener::cancel() {
-  acceptor_->cancel();
 }
 
 }  // namespace glintboard

@@ -11,7 +11,7 @@ namespace glintboard {
 
 // What becomes of a listener.
 struct WebSocketListenerState {
-  enum class Kind { ready, failed, cancelled };
+  enum class Kind { ready, failed };
   Kind kind = Kind::ready;
   error_code error;  // why it failed
 };
@@ -33,8 +33,6 @@ class WebSocketListener {
 
   // Begins listening; how that went arrives as a state.
   void start(StateHandler onState, ConnectionHandler onConnection);
-  // Stops listening; the connections that are open go on.
-  void cancel();
 
  private:
   class Acceptor;

@@ -257,7 +257,7 @@ Awaitable<> DeckStore::migrateLegacyIfNeeded(const WorkspaceClient& workspace) {
     if (kept) {
       std::filesystem::remove(legacyURL_, ignored);
     } else if (legacy) {
-      std::filesystem::rename(legacyURL_, legacyURL_.string() + ".bak", ignored);
+      std::filesystem::rename(legacyURL_, freeBackup(legacyURL_), ignored);
     }
   } catch (const std::exception& error) {
     log::warning("the first decks were not written: ", error.what());

@@ -59,12 +59,17 @@ void writeDecksFile(const std::filesystem::path& path, const DecksFile& file) {
   writeAtomically(path, content, fileMode);
 }
 
-void keepBackup(const std::filesystem::path& path) {
+std::filesystem::path freeBackup(const std::filesystem::path& path) {
   const std::filesystem::path first = path.string() + ".bak";
   std::filesystem::path backup = first;
   for (int number = 1; std::filesystem::exists(backup); ++number) {
     backup = first.string() + "." + std::to_string(number);
   }
+  return backup;
+}
+
+void keepBackup(const std::filesystem::path& path) {
+  const auto backup = freeBackup(path);
   writeAtomically(backup, readWholeFile(path), fileMode);
   log::warning(path.string(), " cannot be used; it is kept as ", backup.string());
 }

@@ -57,8 +57,9 @@ std::optional<DeckTemplate> readLegacyDeck(const std::filesystem::path& path);
 // std::system_error; the previous file is then intact.
 void writeDecksFile(const std::filesystem::path& path, const DecksFile& file);
 
-// Keeps a copy of the file beside it, under the first free name of "decks.json.bak",
-// "decks.json.bak.1" and so on. Throws std::system_error.
+// The first free name beside a file: "decks.json.bak", "decks.json.bak.1" and so on.
+std::filesystem::path freeBackup(const std::filesystem::path& path);
+// Keeps a copy of the file under that name. Throws std::system_error.
 void keepBackup(const std::filesystem::path& path);
 
 }  // namespace glintboard

@@ -97,6 +97,10 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   start();
   auto phone = connect(pair(id));
   EXPECT_TRUE(test::eventually([&] { return agent.phoneConnected.load(); }));
+  const auto farOff = WireDate::parse("9999-12-31T23:59:59Z").value();
+  const auto pong = ask(phone, MessageFactory::ping(farOff, id));
+  ASSERT_EQ(pong.size(), 1u);
+  EXPECT_LT(WireCodec::decode<PongPayload>(pong[0])->payload.rtt, -2e11);
   const auto icons = ask(phone, MessageFactory::appIconRequest(
                                     {"com.spotify.client", "absent", "com.apple.Safari"}, id));
   ASSERT_EQ(icons.size(), 2u);
@@ -125,14 +129,21 @@ TEST_F(ListenerServiceTest, PushesEndWithThePairing) {
 TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   start();
   EXPECT_TRUE(agent.bonjour.isAdvertised);
-  auto phone = connect(pair(id));
+  const auto token = pair(id);
+  auto phone = connect(token);
+  auto stuck = connect(token);
   ASSERT_TRUE(test::eventually([&] { return state().hasPushConnections; }));
   EXPECT_THROW(agent.run(listener.start()), ListenerServiceError);
   agent.run(listener.stop());
   EXPECT_FALSE(agent.bonjour.isAdvertised);
   EXPECT_FALSE(state().isRunning);
   EXPECT_FALSE(state().hasPushConnections);
+  agent.processRunner.takes = test::patience * 3s;
+  stuck.send(WireCodec::encode(MessageFactory::shortcutRun(uuidText(id), std::nullopt, id)),
+             soon());
+  const auto asked = std::chrono::steady_clock::now();
   EXPECT_EQ(ask(phone, MessageFactory::deckSync(id)).size(), 1u);
+  EXPECT_LT(std::chrono::steady_clock::now() - asked, test::patience * 2s) << "held up by another";
   EXPECT_THROW(connect(), std::exception);
   start();
   connect();
@@ -147,7 +158,7 @@ TEST_F(ListenerServiceTest, AKeychainThatHangsDelaysNoMessageBeyondTheFirstTwoSe
   auto stranger = connect("stored token");
   stranger.send(WireCodec::encode(MessageFactory::appLaunch("a", id)), soon());
   EXPECT_NE(stranger.receive(soon()), std::nullopt);
-  EXPECT_LT(std::chrono::steady_clock::now() - began, 2500ms);
+  EXPECT_LT(std::chrono::steady_clock::now() - began, test::patience * 2500ms);
 
   const auto code = agent.run(pairing.state()).currentPairingCode;
   auto saving = asio::co_spawn(
@@ -159,7 +170,7 @@ TEST_F(ListenerServiceTest, AKeychainThatHangsDelaysNoMessageBeyondTheFirstTwoSe
   const auto asked = std::chrono::steady_clock::now();
   phone.send(WireCodec::encode(MessageFactory::ping(WireDate::now(), id)), soon());
   EXPECT_TRUE(WireCodec::decode<PongPayload>(phone.receive(soon()).value_or("")));
-  EXPECT_LT(std::chrono::steady_clock::now() - asked, 500ms);
+  EXPECT_LT(std::chrono::steady_clock::now() - asked, test::patience * 500ms);
   EXPECT_EQ(saving.wait_for(0s), std::future_status::timeout) << "the keychain still hangs";
 
   agent.keychain.recover();

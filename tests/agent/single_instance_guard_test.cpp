@@ -52,14 +52,16 @@ TEST(SingleInstanceGuard, WaitsForThePortAsLongAsItMayAndAloneNotAtAll) {
   auto held = std::make_unique<FileDescriptor>(test::holdPort(port));
   const test::TemporaryFolder folder;
   LinuxAgentInstances alone(folder.path());
-  EXPECT_LT(timed([&] { EXPECT_TRUE(SingleInstanceGuard::enforce(alone, port)); }), 90ms);
-  EXPECT_LT(timed([&] { SingleInstanceGuard::waitForPortRelease(0, port); }), 90ms);
+  EXPECT_LT(timed([&] { EXPECT_TRUE(SingleInstanceGuard::enforce(alone, port)); }),
+            test::patience * 90ms);
+  EXPECT_LT(timed([&] { SingleInstanceGuard::waitForPortRelease(0, port); }),
+            test::patience * 90ms);
   EXPECT_GE(timed([&] { SingleInstanceGuard::waitForPortRelease(3, port); }), 300ms);
   std::thread release([&] {
     std::this_thread::sleep_for(150ms);
     held.reset();
   });
-  EXPECT_LT(timed([&] { SingleInstanceGuard::waitForPortRelease(50, port); }), 2s);
+  EXPECT_LT(timed([&] { SingleInstanceGuard::waitForPortRelease(50, port); }), test::patience * 2s);
   release.join();
 }
 

@@ -50,7 +50,9 @@ class RawClient {
         "GET / HTTP/1.1\r\nHost: a\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
         "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n" +
         moreHeaders + "\r\n");
-    EXPECT_TRUE(receive().starts_with("HTTP/1.1 101")) << "no upgrade";
+    EXPECT_EQ(receive(),
+              "HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+              "Sec-WebSocket-Accept: s3pPLMBiTxaQ9kYGzzhZRbK+xOo=\r\n\r\n");
   }
 
  private:
@@ -161,12 +163,22 @@ TEST_F(WebSocketTest, EndsConnectionsThatBreakTheRulesAndNoOthers) {
     const std::string close = {'\x88', 2, static_cast<char>(code >> 8), static_cast<char>(code)};
     EXPECT_EQ(client.receive(), close + "[end]") << testing::PrintToString(bytes);
   }
-  for (const char* request : {"GET / HTTP/1.1\r\nHost: a\r\n\r\n", "nonsense\r\n\r\n"}) {
+  const std::string upgrade =
+      "GET / HTTP/1.1\r\nHost: a\r\nUpgrade: websocket\r\nConnection: keep-alive, Upgrade\r\n";
+  const std::string key = "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n";
+  const std::string version = "Sec-WebSocket-Version: 13\r\n";
+  const std::pair<std::string, std::string> refusals[] = {
+      {"nonsense", "[end]"},
+      {"GET / HTTP/1.1\r\nHost: a\r\n", "HTTP/1.1 400 "},
+      {"POST" + upgrade.substr(3) + key + version, "HTTP/1.1 400 "},
+      {upgrade + version, "HTTP/1.1 400 "},
+      {upgrade + "Sec-WebSocket-Key: c2hvcnQ=\r\n" + version, "HTTP/1.1 400 "},
+      {upgrade + key + "Sec-WebSocket-Version: 8\r\n", "HTTP/1.1 426 "}};
+  for (const auto& [request, beginning] : refusals) {
     const RawClient client(port);
-    client.send(request);
+    client.send(request + "\r\n");
     const auto answer = client.receive();
-    EXPECT_TRUE(answer.ends_with("[end]")) << answer;
-    EXPECT_FALSE(answer.starts_with("HTTP/1.1 101"));
+    EXPECT_TRUE(answer.starts_with(beginning) && answer.ends_with("[end]")) << request << answer;
   }
   {
     const RawClient client(port);

@@ -44,7 +44,7 @@ class Client:
     async def connect(cls, token=None, header=TOKEN_HEADER):
         headers = {} if token is None else {header: token}
         return cls(await websockets.connect(f"ws://127.0.0.1:{PORT}", extra_headers=headers,
-                                            ping_interval=None))
+                                            ping_interval=None, open_timeout=10 * SLOWNESS))
 
     async def send(self, kind, payload, identifier=None):
         await self.socket.send(json.dumps(message(kind, payload, identifier)))

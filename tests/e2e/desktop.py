@@ -97,7 +97,8 @@ class Agent:
 
     def line(self, start):
         """The one line of the menu that starts so."""
-        return next(line for line in self.menu_shows(start).splitlines() if line.startswith(start))
+        return eventually(lambda: next((line for line in self.menu().splitlines()
+                                        if line.startswith(start)), None), f"A line {start}")
 
     def pin(self):
         return self.line("Manual code").split()[-1]
@@ -140,7 +141,7 @@ class Agent:
         process = os.pidfd_open(self.pid)
         start = time.monotonic()
         self._process.send_signal(number)
-        ended, _, _ = select.select([process], [], [], 10)
+        ended, _, _ = select.select([process], [], [], 10 * SLOWNESS)
         seconds = time.monotonic() - start
         os.close(process)
         if not ended:
@@ -151,8 +152,11 @@ class Agent:
         return len(os.listdir(f"/proc/{self.pid}/fd"))
 
     def children(self):
-        tasks = pathlib.Path(f"/proc/{self.pid}/task").glob("*/children")
-        return " ".join(task.read_text().strip() for task in tasks).split()
+        children = []
+        for task in pathlib.Path(f"/proc/{self.pid}/task").glob("*/children"):
+            with contextlib.suppress(FileNotFoundError, ProcessLookupError):  # a thread that ended
+                children += task.read_text().split()
+        return children
 
     @staticmethod
     def connections():
@@ -175,14 +179,17 @@ class Agent:
         return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
     def close(self):
-        self._process.kill()
+        if self.running():
+            self._process.kill()
         self._process.wait()
         with contextlib.suppress(BrokenPipeError):
             self._process.stdin.close()
         self._menu.close()
         self._log.close()
         log = self.log()
-        print(f"--- agent {self.pid}:\n{log}\n{self.menu()}", file=sys.stderr)
+        # The end alone, so that what a test has to say is found beside it.
+        print(f"--- agent {self.pid}, exit code {self._process.returncode}:",
+              *log.splitlines()[-60:], self.menu(), sep="\n", file=sys.stderr)
         for finding in "Sanitizer:", "runtime error:":
             if finding in log:
                 raise AssertionError(f"a sanitizer found something: {log}")
@@ -213,7 +220,7 @@ class Phone:
         done = subprocess.run(self.command(*arguments), env=self._desktop.env, text=True,
                               stdout=subprocess.PIPE, timeout=40 * SLOWNESS, check=False)
         records = [json.loads(line) for line in done.stdout.splitlines()]
-        assert (done.returncode == 0) == records[-1]["ok"], (done.returncode, records)
+        assert records and (done.returncode == 0) == records[-1]["ok"], done
         return records
 
     def __call__(self, *arguments):
@@ -289,9 +296,11 @@ class Desktop:
         path.parent.mkdir(mode=0o700, parents=True, exist_ok=True)
         if isinstance(content, str):
             content = textwrap.dedent(content).lstrip().encode()
-        path.write_bytes(content)
-        path.chmod(mode)
-        return path
+        # Nobody may see half of it.
+        unfinished = path.with_name(path.name + ".unfinished")
+        unfinished.write_bytes(content)
+        unfinished.chmod(mode)
+        return unfinished.replace(path)
 
     def write_entry(self, bundle_id, **keys):
         lines = {"Type": "Application", "Name": bundle_id.rpartition(".")[2], **keys}
@@ -359,7 +368,7 @@ class Desktop:
     def pactl(self, *arguments):
         return subprocess.run(["pactl", *map(str, arguments)], env=self.env, text=True,
                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                              timeout=10, check=False).stdout
+                              timeout=10 * SLOWNESS, check=False).stdout
 
     def volume(self):
         """The sink's volume of 65536 and whether it is muted."""

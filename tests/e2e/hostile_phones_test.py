@@ -22,6 +22,8 @@ from desktop import PORT, SLOWNESS, DesktopTest
 # Seconds, many times what an idle machine takes: for a usual tap, for any, and for a connection,
 # which has to wait behind those that others open without pause.
 USUAL_TAP, ANY_TAP, CONNECTING = 0.1 * SLOWNESS, 1 * SLOWNESS, 5 * SLOWNESS
+# A sanitizer's attackers need as much of the machine as the agent that they attack.
+FEWER = 4 if SLOWNESS > 1 else 1
 GUEST = "00000000-0000-4000-8000-000000000000"
 LOUDER = {"actionId": "system.volume.up"}
 
@@ -99,7 +101,7 @@ def attack(name, token):
         if events & selectors.EVENT_WRITE:
             push(connection, position, 1 << 17)
 
-    for _ in range(count):
+    for _ in range(count // FEWER):
         connect()
     print("ready", flush=True)
     while True:
@@ -123,7 +125,7 @@ class HostilePhones(DesktopTest):
         """The milliseconds that taps take, and a new connection up to its first answer."""
         old, new = [], []
         end = time.monotonic() + seconds
-        while time.monotonic() < end or len(new) < 3:
+        while time.monotonic() < end or len(new) < 3 // FEWER + 1:
             start = time.monotonic()
             self.assertEqual((await phone.ask("action.run", LOUDER))["type"], "action.ok")
             old.append(time.monotonic() - start)
@@ -158,7 +160,8 @@ class HostilePhones(DesktopTest):
                 self.assertLess(max(old), ANY_TAP)
                 self.assertLess(max(new), CONNECTING)
                 self.assertLess(agent.descriptors(), 1000)
-        self.assertLess(agent.held()["KiB"], 200 << 10)
+        if SLOWNESS == 1:  # The address sanitizer keeps what was freed.
+            self.assertLess(agent.held()["KiB"], 200 << 10)
         await phone.ping()
 
     async def test_five_guesses_reach_the_check_however_many_connections_guess(self):
@@ -180,9 +183,9 @@ class HostilePhones(DesktopTest):
     async def test_strangers_have_a_bounded_part_of_the_agent(self):
         agent = self.start_agent()
         token = self.paired_phone(agent).token
-        phones = [await open_raw(f"{TOKEN_HEADER}: {token}") for _ in range(1000)]
+        phones = [await open_raw(f"{TOKEN_HEADER}: {token}") for _ in range(1000 // FEWER)]
         strangers = [await Client.connect() for _ in range(140)]
-        await asyncio.sleep(0.2)
+        await asyncio.wait_for(strangers[11].socket.wait_closed(), 10 * SLOWNESS)
         self.assertEqual([client.socket.closed for client in strangers],
                          [True] * 12 + [False] * 128)
         self.assertFalse(any(reader.at_eof() for reader, _ in phones))

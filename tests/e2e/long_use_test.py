@@ -110,7 +110,9 @@ class Day:
             os.kill(self.agent.pid, signal.SIGUSR1)
 
     def pair_again(self):
-        self.phone.token = self.phone.pair(self.agent.show_code())["token"]
+        answer = self.phone.pair(self.agent.show_code())
+        self.test.assertTrue(answer["ok"], answer)
+        self.phone.token = answer["token"]
 
     def guess(self):
         pin = self.agent.show_code()

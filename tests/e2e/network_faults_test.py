@@ -43,7 +43,7 @@ class NetworkFaults(DesktopTest):
 
     async def seconds_until_dropped(self, reader):
         start = time.monotonic()
-        while await asyncio.wait_for(reader.read(4096), 60):
+        while await asyncio.wait_for(reader.read(4096), 60 * SLOWNESS):
             pass
         return time.monotonic() - start
 
@@ -106,7 +106,7 @@ class NetworkFaults(DesktopTest):
         os.kill(agent.pid, signal.SIGSTOP)
         await asyncio.sleep(25)
         os.kill(agent.pid, signal.SIGCONT)
-        self.assertLess(await self.seconds_until_dropped(dead), 15)
+        self.assertLess(await self.seconds_until_dropped(dead), 15 * SLOWNESS)
         await phone.ping()
 
     @unittest.skipIf(pathlib.Path("/proc/self/uid_map").read_text().split()[2] == "1",
@@ -145,8 +145,8 @@ class NetworkFaults(DesktopTest):
             return b"+;" in browser.stdout
 
         dropped = asyncio.ensure_future(self.seconds_until_dropped(dead))
-        await asyncio.wait_for(sleep_until(lambda: dropped.done() and advertised()), 30)
-        self.assertLess(await dropped, 15)
+        await asyncio.wait_for(sleep_until(lambda: dropped.done() and advertised()), 30 * SLOWNESS)
+        self.assertLess(await dropped, 15 * SLOWNESS)
         await phone.ping()
 
 

@@ -13,6 +13,9 @@ class ApplicationsTest : public testing::Test {
  protected:
   // Starts threads: the environment must be complete.
   void start(const Displays& displays = {}) {
+    // What went before lets go of its executors while they are there.
+    workspace_ = {};
+    applications_.reset();
     executors_.emplace();
     applications_.emplace(*executors_, desktop_.folders, displays);
     workspace_ = applications_->workspaceClient();

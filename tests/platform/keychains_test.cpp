@@ -160,7 +160,7 @@ TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIs
   session.lock();
   EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
   EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
-  EXPECT_LT(slowest, 2500ms);
+  EXPECT_LT(slowest, test::patience * 2500ms);
   EXPECT_TRUE(test::eventually([&] { return !readWholeFile(prompts).empty(); }));
   EXPECT_EQ(readWholeFile(prompts), "BeginPrompting\n");
 
@@ -178,7 +178,7 @@ TEST_F(SecretServiceKeychainTest, NoDefaultCollectionIsMade) {
   EXPECT_EQ(statuses(),
             (std::vector<KeychainStatus>{keychainItemNotFound, keychainItemNotFound,
                                          keychainNoSuchKeychain, keychainItemNotFound}));
-  EXPECT_LT(slowest, 2500ms);
+  EXPECT_LT(slowest, test::patience * 2500ms);
 }
 
 TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppears) {
@@ -188,7 +188,7 @@ TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppea
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
   session.kill();
   EXPECT_EQ(statuses(), always(keychainNotAvailable));
-  EXPECT_LT(slowest, 2s);
+  EXPECT_LT(slowest, test::patience * 2s);
 }
 
 TEST(SecretServiceKeychain, WithoutABusIsNotAvailable) {
@@ -204,7 +204,7 @@ TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheD
   ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   session.signal(SIGSTOP);
   EXPECT_EQ(statuses(), always(keychainTimedOut));
-  EXPECT_LT(slowest, 4s);
+  EXPECT_LT(slowest, test::patience * 4s);
   session.signal(SIGCONT);
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
 

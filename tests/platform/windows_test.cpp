@@ -77,7 +77,7 @@ class Windows : public test::ApplicationsTest {
   void start() { ApplicationsTest::start(system_.displays()); }
   // Whether the agent soon sees what the desktop shows.
   bool follows(const std::string& bundleId, bool running) {
-    return becomesRunning(bundleId, running, 1s);
+    return becomesRunning(bundleId, running, test::patience * 1s);
   }
   static std::unique_ptr<test::ChildProcess> run(const std::string& name) {
     return std::make_unique<test::ChildProcess>(System::program(name));
@@ -147,14 +147,15 @@ TYPED_TEST(Windows, OfAServerThatHangsHoldUpNobody) {
     const auto before = Clock::now();
     EXPECT_TRUE(this->workspace_.isRunning(calculator));
     EXPECT_FALSE(this->activate(calculator));
-    EXPECT_LT(Clock::now() - before, limit);
+    EXPECT_LT(Clock::now() - before, test::patience * limit);
   }
   // Connecting waits no longer.
   LinuxApplications other(*this->executors_, this->desktop_.folders, this->system_.displays());
   std::this_thread::sleep_for(2500ms);
   this->system_.server.process().signal(SIGCONT);
-  EXPECT_TRUE(test::eventually([&] { return this->activate(calculator); }, 2s));
-  EXPECT_TRUE(test::eventually([&] { return other.workspaceClient().isRunning(calculator); }, 5s));
+  EXPECT_TRUE(test::eventually([&] { return this->activate(calculator); }, test::patience * 2s));
+  EXPECT_TRUE(test::eventually([&] { return other.workspaceClient().isRunning(calculator); },
+                               test::patience * 5s));
 }
 
 TYPED_TEST(Windows, ALaunchedProgramIsToldThatTheUserAskedForIt) {
@@ -185,7 +186,8 @@ TEST_F(X11Windows, AllComeForwardAndTheOneUsedLastIsFocused) {
     const auto list = test::outputOf("xprop -root _NET_CLIENT_LIST_STACKING");
     return std::stoul(list.substr(list.find("0x")), nullptr, 16);
   };
-  EXPECT_TRUE(test::eventually([&] { return lowest() == std::stoul(windowOf("XTerm")); }, 2s));
+  EXPECT_TRUE(test::eventually([&] { return lowest() == std::stoul(windowOf("XTerm")); },
+                               test::patience * 2s));
 }
 
 TEST_F(X11Windows, SurviveTheirManagersRestart) {
@@ -257,7 +259,7 @@ TEST_F(WithoutWaylandsList, X11TellsOfItsWindowsAndProcessesOfTheRest) {
       ASSERT_TRUE(becomesRunning("painter", true));
       const auto before = Clock::now();
       EXPECT_FALSE(activate("painter")) << "nobody can bring it forward";
-      EXPECT_LT(Clock::now() - before, 500ms);
+      EXPECT_LT(Clock::now() - before, test::patience * 500ms);
       compositor->process().signal(SIGKILL);
       EXPECT_TRUE(becomesRunning("painter", false));
       EXPECT_TRUE(activate("xcalc"));

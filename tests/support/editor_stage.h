@@ -20,6 +20,16 @@ namespace glintboard::test {
 // Needs a QGuiApplication, which outlives it.
 class EditorStage {
  public:
+  // What is under way elsewhere lets go of the applications while its executors are there.
+  ~EditorStage() {
+    presenter.reset();
+    if (applications) {
+      const std::weak_ptr index = applications->index();
+      applications.reset();
+      turnUntil([&] { return index.expired(); });
+    }
+  }
+
   static constexpr const char* briefId = "A0000000-0000-0000-0000-00000000000A";
   static constexpr const char* tidyId = "B0000000-0000-0000-0000-00000000000B";
 

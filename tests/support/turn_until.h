@@ -7,11 +7,13 @@
 #include <chrono>
 #include <functional>
 
+#include "tests/support/eventually.h"
+
 namespace glintboard::test {
 
 // Runs the event loop until `holds`, or gives up after `limit`.
 inline bool turnUntil(const std::function<bool()>& holds,
-                      std::chrono::milliseconds limit = std::chrono::seconds(10)) {
+                      std::chrono::milliseconds limit = patience * std::chrono::seconds(10)) {
   const auto end = std::chrono::steady_clock::now() + limit;
   while (!holds()) {
     if (std::chrono::steady_clock::now() > end) {
