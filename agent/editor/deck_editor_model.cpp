@@ -276,7 +276,7 @@ DeckKey DeckEditorModel::keyOf(const DeckTile& tile, const std::set<std::string>
       key.accent = app->accent;
     }
   } else if (tile.kind == DeckTileKind::shortcut && tile.shortcutIdentifier) {
-    key.isMissing = missing.contains(*tile.shortcutIdentifier);
+    key.isMissingShortcut = missing.contains(*tile.shortcutIdentifier);
     if (const auto* icon = shortcuts_->icon(*tile.shortcutIdentifier)) {
       key.iconSource = icon->source;
       key.accent = icon->accent;
