@@ -556,6 +556,10 @@
         <source>Saved on Mac — connect iPhone to update.</source>
         <translation>Auf dem Computer gespeichert – zum Aktualisieren das iPhone verbinden.</translation>
     </message>
+    <message>
+        <source>Only installed applications can be dropped here.</source>
+        <translation>Hier können nur installierte Apps abgelegt werden.</translation>
+    </message>
 </context>
 <context>
     <name>glintboard::DeckEditorWindowPresenter</name>

@@ -556,6 +556,10 @@
         <source>Saved on Mac — connect iPhone to update.</source>
         <translation>Guardado en el ordenador: conecta el iPhone para actualizarlo.</translation>
     </message>
+    <message>
+        <source>Only installed applications can be dropped here.</source>
+        <translation>Aquí solo se pueden soltar apps instaladas.</translation>
+    </message>
 </context>
 <context>
     <name>glintboard::DeckEditorWindowPresenter</name>

@@ -556,6 +556,10 @@
         <source>Saved on Mac — connect iPhone to update.</source>
         <translation>Enregistré sur l’ordinateur — connectez l’iPhone pour le mettre à jour.</translation>
     </message>
+    <message>
+        <source>Only installed applications can be dropped here.</source>
+        <translation>Seules les apps installées peuvent être déposées ici.</translation>
+    </message>
 </context>
 <context>
     <name>glintboard::DeckEditorWindowPresenter</name>

@@ -555,6 +555,10 @@
         <source>Saved on Mac — connect iPhone to update.</source>
         <translation>コンピューターに保存しました — iPhoneを接続すると更新されます。</translation>
     </message>
+    <message>
+        <source>Only installed applications can be dropped here.</source>
+        <translation>ここにドロップできるのはインストール済みのアプリだけです。</translation>
+    </message>
 </context>
 <context>
     <name>glintboard::DeckEditorWindowPresenter</name>

@@ -95,7 +95,7 @@ Awaitable<> ListenerService::doRestart() {
 
 Awaitable<ListenerState> ListenerService::doState() {
   co_await dropUnpairedConnections();
-  co_return ListenerState{isRunning_, lastError_, !pushConnections_.empty(), shortcutCoachMessage_};
+  co_return ListenerState{isRunning_, lastError_, shortcutCoachMessage_};
 }
 
 Awaitable<> ListenerService::doDismissShortcutCoachMessage() {
@@ -269,9 +269,9 @@ Awaitable<> ListenerService::dropUnpairedConnections() {
 }
 
 void ListenerService::pushConnectionsChanged() {
-  if (phoneConnected_ != !pushConnections_.empty()) {
-    phoneConnected_ = !phoneConnected_;
-    parts_.phoneConnected(phoneConnected_);
+  const bool connected = !pushConnections_.empty();
+  if (phoneConnected_.exchange(connected) != connected) {
+    parts_.phoneConnected(connected);
   }
 }
 

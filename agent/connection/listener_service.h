@@ -1,6 +1,7 @@
 // The agent's network endpoint.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <map>
@@ -37,7 +38,6 @@ class ListenerServiceError : public UserError {
 struct ListenerState {
   bool isRunning = false;
   std::optional<std::string> lastError;
-  bool hasPushConnections = false;
   std::optional<std::string> shortcutCoachMessage;
 };
 
@@ -80,6 +80,8 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   // A start from scratch, whatever came before: stop, retries and error forgotten, start.
   Awaitable<> restart();
   Awaitable<ListenerState> state();
+  // Whether a paired phone is connected at this moment. Any thread.
+  bool hasConnectedPhone() const { return phoneConnected_; }
   Awaitable<> dismissShortcutCoachMessage();
   // Sends the decks to every connection of a paired phone.
   Awaitable<> pushDecksSnapshot();
@@ -158,7 +160,7 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   std::optional<std::string> lastError_;
   std::optional<std::string> shortcutCoachMessage_;
   int portConflictRetries_ = 0;
-  bool phoneConnected_ = false;
+  std::atomic<bool> phoneConnected_ = false;
   bool isShutDown_ = false;
 };
 

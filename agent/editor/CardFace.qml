@@ -70,7 +70,7 @@ Rectangle {
         Text {
             anchors.centerIn: parent
             visible: face.symbolName === ""
-            text: face.label.charAt(0).toUpperCase()
+            text: KeyLooks.letter(face.label)
             font: Look.fonts.uiSized(18, Look.Semibold, false)
             color: Look.secondaryText
         }

@@ -86,7 +86,7 @@ FocusScope {
 
         anchors.right: parent.right
         y: library.y
-        width: Math.max(312, Math.min(440, Math.round(parent.width * 0.36)))
+        width: Math.max(328, Math.min(440, Math.round(parent.width * 0.36)))
         height: library.height
         editor: view.editor
         dragged: dragged

@@ -144,7 +144,7 @@ Item {
         iconSymbol: dragged.look.iconSymbol ?? ""
         iconSource: dragged.look.iconSource ?? ""
         accent: dragged.look.accent ?? Look.accent
-        isMissingShortcut: dragged.look.isMissing ?? false
+        isMissingShortcut: dragged.look.isMissingShortcut ?? false
         opacity: dragged.showsKey ? dragged.welcome ? 1 : 0.5 : 0
         scale: !dragged.showsKey ? 0.6 : dragged.lifted && !Look.reducedMotion ? 1.12 : 1
         transformOrigin: Item.Center

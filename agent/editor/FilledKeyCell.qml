@@ -15,9 +15,10 @@ T.Control {
     required property string iconSymbol
     required property string iconSource
     required property color accent
-    required property bool isMissing
+    required property bool isMissingShortcut
     required property bool isInstalled
     required property bool isRunning
+    // A drag is over it: it gives way.
     property bool isDropTarget: false
     property bool reduceMotion: Look.reducedMotion
     property bool wobbles: false
@@ -30,7 +31,7 @@ T.Control {
     // Its own motion stays, wherever it goes.
     property int seed: 0
     readonly property bool isDragged: cell.dragged !== null && cell.dragged.owner === cell
-    readonly property string trouble: cell.isMissing ? qsTr("Its Shortcut is missing") : cell.isInstalled ? "" : qsTr("Not installed")
+    readonly property string trouble: cell.isMissingShortcut ? qsTr("Its Shortcut is missing") : cell.isInstalled ? "" : qsTr("Not installed")
 
     signal remove
     signal chosen
@@ -100,7 +101,7 @@ T.Control {
                     "iconSymbol": cell.iconSymbol,
                     "iconSource": cell.iconSource,
                     "accent": cell.accent,
-                    "isMissing": cell.isMissing
+                    "isMissingShortcut": cell.isMissingShortcut
                 }, cell, jiggle);
         }
         onReleased: cell.dragged.drop(cell)
@@ -137,9 +138,9 @@ T.Control {
             x: (parent.width - cell.faceSize) / 2
             width: cell.faceSize
             height: cell.height
-            isActive: cell.wobbles && !cell.reduceMotion && !cell.isDragged
+            isActive: cell.wobbles && !cell.isDragged
             seed: cell.seed
-            overhang: Math.max(16, (cell.width - cell.faceSize) / 2)
+            overhang: Math.max(16, Math.ceil((cell.width - cell.faceSize) / 2))
 
             GlassDeckKeyView {
                 id: tile
@@ -156,12 +157,12 @@ T.Control {
                 iconSymbol: cell.iconSymbol
                 iconSource: cell.iconSource
                 accent: cell.accent
-                isMissingShortcut: cell.isMissing
+                isMissingShortcut: cell.isMissingShortcut
                 isRunning: cell.isRunning
                 showsLabel: cell.showsLabel
                 labelColor: "white"
                 labelMutedColor: "#D9FFFFFF"
-                tileIsPressed: area.pressed && !area.drag.active
+                tileIsPressed: cell.isDropTarget || (area.pressed && !area.drag.active)
                 opacity: cell.isInstalled ? 1 : 0.55
                 Accessible.ignored: true
 

@@ -14,7 +14,16 @@ Rectangle {
     color: Look.solidSurface
     border.width: 1 / Screen.devicePixelRatio
     border.color: Look.accent
-    visible: tip.editor.showFirstShortcutTip
+    height: tip.editor.showFirstShortcutTip ? tip.implicitHeight : 0
+    visible: tip.height > 0
+    clip: true
+
+    Behavior on height {
+        NumberAnimation {
+            duration: Look.moveTime
+            easing.type: Easing.OutCubic
+        }
+    }
 
     Accessible.role: Accessible.Note
     Accessible.name: text.text

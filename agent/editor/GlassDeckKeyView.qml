@@ -21,7 +21,8 @@ GlassDeckTileView {
 
     Rectangle {
         anchors.horizontalCenter: parent.horizontalCenter
-        y: key.faceSize - height - key.faceSize * 0.05
+        // On the lower edge, clear of the glyph and of the caption.
+        y: key.faceSize - height + key.captionGap
         width: missing.width + 8
         height: missing.implicitHeight + 2
         radius: height / 2

@@ -73,7 +73,14 @@ T.Control {
         isFull: card.isFull
         tinted: (card.hovered || card.isCurrent) && !(card.dragged && card.dragged.lifted)
         opacity: card.dragged && card.dragged.owner === card ? 0.35 : 1
-        scale: area.pressed && !area.drag.active ? 0.98 : 1
+        scale: area.pressed && !area.drag.active && !Look.reducedMotion ? 0.98 : 1
+
+        Behavior on scale {
+            ScaleAnimator {
+                duration: area.pressed ? Look.pressTime : Look.releaseTime
+                easing.type: Easing.OutCubic
+            }
+        }
 
         FocusRing {
             target: card

@@ -27,6 +27,7 @@ GridView {
     clip: true
     reuseItems: true
     cacheBuffer: 220
+    bottomMargin: Look.Gap12
     boundsBehavior: Flickable.StopAtBounds
     activeFocusOnTab: true
     keyNavigationEnabled: true
@@ -63,6 +64,27 @@ GridView {
 
     Accessible.role: Accessible.List
     Accessible.name: grid.libraryName
+
+    // The cards go on below, where there are any; the one chosen with the keys is seen in full.
+    Rectangle {
+        parent: grid
+        z: 1
+        width: grid.width
+        height: 24
+        anchors.bottom: grid.bottom
+        visible: opacity > 0 && !(grid.activeFocus && grid.byKeyboard)
+        opacity: Math.max(0, Math.min(1, (grid.originY + grid.contentHeight + grid.bottomMargin - grid.contentY - grid.height) / height))
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: Look.faded(Look.windowBottom, 0)
+            }
+            GradientStop {
+                position: 1
+                color: Look.windowBottom
+            }
+        }
+    }
 
     // Beside the cards, not over them.
     T.ScrollBar.vertical: EditorScrollBar {

@@ -96,22 +96,30 @@ Item {
         x: Look.Gap24
         width: parent.width - 2 * x
         anchors.bottom: parent.bottom
-        topPadding: Look.Gap8
-        bottomPadding: Look.Gap12
-        spacing: Look.Gap4
+        // Without anything to say the cards go down to the window's edge.
+        topPadding: Math.min(Look.Gap8, below.content)
+        bottomPadding: Math.min(Look.Gap12, below.content)
+
+        readonly property real content: tip.height + error.height + info.height
 
         FirstShortcutTip {
+            id: tip
+
             objectName: "tip"
             width: parent.width
             editor: pane.editor
         }
         MessageLine {
+            id: error
+
             objectName: "error"
             width: parent.width
             isError: true
             message: pane.editor.errorMessage
         }
         MessageLine {
+            id: info
+
             objectName: "info"
             width: parent.width
             message: pane.editor.infoMessage

@@ -25,6 +25,7 @@ Item {
         syncLabel: pane.editor.syncLabel
         syncIsLive: pane.editor.syncIsLive
         dropTargetIndex: pane.editor.dropTargetIndex
+        isDeckDragActive: pane.editor.isDeckDragActive
         dragged: pane.dragged
         showsChanges: !pane.editor.isLoading && !pane.editor.isResetting
 
@@ -33,10 +34,7 @@ Item {
             const taken = own ? pane.editor.drop([pane.dragged.payload], index) : event.hasUrls ? pane.editor.dropDesktopFile(event.urls, index) : pane.editor.drop([event.text], index);
             event.accepted = taken;
         }
-        onTargeted: index => {
-            pane.editor.dropTargetIndex = index;
-            pane.editor.isDeckDragActive = index >= 0;
-        }
+        onTargeted: index => pane.editor.dropTargetIndex = index
         onRemove: index => pane.editor.remove(index)
         onMoved: (from, to) => pane.editor.move(from, to)
     }
@@ -53,7 +51,7 @@ Item {
             id: commands
 
             // Large text takes two rows.
-            readonly property bool fits: counter.implicitWidth + row.width + Look.Gap16 + Look.Gap24 + Look.Gap8 <= width
+            readonly property bool fits: counter.implicitWidth + row.width + 2 * Look.Gap24 + Look.Gap8 <= width
 
             width: parent.width
             height: row.height + (fits ? 0 : counter.height + Look.Gap4)
@@ -61,7 +59,7 @@ Item {
             Text {
                 id: counter
 
-                x: Look.Gap16
+                x: Look.Gap24
                 y: commands.fits ? (parent.height - height) / 2 : 0
                 objectName: "counter"
                 text: qsTr("%1 / %2").arg(pane.editor.tiles.count).arg(pane.editor.slotCount)
@@ -94,7 +92,7 @@ Item {
                     onClicked: pane.editor.redo()
                 }
                 PillButton {
-                    width: Math.min(implicitWidth, pane.width - 2 * 32 - 2 * Look.Gap4 - Look.Gap16 - Look.Gap24)
+                    width: Math.min(implicitWidth, pane.width - 2 * 32 - 2 * Look.Gap4 - 2 * Look.Gap24)
                     text: qsTr("Reset to default")
                     font: Look.fonts.ui(Look.Footnote, Look.Medium)
                     enabled: !pane.editor.isSaving && !pane.editor.isLoading
@@ -107,7 +105,7 @@ Item {
         Column {
             id: notes
 
-            x: Look.Gap16
+            x: Look.Gap24
             width: parent.width - 2 * x
             spacing: Look.Gap4
             // The phone needs its room more than they do.
@@ -131,7 +129,7 @@ Item {
             }
         }
         Text {
-            x: Look.Gap16
+            x: Look.Gap24
             width: parent.width - 2 * x
             visible: pane.editor.selectedCategory !== "streaming"
             text: qsTr("The iPhone shows the Streaming deck only for now.")

@@ -17,7 +17,7 @@ FocusScope {
     required property DraggedKey dragged
     // Whether a change of the keys is to be seen as one.
     property bool showsChanges: true
-    property bool dragIsOn: preview.dropTargetIndex >= 0
+    required property bool isDeckDragActive
 
     readonly property int columns: 4
     readonly property int rows: Math.ceil(preview.slotCount / preview.columns)
@@ -129,7 +129,7 @@ FocusScope {
         id: bezel
 
         anchors.fill: parent
-        glows: preview.dragIsOn && preview.landing >= 0
+        glows: preview.isDeckDragActive && preview.landing >= 0
         islandIsLive: preview.syncIsLive
 
         TapHandler {
@@ -182,7 +182,7 @@ FocusScope {
                     height: preview.faceSize
                     cornerRadius: 0.224 * preview.faceSize
                     visible: index >= preview.keyCount || (preview.landing >= 0 && index === preview.landing)
-                    dragIsOn: preview.dragIsOn && !(preview.isFull && preview.away < 0)
+                    dragIsOn: preview.isDeckDragActive && !(preview.isFull && preview.away < 0)
                     isDropTarget: index === preview.dropTargetIndex
                 }
                 // qmllint enable unqualified
@@ -212,7 +212,7 @@ FocusScope {
             Text {
                 anchors.centerIn: parent
                 width: parent.width
-                visible: preview.keyCount === 0 && !preview.dragIsOn && preview.showsChanges
+                visible: preview.keyCount === 0 && !preview.isDeckDragActive && preview.showsChanges
                 text: Look.teachingCaption
                 font: Look.fonts.handCaption(Look.Title2)
                 color: "#FF9CC9"
@@ -225,7 +225,7 @@ FocusScope {
 
                 model: preview.tiles
                 onItemAdded: (index, item) => {
-                    if (preview.showsChanges && !preview.dragIsOn)
+                    if (preview.showsChanges && !preview.isDeckDragActive)
                         (item as FilledKeyCell).appear();
                 }
 
@@ -245,10 +245,10 @@ FocusScope {
                     faceSize: preview.faceSize
                     keyCount: preview.keyCount
                     dragged: preview.dragged
-                    dragIsOn: preview.dragged.lifted || preview.dragIsOn
+                    dragIsOn: preview.dragged.lifted || preview.isDeckDragActive
                     isDropTarget: cell.index === preview.dropTargetIndex
                     isCurrent: preview.activeFocus && preview.byKeyboard && cell.index === preview.currentIndex
-                    wobbles: hover.hovered || preview.dragIsOn || (preview.activeFocus && preview.byKeyboard)
+                    wobbles: hover.hovered || preview.isDeckDragActive || (preview.activeFocus && preview.byKeyboard)
 
                     onRemove: preview.remove(cell.index)
                     onChosen: {

@@ -112,7 +112,7 @@ Item {
         EmptyLibrary {
             anchors.centerIn: parent
             width: parent.width
-            visible: page.loadState === "empty"
+            visible: page.loadState === "empty" && page.editor.searchText === ""
             symbolName: "rectangle.grid.2x2"
             title: qsTr("No Shortcuts yet")
             text: qsTr("Create one in Shortcuts, then refresh.")
@@ -138,7 +138,7 @@ Item {
         EmptyLibrary {
             anchors.centerIn: parent
             width: parent.width
-            visible: page.loadState === "loaded" && cards.count === 0 && page.editor.searchText !== ""
+            visible: (page.loadState === "loaded" || page.loadState === "empty") && cards.count === 0 && page.editor.searchText !== ""
             title: qsTr("No matches")
         }
     }

@@ -122,9 +122,7 @@ void DeckEditorModel::addTile(const DeckTile& tile) {
 
 bool DeckEditorModel::drop(const QStringList& items, int index) {
   const bool accepted = !items.isEmpty() && isEditable() && dropItem(items.front(), index);
-  dropTargetIndex_ = -1;
-  isDeckDragActive_ = false;
-  Q_EMIT dragChanged();
+  setDropTargetIndex(-1);
   return accepted;
 }
 
@@ -133,7 +131,11 @@ bool DeckEditorModel::dropDesktopFile(const QList<QUrl>& urls, int index) {
   for (const auto& url : urls) {
     items.append(url.toString(QUrl::FullyEncoded));
   }
-  return drop(items, index);
+  const bool accepted = drop(items, index);
+  if (!accepted && isEditable() && !isFull()) {
+    setMessages(tr("Only installed applications can be dropped here."), infoMessage_);
+  }
+  return accepted;
 }
 
 bool DeckEditorModel::dropItem(const QString& item, int index) {

@@ -70,6 +70,8 @@ DeckEditorModel::DeckEditorModel(DeckEditorInputs inputs)
   connect(shortcuts_.get(), &ShortcutsLibrary::failedToOpen, this,
           [this](const QString& message) { setMessages(message, infoMessage_); });
   connect(this, &DeckEditorModel::deckChanged, this, &DeckEditorModel::liveChanged);
+  connect(this, &DeckEditorModel::deckChanged, this, &DeckEditorModel::historyChanged);
+  connect(this, &DeckEditorModel::busyChanged, this, &DeckEditorModel::historyChanged);
 }
 
 DeckEditorModel::~DeckEditorModel() = default;
@@ -193,19 +195,13 @@ QString DeckEditorModel::syncLabel() const {
 }
 
 bool DeckEditorModel::syncIsLive() const {
-  return isPhoneConnected_ && !isLoading_ && !isSaving_ && !isResetting_ && !hasUnsavedChanges();
+  return isPhoneConnected_ && isHandedOver_ && !isLoading_ && !isSaving_ && !isResetting_ &&
+         !hasUnsavedChanges();
 }
 
 void DeckEditorModel::setDropTargetIndex(int index) {
   if (index != dropTargetIndex_) {
     dropTargetIndex_ = index;
-    Q_EMIT dragChanged();
-  }
-}
-
-void DeckEditorModel::setDeckDragActive(bool active) {
-  if (active != isDeckDragActive_) {
-    isDeckDragActive_ = active;
     Q_EMIT dragChanged();
   }
 }
@@ -225,12 +221,18 @@ void DeckEditorModel::dismissFirstShortcutTip() {
   }
 }
 
-void DeckEditorModel::refreshLive() {
+bool DeckEditorModel::refreshPhone() {
   const bool connected = inputs_.isPhoneConnected();
+  isHandedOver_ = isHandedOver_ || !connected;
   if (connected != isPhoneConnected_) {
     isPhoneConnected_ = connected;
     Q_EMIT liveChanged();
   }
+  return isPhoneConnected_;
+}
+
+void DeckEditorModel::refreshLive() {
+  refreshPhone();
   showKeys();
 }
 
@@ -240,6 +242,9 @@ void DeckEditorModel::refreshShortcutLabels() {
 }
 
 void DeckEditorModel::showDeck() {
+  if (!DeckEdits::holdsShortcut(deck_.tiles)) {
+    dismissFirstShortcutTip();
+  }
   showKeys();
   Q_EMIT deckChanged();
 }
@@ -276,7 +281,7 @@ DeckKey DeckEditorModel::keyOf(const DeckTile& tile, const std::set<std::string>
       key.accent = app->accent;
     }
   } else if (tile.kind == DeckTileKind::shortcut && tile.shortcutIdentifier) {
-    key.isMissing = missing.contains(*tile.shortcutIdentifier);
+    key.isMissingShortcut = missing.contains(*tile.shortcutIdentifier);
     if (const auto* icon = shortcuts_->icon(*tile.shortcutIdentifier)) {
       key.iconSource = icon->source;
       key.accent = icon->accent;

@@ -30,9 +30,9 @@ struct DeckEditorInputs {
   InstalledAppsCatalog appsCatalog;
   ShortcutsCatalog shortcutsCatalog;
   ShortcutIconProvider& shortcutIconProvider;
-  // Whether a phone is connected now. Called on the main thread.
+  // Whether a phone is connected at this moment. Called on the main thread.
   std::function<bool()> isPhoneConnected;
-  // Run after every successful save or reset.
+  // Run after every successful save or reset; throws when the phone could not be told.
   std::function<Awaitable<>()> onSaved;
 };
 
@@ -70,8 +70,8 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   Q_PROPERTY(glintboard::DeckTilesModel* tiles READ tilesModel CONSTANT)
   Q_PROPERTY(int slotCount READ slotCount CONSTANT)
   Q_PROPERTY(bool isFull READ isFull NOTIFY deckChanged)
-  Q_PROPERTY(bool canUndo READ canUndo NOTIFY deckChanged)
-  Q_PROPERTY(bool canRedo READ canRedo NOTIFY deckChanged)
+  Q_PROPERTY(bool canUndo READ canUndo NOTIFY historyChanged)
+  Q_PROPERTY(bool canRedo READ canRedo NOTIFY historyChanged)
   Q_PROPERTY(bool isLoading READ isLoading NOTIFY busyChanged)
   Q_PROPERTY(bool isSaving READ isSaving NOTIFY busyChanged)
   Q_PROPERTY(bool isResetting READ isResetting NOTIFY busyChanged)
@@ -84,7 +84,7 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   Q_PROPERTY(QString infoMessage READ infoMessage NOTIFY messagesChanged)
   Q_PROPERTY(bool showFirstShortcutTip READ showFirstShortcutTip NOTIFY tipChanged)
   Q_PROPERTY(int dropTargetIndex READ dropTargetIndex WRITE setDropTargetIndex NOTIFY dragChanged)
-  Q_PROPERTY(bool isDeckDragActive READ isDeckDragActive WRITE setDeckDragActive NOTIFY dragChanged)
+  Q_PROPERTY(bool isDeckDragActive READ isDeckDragActive NOTIFY dragChanged)
 
  public:
   using Tiles = std::vector<DeckTile>;
@@ -127,8 +127,8 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   DeckTilesModel* tilesModel() { return &tilesModel_; }
   static int slotCount() { return static_cast<int>(deckCapacity); }
   bool isFull() const { return deck_.tiles.size() >= deckCapacity; }
-  bool canUndo() const { return history_.canUndo(); }
-  bool canRedo() const { return history_.canRedo(); }
+  bool canUndo() const { return isEditable() && history_.canUndo(); }
+  bool canRedo() const { return isEditable() && history_.canRedo(); }
   bool isLoading() const { return isLoading_; }
   bool isSaving() const { return isSaving_; }
   bool isResetting() const { return isResetting_; }
@@ -144,8 +144,7 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   // -1 when no slot is under a drag.
   int dropTargetIndex() const { return dropTargetIndex_; }
   void setDropTargetIndex(int index);
-  bool isDeckDragActive() const { return isDeckDragActive_; }
-  void setDeckDragActive(bool active);
+  bool isDeckDragActive() const { return dropTargetIndex_ >= 0; }
 
   // The icons behind the sources that the models give, for the QML engine's provider.
   std::shared_ptr<const EditorIcons> icons() const { return icons_; }
@@ -175,7 +174,8 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   Q_INVOKABLE void dismissFirstShortcutTip();
 
  public Q_SLOTS:
-  // Asks again whether a phone is connected and what runs. Done every second by itself.
+  // Asks again whether a phone is connected and what runs. Done every second by itself; to be
+  // called when a phone comes or goes.
   void refreshLive();
 
  Q_SIGNALS:
@@ -184,6 +184,7 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   void searchTextChanged();
   void suggestedWarningsChanged();
   void deckChanged();
+  void historyChanged();
   void busyChanged();
   void liveChanged();
   void messagesChanged();
@@ -226,7 +227,10 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   };
   static Awaitable<> runSave(Self self, Shown shown);
   static Awaitable<> runReset(Self self, DeckCategoryID category, int generation);
-  static Awaitable<> announceSaved(Self self);
+  // Why the phone could not be told; null when it was.
+  static Awaitable<QString> announceSaved(Self self);
+  // Takes over whether a phone is connected at this moment.
+  bool refreshPhone();
   void storeChanged();
   void showStored(const DeckTemplate& deck);
 
@@ -253,12 +257,13 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   bool isStoring_ = false;  // the part of saving or resetting that the store does
   bool isResetting_ = false;
   bool isPhoneConnected_ = false;
+  // Whether the phone was given what is stored. One that comes asks for it by itself.
+  bool isHandedOver_ = true;
 
   QString errorMessage_;
   QString infoMessage_;
   bool showFirstShortcutTip_ = false;
   int dropTargetIndex_ = -1;
-  bool isDeckDragActive_ = false;
 };
 
 }  // namespace glintboard

@@ -36,6 +36,7 @@ void DeckEditorModel::showStored(const DeckTemplate& deck) {
   saved_ = {QString::fromStdString(deck.name), DeckEdits::orderedBySlot(deck.tiles)};
   deck_ = saved_;
   history_.clear();
+  dismissFirstShortcutTip();
   refreshShortcutLabels();
   showDeck();
 }
@@ -64,12 +65,12 @@ Awaitable<> DeckEditorModel::runSave(Self self, Shown shown) {
                                                    shown.deck.tiles, self->inputs_.workspace);
     co_await std::move(saving);
   } catch (const std::exception& error) {
+    log::warning("saving the deck: ", error.what());
     failure = errorText(error);
   }
   self->storeChanged();
-  if (!failure.isNull()) {
-    self->setMessages(failure, self->infoMessage_);
-  } else {
+  const bool isStored = failure.isNull();
+  if (isStored) {
     if (shown.generation == self->generation_) {
       self->saved_ = {name, shown.deck.tiles};
       if (self->deck_.name == shown.deck.name) {
@@ -78,10 +79,16 @@ Awaitable<> DeckEditorModel::runSave(Self self, Shown shown) {
       self->history_.endNameEdit();
       Q_EMIT self->deckChanged();
     }
-    co_await announceSaved(self);
-    if (!self->inputs_.isPhoneConnected()) {
+    failure = co_await announceSaved(self);
+  }
+  const bool isAway = !self->refreshPhone();
+  // What became of a deck is said over that deck alone.
+  if (shown.generation == self->generation_) {
+    if (isStored && isAway) {
       self->setMessages(QString(), tr("Saved on Mac \u2014 connect iPhone to update."));
-    } else if (shown.generation == self->generation_ && !self->hasUnsavedChanges()) {
+    } else if (!failure.isNull()) {
+      self->setMessages(failure, self->infoMessage_);
+    } else if (!self->hasUnsavedChanges()) {
       Q_EMIT self->closeRequested();
     }
   }
@@ -109,29 +116,44 @@ Awaitable<> DeckEditorModel::runReset(Self self, DeckCategoryID category, int ge
     auto resetting = self->inputs_.deckStore.resetDeck(category, self->inputs_.workspace);
     deck = co_await std::move(resetting);
   } catch (const std::exception& error) {
+    log::warning("resetting the deck: ", error.what());
     failure = errorText(error);
   }
   self->isResetting_ = false;
   self->storeChanged();
+  self->isHandedOver_ = self->isHandedOver_ && !deck;
+  const auto tell = [&] {
+    if (generation == self->generation_) {
+      self->setMessages(failure, self->infoMessage_);
+    }
+  };
   if (deck && generation == self->generation_) {
     self->showStored(*deck);
   }
-  self->setMessages(failure, self->infoMessage_);
+  tell();
   Q_EMIT self->busyChanged();
   if (deck) {
-    co_await announceSaved(self);
+    failure = co_await announceSaved(self);
+    if (self->refreshPhone() && !failure.isNull()) {
+      tell();
+    }
   }
   Q_EMIT self->liveChanged();
 }
 
 // The deck is saved, whatever becomes of telling it.
-Awaitable<> DeckEditorModel::announceSaved(Self self) {
+Awaitable<QString> DeckEditorModel::announceSaved(Self self) {
+  QString failure;
+  self->isHandedOver_ = false;
   try {
     auto announcing = self->inputs_.onSaved();
     co_await std::move(announcing);
+    self->isHandedOver_ = true;
   } catch (const std::exception& error) {
     log::warning("after saving the deck: ", error.what());
+    failure = errorText(error);
   }
+  co_return failure;
 }
 
 void DeckEditorModel::storeChanged() {

@@ -69,6 +69,12 @@ void DeckEditorWindowPresenter::setAppearance(const Appearance& appearance) {
   }
 }
 
+void DeckEditorWindowPresenter::refreshLive() {
+  if (model_) {
+    model_->refreshLive();
+  }
+}
+
 void DeckEditorWindowPresenter::open() {
   qml_register_types_Glintboard_Editor();
   model_ = DeckEditorModel::create(inputs_);

@@ -26,6 +26,8 @@ class DeckEditorWindowPresenter : public QObject {
   void close();
   // Also of the open window.
   void setAppearance(const Appearance& appearance);
+  // A phone has come or gone: the open window is to say so now.
+  void refreshLive();
 
   // Null while no window is open.
   QQuickView* window() const { return window_; }

@@ -64,8 +64,8 @@ QVariant DeckTilesModel::data(const QModelIndex& index, int role) const {
       return key.iconSource;
     case AccentRole:
       return key.accent;
-    case IsMissingRole:
-      return key.isMissing;
+    case IsMissingShortcutRole:
+      return key.isMissingShortcut;
     case IsInstalledRole:
       return key.isInstalled;
     case IsRunningRole:
@@ -86,7 +86,7 @@ QHash<int, QByteArray> DeckTilesModel::roleNames() const {
           {IconSymbolRole, "iconSymbol"},
           {IconSourceRole, "iconSource"},
           {AccentRole, "accent"},
-          {IsMissingRole, "isMissing"},
+          {IsMissingShortcutRole, "isMissingShortcut"},
           {IsInstalledRole, "isInstalled"},
           {IsRunningRole, "isRunning"}};
 }

@@ -14,8 +14,8 @@ struct DeckKey {
   DeckTile tile;
   QString iconSource;  // empty without an icon
   QColor accent;
-  bool isMissing = false;   // its Shortcut is gone
-  bool isInstalled = true;  // its application is
+  bool isMissingShortcut = false;  // its Shortcut is gone
+  bool isInstalled = true;         // its application is
   bool isRunning = false;
   bool operator==(const DeckKey&) const = default;
 };
@@ -37,7 +37,7 @@ class DeckTilesModel : public QAbstractListModel {
     IconSymbolRole,
     IconSourceRole,
     AccentRole,
-    IsMissingRole,
+    IsMissingShortcutRole,
     IsInstalledRole,
     IsRunningRole,
   };

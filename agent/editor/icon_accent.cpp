@@ -1,7 +1,10 @@
+// The colour that an icon lends to its card and key.
 #include "agent/editor/icon_accent.h"
 
 #include <algorithm>
 #include <array>
+
+#include "agent/editor/installed_apps_catalog.h"
 
 namespace glintboard {
 namespace {
@@ -18,7 +21,7 @@ QColor fallbackAccent() {
   return QColor::fromRgbF(0.43F, 0.91F, 0.96F);
 }
 
-std::optional<QColor> accentColor(const QImage& image) {
+std::optional<QColor> InstalledAppsCatalog::accentColor(const QImage& image) {
   if (image.isNull()) {
     return std::nullopt;
   }

@@ -17,7 +17,7 @@ constexpr int iconScale = 2;
 InstalledAppsCatalog::Drawn draw(const ApplicationIconClient& icons,
                                  const ApplicationLocation& location) {
   QImage icon = icons.image(location, iconPoints * iconScale);
-  QColor accent = accentColor(icon).value_or(fallbackAccent());
+  QColor accent = InstalledAppsCatalog::accentColor(icon).value_or(fallbackAccent());
   icon.setDevicePixelRatio(iconScale);
   return {std::move(icon), accent};
 }

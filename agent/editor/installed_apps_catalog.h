@@ -70,6 +70,11 @@ class InstalledAppsCatalog {
   Awaitable<std::vector<InstalledApp>> withIcons(std::vector<InstalledApp> apps,
                                                  WorkspaceClient workspace, DrawnIcons drawn) const;
 
+  // The image's average colour, in which colourful pixels count for more than grey ones, made
+  // saturated and bright enough to tint glass. None for an image without an opaque pixel. Looks at
+  // an 8 × 8 copy only.
+  static std::optional<QColor> accentColor(const QImage& image);
+
   // The identifier of the application that a dropped launcher file starts, or none.
   std::optional<std::string> bundleIdOf(const std::filesystem::path& launcher) const {
     return applications_.bundleIdOf(launcher);

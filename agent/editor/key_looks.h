@@ -26,6 +26,10 @@ class KeyLooks : public QObject {
   Q_INVOKABLE glintboard::TileAppearance appearance(const QString& kind, const QString& label,
                                                     const QString& iconName,
                                                     const QString& iconSymbol) const;
+  // The letter that stands for an icon.
+  Q_INVOKABLE static QString letter(const QString& label) {
+    return TileAppearance::firstCharacter(label).toUpper();
+  }
   // The image behind a source that the models give, as a tile takes it; undefined for none.
   Q_INVOKABLE QVariant icon(const QString& source) const;
 

@@ -2,16 +2,15 @@
 
 #include <algorithm>
 
-#include "agent/editor/icon_accent.h"
+#include "agent/editor/installed_apps_catalog.h"
 #include "agent/language/error_text.h"
 #include "platform/run_on.h"
+#include "platform/shortcuts_bundle_id.h"
 #include "platform/spawn.h"
 #include "protocol/deck_tile.h"
 
 namespace glintboard {
 namespace {
-
-constexpr const char* shortcutsBundleId = "com.apple.shortcuts";
 
 QString text(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -91,7 +90,7 @@ Awaitable<> ShortcutsLibrary::loadInto(Self self) {
                                           static_cast<int>(png.size()));
       if (!image.isNull()) {
         icons[ShortcutIconProvider::normalizedKey(key)] = {
-            image, accentColor(image).value_or(fallbackAccent())};
+            image, InstalledAppsCatalog::accentColor(image).value_or(fallbackAccent())};
       }
     }
     return icons;

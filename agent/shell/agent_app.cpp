@@ -101,6 +101,8 @@ class AgentApp {
         viewModel_, MenuActions{[this] { editor_->show(); }, [this] { stop(); }});
     menuWindow_ = std::make_unique<MenuWindow>(menu_->model());
     desktop_ = std::make_unique<DesktopShell>(viewModel_, *menuWindow_);
+    QObject::connect(&viewModel_, &AgentViewModel::hasConnectedPhoneChanged, editor_.get(),
+                     &DeckEditorWindowPresenter::refreshLive);
     const auto followAppearance = [this] {
       const DesktopAppearance wanted = desktop_->appearance();
       const Appearance appearance{wanted.dark, wanted.increasedContrast, wanted.reducedMotion,
@@ -125,7 +127,7 @@ class AgentApp {
                                             desktop.applicationIcons),
         .shortcutsCatalog = ShortcutsCatalog(desktop.shortcutsExecutable, desktop.processRunner),
         .shortcutIconProvider = services.shortcutIconProvider(),
-        .isPhoneConnected = [this] { return viewModel_.hasConnectedPhone(); },
+        .isPhoneConnected = [this] { return viewModel_.refreshConnectedPhone(); },
         .onSaved = [this] { return viewModel_.services().listenerService().pushDecksSnapshot(); }};
   }
 

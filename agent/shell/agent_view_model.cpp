@@ -1,5 +1,6 @@
 #include "agent/shell/agent_view_model.h"
 
+#include <QPointer>
 #include <QStringList>
 
 #include "agent/language/error_text.h"
@@ -29,7 +30,7 @@ AgentViewModel::AgentViewModel(asio::any_io_executor mainThread, AgentEnvironmen
                                DeckStore& deckStore)
     : mainThread_(std::move(mainThread)),
       deckStore_(deckStore),
-      services_(std::move(environment), deckStore) {
+      services_(followingPhones(std::move(environment)), deckStore) {
   connect(this, &AgentViewModel::pairedDevicesChanged, this,
           &AgentViewModel::pairingStatusTextChanged);
   connect(this, &AgentViewModel::isLockedOutChanged, this,
@@ -40,6 +41,27 @@ AgentViewModel::AgentViewModel(asio::any_io_executor mainThread, AgentEnvironmen
 
 AgentViewModel::~AgentViewModel() {
   *refreshTask_ = false;
+}
+
+// A phone that comes or goes is shown at once, not with the next refresh.
+AgentEnvironment AgentViewModel::followingPhones(AgentEnvironment environment) {
+  environment.phoneConnected = [told = std::move(environment.phoneConnected),
+                                weak = QPointer<AgentViewModel>(this),
+                                mainThread = mainThread_](bool connected) {
+    told(connected);
+    asio::post(mainThread, [weak] {
+      if (weak) {
+        weak->refreshConnectedPhone();
+      }
+    });
+  };
+  return environment;
+}
+
+bool AgentViewModel::refreshConnectedPhone() {
+  set(hasConnectedPhone_, services_.listenerService().hasConnectedPhone(),
+      &AgentViewModel::hasConnectedPhoneChanged);
+  return hasConnectedPhone_;
 }
 
 QString AgentViewModel::pairingStatusText() const {
@@ -104,7 +126,7 @@ void AgentViewModel::setPairing(const PairingState& pairing) {
 void AgentViewModel::setListener(const ListenerState& listener) {
   set(isListenerRunning_, listener.isRunning, &AgentViewModel::isListenerRunningChanged);
   set(listenerError_, text(listener.lastError), &AgentViewModel::listenerErrorChanged);
-  set(hasConnectedPhone_, listener.hasPushConnections, &AgentViewModel::hasConnectedPhoneChanged);
+  refreshConnectedPhone();
   set(shortcutCoachMessage_, text(listener.shortcutCoachMessage),
       &AgentViewModel::shortcutCoachMessageChanged);
 }

@@ -60,6 +60,8 @@ class AgentViewModel : public QObject {
 
   // Copies the services' state into the fields, and restarts a listener that has failed.
   Awaitable<> refresh();
+  // The listener's own answer at this moment, which hasConnectedPhone takes over.
+  bool refreshConnectedPhone();
   Awaitable<> startListener();
   // The user's command.
   Awaitable<> restartListener();
@@ -87,6 +89,7 @@ class AgentViewModel : public QObject {
  private:
   template <class T>
   void set(T& field, T value, void (AgentViewModel::*changed)());
+  AgentEnvironment followingPhones(AgentEnvironment environment);
   void setPairing(const PairingState& pairing);
   void setListener(const ListenerState& listener);
   void setListenerError(const std::exception& error);

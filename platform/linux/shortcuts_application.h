@@ -3,11 +3,10 @@
 
 #include <filesystem>
 
+#include "platform/shortcuts_bundle_id.h"
 #include "platform/workspace_client.h"
 
 namespace glintboard {
-
-inline constexpr const char* shortcutsBundleId = "com.apple.shortcuts";
 
 // The workspace with one application more, always installed and never running: it opens the
 // folder of Shortcuts, made where it is missing, in the user's file manager.

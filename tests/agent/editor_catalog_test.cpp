@@ -97,7 +97,7 @@ TEST(IconAccent, IsTheColourfulPartOfTheIconMadeBright) {
     painter.fillRect(0, 0, 32, 64, left);
     painter.fillRect(32, 0, 32, 64, right);
     painter.end();
-    return accentColor(icon);
+    return InstalledAppsCatalog::accentColor(icon);
   };
   struct Case {
     QColor left, right;
@@ -120,7 +120,7 @@ TEST(IconAccent, IsTheColourfulPartOfTheIconMadeBright) {
     EXPECT_NEAR(accent->valueF(), brightness, 0.02) << left.name().toStdString();
   }
   EXPECT_FALSE(painted(Qt::transparent, half));
-  EXPECT_FALSE(accentColor(QImage()));
+  EXPECT_FALSE(InstalledAppsCatalog::accentColor(QImage()));
 }
 
 }  // namespace

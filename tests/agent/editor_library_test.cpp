@@ -51,6 +51,8 @@ TEST_F(EditorLibraryTest, SearchShowsWhatContainsTheTextInEveryTab) {
 TEST_F(EditorLibraryTest, AListingWithoutAnythingSuggestsAShortcutUntilThereIsOneLikeIt) {
   listShortcuts("");
   app("cursor", "My cursor editor");
+  desktop.root.write("system/applications/com.apple.shortcuts.desktop",
+                     "[Desktop Entry]\nType=Application\nExec=no-such-program\nName=Shortcuts\n");
   open();
   auto* shortcuts = model->shortcuts();
   EXPECT_TRUE(shortcuts->showsSuggested());
@@ -68,6 +70,9 @@ TEST_F(EditorLibraryTest, AListingWithoutAnythingSuggestsAShortcutUntilThereIsOn
   EXPECT_EQ(shortcuts->loadMessage(), "The shortcuts CLI is not available on this Mac.");
   EXPECT_FALSE(shortcuts->showsSuggested());
   EXPECT_EQ(shortcuts->cards()->rowCount(), 0);
+  EXPECT_TRUE(model->errorMessage().isNull());
+  shortcuts->open();
+  EXPECT_TRUE(turnUntil([&] { return !model->errorMessage().isEmpty(); })) << "it does not start";
 }
 
 TEST_F(EditorLibraryTest, ShortcutKeysFollowTheirShortcuts) {
@@ -91,7 +96,7 @@ TEST_F(EditorLibraryTest, ShortcutKeysFollowTheirShortcuts) {
   EXPECT_EQ(keys(), "1 Brew twice, 2 Discord, 3 Safari, 4 Music, 5 Tidy up");
   EXPECT_EQ(model->syncLabel(), "Unsaved") << "the stored deck has the old name";
   EXPECT_EQ(model->missingShortcutIDs(), std::set<std::string>{tidyId});
-  EXPECT_EQ(model->tilesModel()->index(4).data(DeckTilesModel::IsMissingRole), true);
+  EXPECT_EQ(model->tilesModel()->index(4).data(DeckTilesModel::IsMissingShortcutRole), true);
   EXPECT_EQ(first.data(DeckTilesModel::IconSourceRole), source) << "an unchanged icon stays";
   EXPECT_TRUE(model->drop({tidyId}, 0)) << "a key without its Shortcut can be moved";
   EXPECT_EQ(model->tiles().front().label, "Tidy up");

@@ -40,7 +40,6 @@ TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
            {{"applications:editor.desktop"}, 3, true, before + ", 4 Text Editor"},
            {{"file:///tmp/photo.png"}, 0, false, before}}) {
     model->setDropTargetIndex(index);
-    model->setDeckDragActive(true);
     EXPECT_EQ(model->drop(items, index), accepted) << items.join(' ').toStdString();
     EXPECT_EQ(keys(), expected);
     EXPECT_EQ(model->dropTargetIndex(), -1);
@@ -175,6 +174,36 @@ TEST_F(DeckEditorTest, ASaveTellsWhereTheDeckIsNow) {
   EXPECT_EQ(storedName(DeckCategoryID::streaming), "On air");
   EXPECT_EQ(closeRequests, 1);
 
+  // The phone could not be told.
+  onSaved = [] {
+    return []() -> Awaitable<> {
+      throw std::runtime_error("cut");
+      co_return;
+    }();
+  };
+  model->setDeckName("Unheard");
+  save();
+  EXPECT_EQ(model->errorMessage(), "cut");
+  EXPECT_EQ(model->syncLabel(), "Synced");
+  EXPECT_FALSE(model->syncIsLive());
+  EXPECT_EQ(closeRequests, 1);
+  onSaved = nullptr;
+  save();
+  EXPECT_TRUE(model->syncIsLive());
+  EXPECT_EQ(closeRequests, 2);
+
+  phone = false;
+  EXPECT_TRUE(model->syncIsLive()) << "nobody has told yet";
+  save();
+  EXPECT_FALSE(model->syncIsLive());
+  EXPECT_EQ(model->infoMessage(), "Saved on Mac \u2014 connect iPhone to update.");
+  phone = true;
+  model->refreshLive();
+  EXPECT_TRUE(model->syncIsLive()) << "a phone that comes asks for the decks";
+  phone = false;
+  model->refreshLive();
+  EXPECT_FALSE(model->syncIsLive());
+
   // A folder cannot be made where there is a file.
   std::filesystem::remove_all(desktop.root / "agent");
   desktop.root.write("agent", "");
@@ -182,8 +211,8 @@ TEST_F(DeckEditorTest, ASaveTellsWhereTheDeckIsNow) {
   save();
   EXPECT_FALSE(model->errorMessage().isNull());
   EXPECT_EQ(model->syncLabel(), "Unsaved");
-  EXPECT_EQ(closeRequests, 1);
-  EXPECT_EQ(announcements, 2);
+  EXPECT_EQ(closeRequests, 2);
+  EXPECT_EQ(announcements, 5);
   const QString error = model->errorMessage();
   model->reset();
   ASSERT_TRUE(turnUntil([&] { return !model->isResetting(); }));
@@ -225,7 +254,9 @@ TEST_F(DeckEditorTest, WhatHappensDuringASaveGoesToNoOtherDeck) {
   phone = true;
   model->setDeckName("First");
   model->save();
+  EXPECT_TRUE(model->canUndo());
   model->setSelectedCategory("gaming");
+  EXPECT_FALSE(model->canUndo());
   model->setDeckName("Not loaded yet");
   model->remove(0);
   model->setSelectedCategory("streaming");
@@ -242,6 +273,19 @@ TEST_F(DeckEditorTest, WhatHappensDuringASaveGoesToNoOtherDeck) {
   EXPECT_EQ(model->syncLabel(), "Unsaved");
   EXPECT_EQ(closeRequests, 0) << "what was typed meanwhile is not thrown away";
   EXPECT_EQ(storedName(DeckCategoryID::streaming), "Second");
+
+  phone = false;
+  for (const auto change : {&DeckEditorModel::save, &DeckEditorModel::reset}) {
+    // Cannot be stored the second time.
+    (model.get()->*change)();
+    model->setSelectedCategory(model->selectedCategory() == "gaming" ? "streaming" : "gaming");
+    ASSERT_TRUE(turnUntil(
+        [&] { return !model->isSaving() && !model->isResetting() && !model->isLoading(); }));
+    EXPECT_TRUE(model->infoMessage().isNull()) << "about the other deck";
+    EXPECT_TRUE(model->errorMessage().isNull());
+    std::filesystem::remove_all(desktop.root / "agent");
+    desktop.root.write("agent", "");
+  }
 }
 
 TEST_F(DeckEditorTest, ADamagedDeckIsShownAndCanBeEdited) {

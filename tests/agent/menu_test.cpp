@@ -42,8 +42,15 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_EQ(changes, 1) << "only a change is told";
   EXPECT_EQ(text("pairedDevice"), "Ann's iPhone");
   EXPECT_TRUE(showsStatus("Waiting for iPhone"));
-  const auto connection = phone(token);
+  std::optional<phone::AgentSession> connection(phone(token));
   EXPECT_TRUE(showsStatus("iPhone connected"));
+  connection.reset();
+  const auto& listener = viewModel->services().listenerService();
+  ASSERT_TRUE(test::eventually([&] { return !listener.hasConnectedPhone(); }));
+  agent.run(viewModel->services().pairingService().state());  // behind it on the service loop
+  EXPECT_TRUE(viewModel->hasConnectedPhone()) << "the main thread has not turned since";
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(viewModel->hasConnectedPhone()) << "told, not found out by the next refresh";
 
   click("pairingCode");
   ASSERT_TRUE(showsState("pairingPanel", replacementButtons));

@@ -74,6 +74,7 @@ TEST_F(DragTest, ALauncherFromTheDesktopAddsItsApplication) {
   QMimeData photo;
   photo.setUrls({QUrl("file:///tmp/photo.png")});
   EXPECT_EQ(dragged(photo, slot(0)).second, false);
+  EXPECT_EQ(model->errorMessage(), "Only installed applications can be dropped here.");
   QMimeData text;
   text.setText("calendar");
   EXPECT_EQ(dragged(text, slot(0)), std::pair(0, true));

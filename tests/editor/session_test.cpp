@@ -13,20 +13,22 @@ using EditorSessionTest = test::EditorWindowTest;
 TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
   test::TestAgent agent;
   agent.desktop.installed = {"calendar", "files"};
-  AgentServices services(agent.environment(), stage.store);
+  auto environment = agent.environment();
+  environment.phoneConnected = [&](bool connected) { stage.phone = connected; };
+  AgentServices services(environment, stage.store);
   agent.run(services.listenerService().start());
   ASSERT_TRUE(
       test::eventually([&] { return agent.run(services.listenerService().state()).isRunning; }));
   const auto pin = agent.run(services.pairingService().state()).currentPIN;
   const auto paired = agent.run(services.pairingService().handlePairRequest(
       {PairingMethod::pin, pin, "Phone", randomUuid()}, randomUuid()));
-  phone::AgentSession phone(
+  std::optional<phone::AgentSession> phone(
+      std::in_place,
       phone::PhoneConnection({"127.0.0.1", agent.port},
                              std::get<WireMessage<PairOKPayload>>(paired).payload.token,
                              std::chrono::steady_clock::now() + 5s),
       5s);
-  phone.sync();
-  stage.phone = true;
+  phone->sync();
   stage.onSaved = [&] { return services.listenerService().pushDecksSnapshot(); };
 
   storeDeck({}, "Empty");
@@ -47,7 +49,7 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
 
   std::string received;
   for (;;) {
-    const auto message = phone.receive(std::chrono::steady_clock::now() + 5s);
+    const auto message = phone->receive(std::chrono::steady_clock::now() + 5s);
     ASSERT_TRUE(message);
     if (isOfType(*message, MessageType::decksSnapshot)) {
       const auto snapshot = phone::payloadOf<DecksSnapshotPayload>(*message);
@@ -58,6 +60,14 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
     }
   }
   EXPECT_EQ(received, "1 Calendar, 2 Files, 3 Tidy up, 4 Mute, ");
+
+  open();
+  model->refreshLive();
+  EXPECT_TRUE(model->syncIsLive());
+  phone.reset();
+  ASSERT_TRUE(test::turnUntil([&] { return !stage.phone; }));
+  model->refreshLive();
+  EXPECT_FALSE(model->syncIsLive());
   agent.run(services.listenerService().shutDown());
 }
 

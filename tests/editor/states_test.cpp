@@ -74,9 +74,18 @@ TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
   open();
   click("tab-shortcuts");
   settle();
+  for (const auto& goesBy : std::vector<std::function<void()>>{
+           [&] { model->undo(); }, [&] { model->setSelectedCategory("gaming"); },
+           [&] { model->reset(); }}) {
+    model->addShortcut(test::EditorStage::briefId);
+    settle();
+    EXPECT_TRUE(item("tip")->isVisible());
+    goesBy();
+    settle();
+    EXPECT_FALSE(item("tip")->isVisible()) << "the key is gone";
+  }
   click(card("Brew"));
   settle();
-  EXPECT_TRUE(item("tip")->isVisible());
   click("tip-done");
   settle();
   EXPECT_FALSE(item("tip")->isVisible());
@@ -96,6 +105,13 @@ TEST_F(EditorStatesTest, ASearchWithoutAMatchSaysSoInEveryLibrary) {
     expect({"No matches"});
     model->setSearchText("");
   }
+  stage.listShortcuts("true");
+  model->setSearchText("zzz");
+  model->shortcuts()->load();
+  ASSERT_TRUE(test::turnUntil(
+      [&] { return model->shortcuts()->loadState() == ShortcutsLoadState::empty; }));
+  settle();
+  expect({"No matches"});
 }
 
 TEST_F(EditorStatesTest, AnotherCategoryDiscardsUnsavedEdits) {

@@ -88,7 +88,7 @@ class EditorStage {
                                                 applications->iconClient()),
             .shortcutsCatalog = ShortcutsCatalog(desktop.root / "shortcuts", *runner),
             .shortcutIconProvider = *shortcutIcons,
-            .isPhoneConnected = [this] { return phone; },
+            .isPhoneConnected = [this] { return phone.load(); },
             .onSaved = [this] { return saved(); }};
   }
   Awaitable<> saved() {
@@ -138,7 +138,7 @@ class EditorStage {
   DesktopFolders desktop;
   std::vector<ShortcutIconClient::Icon> iconsOfShortcuts;
   std::set<std::string> running;
-  bool phone = false;
+  std::atomic<bool> phone = false;
   bool withIcons = true;  // every application has an icon to wait for
   int announcements = 0;
   std::function<Awaitable<>()> onSaved;

@@ -88,9 +88,15 @@ void usual(EditorStage& stage) {
 
 void full(EditorStage& stage) {
   furnish(stage);
-  std::vector<DeckTile> tiles;
-  for (const auto& sample : samples) {
-    tiles.push_back(appTile(sample.id, sample.name));
+  std::vector<DeckTile> tiles = {DeckTile::action(0, BuiltinAction::volumeDown),
+                                 DeckTile::action(0, BuiltinAction::volumeUp),
+                                 DeckTile::action(0, BuiltinAction::volumeMute),
+                                 shortcutTile("Brew tea", EditorStage::briefId)};
+  // Some cards are left over, which the deck has no room for.
+  for (std::size_t i = 0; tiles.size() < deckCapacity; ++i) {
+    if (i % 6 != 1) {
+      tiles.push_back(appTile(samples[i].id, samples[i].name));
+    }
   }
   stage.deck(DeckCategoryID::streaming, "Everything", tiles);
   stage.phone = true;
@@ -144,11 +150,17 @@ void showTab(EditorStage& stage, const char* tab) {
 
 // What the user has named; a letter stands for an icon.
 QStringList ownTexts() {
-  QStringList own{"Brew tea",     "Tidy the desk",
-                  "Good morning", "Lights off",
-                  "On Air",       "Everything",
-                  "Game Night",   "Vol \u2212",
-                  "Vol +",        "Glintboard \u2014 Voice in Cursor"};
+  QStringList own{"Brew tea",
+                  "Tidy the desk",
+                  "Good morning",
+                  "Lights off",
+                  "On Air",
+                  "Everything",
+                  "Game Night",
+                  "Vol \u2212",
+                  "Vol +",
+                  "Mute",
+                  "Glintboard \u2014 Voice in Cursor"};
   for (const auto& sample : samples) {
     own += {QString::fromLatin1(sample.name), QString(QLatin1Char(*sample.name))};
   }

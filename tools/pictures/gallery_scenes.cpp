@@ -57,13 +57,14 @@ Rectangle {
 
 constexpr const char* tiles = R"(
 Rectangle {
-  width: 860; height: 600
+  width: 848; height: 560
   gradient: Gradient {
     GradientStop { position: 0; color: Look.windowTop }
     GradientStop { position: 1; color: Look.windowBottom }
   }
   property var keys
   property var sampleIcon
+  property var sized: keys.find(key => key.label === "Krita").appearance
   Grid {
     x: 32; y: 32; columns: 8; columnSpacing: 24; rowSpacing: 24
     Repeater { model: keys
@@ -72,14 +73,15 @@ Rectangle {
         isRunning: modelData.running === true; isLaunching: modelData.launching === true
         didSucceed: modelData.succeeded === true; isLive: modelData.live === true
         isMissing: modelData.missing === true; tileIsPressed: modelData.pressed === true
-        macIcon: modelData.hasIcon ? sampleIcon : undefined; tileFaceSize: modelData.face ?? 0 } }
-  }
-  Row {
-    x: 430; y: 450; spacing: 24
+        macIcon: modelData.hasIcon ? sampleIcon : undefined } }
     Repeater { model: 4
       EditModeJiggleModifier { id: wobbling; required property int index; isActive: true; seed: index
         GlassDeckTileView { appearance: keys[wobbling.index].appearance; displayLabel: keys[wobbling.index].label
           HomeScreenMinusBadge { x: -8; y: -8 } } } }
+    Item { width: 72; height: 72
+      GlassDeckTileView { anchors.centerIn: parent; appearance: sized; displayLabel: "Small"; isRunning: true; tileFaceSize: 48 } }
+    // Last, since it is wider than its column.
+    GlassDeckTileView { appearance: sized; displayLabel: "Large"; isRunning: true; tileFaceSize: 112 }
   }
 })";
 
@@ -131,8 +133,6 @@ QVariantList sampleKeys() {
   keys += key(named(letter, "Icon"), {{"hasIcon", true}});
   keys += key(named(letter, "Icon, running"), {{"hasIcon", true}, {"running", true}});
   keys += key(named(letter, "Icon, gone"), {{"hasIcon", true}, {"missing", true}});
-  keys += key(named(letter, "Large"), {{"face", 112}, {"running", true}});
-  keys += key(named(letter, "Small"), {{"face", 48}, {"running", true}});
   return keys;
 }
 

@@ -30,7 +30,7 @@ T.Button {
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
     opacity: control.enabled ? 1 : 0.5
-    scale: control.down ? 0.97 : 1
+    scale: control.down && !Look.reducedMotion ? 0.97 : 1
 
     Accessible.role: Accessible.Button
     Accessible.name: control.text

@@ -19,7 +19,7 @@ T.Button {
     implicitHeight: 22
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
-    scale: badge.down ? 0.9 : 1
+    scale: badge.down && !Look.reducedMotion ? 0.9 : 1
 
     Accessible.role: Accessible.Button
     Accessible.name: badge.explanation

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 import Glintboard.UI
 
 // Hosts content that wobbles while it is active, on the render thread.
@@ -58,20 +57,44 @@ Item {
 
             x: -host.overhang
             y: -host.overhang
-            width: host.width + 2 * host.overhang
-            height: host.height + 2 * host.overhang
-            // Drawn once and turned as a whole, which keeps its edges smooth. The software renderer
-            // draws layers only where a point is a pixel.
-            layer.enabled: (rotation.running || settle.running) && (GraphicsInfo.api !== GraphicsInfo.Software || Screen.devicePixelRatio === 1)
-            layer.smooth: true
+            // Whole, or the picture has seams.
+            width: Math.ceil(host.width + 2 * host.overhang)
+            height: Math.ceil(host.height + 2 * host.overhang)
 
             Item {
-                id: body
+                id: still
 
-                x: host.overhang
-                y: host.overhang
-                width: host.width
-                height: host.height
+                anchors.fill: parent
+
+                Item {
+                    id: body
+
+                    x: host.overhang
+                    y: host.overhang
+                    width: host.width
+                    height: host.height
+                }
+            }
+
+            // Drawn once and turned as a whole, which keeps its edges smooth.
+            ShaderEffectSource {
+                id: picture
+
+                readonly property bool isShown: rotation.running || settle.running
+                // The software renderer loses a picture that it mirrors, except where a pixel is a
+                // point: so it lies upside down, and is turned over here.
+                readonly property bool isUpsideDown: GraphicsInfo.api === GraphicsInfo.Software
+
+                anchors.fill: parent
+                visible: picture.isShown
+                sourceItem: picture.isShown ? still : null
+                hideSource: true
+                smooth: true
+                textureMirroring: picture.isUpsideDown ? ShaderEffectSource.NoMirroring : ShaderEffectSource.MirrorVertically
+                transform: Scale {
+                    yScale: picture.isUpsideDown ? -1 : 1
+                    origin.y: picture.height / 2
+                }
             }
         }
     }

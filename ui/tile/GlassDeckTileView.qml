@@ -158,14 +158,24 @@ GlassTile {
             }
         }
 
-        Symbol {
+        // On a disc of its own, as a face without colour is nearly as bright as it.
+        Rectangle {
             anchors.right: parent.right
             anchors.top: parent.top
-            anchors.margins: tile.faceSize * 0.07
+            anchors.margins: tile.faceSize * 0.05
+            width: tile.faceSize * 0.34
+            height: width
+            radius: width / 2
             visible: tile.isMissing
-            name: "exclamationmark.triangle.fill"
-            color: Look.warning
-            size: tile.faceSize * 0.24
+            color: "#CC17121A"
+
+            Symbol {
+                anchors.centerIn: parent
+                anchors.verticalCenterOffset: -parent.height * 0.04
+                name: "exclamationmark.triangle.fill"
+                color: Look.warning
+                size: parent.width * 0.64
+            }
         }
 
         Rectangle {

@@ -57,9 +57,9 @@ void paintGlassHighlight(QPainter& painter, const QRectF& face, qreal radius) {
   above.quadTo(QPointF(face.center().x(), face.top() + 0.54 * face.height()),
                QPointF(face.left(), side));
   above.closeSubpath();
-  QLinearGradient light(face.topLeft(), QPointF(face.left(), face.top() + 0.55 * face.height()));
+  QLinearGradient light(face.topLeft(), QPointF(face.left(), face.top() + 0.45 * face.height()));
   light.setColorAt(0, white(0.22));
-  light.setColorAt(1, white(0.02));
+  light.setColorAt(1, white(0));
   painter.fillPath(above.intersected(roundedSquare(face, radius)), light);
 }
 

@@ -40,13 +40,6 @@ QString text(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-// What a reader takes for one character, however many code points it has.
-QString firstCharacter(const QString& label) {
-  QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, label);
-  const auto end = finder.toNextBoundary();
-  return end < 0 ? QString() : label.left(end);
-}
-
 TileAppearance look(const QString& glyph, const RGB& top, const RGB& bottom) {
   return {glyph, {top.color(), bottom.color()}};
 }
@@ -59,10 +52,16 @@ TileAppearance applicationLook(const DeckTile& tile) {
   if (brand != std::end(brands)) {
     return look(QLatin1String(brand->glyph), brand->top, brand->bottom);
   }
-  return look(firstCharacter(label), {0.22, 0.51, 0.96}, {0.11, 0.31, 0.85});
+  return look(TileAppearance::firstCharacter(label), {0.22, 0.51, 0.96}, {0.11, 0.31, 0.85});
 }
 
 }  // namespace
+
+QString TileAppearance::firstCharacter(const QString& label) {
+  QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, label);
+  const auto end = finder.toNextBoundary();
+  return end < 0 ? QString() : label.left(end);
+}
 
 TileAppearance TileAppearance::forTile(const DeckTile& tile) {
   switch (tile.kind) {

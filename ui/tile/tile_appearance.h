@@ -25,6 +25,8 @@ class TileAppearance {
 
   // The look of a key: known applications have one of their own, others their first letter.
   static TileAppearance forTile(const DeckTile& tile);
+  // What a reader takes for the first character, however many code points it has.
+  static QString firstCharacter(const QString& label);
 };
 
 }  // namespace glintboard
