@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 
 # Prints the words that may follow COMMAND: the commands if that is empty, or else its options. An
-# option that holds for some commands alone is explained by "COMMAND, COMMAND: …".
+# option that holds for some commands alone is explained by "COMMAND, COMMAND: …", or "all but …".
 _glintboard_words() {  # PROGRAM COMMAND
   "$1" --help 2>/dev/null | awk -v command="$2" '
     function options(text) {
@@ -20,8 +20,11 @@ _glintboard_words() {  # PROGRAM COMMAND
     section == "Options:" && /^  -/ {
       meaning = substr($0, 3)
       sub(/^.*  +/, "", meaning)
-      if (match(meaning, /^[a-z]+(, [a-z]+)*: /) &&
-          index(", " substr(meaning, 1, RLENGTH - 2) ",", ", " command ",") == 0) next
+      if (match(meaning, /^(all but )?[a-z]+(, [a-z]+)*: /)) {
+        commands = ", " substr(meaning, 1, RLENGTH - 2) ","
+        others = sub(/^, all but /, ", ", commands)
+        if (others == (index(commands, ", " command ",") > 0)) next
+      }
       options($0)
     }'
 }
@@ -32,10 +35,18 @@ _glintboard() {
   for ((i = 1; i < COMP_CWORD; i++)); do
     case ${COMP_WORDS[i]} in
       --show-identifiers | --json | --background | --without-display) ;;
-      --*) ((i++)) ;;
+      --*)
+        # Readline makes three words of --option=value.
+        if [[ ${COMP_WORDS[i + 1]} == = ]]; then ((i += 2)); else ((i++)); fi
+        ;;
       *) command=${COMP_WORDS[i]}; break ;;
     esac
   done
+  if [[ $word == = ]]; then
+    word=""
+  elif [[ $before == = ]]; then
+    before=${COMP_WORDS[COMP_CWORD - 2]}
+  fi
   case $before in
     --deck) mapfile -t COMPREPLY < <(compgen -W "streaming gaming" -- "$word"); return ;;
     --state) mapfile -t COMPREPLY < <(compgen -d -- "$word"); return ;;

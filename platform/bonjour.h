@@ -29,15 +29,16 @@ class BonjourAdvertiser {
 
 struct BonjourInstance {
   std::string name;
-  std::string address;  // numeric, with a scope where the address needs one
+  std::string address;  // numeric, with a scope where the address needs one; empty if not resolved
   std::uint16_t port = 0;
+  bool isOwn = false;  // advertised by this computer
 };
 
 class BonjourBrowser {
  public:
   virtual ~BonjourBrowser() = default;
-  // The instances of `type` found within `timeout`; blocks until the daemon has told all it knows
-  // or the time is up. None without a daemon that answers.
+  // The instances of `type` found within `timeout`, those that tell no address last; blocks until
+  // the daemon has told all it knows or the time is up. None without a daemon that answers.
   virtual std::optional<std::vector<BonjourInstance>> browse(const std::string& type,
                                                              std::chrono::milliseconds timeout) = 0;
 

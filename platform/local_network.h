@@ -22,23 +22,33 @@ struct PortHolder {
   std::string program;  // the file's name
 };
 
+// What comes in there: packets of a protocol, "tcp" or "udp", for a port.
+struct Gate {
+  std::string protocol;
+  std::uint16_t port = 0;
+};
+
 struct Firewall {
   // What looks after the rules for incoming packets: one that is on, else the kernel's own.
   enum class Kind { ufw, firewalld, nftables };
   Kind kind = Kind::nftables;
   // Whether it has been told what the agent needs, under the name "glintboard-agent".
   bool knowsAgent = false;
+  // Of nftables: family, table and name of the chain in the way; empty where that is not known.
+  std::string chain;
 };
 
 // Facts read from the system at each call; none throws, none waits for the network.
 class LocalNetwork {
  public:
   virtual ~LocalNetwork() = default;
-  // Those that can be connected to now, IPv4 first.
+  // Those of interfaces that are up and have their cable or network, IPv4 first.
   virtual std::vector<LocalAddress> addresses() = 0;
   // None where nobody listens on that TCP port.
   virtual std::optional<PortHolder> holder(std::uint16_t port) = 0;
-  virtual Firewall firewall() = 0;
+  // The one that may keep others from the gate. None where there is none, or where it was seen to
+  // let everybody in, for which root sees more than others. Asks programs, for seconds at most.
+  virtual std::optional<Firewall> firewall(const Gate& gate) = 0;
   // Whether a program of that name is installed.
   virtual bool hasProgram(const std::string& name) = 0;
 

@@ -205,7 +205,7 @@
     </message>
     <message>
         <source>Dismiss</source>
-        <translation>Descartar</translation>
+        <translation>Cerrar</translation>
     </message>
     <message>
         <source>Restart Agent</source>
@@ -240,7 +240,7 @@
     </message>
     <message>
         <source>Dismiss</source>
-        <translation>Descartar</translation>
+        <translation>Cerrar</translation>
     </message>
     <message>
         <source>Restart Agent</source>

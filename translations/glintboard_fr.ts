@@ -105,14 +105,14 @@
     <name>GlassDeckKeyView</name>
     <message>
         <source>Missing</source>
-        <translation>Absent</translation>
+        <translation>Introuvable</translation>
     </message>
 </context>
 <context>
     <name>GlassDeckTileView</name>
     <message>
         <source>Missing</source>
-        <translation>Absent</translation>
+        <translation>Introuvable</translation>
     </message>
     <message>
         <source>Launching</source>
@@ -312,7 +312,7 @@
     </message>
     <message>
         <source>Undo</source>
-        <translation>Annuler</translation>
+        <translation>Annuler la modification</translation>
     </message>
     <message>
         <source>Ctrl+Z</source>

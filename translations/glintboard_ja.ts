@@ -105,14 +105,14 @@
     <name>GlassDeckKeyView</name>
     <message>
         <source>Missing</source>
-        <translation>なし</translation>
+        <translation>見つかりません</translation>
     </message>
 </context>
 <context>
     <name>GlassDeckTileView</name>
     <message>
         <source>Missing</source>
-        <translation>なし</translation>
+        <translation>見つかりません</translation>
     </message>
     <message>
         <source>Launching</source>
@@ -209,7 +209,7 @@
     </message>
     <message>
         <source>Restart Agent</source>
-        <translation>Agentを再起動</translation>
+        <translation>エージェントを再起動</translation>
     </message>
     <message>
         <source>Edit Deck</source>
@@ -244,7 +244,7 @@
     </message>
     <message>
         <source>Restart Agent</source>
-        <translation>Agentを再起動</translation>
+        <translation>エージェントを再起動</translation>
     </message>
     <message>
         <source>Edit Deck</source>

@@ -64,13 +64,21 @@ class Search {
       }
       resolved_.clear();
     }
+    for (const auto& [resolver, pending] : pending_) {
+      instances_.push_back(pending.instance);
+    }
     return failed_ ? std::nullopt : std::optional(std::move(instances_));
   }
 
  private:
+  struct Pending {
+    AvahiHandle<AvahiServiceResolver> resolver;
+    BonjourInstance instance;  // without what the resolver is to tell
+  };
+
   static void browsed(AvahiServiceBrowser*, AvahiIfIndex interface, AvahiProtocol protocol,
                       AvahiBrowserEvent event, const char* name, const char* type,
-                      const char* domain, AvahiLookupResultFlags, void* self) {
+                      const char* domain, AvahiLookupResultFlags flags, void* self) {
     auto* search = static_cast<Search*>(self);
     if (event == AVAHI_BROWSER_NEW) {
       // A host's IPv6 records are known over IPv4 too, but not the other way round.
@@ -78,7 +86,9 @@ class Search {
           ::avahi_service_resolver_new(search->client_.get(), interface, protocol, name, type,
                                        domain, protocol, AvahiLookupFlags{}, resolved, self));
       if (resolver) {
-        search->pending_.emplace(resolver.get(), std::move(resolver));
+        const bool isOwn = (flags & AVAHI_LOOKUP_RESULT_LOCAL) != 0;
+        auto* const key = resolver.get();
+        search->pending_.emplace(key, Pending{std::move(resolver), {name, {}, 0, isOwn}});
       }
     } else if (event == AVAHI_BROWSER_ALL_FOR_NOW) {
       search->toldAll_ = true;
@@ -88,23 +98,28 @@ class Search {
   }
 
   static void resolved(AvahiServiceResolver* resolver, AvahiIfIndex interface, AvahiProtocol,
-                       AvahiResolverEvent event, const char* name, const char*, const char*,
-                       const char*, const AvahiAddress* address, std::uint16_t port,
-                       AvahiStringList*, AvahiLookupResultFlags, void* self) {
+                       AvahiResolverEvent event, const char*, const char*, const char*, const char*,
+                       const AvahiAddress* address, std::uint16_t port, AvahiStringList*,
+                       AvahiLookupResultFlags, void* self) {
     auto* search = static_cast<Search*>(self);
+    auto node = search->pending_.extract(resolver);
+    if (!node) {
+      return;  // a second answer
+    }
+    auto [handle, instance] = std::move(node.mapped());
     if (event == AVAHI_RESOLVER_FOUND) {
-      search->instances_.push_back({name, addressText(*address, interface), port});
+      instance.address = addressText(*address, interface);
+      instance.port = port;
     }
+    search->instances_.push_back(std::move(instance));
     // Released after the callbacks, since this is one of its own.
-    if (const auto node = search->pending_.extract(resolver)) {
-      search->resolved_.push_back(std::move(node.mapped()));
-    }
+    search->resolved_.push_back(std::move(handle));
   }
 
   AvahiHandle<AvahiSimplePoll> poll_;
   AvahiHandle<AvahiClient> client_;
   AvahiHandle<AvahiServiceBrowser> browser_;
-  std::map<AvahiServiceResolver*, AvahiHandle<AvahiServiceResolver>> pending_;
+  std::map<AvahiServiceResolver*, Pending> pending_;
   std::vector<AvahiHandle<AvahiServiceResolver>> resolved_;
   Instances instances_;
   bool toldAll_ = false;
@@ -112,8 +127,8 @@ class Search {
 };
 
 auto order(const BonjourInstance& instance) {
-  return std::tuple(instance.address.find(':') != std::string::npos, instance.name,
-                    instance.address, instance.port);
+  return std::tuple(instance.address.empty(), instance.address.find(':') != std::string::npos,
+                    instance.name, instance.address, instance.port);
 }
 
 }  // namespace

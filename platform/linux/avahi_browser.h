@@ -5,7 +5,7 @@
 
 namespace glintboard {
 
-// IPv4 addresses come first; a link-local IPv6 address has its interface as scope.
+// IPv4 addresses come before others; a link-local IPv6 address has its interface as scope.
 class AvahiBrowser : public BonjourBrowser {
  public:
   std::optional<std::vector<BonjourInstance>> browse(const std::string& type,

@@ -14,6 +14,8 @@
 #include <set>
 #include <sstream>
 
+#include "platform/linux/firewalls.h"
+
 namespace glintboard {
 namespace {
 
@@ -124,16 +126,6 @@ std::string firstLine(const fs::path& path) {
   return line;
 }
 
-bool isOn(const fs::path& ufwSettings) {
-  std::ifstream file(ufwSettings);
-  for (std::string line; std::getline(file, line);) {
-    if (line == "ENABLED=yes") {
-      return true;
-    }
-  }
-  return false;
-}
-
 }  // namespace
 
 std::vector<LocalAddress> LinuxLocalNetwork::addresses() {
@@ -142,12 +134,13 @@ std::vector<LocalAddress> LinuxLocalNetwork::addresses() {
     return {};
   }
   const std::unique_ptr<ifaddrs, decltype(&::freeifaddrs)> owner(list, &::freeifaddrs);
+  constexpr unsigned usable = IFF_UP | IFF_RUNNING;
   const auto unusable = unusableIpv6();
   std::vector<LocalAddress> addresses;
   for (const int family : {AF_INET, AF_INET6}) {
     for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
       if (entry->ifa_addr == nullptr || entry->ifa_addr->sa_family != family ||
-          (entry->ifa_flags & IFF_UP) == 0) {
+          (entry->ifa_flags & usable) != usable) {
         continue;
       }
       if (family == AF_INET6) {
@@ -181,18 +174,25 @@ std::optional<PortHolder> LinuxLocalNetwork::holder(std::uint16_t port) {
                     program.empty() ? firstLine(*process / "comm") : program};
 }
 
-Firewall LinuxLocalNetwork::firewall() {
+std::optional<Firewall> LinuxLocalNetwork::firewall(const Gate& gate) {
   using Kind = Firewall::Kind;
-  if (isOn("/etc/ufw/ufw.conf")) {
-    return {Kind::ufw, exists("/etc/ufw/applications.d/glintboard-agent")};
+  if (ufwIsOn()) {
+    return ufwAdmits(gate)
+               ? std::nullopt
+               : std::optional(
+                     Firewall{Kind::ufw, exists("/etc/ufw/applications.d/glintboard-agent"), {}});
   }
   const auto isFirewalld = [](const fs::path& folder) {
     return firstLine(folder / "comm") == "firewalld";
   };
   if (findProcess(isFirewalld)) {
-    return {Kind::firewalld, exists("/usr/lib/firewalld/services/glintboard-agent.xml")};
+    return firewalldAdmits(gate)
+               ? std::nullopt
+               : std::optional(Firewall{Kind::firewalld,
+                                        exists("/usr/lib/firewalld/services/glintboard-agent.xml"),
+                                        {}});
   }
-  return {};
+  return packetFilter(gate);
 }
 
 bool LinuxLocalNetwork::hasProgram(const std::string& name) {

@@ -9,7 +9,7 @@ class LinuxLocalNetwork : public LocalNetwork {
  public:
   std::vector<LocalAddress> addresses() override;
   std::optional<PortHolder> holder(std::uint16_t port) override;
-  Firewall firewall() override;
+  std::optional<Firewall> firewall(const Gate& gate) override;
   bool hasProgram(const std::string& name) override;
 };
 

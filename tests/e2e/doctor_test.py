@@ -16,8 +16,10 @@ OPEN_DISCOVERY = "sudo nft insert rule inet filter input udp dport 5353 accept"
 PAIR = "glintboard-phone pair PIN"
 MUTE = f"import socket, time; s = socket.create_server(('', {PORT})); time.sleep(600)"
 
-Outcome = collections.namedtuple("Outcome", "exit failures")
+# `advice` opens the firewall that only a phone can try; `says` stands somewhere in the findings.
+Outcome = collections.namedtuple("Outcome", "exit failures advice says", defaults=[None, ""])
 WELL = Outcome(0, {})
+RESTART_AVAHI = "sudo systemctl restart avahi-daemon"
 
 
 def run(*command):
@@ -48,18 +50,18 @@ class Doctor(DesktopTest):
         self.pin = self.start_agent().pin()
         self.assertTrue(self.phone().pair(self.pin)["ok"])
 
-    def start_avahi(self, computer, *through):
+    def start_avahi(self, computer, *through, setting=""):
         folder = self.desktop.root / computer
         folder.mkdir(exist_ok=True)
         return self.desktop.start("env", f"DBUS_SYSTEM_BUS_ADDRESS={self.buses[computer]}",
-                                  *through, PARTS / "avahi", computer, folder)
+                                  *through, PARTS / "avahi", computer, folder, setting)
 
     def start_agent(self):
         self.agent = super().start_agent()
         return self.agent
 
     def doctor(self):
-        """The exit code, and the command that each failure's code comes with."""
+        """The exit code, the command that each failure's code comes with, and the last line's."""
         done = subprocess.run([PHONE, "--json", "--state", self.phone().state, "doctor"],
                               env=self.desktop.env, text=True, stdout=subprocess.PIPE,
                               timeout=15 * SLOWNESS, check=False)
@@ -68,7 +70,7 @@ class Doctor(DesktopTest):
         self.assertEqual(last["ok"], not failures)
         self.assertEqual(last.get("code"), next(iter(failures), None))
         print(f"--- {done.returncode}\n{done.stdout}", file=sys.stderr)
-        return Outcome(done.returncode, failures)
+        return Outcome(done.returncode, failures, last.get("command"), done.stdout)
 
     def comes_to(self, outcome):
         last = None
@@ -76,6 +78,8 @@ class Doctor(DesktopTest):
         def look():
             nonlocal last
             last = self.doctor()
+            if outcome.says in last.says:
+                last = last._replace(says=outcome.says)
             return last == outcome
         try:
             eventually(look, "The outcome")
@@ -92,7 +96,8 @@ class Doctor(DesktopTest):
         eventually(lambda: f":{PORT}" in run("ss", "-ltn"), "The other program")
 
     def taken(self):
-        return Outcome(3, {"port_taken": f"kill {self.holder.pid}"})
+        holder = f"python3.{sys.version_info.minor} (process {self.holder.pid})"
+        return Outcome(3, {"port_taken": f"kill {self.holder.pid}"}, says=f"held by {holder}")
 
     def free_port(self):
         self.obey(f"kill {self.holder.pid}")
@@ -104,14 +109,23 @@ class Doctor(DesktopTest):
         return run("env", f"DBUS_SYSTEM_BUS_ADDRESS={self.buses['this']}", "sh", "-c",
                    "avahi-browse -atp || true")
 
-    def restart_avahi(self):
+    def restart_avahi(self, setting=""):
         self.end(self.avahi)
-        self.avahi = self.start_avahi("this")
-        eventually(lambda: ";lo;" in self.browse(), "An advertisement, at home at least")
+        self.avahi = self.start_avahi("this", setting=setting)
+        if not setting:
+            eventually(lambda: ";lo;" in self.browse(), "An advertisement, at home at least")
 
     def obey(self, command):
         """Does what the doctor said."""
         run(*command.removeprefix("sudo ").split())
+
+    def keep_phones_out(self):
+        for text in "iif lo accept", "ct state established accept", "udp dport 5353 accept":
+            rule(text)
+        run("nft", "chain inet filter input { policy drop; }")
+
+    def far_end(self, state):
+        run("nsenter", "--target", self.other.pid, "--net", "ip", "link", "set", "far", state)
 
     def give_name_away(self):
         self.agent.end()
@@ -155,8 +169,16 @@ class Doctor(DesktopTest):
                  lambda: (rule("iifname != lo udp dport 5353 drop"), self.restart_avahi()),
                  Outcome(3, {"not_advertised": OPEN_DISCOVERY}),
                  lambda: self.obey(OPEN_DISCOVERY)),
+                ("addresses kept back", lambda: self.restart_avahi("publish-addresses=no"),
+                 Outcome(3, {"not_resolved": RESTART_AVAHI}), self.restart_avahi),
+                ("nothing to be published", lambda: self.restart_avahi("disable-publishing=yes"),
+                 Outcome(3, {"not_advertised": "glintboard-agent"}), self.restart_avahi),
                 ("connections dropped", lambda: rule(f"ip daddr 10.99.0.1 tcp dport {PORT} drop"),
                  Outcome(3, {"blocked": OPEN_CONNECTION}), lambda: self.obey(OPEN_CONNECTION)),
+                ("a firewall that stops phones alone", self.keep_phones_out,
+                 Outcome(0, {}, OPEN_CONNECTION), lambda: self.obey(OPEN_CONNECTION)),
+                ("no cable", lambda: self.far_end("down"), Outcome(3, {"no_network": None}),
+                 lambda: self.far_end("up")),
                 ("no network", lambda: run("ip", "link", "set", "near", "down"),
                  Outcome(3, {"no_network": None}), lambda: run("ip", "link", "set", "near", "up")),
                 ("a namesake", self.give_name_away,
@@ -168,7 +190,8 @@ class Doctor(DesktopTest):
                 self.comes_to(outcome() if callable(outcome) else outcome)
                 mend()
                 self.comes_to(WELL)
-                run("nft", "flush", "chain", "inet", "filter", "input")
+                run("nft", "flush chain inet filter input; "
+                    "chain inet filter input { policy accept; }")
 
 
 if __name__ == "__main__":

@@ -34,6 +34,13 @@ def takes(program, command, option):
 
 
 class CommandLines(unittest.TestCase):
+    def test_a_value_behind_an_equals_sign_is_no_command(self):
+        phone = next(program for program in PROGRAMS if program.endswith("phone"))
+        commands = completed(phone)
+        for words, offered in (("--host", "=", "studio"), commands), (
+                ("tap", "--deck", "="), {"streaming", "gaming"}):
+            self.assertLessEqual(offered, completed(phone, *words), words)
+
     def test_every_program_tells_what_it_takes(self):
         for program in PROGRAMS:
             name = pathlib.Path(program).name

@@ -82,7 +82,9 @@ class Avahi : public testing::Test {
   }
 
   static std::vector<BonjourInstance> browse() {
-    return BonjourBrowser::live()->browse(type, 2s).value_or(std::vector<BonjourInstance>());
+    auto found = BonjourBrowser::live()->browse(type, 2s).value_or(std::vector<BonjourInstance>());
+    std::erase_if(found, [](const BonjourInstance& instance) { return instance.address.empty(); });
+    return found;
   }
 
   // The names that the browser finds, each once.

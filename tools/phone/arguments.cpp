@@ -48,7 +48,8 @@ struct Option {
 const std::vector<Option>& valueOptions() {
   static const std::vector<Option> options = {
       {"--host",
-       {},
+       {Command::pair, Command::decks, Command::icons, Command::tap, Command::focus, Command::ping,
+        Command::watch, Command::forget, Command::raw},  // doctor examines the computer it is on
        [](Arguments& arguments, const std::string& value) {
          arguments.host = parseAddress(value);
          if (!arguments.host) {

@@ -38,18 +38,24 @@ std::vector<Visit> visitAll(const std::vector<LocalAddress>& addresses,
 
 // Whether the agent runs and has its port. Without a failure the visits are worth reporting.
 Finding examineAgent(const std::optional<PortHolder>& holder, const std::vector<Visit>& visits);
-// One for each address; and whether a phone could have any of them.
-std::vector<Finding> examineVisits(const std::vector<Visit>& visits, const Firewall& firewall);
+// One for each address; and whether a phone could have any of them. `firewall`: what may keep it
+// out.
+std::vector<Finding> examineVisits(const std::vector<Visit>& visits,
+                                   const std::optional<Firewall>& firewall);
 // Whether the agent at `address` knows the phone of that state.
-Finding examinePairing(const PhoneState& state, const LocalAddress& address,
+Finding examinePairing(const PhoneStateFile& state, const LocalAddress& address,
                        std::chrono::milliseconds timeout);
 // Whether phones find the agent by themselves. `isServed`: whether an agent is there to be found.
 std::vector<Finding> examineDiscovery(BonjourBrowser& browser, LocalNetwork& network,
                                       const std::vector<LocalAddress>& addresses, bool isServed,
                                       std::chrono::milliseconds timeout);
 
-enum class Passage { connection, discovery };
-// The command that lets it through.
-std::string openingCommand(const Firewall& firewall, Passage passage);
+// The ways in by which a phone connects to the agent, and finds it.
+Gate connectionGate();
+Gate discoveryGate();
+// The command that lets everybody through the gate.
+std::string openingCommand(const Firewall& firewall, const Gate& gate);
+// What is to be said where that command may not be right to the letter; else empty.
+std::string openingCaveat(const Firewall& firewall);
 
 }  // namespace glintboard::phone

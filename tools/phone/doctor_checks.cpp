@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdio>
 #include <future>
+#include <system_error>
 
 #include "protocol/glintboard_service.h"
 #include "protocol/message_factory.h"
@@ -90,7 +91,9 @@ Finding examineAgent(const std::optional<PortHolder>& holder, const std::vector<
           ExitCode::unreachable};
 }
 
-std::vector<Finding> examineVisits(const std::vector<Visit>& visits, const Firewall& firewall) {
+std::vector<Finding> examineVisits(const std::vector<Visit>& visits,
+                                   const std::optional<Firewall>& firewall) {
+  const Firewall obstacle = firewall.value_or(Firewall());
   std::vector<Finding> findings;
   for (const auto& visit : visits) {
     const std::string where = visit.at.address + " (" + visit.at.interface + ")";
@@ -100,8 +103,10 @@ std::vector<Finding> examineVisits(const std::vector<Visit>& visits, const Firew
                           {},
                           {}});
     } else if (failedWith(visit, "unreachable")) {
-      findings.push_back({"connect", where + " cannot be connected to: a firewall is in the way.",
-                          "blocked", openingCommand(firewall, Passage::connection),
+      findings.push_back({"connect",
+                          where + " cannot be connected to: a firewall is in the way" +
+                              openingCaveat(obstacle) + ".",
+                          "blocked", openingCommand(obstacle, connectionGate()),
                           ExitCode::unreachable});
     } else {
       findings.push_back({"connect",
@@ -117,21 +122,13 @@ std::vector<Finding> examineVisits(const std::vector<Visit>& visits, const Firew
                         "no_network",
                         {},
                         ExitCode::unreachable});
-  } else if (firewall.kind != Firewall::Kind::nftables &&
-             std::ranges::none_of(findings, [](const Finding& f) { return f.code == "blocked"; })) {
-    const bool isUfw = firewall.kind == Firewall::Kind::ufw;
-    findings.push_back({"firewall",
-                        std::string(isUfw ? "ufw" : "firewalld") +
-                            " is on. It lets this computer through to itself, but perhaps no "
-                            "phone; should none connect:",
-                        {},
-                        openingCommand(firewall, Passage::connection)});
   }
   return findings;
 }
 
-Finding examinePairing(const PhoneState& state, const LocalAddress& address,
+Finding examinePairing(const PhoneStateFile& file, const LocalAddress& address,
                        std::chrono::milliseconds timeout) try {
+  const PhoneState state = file.load();
   if (!state.token) {
     return {"pairing", "This phone is not paired. To pair it:", {}, "glintboard-phone pair PIN"};
   }
@@ -151,23 +148,40 @@ Finding examinePairing(const PhoneState& state, const LocalAddress& address,
             "glintboard-phone pair PIN", ExitCode::refused};
   }
   return {"pairing", failure.what(), failure.code, {}, failure.exitCode};
+} catch (const std::system_error& failure) {
+  return {"pairing", failure.what(), "local", {}, ExitCode::local};
 }
 
-std::string openingCommand(const Firewall& firewall, Passage passage) {
+Gate connectionGate() {
+  return {"tcp", port};
+}
+
+Gate discoveryGate() {
+  return {"udp", 5353};
+}
+
+std::string openingCommand(const Firewall& firewall, const Gate& gate) {
+  const std::string number = std::to_string(gate.port);
   switch (firewall.kind) {
     case Firewall::Kind::ufw:
       return firewall.knowsAgent ? "sudo ufw allow glintboard-agent"
-                                 : "sudo ufw allow " + portText + "/tcp";
+                                 : "sudo ufw allow " + number + "/" + gate.protocol;
     case Firewall::Kind::firewalld:
       return "sudo firewall-cmd --permanent --add-" +
              (firewall.knowsAgent ? std::string("service=glintboard-agent")
-                                  : "port=" + portText + "/tcp --add-service=mdns") +
+                                  : "port=" + number + "/" + gate.protocol) +
              " && sudo firewall-cmd --reload";
     case Firewall::Kind::nftables:
       break;
   }
-  return "sudo nft insert rule inet filter input " +
-         (passage == Passage::connection ? "tcp dport " + portText : "udp dport 5353") + " accept";
+  return "sudo nft insert rule " + (firewall.chain.empty() ? "inet filter input" : firewall.chain) +
+         " " + gate.protocol + " dport " + number + " accept";
+}
+
+std::string openingCaveat(const Firewall& firewall) {
+  return firewall.kind == Firewall::Kind::nftables && firewall.chain.empty()
+             ? " (\"inet filter input\" stands for its table and chain: sudo nft list ruleset)"
+             : "";
 }
 
 }  // namespace glintboard::phone

@@ -44,15 +44,29 @@ class Report {
     }
   }
 
-  // Throws PhoneFailure, with the first failure's code, unless all went well.
-  void close() const {
+  // Throws PhoneFailure, with the first failure's code, unless all went well. `firewall`: what may
+  // keep phones out all the same, for what comes from this computer itself passes it.
+  void close(const std::optional<Firewall>& firewall) const {
     if (first_) {
       throw PhoneFailure(first_->exit, first_->code,
                          std::to_string(failures_) + " of " + std::to_string(steps_) +
                              " steps failed. Mend the first, then ask the doctor again.");
     }
-    output_.line("All is well: phones can find this computer and connect.");
-    output_.record({{"ok", true}, {"steps", steps_}});
+    boost::json::object record{{"ok", true}, {"steps", steps_}};
+    std::string text = "All is well: phones can find this computer and connect.";
+    if (firewall) {
+      text =
+          "Nothing is wrong on this computer itself. Whether its firewall lets phones in, only a "
+          "phone can tell. If none connects" +
+          openingCaveat(*firewall) + ":";
+      record["command"] = openingCommand(*firewall, connectionGate());
+    }
+    output_.line(text);
+    if (firewall) {
+      output_.line("        " + openingCommand(*firewall, connectionGate()));
+    }
+    record["message"] = text;
+    output_.record(record);
   }
 
  private:
@@ -65,11 +79,7 @@ class Report {
 }  // namespace
 
 void doctorCommand(const CommandContext& context) {
-  if (context.arguments.host) {
-    throw usageFailure("doctor examines the computer that it runs on, and takes no --host.");
-  }
   const auto timeout = std::min(context.arguments.timeout, longestStep);
-  const PhoneState state = context.stateFile.load();
   LocalNetwork& network = *context.network;
   const auto addresses = network.addresses();
   const auto holder = network.holder(GlintboardService::defaultPort);
@@ -79,14 +89,15 @@ void doctorCommand(const CommandContext& context) {
   const Finding agent = examineAgent(holder, visits);
   report.add(agent);
   report.add(examineDiscovery(*context.browser, network, addresses, agent.wentWell(), timeout));
+  const auto firewall = network.firewall(connectionGate());
   if (agent.wentWell()) {
-    report.add(examineVisits(visits, network.firewall()));
+    report.add(examineVisits(visits, firewall));
     const auto reached = std::ranges::find_if(visits, [](const Visit& v) { return !v.failure; });
     if (reached != visits.end()) {
-      report.add(examinePairing(state, reached->at, timeout));
+      report.add(examinePairing(context.stateFile, reached->at, timeout));
     }
   }
-  report.close();
+  report.close(firewall);
 }
 
 }  // namespace glintboard::phone

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <set>
 
 #include "protocol/glintboard_service.h"
 #include "tools/phone/doctor.h"
@@ -21,11 +20,10 @@ struct Found {
   Instances others;
 };
 
-Found sorted(const Instances& found, const std::vector<LocalAddress>& addresses) {
+Found sorted(const Instances& found) {
   Found result;
   for (const auto& instance : found) {
-    const bool isOwn = std::ranges::count(addresses, instance.address, &LocalAddress::address) != 0;
-    (isOwn ? result.own : result.others).push_back(instance);
+    (instance.isOwn ? result.own : result.others).push_back(instance);
   }
   return result;
 }
@@ -44,24 +42,37 @@ Finding examineAvahi(bool answers, LocalNetwork& network) {
 
 Finding examineAdvertisement(const Instances& own, LocalNetwork& network,
                              const std::vector<LocalAddress>& addresses) {
-  const auto isLoopback = [&](const std::string& text) {
-    return std::ranges::find(addresses, text, &LocalAddress::address)->loopback;
-  };
   const bool isOnNetwork = !std::ranges::all_of(addresses, &LocalAddress::loopback);
   std::string places;
   for (const auto& instance : own) {
-    if (!isOnNetwork || !isLoopback(instance.address)) {
+    const auto at = std::ranges::find(addresses, instance.address, &LocalAddress::address);
+    if (at != addresses.end() && !(isOnNetwork && at->loopback)) {
       places += (places.empty() ? "" : ", ") + instance.address;
     }
   }
-  if (places.empty()) {
-    return {"advertisement",
-            "The advertisement does not reach the network: a firewall drops mDNS (UDP port 5353), "
-            "or /etc/avahi/avahi-daemon.conf leaves the network out. For the firewall:",
-            "not_advertised", openingCommand(network.firewall(), Passage::discovery),
-            ExitCode::unreachable};
+  if (!places.empty()) {
+    return {
+        "advertisement", "Advertised as \"" + own.front().name + "\" at " + places + ".", {}, {}};
   }
-  return {"advertisement", "Advertised as \"" + own.front().name + "\" at " + places + ".", {}, {}};
+  if (own.empty()) {
+    return {"advertisement",
+            "Avahi advertises no agent of this computer. Unless /etc/avahi/avahi-daemon.conf says "
+            "disable-publishing or disable-user-service-publishing, a new agent mends it:",
+            "not_advertised", "glintboard-agent", ExitCode::unreachable};
+  }
+  if (std::ranges::any_of(own, [](const auto& found) { return found.address.empty(); })) {
+    return {"advertisement",
+            "Avahi advertises \"" + own.front().name +
+                "\", but does not resolve it to an address. Unless "
+                "/etc/avahi/avahi-daemon.conf says publish-addresses=no, start Avahi anew:",
+            "not_resolved", "sudo systemctl restart avahi-daemon", ExitCode::unreachable};
+  }
+  const Firewall firewall = network.firewall(discoveryGate()).value_or(Firewall());
+  return {"advertisement",
+          "The advertisement does not reach the network: a firewall drops mDNS (UDP port 5353), or "
+          "/etc/avahi/avahi-daemon.conf leaves the network out. For the firewall" +
+              openingCaveat(firewall) + ":",
+          "not_advertised", openingCommand(firewall, discoveryGate()), ExitCode::unreachable};
 }
 
 Finding examineName(const Found& found) {
@@ -87,7 +98,7 @@ std::vector<Finding> examineDiscovery(BonjourBrowser& browser, LocalNetwork& net
   const auto found = browser.browse(std::string(GlintboardService::bonjourType), timeout);
   std::vector<Finding> findings{examineAvahi(found.has_value(), network)};
   if (found && isServed) {
-    const Found mine = sorted(*found, addresses);
+    const Found mine = sorted(*found);
     findings.push_back(examineAdvertisement(mine.own, network, addresses));
     if (!mine.own.empty()) {
       findings.push_back(examineName(mine));

@@ -13,7 +13,9 @@ FoundAgent findAgent(BonjourBrowser* browser, const std::optional<std::string>& 
   if (browser != nullptr) {
     auto instances = browser->browse(std::string(GlintboardService::bonjourType), timeout);
     for (auto& found : std::move(instances).value_or(std::vector<BonjourInstance>())) {
-      agents[found.name].push_back({std::move(found.address), found.port});
+      if (!found.address.empty()) {
+        agents[found.name].push_back({std::move(found.address), found.port});
+      }
     }
   }
   if (agents.empty()) {

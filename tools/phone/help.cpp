@@ -22,8 +22,8 @@ Commands:
   raw TYPE PAYLOAD   send any message (PAYLOAD is JSON) and show the replies
 
 Options:
-  --host HOST[:PORT]  where the agent is; without it the local network is asked,
-                      then this computer is tried (port 9847)
+  --host HOST[:PORT]  all but doctor: where the agent is; without it the local
+                      network is asked, then this computer is tried (port 9847)
   --state DIR         where the pairing is kept, instead of
                       $XDG_STATE_HOME/glintboard-phone
   --timeout SECONDS   longest wait for each answer (30)
@@ -32,7 +32,7 @@ Options:
   --deck DECK         tap, focus: streaming or gaming (streaming)
   --count N           ping: how often (1)
   --for SECONDS       watch: for how long (until interrupted)
-  --help, --version
+  -h, --help, --version
 
 Exit codes: 0 done, 1 the agent refused or reported an error, 2 wrong usage,
 3 the agent cannot be reached, 4 no answer in time, 5 a file of the phone's own
@@ -53,9 +53,10 @@ With --json, standard output has one object on each line, with "ok" in each:
   forget       {"ok":true,"wasPaired":BOOL}
   doctor       {"ok":BOOL,"step":S,"message":TEXT,"command":TEXT} for each step,
                with "code" where it failed and "command" where one helps, then
-               {"ok":true,"steps":N} or the first failure's code: no_agent,
-               port_taken, blocked, no_network, no_avahi, not_advertised,
-               name_collision, or one of the above
+               {"ok":true,"steps":N,"message":TEXT}, with "command" where a
+               firewall may keep phones out, or the first failure's code:
+               no_agent, port_taken, blocked, no_network, no_avahi,
+               not_advertised, not_resolved, name_collision, or one of the above
   raw          {"ok":true,"message":{…}} for each, then {"ok":true,"replies":N}
 )";
 }

@@ -18,7 +18,7 @@ Commands:
                               change one of your own; --icon "" removes the icon
   delete ID|NAME              remove one of your own
   show ID|NAME                show all of one
-  help, --help                show this text
+  help, -h, --help            show this text
   --version                   show the version
 
 ICON is the name of an icon of your theme ("firefox") or an image file.

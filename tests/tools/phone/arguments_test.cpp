@@ -59,6 +59,7 @@ TEST(PhoneArguments, RefusesWhatMakesNoSense) {
       {"decks", "--timeout", "1e9"},
       {"decks", "--timeout"},
       {"decks", "--colour", "red"},
+      {"doctor", "--host", "studio.local"},
       {"raw", "ping"},
   };
   for (const auto& words : cases) {

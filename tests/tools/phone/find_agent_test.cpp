@@ -25,7 +25,8 @@ TEST(FindAgent, TakesTheWantedOneElseTheOnlyOneAndNeverGuesses) {
   EXPECT_EQ(findAgent(nullptr, "Studio", timeout).addresses,
             (std::vector<AgentAddress>{{"127.0.0.1", GlintboardService::defaultPort}}));
 
-  FixedBrowser one({{"Studio", "fe80::1%eth0", 9847}, {"Studio", "10.0.0.2", 9847}});
+  FixedBrowser one(
+      {{"Studio", "fe80::1%eth0", 9847}, {"Studio", "10.0.0.2", 9847}, {"Attic", "", 0}});
   EXPECT_EQ(findAgent(&one, "Renamed since", timeout).addresses,
             (std::vector<AgentAddress>{{"fe80::1%eth0", 9847}, {"10.0.0.2", 9847}}));
 
