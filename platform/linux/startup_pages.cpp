@@ -23,10 +23,16 @@ void releaseStartupPages() {
     std::string offset;
     std::string device;
     std::string inode;
-    fields >> range >> permissions >> offset >> device >> inode;
-    // Code is never changed after it was mapped, so its pages come back from the file as they were.
+    std::string path;
+    fields >> range >> permissions >> offset >> device >> inode >> std::ws;
+    std::getline(fields, path);
+    // A program's code is never changed after it was mapped, so its pages come back from the file
+    // as they were. Code that was compiled since is in no file, though its memory may have a name
+    // as if it were: that of QML's functions is called "/memfd:JITCode:QtQml (deleted)".
+    const bool isInFile =
+        path.starts_with('/') && !path.starts_with("/memfd:") && !path.ends_with(" (deleted)");
     const auto dash = range.find('-');
-    if (permissions != "r-xp" || inode.empty() || inode == "0" || dash == std::string::npos) {
+    if (permissions != "r-xp" || !isInFile || dash == std::string::npos) {
       continue;
     }
     std::uintptr_t start = 0;
