@@ -50,7 +50,9 @@ TEST(ApplicationMatcher, AttributesAProcessByItsUnitAndByItsProgram) {
       installed({entry("org.test.Player", {link, "--gui"}), entry("writer", {office, "--writer"}),
                  entry("start-center", {office}), entry("script", {env, "MODE=x", script}),
                  entry("python-app", {python, "/opt/app.py"}), entry("python", {python}),
-                 entry("gone", {"/no/such/program"}), entry("my-app"), entry("firefox_firefox")}));
+                 entry("gone", {"/no/such/program"}), entry("my-app"), entry("firefox_firefox"),
+                 entry("a-b_c-d")}));
+  const std::string uuid = "4706fe54-7802-4808-aa7e-ae8b567239e0";
   const struct {
     const char* what;
     std::string executable;
@@ -73,7 +75,10 @@ TEST(ApplicationMatcher, AttributesAProcessByItsUnitAndByItsProgram) {
       {"autostart", "/x", {}, "app-my\\x2dapp@autostart.service", {"my-app"}},
       {"Flatpak", "/x", {}, "app-flatpak-org.test.Player-77.scope", {"org.test.Player"}},
       {"bus", "/x", {}, "dbus-:1.2-org.test.Player@0.service", {"org.test.Player"}},
-      {"Snap", "/x", {}, "snap.firefox.firefox-9a.scope", {"firefox_firefox"}},
+      {"Snap", "/x", {}, "snap.firefox.firefox-" + uuid + ".scope", {"firefox_firefox"}},
+      {"Snap with dashes", "/x", {}, "snap.a-b.c-d." + uuid + ".scope", {"a-b_c-d"}},
+      {"Snap's service", "/x", {}, "snap.firefox.firefox.service", {"firefox_firefox"}},
+      {"damaged Snap", "/x", {}, "snap.firefox.firefox-9a.scope", {}},
       {"not installed", "/x", {}, "app-gnome-other-1.scope", {}},
       {"damaged", "/x", {}, "app-\\x2.scope", {}},
       {"from a terminal", player, {}, "app-script-1.scope", {"org.test.Player", "script"}},
