@@ -71,6 +71,9 @@ TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
   desktop_.entry("system/applications/org.test.Full.desktop",
                  "Name[C]=Full Name\nIcon=full\nStartupWMClass=FullClass\nDBusActivatable=true\n"
                  "Exec=\"/opt/my app/run\" --fixed \"a \\\\\"b\\\\\"\" --title=%c 100%% %U\n");
+  desktop_.root.write("system/applications/vendor/nameless.desktop",
+                      "[Desktop Entry]\nType=Application\n");
+  desktop_.entry("system/applications/empty.desktop", "Name=\n");
   open();
   const auto applications = index_->current();
   const auto* entry = applications->withBundleId("org.test.Full");
@@ -80,6 +83,8 @@ TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
   EXPECT_EQ(entry->startupWmClass, "FullClass");
   EXPECT_TRUE(entry->dbusActivatable);
   EXPECT_THAT(entry->command, ElementsAre("/opt/my app/run", "--fixed", "a \"b\"", "100%"));
+  EXPECT_EQ(applications->withBundleId("vendor-nameless")->name, "nameless");
+  EXPECT_EQ(applications->withBundleId("empty")->name, "");
 }
 
 TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLater) {
