@@ -19,8 +19,7 @@ namespace glintboard {
 
 struct LivePlatform::Parts {
   Parts(Executors& executors, KeychainMergeRule keychainRule)
-      : workers(executors.workers()),
-        folders(xdgFoldersOfEnvironment()),
+      : folders(xdgFoldersOfEnvironment()),
         applications(executors, folders, displaysOfEnvironment()),
         processRunner(executors.service()),
         fileKeychain(applicationSupportFolder()),
@@ -32,7 +31,6 @@ struct LivePlatform::Parts {
             [advertiser = bonjourAdvertiser] { advertiser->checkName(); })) {}
   ~Parts() { hostNameWatcher->stop(); }
 
-  asio::any_io_executor workers;
   XdgFolders folders;
   LinuxApplications applications;
   FoundationProcessRunner processRunner;
@@ -52,8 +50,9 @@ LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
 LivePlatform::~LivePlatform() = default;
 
 WorkspaceClient LivePlatform::workspaceClient() {
-  return withShortcutsApplication(parts_->applications.workspaceClient(), parts_->workers,
-                                  ShortcutFolder::pathIn(parts_->folders));
+  return withShortcutsApplication(parts_->applications.workspaceClient(),
+                                  ShortcutFolder::pathIn(parts_->folders),
+                                  parts_->applications.folderOpener());
 }
 
 ApplicationIconClient LivePlatform::applicationIconClient() {

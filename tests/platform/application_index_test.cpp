@@ -108,6 +108,8 @@ TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) 
   desktop_.entry("system/applications/mine.desktop", "Exec=true\n");
   desktop_.entry("system/applications/foot.desktop", "Exec=true\n");
   desktop_.entry("system/applications/term.desktop", "Exec=true\n");
+  desktop_.root.write("home/config/xfce4/helpers.rc", "");
+  desktop_.folders.currentDesktop = "KDE:XFCE";
   open();
   const auto bears = [&](const std::string& bundleId, const std::string& id) {
     return test::eventually([&] { return index_->current()->withBundleId(bundleId)->id == id; },
@@ -119,6 +121,10 @@ TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) 
   EXPECT_TRUE(bears("com.apple.finder", "mine"));
   desktop_.root.write("home/config/mimeapps.list", list + "thunar.desktop\n");
   EXPECT_TRUE(bears("com.apple.finder", "thunar"));
+  EXPECT_TRUE(bears("com.apple.Terminal", "foot"));
+  desktop_.root.write("home/config/xfce4/helpers.rc", "TerminalEmulator=term\n");
+  EXPECT_TRUE(bears("com.apple.Terminal", "term"));
+  desktop_.root.write("home/config/kdeglobals", "[General]\nTerminalService=foot.desktop\n");
   EXPECT_TRUE(bears("com.apple.Terminal", "foot"));
   desktop_.root.write("home/config/xdg-terminals.list", "term.desktop\n");
   EXPECT_TRUE(bears("com.apple.Terminal", "term"));
