@@ -1,3 +1,6 @@
+#include <atomic>
+#include <stdexcept>
+
 #include "platform/linux/avahi_advertiser.h"
 #include "platform/linux/file_keychain.h"
 #include "platform/linux/foundation_process_runner.h"
@@ -44,10 +47,31 @@ struct LivePlatform::Parts {
   LogindSleepWatch sleepWatch;
 };
 
-LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
-    : parts_(std::make_unique<Parts>(executors, std::move(keychainRule))) {}
+namespace {
 
-LivePlatform::~LivePlatform() = default;
+std::atomic<LivePlatform*> currentPlatform = nullptr;
+
+}  // namespace
+
+LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
+    : parts_(std::make_unique<Parts>(executors, std::move(keychainRule))) {
+  currentPlatform = this;
+}
+
+LivePlatform::~LivePlatform() {
+  currentPlatform = nullptr;
+}
+
+LivePlatform& LivePlatform::current() {
+  if (auto* platform = currentPlatform.load()) {
+    return *platform;
+  }
+  throw std::logic_error("there is no live platform");
+}
+
+WorkspaceClient WorkspaceClient::live() {
+  return LivePlatform::current().workspaceClient();
+}
 
 WorkspaceClient LivePlatform::workspaceClient() {
   return withShortcutsApplication(parts_->applications.workspaceClient(),
