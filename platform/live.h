@@ -28,6 +28,9 @@ class LivePlatform {
   LivePlatform(Executors& executors, KeychainMergeRule keychainRule);
   ~LivePlatform();
 
+  // The one there is, for defaults: std::logic_error without one. It must not end meanwhile.
+  static LivePlatform& current();
+
   WorkspaceClient workspaceClient();
   ApplicationIconClient applicationIconClient();
   ApplicationListClient applicationListClient();
@@ -52,8 +55,7 @@ class LivePlatform {
 // The other agents of this user. Needs no executor: it runs before anything else.
 std::unique_ptr<AgentInstances> liveAgentInstances();
 
-// The agent's own folder in the user's data folder (not created here), or one in the temporary
-// folder where the user has none.
+// The agent's own folder in the user's data folder; not created here.
 std::filesystem::path applicationSupportFolder();
 
 }  // namespace glintboard

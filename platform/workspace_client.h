@@ -36,6 +36,10 @@ struct ApplicationStates {
 // An application is named by its bundle identifier. The two look-ups answer from memory, at once,
 // on any thread.
 struct WorkspaceClient {
+  // That of the desktop which the agent runs on. Throws std::logic_error before there is a
+  // LivePlatform.
+  static WorkspaceClient live();
+
   // The installed application of that identifier, or none.
   std::function<std::optional<ApplicationLocation>(const std::string& bundleId)> urlForApplication;
   // The running application of that identifier, or none.

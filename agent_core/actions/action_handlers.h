@@ -16,7 +16,9 @@ using ActionMessageResponse =
 // does; never throws.
 class ActionMessageHandler {
  public:
-  explicit ActionMessageHandler(SystemActionRunner runner) : runner_(runner) {}
+  // With the default runner.
+  ActionMessageHandler() = default;
+  explicit ActionMessageHandler(SystemActionRunner runner) : runner_(std::move(runner)) {}
 
   ActionMessageResponse handleRun(const std::string& actionId, Uuid messageId) const;
 
@@ -27,7 +29,7 @@ class ActionMessageHandler {
 // Answers raw "action.run" messages.
 class ActionWireHandler {
  public:
-  explicit ActionWireHandler(ActionMessageHandler handler) : handler_(handler) {}
+  explicit ActionWireHandler(ActionMessageHandler handler) : handler_(std::move(handler)) {}
 
   WireReply handle(std::string_view bytes) const;
 

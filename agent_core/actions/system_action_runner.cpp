@@ -1,8 +1,14 @@
 #include "agent_core/actions/system_action_runner.h"
 
+#include "agent_core/actions/core_audio_volume_controller.h"
+#include "platform/live.h"
+
 namespace glintboard {
 
 using namespace SystemActionResult;
+
+SystemActionRunner::SystemActionRunner()
+    : volume_(std::make_shared<CoreAudioVolumeController>(LivePlatform::current().audioOutput())) {}
 
 Result SystemActionRunner::perform(const std::string& actionId) const {
   const auto action = fromRawValue<BuiltinAction>(actionId);
@@ -12,13 +18,13 @@ Result SystemActionRunner::perform(const std::string& actionId) const {
   try {
     switch (*action) {
       case BuiltinAction::volumeDown:
-        volume_.volumeDown();
+        volume_->volumeDown();
         break;
       case BuiltinAction::volumeUp:
-        volume_.volumeUp();
+        volume_->volumeUp();
         break;
       case BuiltinAction::volumeMute:
-        volume_.toggleMute();
+        volume_->toggleMute();
         break;
     }
   } catch (const std::exception& error) {

@@ -1,6 +1,7 @@
 // What a built-in action key does.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -28,13 +29,15 @@ using Result = std::variant<Ok, Error>;
 class SystemActionRunner {
  public:
   // `volume` must outlive the runner.
-  explicit SystemActionRunner(VolumeControlling& volume) : volume_(volume) {}
+  explicit SystemActionRunner(VolumeControlling& volume) : volume_(&volume, [](auto*) {}) {}
+  // With a CoreAudioVolumeController on the live platform.
+  SystemActionRunner();
 
   // Never throws: every failure is a result.
   SystemActionResult::Result perform(const std::string& actionId) const;
 
  private:
-  VolumeControlling& volume_;
+  std::shared_ptr<VolumeControlling> volume_;
 };
 
 }  // namespace glintboard

@@ -2,6 +2,10 @@
 
 namespace glintboard {
 
+ListenerServiceStub::ListenerServiceStub(asio::any_io_executor executor)
+    : ListenerServiceStub(std::move(executor),
+                          AppWireHandler(AppLauncher(WorkspaceClient::live()))) {}
+
 Awaitable<WireReply> ListenerServiceStub::route(std::string data) {
   return enter(appWireHandler_.handle(std::move(data)));
 }

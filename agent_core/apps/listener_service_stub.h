@@ -10,6 +10,8 @@ class ListenerServiceStub : public Actor {
  public:
   ListenerServiceStub(asio::any_io_executor executor, AppWireHandler appWireHandler)
       : Actor(std::move(executor)), appWireHandler_(std::move(appWireHandler)) {}
+  // Over `WorkspaceClient::live`.
+  explicit ListenerServiceStub(asio::any_io_executor executor);
 
   Awaitable<WireReply> route(std::string data);
 

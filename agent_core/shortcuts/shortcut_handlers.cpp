@@ -1,5 +1,6 @@
 #include "agent_core/shortcuts/shortcut_handlers.h"
 
+#include "agent_core/shortcuts/shortcuts_catalog.h"
 #include "platform/log.h"
 #include "protocol/message_factory.h"
 
@@ -21,6 +22,9 @@ struct Reply {
 };
 
 }  // namespace
+
+ShortcutMessageHandler::ShortcutMessageHandler()
+    : ShortcutMessageHandler(ShortcutsRunner(ShortcutsCatalog::defaultExecutable)) {}
 
 Awaitable<ShortcutMessageResponse> ShortcutMessageHandler::handleRun(std::string shortcutIdentifier,
                                                                      Uuid messageId) const {

@@ -16,6 +16,8 @@ using ShortcutMessageResponse =
 // throws.
 class ShortcutMessageHandler {
  public:
+  // With the agent's own runner, on the live platform.
+  ShortcutMessageHandler();
   explicit ShortcutMessageHandler(ShortcutsRunner runner) : runner_(std::move(runner)) {}
 
   Awaitable<ShortcutMessageResponse> handleRun(std::string shortcutIdentifier,

@@ -3,6 +3,7 @@
 #include <QString>
 #include <algorithm>
 
+#include "platform/live.h"
 #include "protocol/text.h"
 #include "protocol/uuid.h"
 
@@ -36,9 +37,15 @@ bool mentions(const QString& name, const char* word) {
 
 }  // namespace
 
-ShortcutsCatalogError::ShortcutsCatalogError(Code givenCode, std::int32_t exitCode,
-                                             std::string_view stderrText)
-    : UserError(described(givenCode, exitCode, stderrText)), code(givenCode) {}
+ShortcutsCatalogError::ShortcutsCatalogError(Code givenCode, std::int32_t givenExitCode,
+                                             std::string givenStderrText)
+    : UserError(described(givenCode, givenExitCode, givenStderrText)),
+      code(givenCode),
+      exitCode(givenExitCode),
+      stderrText(std::move(givenStderrText)) {}
+
+ShortcutsCatalog::ShortcutsCatalog(std::string executable)
+    : ShortcutsCatalog(std::move(executable), LivePlatform::current().processRunner()) {}
 
 Awaitable<std::vector<CatalogShortcut>> ShortcutsCatalog::list() const {
   if (!isExecutableFile(executable_)) {

@@ -15,16 +15,20 @@ namespace glintboard {
 struct CatalogShortcut {
   std::string name;
   std::string identifier;  // as the tool prints it
+
+  const std::string& id() const { return identifier; }
   bool operator==(const CatalogShortcut&) const = default;
 };
 
 class ShortcutsCatalogError : public UserError {
  public:
   enum class Code { listFailed, executableMissing, parseFailed };
-  // `exitCode` and `stderrText` belong to a failed listing.
-  explicit ShortcutsCatalogError(Code code, std::int32_t exitCode = 0,
-                                 std::string_view stderrText = {});
+  explicit ShortcutsCatalogError(Code code, std::int32_t exitCode = 0, std::string stderrText = "");
+
   Code code;
+  // Of a failed listing.
+  std::int32_t exitCode;
+  std::string stderrText;
 };
 
 // Lists the Shortcuts through the command-line tool.
@@ -40,6 +44,8 @@ class ShortcutsCatalog {
   // `runner` must outlive the catalog.
   ShortcutsCatalog(std::string executable, ProcessRunning& runner)
       : executable_(std::move(executable)), runner_(runner) {}
+  // With the live platform's runner.
+  explicit ShortcutsCatalog(std::string executable);
 
   // Throws ShortcutsCatalogError, or the runner's error when the tool cannot be started.
   Awaitable<std::vector<CatalogShortcut>> list() const;

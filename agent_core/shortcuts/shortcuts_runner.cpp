@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/live.h"
 #include "protocol/text.h"
 
 namespace glintboard {
@@ -36,6 +37,9 @@ ShortcutErrorCode classified(const ProcessRunResult& result) {
 }
 
 }  // namespace
+
+ShortcutsRunner::ShortcutsRunner(std::string executable, std::chrono::duration<double> timeout)
+    : ShortcutsRunner(std::move(executable), LivePlatform::current().processRunner(), timeout) {}
 
 Awaitable<Result> ShortcutsRunner::run(std::string shortcutIdentifier) const {
   if (!isExecutableFile(executable_)) {

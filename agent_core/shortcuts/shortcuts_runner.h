@@ -33,6 +33,9 @@ class ShortcutsRunner {
   ShortcutsRunner(std::string executable, ProcessRunning& runner,
                   std::chrono::duration<double> timeout = defaultTimeout)
       : executable_(std::move(executable)), runner_(runner), timeout_(timeout) {}
+  // With the live platform's runner.
+  explicit ShortcutsRunner(std::string executable,
+                           std::chrono::duration<double> timeout = defaultTimeout);
 
   // Never throws: every failure is a result.
   Awaitable<ShortcutRunResult::Result> run(std::string shortcutIdentifier) const;

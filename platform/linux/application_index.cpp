@@ -1,6 +1,7 @@
 #include "platform/linux/application_index.h"
 
 #include "platform/linux/application_scan.h"
+#include "platform/linux/default_applications.h"
 #include "platform/run_on.h"
 #include "platform/spawn.h"
 
@@ -49,9 +50,8 @@ void ApplicationIndex::scan() {
   auto entries =
       scanApplications(folders_.dataFolders("applications"),
                        [this](const std::filesystem::path& folder) { watcher_.watch(folder); });
-  // Other programs keep all their settings there; the lists of default applications end so.
-  for (const auto& folder : folders_.configFolders("")) {
-    watcher_.watch(folder, ".list");
+  for (const auto& [folder, endings] : defaultApplicationFiles(folders_)) {
+    watcher_.watch(folder, endings);
   }
   watcher_.forgetOthers();
   auto known = knownApplications(entries, folders_);

@@ -59,7 +59,7 @@ std::string unescaped(std::string_view name) {
 
 // The desktop file ids that a unit's name may stand for, the likeliest first:
 // app[-LAUNCHER]-ID-RANDOM.scope, app[-LAUNCHER]-ID[@RANDOM].service, dbus-:BUS-ID@N.service,
-// snap.SNAP.APP[.-]RANDOM.scope.
+// snap.SNAP.APP[.-]UUID.scope, snap.SNAP.APP.service.
 std::vector<std::string> idsOfUnit(std::string_view unit) {
   const bool scope = unit.ends_with(".scope");
   if (!scope && !unit.ends_with(".service")) {
@@ -68,7 +68,10 @@ std::vector<std::string> idsOfUnit(std::string_view unit) {
   unit = unit.substr(0, unit.rfind('.'));
   if (unit.starts_with("snap.")) {
     unit.remove_prefix(5);
-    std::string id(unit.substr(0, unit.find_first_of(".-", unit.find('.') + 1)));
+    // The names may hold dashes themselves.
+    constexpr std::size_t separatorAndUuid = 37;
+    std::string id(scope ? unit.substr(0, unit.size() - std::min(separatorAndUuid, unit.size()))
+                         : unit);
     std::replace(id.begin(), id.end(), '.', '_');
     return {id};
   }

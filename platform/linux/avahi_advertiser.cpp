@@ -118,6 +118,7 @@ void AvahiAdvertiser::takeWanted() {
   }
   group_.reset();
   collided_ = false;
+  refusal_ = AVAHI_OK;
   if (service_) {
     name_ = networkName(service_->name);
   }
@@ -157,6 +158,13 @@ void AvahiAdvertiser::registerService() {
   if (error != AVAHI_OK) {
     group_.reset();
     tryLater();
+    tellOfRefusal(error);
+  }
+}
+
+// Each failure once, however often it is tried again.
+void AvahiAdvertiser::tellOfRefusal(int error) {
+  if (std::exchange(refusal_, error) != error) {
     log::warning("Bonjour: \"", name_, "\" cannot be advertised: ", ::avahi_strerror(error));
   }
 }
@@ -186,9 +194,11 @@ void AvahiAdvertiser::groupChanged(AvahiEntryGroup*, AvahiEntryGroupState state,
     advertiser->collided_ = true;
     advertiser->wake();
   } else if (state == AVAHI_ENTRY_GROUP_ESTABLISHED) {
+    advertiser->refusal_ = AVAHI_OK;
     log::info("Bonjour: advertised as \"", advertiser->name_, "\"");
   } else if (state == AVAHI_ENTRY_GROUP_FAILURE) {
-    log::warning("Bonjour: the advertisement failed");
+    const int error = ::avahi_client_errno(advertiser->client_.get());
+    advertiser->tellOfRefusal(error == AVAHI_OK ? AVAHI_ERR_FAILURE : error);
     advertiser->failed_ = true;
     advertiser->tryLater();
   }

@@ -35,6 +35,7 @@ class AvahiAdvertiser : public BonjourAdvertiser {
   void createClient();
   void registerService();
   void takeNextName();
+  void tellOfRefusal(int error);
   static void clientChanged(AvahiClient* client, AvahiClientState state, void* self);
   static void groupChanged(AvahiEntryGroup* group, AvahiEntryGroupState state, void* self);
 
@@ -56,6 +57,7 @@ class AvahiAdvertiser : public BonjourAdvertiser {
   bool collided_ = false;
   bool failed_ = false;
   bool complained_ = false;
+  int refusal_ = 0;  // Avahi's last error about the service, as the log has it
 };
 
 }  // namespace glintboard

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 
 #include "platform/linux/key_file.h"
@@ -38,14 +39,25 @@ std::vector<std::string> namesByDesktop(const XdgFolders& folders, const std::st
   return names;
 }
 
-void appendFromKeyFile(std::vector<std::string>& ids, const std::filesystem::path& path,
-                       const char* group, const char* key) {
-  const auto file = loadKeyFile(path);
-  if (!file) {
-    return;
-  }
-  for (auto& entry : split(textOf(file.get(), group, key), ';')) {
+void appendIds(std::vector<std::string>& ids, GKeyFile* file, const char* group, const char* key) {
+  for (auto& entry : split(textOf(file, group, key), ';')) {
     appendId(ids, std::move(entry));
+  }
+}
+
+bool isDesktop(const XdgFolders& folders, const char* desktop) {
+  return std::ranges::count(desktopNames(folders), desktop) != 0;
+}
+
+// Xfce names a terminal by its program.
+void appendEntriesOf(std::vector<std::string>& ids, const std::string& program,
+                     const std::vector<DesktopEntry>& installed) {
+  for (const auto& entry : installed) {
+    const bool isProgram = entry.command.size() == 1 &&
+                           std::filesystem::path(entry.command.front()).filename() == program;
+    if (entry.id == program || isProgram) {
+      ids.push_back(entry.id);
+    }
   }
 }
 
@@ -61,25 +73,43 @@ std::vector<std::string> desktopNames(const XdgFolders& folders) {
   return names;
 }
 
-std::vector<std::string> preferredForType(const XdgFolders& folders, const char* mimeType) {
-  std::vector<std::string> ids;
-  for (const auto& name : namesByDesktop(folders, "mimeapps.list")) {
-    for (const auto& file : folders.configFolders(name)) {
-      appendFromKeyFile(ids, file, "Default Applications", mimeType);
+TypeApplications applicationsForType(const XdgFolders& folders, const char* mimeType) {
+  const std::string plainName = "mimeapps.list";
+  TypeApplications found;
+  std::vector<std::string> removed;
+  const auto add = [&](GKeyFile* file, const char* group) {
+    std::vector<std::string> ids;
+    appendIds(ids, file, group, mimeType);
+    std::ranges::copy_if(ids, std::back_inserter(found.others), [&](const std::string& id) {
+      return std::ranges::count(removed, id) == 0;
+    });
+  };
+  const auto readLists = [&](const std::filesystem::path& folder) {
+    for (const auto& name : namesByDesktop(folders, plainName)) {
+      const auto file = loadKeyFile(folder / name);
+      if (!file) {
+        continue;
+      }
+      appendIds(found.defaults, file.get(), "Default Applications", mimeType);
+      // A desktop's own list only chooses.
+      if (name == plainName) {
+        add(file.get(), "Added Associations");
+        appendIds(removed, file.get(), "Removed Associations", mimeType);
+      }
+    }
+  };
+  std::ranges::for_each(folders.configFolders(""), readLists);
+  for (const auto& folder : folders.dataFolders("applications")) {
+    readLists(folder);
+    if (const auto cache = loadKeyFile(folder / "mimeinfo.cache")) {
+      add(cache.get(), "MIME Cache");
     }
   }
-  for (const auto& name : namesByDesktop(folders, "mimeapps.list")) {
-    for (const auto& file : folders.dataFolders("applications/" + name)) {
-      appendFromKeyFile(ids, file, "Default Applications", mimeType);
-    }
-  }
-  for (const auto& file : folders.dataFolders("applications/mimeinfo.cache")) {
-    appendFromKeyFile(ids, file, "MIME Cache", mimeType);
-  }
-  return ids;
+  return found;
 }
 
-std::vector<std::string> preferredTerminals(const XdgFolders& folders) {
+std::vector<std::string> preferredTerminals(const XdgFolders& folders,
+                                            const std::vector<DesktopEntry>& installed) {
   std::vector<std::string> ids;
   for (const auto& name : namesByDesktop(folders, "xdg-terminals.list")) {
     for (const auto& path : folders.configFolders(name)) {
@@ -90,7 +120,39 @@ std::vector<std::string> preferredTerminals(const XdgFolders& folders) {
       }
     }
   }
+  if (isDesktop(folders, "kde")) {
+    for (const auto& path : folders.configFolders("kdeglobals")) {
+      if (const auto file = loadKeyFile(path)) {
+        appendIds(ids, file.get(), "General", "TerminalService");
+      }
+    }
+  }
+  if (isDesktop(folders, "xfce")) {
+    const std::string key = "TerminalEmulator=";
+    for (const auto& path : folders.configFolders("xfce4/helpers.rc")) {
+      std::ifstream lines(path);
+      for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with(key)) {
+          appendEntriesOf(ids, line.substr(key.size()), installed);
+        }
+      }
+    }
+  }
   return ids;
+}
+
+std::vector<std::pair<std::filesystem::path, std::vector<std::string>>> defaultApplicationFiles(
+    const XdgFolders& folders) {
+  std::vector<std::pair<std::filesystem::path, std::vector<std::string>>> files;
+  for (const auto& folder : folders.configFolders("")) {
+    files.emplace_back(folder, std::vector<std::string>{".list", "kdeglobals"});
+  }
+  if (isDesktop(folders, "xfce")) {
+    for (const auto& folder : folders.configFolders("xfce4")) {
+      files.emplace_back(folder, std::vector<std::string>{"helpers.rc"});
+    }
+  }
+  return files;
 }
 
 }  // namespace glintboard

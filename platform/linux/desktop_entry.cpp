@@ -43,10 +43,11 @@ std::vector<std::string> commandOf(const std::string& exec) {
   return command;
 }
 
-// In the user's language, or empty.
-std::string localText(GKeyFile* file, const char* group, const char* key) {
+// In the user's language, or `fallback` where the file lacks it.
+std::string localText(GKeyFile* file, const char* group, const char* key,
+                      std::string fallback = "") {
   const GLibPointer<char> text(g_key_file_get_locale_string(file, group, key, nullptr, nullptr));
-  return text ? text.get() : "";
+  return text ? text.get() : std::move(fallback);
 }
 
 std::vector<DesktopEntry::Action> actionsOf(GKeyFile* file) {
@@ -75,10 +76,7 @@ std::optional<DesktopEntry> readDesktopEntry(const std::filesystem::path& path, 
   DesktopEntry entry;
   entry.id = std::move(id);
   entry.path = path;
-  entry.name = localText(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_NAME);
-  if (entry.name.empty()) {
-    entry.name = entry.id;
-  }
+  entry.name = localText(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_NAME, path.stem().string());
   entry.icon = localText(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_ICON);
   entry.command = commandOf(textOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_EXEC));
   entry.tryExec = textOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_TRY_EXEC);

@@ -21,7 +21,7 @@ struct DesktopEntry {
   // The desktop file id without ".desktop".
   std::string id;
   std::filesystem::path path;
-  // In the user's language; the id where the file has none.
+  // In the user's language; the file's name without its extension where it has none.
   std::string name;
   // A file or a name to look up in the icon theme; may be empty.
   std::string icon;

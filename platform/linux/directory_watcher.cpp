@@ -2,6 +2,7 @@
 
 #include <sys/inotify.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -19,7 +20,7 @@ DirectoryWatcher::DirectoryWatcher(const asio::any_io_executor& service) : event
   events_.assign(descriptor);
 }
 
-void DirectoryWatcher::watch(const std::filesystem::path& folder, const std::string& ending) {
+void DirectoryWatcher::watch(const std::filesystem::path& folder, const Endings& endings) {
   if (!events_.is_open()) {
     return;
   }
@@ -27,7 +28,8 @@ void DirectoryWatcher::watch(const std::filesystem::path& folder, const std::str
   for (int attempt = 0; attempt < 3; ++attempt) {
     auto existing = folder;
     auto missing = folder;
-    while (!add(existing, existing == folder ? ending : "") && existing.has_relative_path()) {
+    while (!add(existing, existing == folder ? endings : Endings()) &&
+           existing.has_relative_path()) {
       missing = std::exchange(existing, existing.parent_path());
     }
     std::error_code ignored;
@@ -37,13 +39,13 @@ void DirectoryWatcher::watch(const std::filesystem::path& folder, const std::str
   }
 }
 
-bool DirectoryWatcher::add(const std::filesystem::path& folder, const std::string& ending) {
+bool DirectoryWatcher::add(const std::filesystem::path& folder, const Endings& endings) {
   constexpr std::uint32_t changes = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
                                     IN_CLOSE_WRITE | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
   const int watch = ::inotify_add_watch(events_.native_handle(), folder.c_str(), changes);
   if (watch >= 0) {
-    const auto [known, isNew] = wanted_.try_emplace(watch, ending);
-    if (!isNew && known->second != ending) {
+    const auto [known, isNew] = wanted_.try_emplace(watch, endings);
+    if (!isNew && known->second != endings) {
       known->second.clear();
     }
   } else if (errno == ENOSPC) {
@@ -54,7 +56,7 @@ bool DirectoryWatcher::add(const std::filesystem::path& folder, const std::strin
 }
 
 void DirectoryWatcher::forgetOthers() {
-  for (const auto& [watch, ending] : watched_) {
+  for (const auto& [watch, endings] : watched_) {
     if (!wanted_.contains(watch)) {
       // Fails for a folder that is gone, whose watch the system has ended already.
       ::inotify_rm_watch(events_.native_handle(), watch);
@@ -88,7 +90,9 @@ bool DirectoryWatcher::drain() {
       next += sizeof event + event.len;
       const auto watched = watched_.find(event.wd);
       const std::string_view name = event.len == 0 ? "" : event.name;
-      any = any || name.empty() || watched == watched_.end() || name.ends_with(watched->second);
+      any = any || name.empty() || watched == watched_.end() || watched->second.empty() ||
+            std::ranges::any_of(watched->second,
+                                [&](const auto& ending) { return name.ends_with(ending); });
     }
   }
   return any;

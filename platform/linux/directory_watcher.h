@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "platform/asio.h"
 
@@ -15,13 +16,15 @@ namespace glintboard {
 // unnoticed and the log says so.
 class DirectoryWatcher {
  public:
+  using Endings = std::vector<std::string>;
+
   // `service` is the executor of the service loop. The watcher must outlive `changed`.
   explicit DirectoryWatcher(const asio::any_io_executor& service);
 
   // Watches `folder`; where it does not exist, the nearest folder above it that does. Of a folder
-  // in which much else changes, only names that end in `ending`. To miss nothing, call it before
-  // reading the folder.
-  void watch(const std::filesystem::path& folder, const std::string& ending = "");
+  // in which much else changes, only names that end in one of `endings`. To miss nothing, call it
+  // before reading the folder.
+  void watch(const std::filesystem::path& folder, const Endings& endings = {});
   // Ends the watching of every folder that `watch` was not called for since the last time.
   void forgetOthers();
   // Resumes when something has changed since the last call. False when there is nothing more to
@@ -37,12 +40,12 @@ class DirectoryWatcher {
   bool stopped() const { return stopped_; }
 
  private:
-  bool add(const std::filesystem::path& folder, const std::string& ending);
+  bool add(const std::filesystem::path& folder, const Endings& endings);
 
   asio::posix::stream_descriptor events_;
-  // By the number of the watch, the ending of interest.
-  std::map<int, std::string> watched_;
-  std::map<int, std::string> wanted_;
+  // By the number of the watch, the endings of interest.
+  std::map<int, Endings> watched_;
+  std::map<int, Endings> wanted_;
   bool stopped_ = false;
 };
 

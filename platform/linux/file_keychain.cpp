@@ -23,6 +23,19 @@ void check(int result) {
   }
 }
 
+void requireOwn(const struct stat& status) {
+  if (status.st_uid != ::geteuid()) {
+    fail(EPERM);
+  }
+}
+
+// Where another user could have prepared it, an item names phones that this user never paired.
+void requireOwn(const std::filesystem::path& path) {
+  struct stat status{};
+  check(::stat(path.c_str(), &status));
+  requireOwn(status);
+}
+
 bool isThere(const std::filesystem::path& file) {
   struct stat status{};
   if (::lstat(file.c_str(), &status) == 0) {
@@ -53,7 +66,10 @@ KeychainStatus statusOf(Operation operation) {
 
 KeychainStatus FileKeychain::copyMatching(const KeychainQuery& query, std::string& data) {
   return statusOf([&] {
-    data = readWholeFile(fileOf(query));
+    const auto file = fileOf(query);
+    requireOwn(folder_);
+    requireOwn(file);
+    data = readWholeFile(file);
     return keychainSuccess;
   });
 }
@@ -111,9 +127,7 @@ void FileKeychain::prepareFolder() const {
   const FileDescriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   struct stat status{};
   check(folder ? ::fstat(folder.get(), &status) : -1);
-  if (status.st_uid != ::geteuid()) {
-    fail(EPERM);
-  }
+  requireOwn(status);
   if ((status.st_mode & 077u) != 0) {
     check(::fchmod(folder.get(), 0700));
   }

@@ -11,8 +11,8 @@ namespace glintboard {
 // user's alone (0700, 0600). The service is not looked at.
 //
 // Statuses: keychainItemNotFound without the file; keychainDuplicateItem when `add` finds one;
-// otherwise the negated errno: -EPERM for a folder of another user, -EINVAL for an account that is
-// no file name. Nothing throws.
+// otherwise the negated errno: -EPERM for a folder or file of another user, -EINVAL for an account
+// that is no file name. Nothing throws.
 class FileKeychain : public Keychain {
  public:
   // The folder is created when an item is first written.

@@ -30,7 +30,7 @@ HostNameWatcher::HostNameWatcher(const asio::any_io_executor& service,
   if (descriptor >= 0) {
     kernel_.assign(descriptor);
   }
-  folder_.watch(machineInfo_.parent_path(), machineInfo_.filename());
+  folder_.watch(machineInfo_.parent_path(), {machineInfo_.filename().string()});
   folder_.forgetOthers();
 }
 

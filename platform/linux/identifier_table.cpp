@@ -1,6 +1,7 @@
 #include "platform/linux/identifier_table.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 #include "platform/linux/default_applications.h"
@@ -158,9 +159,13 @@ KnownApplications knownApplications(const std::vector<DesktopEntry>& installed,
   for (const auto& program : knownPrograms()) {
     naming.give(program.bundleId, program.desktopIds);
   }
-  naming.give("com.apple.finder",
-              candidates(preferredForType(folders, "inode/directory"), fileManagers(), folders));
-  naming.give("com.apple.Terminal", candidates(preferredTerminals(folders), terminals(), folders));
+  auto openers = applicationsForType(folders, "inode/directory");
+  auto managers = candidates(std::move(openers.defaults), fileManagers(), folders);
+  // Editors and players can open folders too.
+  std::ranges::move(openers.others, std::back_inserter(managers));
+  naming.give(fileManagerBundleId, managers);
+  naming.give("com.apple.Terminal",
+              candidates(preferredTerminals(folders, installed), terminals(), folders));
   naming.give("com.apple.systempreferences", candidates({}, settings(), folders));
   return naming.take();
 }

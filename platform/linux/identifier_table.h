@@ -10,6 +10,9 @@
 
 namespace glintboard {
 
+// Whatever the user's file manager is.
+inline constexpr const char* fileManagerBundleId = "com.apple.finder";
+
 // Bundle identifier to the desktop file id of the installed application that bears it.
 using KnownApplications = std::map<std::string, std::string>;
 

@@ -8,6 +8,7 @@
 #include "platform/linux/application_index.h"
 #include "platform/linux/application_launcher.h"
 #include "platform/linux/application_list.h"
+#include "platform/linux/glib_pointers.h"
 #include "platform/linux/running_applications.h"
 #include "platform/linux/wayland_windows.h"
 #include "platform/linux/x11_windows.h"
@@ -94,22 +95,48 @@ Awaitable<LaunchToken> launchToken(std::shared_ptr<Parts> parts) {
 }
 
 template <class Parts>
-Awaitable<bool> open(std::shared_ptr<Parts> parts, ApplicationLocation application) {
-  const auto installed = parts->index->current();
-  const auto* entry = installed->atPath(application.path);
-  if (entry == nullptr) {
-    throw UserError(QT_TRANSLATE_NOOP("UserError", "The application is no longer installed"));
-  }
+Awaitable<bool> launch(std::shared_ptr<Parts> parts,
+                       std::shared_ptr<const InstalledApplications> installed,
+                       const DesktopEntry* entry, std::vector<std::string> uris) {
   auto asking = onService(parts->service, launchToken(parts));
   const auto token = co_await std::move(asking);
-  auto launch = runOn(parts->workers, [installed, entry, token, running = parts->running] {
-    const auto started = launchApplication(*entry, {}, token);
+  auto launching = runOn(parts->workers, [installed, entry, uris, token, running = parts->running] {
+    const auto started = launchApplication(*entry, uris, token);
     if (started) {
       running->launched(installed->bundleIdOf(*entry), *started);
     }
   });
-  co_await std::move(launch);
+  co_await std::move(launching);
   co_return true;
+}
+
+template <class Parts>
+Awaitable<bool> open(std::shared_ptr<Parts> parts, ApplicationLocation application) {
+  auto installed = parts->index->current();
+  const auto* entry = installed->atPath(application.path);
+  if (entry == nullptr) {
+    throw UserError(QT_TRANSLATE_NOOP("UserError", "The application is no longer installed"));
+  }
+  auto launching = launch(parts, std::move(installed), entry, {});
+  co_return co_await std::move(launching);
+}
+
+template <class Parts>
+Awaitable<bool> openFolder(std::shared_ptr<Parts> parts, std::filesystem::path folder) {
+  auto installed = parts->index->current();
+  const auto* fileManager = installed->withBundleId(fileManagerBundleId);
+  if (fileManager == nullptr) {
+    throw UserError(QT_TRANSLATE_NOOP("UserError", "There is no application that opens folders"));
+  }
+  auto making = runOn(parts->workers, [folder] {
+    std::filesystem::create_directories(folder);
+    const GLibPointer<char> uri(g_filename_to_uri(folder.c_str(), nullptr, nullptr));
+    return std::string(uri.get());
+  });
+  const auto uri = co_await std::move(making);
+  auto launching =
+      launch(parts, std::move(installed), fileManager, std::vector<std::string>(1, uri));
+  co_return co_await std::move(launching);
 }
 
 // On the service loop.
@@ -223,6 +250,12 @@ WorkspaceClient LinuxApplications::workspaceClient() {
     return open(parts, std::move(application));
   };
   return client;
+}
+
+FolderOpener LinuxApplications::folderOpener() {
+  return [parts = parts_](std::filesystem::path folder) {
+    return openFolder(parts, std::move(folder));
+  };
 }
 
 ApplicationListClient LinuxApplications::listClient() {

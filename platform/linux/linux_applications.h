@@ -7,6 +7,7 @@
 #include "platform/application_icon_client.h"
 #include "platform/application_list_client.h"
 #include "platform/executors.h"
+#include "platform/linux/shortcuts_application.h"
 #include "platform/linux/xdg_folders.h"
 #include "platform/workspace_client.h"
 
@@ -36,6 +37,8 @@ class LinuxApplications {
   WorkspaceClient workspaceClient();
   ApplicationIconClient iconClient() { return icons_; }
   ApplicationListClient listClient();
+  // Opens a folder in the application that has the role of file manager.
+  FolderOpener folderOpener();
   // Whether to look for running applications that this agent did not start. Any thread.
   void watchRunningApplications(bool watch);
   // The installed applications, for those who need more of an entry than its file. Any thread.

@@ -1,3 +1,6 @@
+#include <atomic>
+#include <stdexcept>
+
 #include "platform/linux/avahi_advertiser.h"
 #include "platform/linux/file_keychain.h"
 #include "platform/linux/foundation_process_runner.h"
@@ -19,8 +22,7 @@ namespace glintboard {
 
 struct LivePlatform::Parts {
   Parts(Executors& executors, KeychainMergeRule keychainRule)
-      : workers(executors.workers()),
-        folders(xdgFoldersOfEnvironment()),
+      : folders(xdgFoldersOfEnvironment()),
         applications(executors, folders, displaysOfEnvironment()),
         processRunner(executors.service()),
         fileKeychain(applicationSupportFolder()),
@@ -32,7 +34,6 @@ struct LivePlatform::Parts {
             [advertiser = bonjourAdvertiser] { advertiser->checkName(); })) {}
   ~Parts() { hostNameWatcher->stop(); }
 
-  asio::any_io_executor workers;
   XdgFolders folders;
   LinuxApplications applications;
   FoundationProcessRunner processRunner;
@@ -46,14 +47,36 @@ struct LivePlatform::Parts {
   LogindSleepWatch sleepWatch;
 };
 
-LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
-    : parts_(std::make_unique<Parts>(executors, std::move(keychainRule))) {}
+namespace {
 
-LivePlatform::~LivePlatform() = default;
+std::atomic<LivePlatform*> currentPlatform = nullptr;
+
+}  // namespace
+
+LivePlatform::LivePlatform(Executors& executors, KeychainMergeRule keychainRule)
+    : parts_(std::make_unique<Parts>(executors, std::move(keychainRule))) {
+  currentPlatform = this;
+}
+
+LivePlatform::~LivePlatform() {
+  currentPlatform = nullptr;
+}
+
+LivePlatform& LivePlatform::current() {
+  if (auto* platform = currentPlatform.load()) {
+    return *platform;
+  }
+  throw std::logic_error("there is no live platform");
+}
+
+WorkspaceClient WorkspaceClient::live() {
+  return LivePlatform::current().workspaceClient();
+}
 
 WorkspaceClient LivePlatform::workspaceClient() {
-  return withShortcutsApplication(parts_->applications.workspaceClient(), parts_->workers,
-                                  ShortcutFolder::pathIn(parts_->folders));
+  return withShortcutsApplication(parts_->applications.workspaceClient(),
+                                  ShortcutFolder::pathIn(parts_->folders),
+                                  parts_->applications.folderOpener());
 }
 
 ApplicationIconClient LivePlatform::applicationIconClient() {

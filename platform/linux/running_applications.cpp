@@ -1,11 +1,9 @@
 #include "platform/linux/running_applications.h"
 
-#include <sys/syscall.h>
-#include <unistd.h>
-
-#include <boost/asio/posix/stream_descriptor.hpp>
 #include <cerrno>
 
+#include "platform/file_descriptor.h"
+#include "platform/linux/pidfd.h"
 #include "platform/run_on.h"
 #include "platform/spawn.h"
 
@@ -15,10 +13,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
+// Each costs a descriptor. The ends of further applications show in the next scan.
+constexpr std::size_t mostFollowed = 64;
+
 // Resumes when a process has ended.
 Awaitable<> endOf(pid_t process) {
   // The descriptor is close-on-exec by itself.
-  const int descriptor = static_cast<int>(::syscall(SYS_pidfd_open, process, 0));
+  const int descriptor = ::pidfd_open(process, 0);
   if (descriptor >= 0) {
     asio::posix::stream_descriptor ended(co_await asio::this_coro::executor, descriptor);
     co_await ended.async_wait(asio::posix::stream_descriptor::wait_read, asio::use_awaitable);
@@ -93,12 +94,15 @@ Awaitable<> RunningApplications::followSession(std::weak_ptr<RunningApplications
       scanned.reset();
     }
   }
-  const std::scoped_lock lock(self->mutex_);
-  self->launched_.erase(leader);
-  if (scanned) {
-    self->scanned_ = std::move(*scanned);
+  {
+    const std::scoped_lock lock(self->mutex_);
+    self->launched_.erase(leader);
+    if (!scanned) {
+      self->publish();
+      co_return;
+    }
   }
-  self->publish();
+  self->takeScan(std::move(*scanned));
 }
 
 Awaitable<> RunningApplications::scanRepeatedly(std::shared_ptr<RunningApplications> self,
@@ -109,11 +113,7 @@ Awaitable<> RunningApplications::scanRepeatedly(std::shared_ptr<RunningApplicati
     if (round != self->round_) {
       co_return;
     }
-    {
-      const std::scoped_lock lock(self->mutex_);
-      self->scanned_ = std::move(scanned);
-      self->publish();
-    }
+    self->takeScan(std::move(scanned));
     self->nextScan_.expires_after(2s);
     co_await self->nextScan_.async_wait(asio::as_tuple(asio::use_awaitable));
     if (round != self->round_) {
@@ -133,9 +133,7 @@ void RunningApplications::startOrStop(bool on) {
     spawn(service_, scanRepeatedly(shared_from_this(), round_), "running applications");
     return;
   }
-  const std::scoped_lock lock(mutex_);
-  scanned_.clear();
-  publish();
+  takeScan({});
 }
 
 RunningApplications::Snapshot RunningApplications::scan() {
@@ -147,6 +145,63 @@ RunningApplications::Snapshot RunningApplications::scan() {
     }
   }
   return found;
+}
+
+void RunningApplications::takeScan(Snapshot scanned) {
+  std::erase_if(followed_, [&](const auto& each) {
+    const auto found = scanned.find(each.first);
+    return found == scanned.end() || !found->second.contains(each.second.process);
+  });
+  for (auto& [bundleId, processes] : scanned) {
+    if (!followed_.contains(bundleId)) {
+      followOneOf(bundleId, processes);
+    }
+  }
+  std::erase_if(scanned, [](const auto& application) { return application.second.empty(); });
+  const std::scoped_lock lock(mutex_);
+  scanned_ = std::move(scanned);
+  publish();
+}
+
+void RunningApplications::followOneOf(const std::string& bundleId, std::set<pid_t>& processes) {
+  while (!processes.empty() && followed_.size() < mostFollowed) {
+    const pid_t process = *processes.begin();
+    FileDescriptor descriptor(::pidfd_open(process, 0));
+    if (!descriptor && errno == ESRCH) {
+      processes.erase(process);
+      continue;
+    }
+    asio::posix::stream_descriptor end(service_);
+    error_code failed;
+    end.assign(descriptor.get(), failed);
+    if (!failed) {
+      descriptor.release();
+      end.async_wait(asio::posix::stream_descriptor::wait_read,
+                     [weakSelf = weak_from_this(), bundleId, process](error_code error) {
+                       const auto self = weakSelf.lock();
+                       if (self && !error) {
+                         self->ended(bundleId, process);
+                       }
+                     });
+      followed_.emplace(bundleId, Followed{process, std::move(end)});
+    }
+    return;
+  }
+}
+
+void RunningApplications::ended(const std::string& bundleId, pid_t process) {
+  followed_.erase(bundleId);
+  const std::scoped_lock lock(mutex_);
+  const auto application = scanned_.find(bundleId);
+  if (application == scanned_.end()) {
+    return;
+  }
+  application->second.erase(process);
+  followOneOf(bundleId, application->second);
+  if (application->second.empty()) {
+    scanned_.erase(application);
+    publish();
+  }
 }
 
 void RunningApplications::publish() {

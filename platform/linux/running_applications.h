@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <boost/asio/posix/stream_descriptor.hpp>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -16,7 +17,8 @@ namespace glintboard {
 
 // Knows at once what this agent launched, until the last process of the launched program's session
 // has ended; finds the rest among the user's processes every two seconds while it is told to
-// watch. Does nothing while nobody watches and nothing launched runs.
+// watch, and learns of their ends at once. Does nothing while nobody watches and nothing launched
+// runs.
 class RunningApplications : public std::enable_shared_from_this<RunningApplications> {
  public:
   // The processes of each running application, by bundle identifier.
@@ -39,12 +41,22 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
     pid_t process = 0;
   };
 
+  struct Followed {
+    pid_t process = 0;
+    asio::posix::stream_descriptor end;
+  };
+
   RunningApplications(Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher);
   static Awaitable<> followSession(std::weak_ptr<RunningApplications> weakSelf, pid_t leader);
   static Awaitable<> scanRepeatedly(std::shared_ptr<RunningApplications> self, unsigned round);
   void startOrStop(bool on);
   // Looks through all processes. On a worker.
   Snapshot scan();
+  // Replaces what the scan before found. On the service loop.
+  void takeScan(Snapshot scanned);
+  // Follows one of an application's processes to its end, and forgets those that have ended.
+  void followOneOf(const std::string& bundleId, std::set<pid_t>& processes);
+  void ended(const std::string& bundleId, pid_t process);
   // Merges what is known into a new snapshot; with `mutex_` held.
   void publish();
 
@@ -56,6 +68,8 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
   asio::steady_timer nextScan_;
   bool watching_ = false;
   unsigned round_ = 0;
+  // Of each application that was found, one of its processes.
+  std::map<std::string, Followed> followed_;
 
   mutable std::mutex mutex_;
   // By the leader of the session.

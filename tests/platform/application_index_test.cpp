@@ -71,6 +71,9 @@ TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
   desktop_.entry("system/applications/org.test.Full.desktop",
                  "Name[C]=Full Name\nIcon=full\nStartupWMClass=FullClass\nDBusActivatable=true\n"
                  "Exec=\"/opt/my app/run\" --fixed \"a \\\\\"b\\\\\"\" --title=%c 100%% %U\n");
+  desktop_.root.write("system/applications/vendor/nameless.desktop",
+                      "[Desktop Entry]\nType=Application\n");
+  desktop_.entry("system/applications/empty.desktop", "Name=\n");
   open();
   const auto applications = index_->current();
   const auto* entry = applications->withBundleId("org.test.Full");
@@ -80,6 +83,8 @@ TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
   EXPECT_EQ(entry->startupWmClass, "FullClass");
   EXPECT_TRUE(entry->dbusActivatable);
   EXPECT_THAT(entry->command, ElementsAre("/opt/my app/run", "--fixed", "a \"b\"", "100%"));
+  EXPECT_EQ(applications->withBundleId("vendor-nameless")->name, "nameless");
+  EXPECT_EQ(applications->withBundleId("empty")->name, "");
 }
 
 TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLater) {
@@ -103,6 +108,8 @@ TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) 
   desktop_.entry("system/applications/mine.desktop", "Exec=true\n");
   desktop_.entry("system/applications/foot.desktop", "Exec=true\n");
   desktop_.entry("system/applications/term.desktop", "Exec=true\n");
+  desktop_.root.write("home/config/xfce4/helpers.rc", "");
+  desktop_.folders.currentDesktop = "KDE:XFCE";
   open();
   const auto bears = [&](const std::string& bundleId, const std::string& id) {
     return test::eventually([&] { return index_->current()->withBundleId(bundleId)->id == id; },
@@ -114,6 +121,10 @@ TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) 
   EXPECT_TRUE(bears("com.apple.finder", "mine"));
   desktop_.root.write("home/config/mimeapps.list", list + "thunar.desktop\n");
   EXPECT_TRUE(bears("com.apple.finder", "thunar"));
+  EXPECT_TRUE(bears("com.apple.Terminal", "foot"));
+  desktop_.root.write("home/config/xfce4/helpers.rc", "TerminalEmulator=term\n");
+  EXPECT_TRUE(bears("com.apple.Terminal", "term"));
+  desktop_.root.write("home/config/kdeglobals", "[General]\nTerminalService=foot.desktop\n");
   EXPECT_TRUE(bears("com.apple.Terminal", "foot"));
   desktop_.root.write("home/config/xdg-terminals.list", "term.desktop\n");
   EXPECT_TRUE(bears("com.apple.Terminal", "term"));

@@ -50,7 +50,9 @@ TEST(ApplicationMatcher, AttributesAProcessByItsUnitAndByItsProgram) {
       installed({entry("org.test.Player", {link, "--gui"}), entry("writer", {office, "--writer"}),
                  entry("start-center", {office}), entry("script", {env, "MODE=x", script}),
                  entry("python-app", {python, "/opt/app.py"}), entry("python", {python}),
-                 entry("gone", {"/no/such/program"}), entry("my-app"), entry("firefox_firefox")}));
+                 entry("gone", {"/no/such/program"}), entry("my-app"), entry("firefox_firefox"),
+                 entry("a-b_c-d")}));
+  const std::string uuid = "4706fe54-7802-4808-aa7e-ae8b567239e0";
   const struct {
     const char* what;
     std::string executable;
@@ -73,7 +75,10 @@ TEST(ApplicationMatcher, AttributesAProcessByItsUnitAndByItsProgram) {
       {"autostart", "/x", {}, "app-my\\x2dapp@autostart.service", {"my-app"}},
       {"Flatpak", "/x", {}, "app-flatpak-org.test.Player-77.scope", {"org.test.Player"}},
       {"bus", "/x", {}, "dbus-:1.2-org.test.Player@0.service", {"org.test.Player"}},
-      {"Snap", "/x", {}, "snap.firefox.firefox-9a.scope", {"firefox_firefox"}},
+      {"Snap", "/x", {}, "snap.firefox.firefox-" + uuid + ".scope", {"firefox_firefox"}},
+      {"Snap with dashes", "/x", {}, "snap.a-b.c-d." + uuid + ".scope", {"a-b_c-d"}},
+      {"Snap's service", "/x", {}, "snap.firefox.firefox.service", {"firefox_firefox"}},
+      {"damaged Snap", "/x", {}, "snap.firefox.firefox-9a.scope", {}},
       {"not installed", "/x", {}, "app-gnome-other-1.scope", {}},
       {"damaged", "/x", {}, "app-\\x2.scope", {}},
       {"from a terminal", player, {}, "app-script-1.scope", {"org.test.Player", "script"}},
@@ -143,26 +148,50 @@ TEST(IdentifierTable, AKnownProgramBearsItsIdentifierHoweverItIsPackaged) {
 
 TEST(IdentifierTable, RolesGoToTheUsersChoiceThenToWhatTheDesktopBrings) {
   test::DesktopFolders desktop;
-  const auto all = entries({"org.gnome.Nautilus", "org.kde.dolphin", "thunar", "org.kde.konsole",
-                            "foot", "org.gnome.Settings", "systemsettings"});
-  desktop.folders.currentDesktop = "ubuntu:GNOME";
-  EXPECT_THAT(knownApplications(all, desktop.folders),
-              ElementsAre(Pair("com.apple.Terminal", "org.kde.konsole"),
-                          Pair("com.apple.finder", "org.gnome.Nautilus"),
-                          Pair("com.apple.systempreferences", "org.gnome.Settings")));
-  desktop.folders.currentDesktop = "KDE";
-  EXPECT_THAT(knownApplications(all, desktop.folders),
-              ElementsAre(Pair("com.apple.Terminal", "org.kde.konsole"),
-                          Pair("com.apple.finder", "org.kde.dolphin"),
-                          Pair("com.apple.systempreferences", "systemsettings")));
+  auto all = entries({"org.gnome.Nautilus", "org.kde.dolphin", "thunar", "org.kde.konsole", "foot",
+                      "org.gnome.Settings", "systemsettings"});
+  all.push_back(entry("best", {"/usr/bin/best-term"}));
+  all.push_back(entry("best-top", {"best-term", "-e", "top"}));
+  const auto roles = [&](const char* desktopNames) {
+    desktop.folders.currentDesktop = desktopNames;
+    const auto known = knownApplications(all, desktop.folders);
+    return Words{known.at("com.apple.finder"), known.at("com.apple.Terminal"),
+                 known.at("com.apple.systempreferences")};
+  };
   desktop.root.write("system/applications/mimeinfo.cache",
                      "[MIME Cache]\ninode/directory=org.kde.dolphin.desktop;\n");
+  desktop.root.write("etc/kde-mimeapps.list",
+                     "[Default Applications]\ninode/directory=org.kde.dolphin.desktop;\n");
+  EXPECT_THAT(roles("ubuntu:GNOME"),
+              ElementsAre("org.gnome.Nautilus", "org.kde.konsole", "org.gnome.Settings"));
+  EXPECT_THAT(roles("KDE"), ElementsAre("org.kde.dolphin", "org.kde.konsole", "systemsettings"));
+  // Each desktop's own setting.
+  desktop.root.write("home/config/kdeglobals", "[General]\nTerminalService=foot.desktop\n");
+  desktop.root.write("home/config/xfce4/helpers.rc", "WebBrowser=x\nTerminalEmulator=best-term\n");
+  EXPECT_THAT(roles("KDE"), ElementsAre("org.kde.dolphin", "foot", "systemsettings"));
+  EXPECT_THAT(roles("XFCE"), ElementsAre("thunar", "best", "org.gnome.Settings"));
+  // What the user chose for all desktops goes before what the system chose for this one.
   desktop.root.write("home/config/mimeapps.list",
                      "[Default Applications]\ninode/directory=gone.desktop;thunar.desktop;\n");
-  desktop.root.write("home/config/kde-xdg-terminals.list", "# mine\nfoot.desktop:new-window\n");
-  EXPECT_THAT(knownApplications(all, desktop.folders),
-              ElementsAre(Pair("com.apple.Terminal", "foot"), Pair("com.apple.finder", "thunar"),
-                          Pair("com.apple.systempreferences", "systemsettings")));
+  desktop.root.write("home/config/kde-xdg-terminals.list",
+                     "# mine\norg.kde.konsole.desktop:new-window\n");
+  EXPECT_THAT(roles("KDE"), ElementsAre("thunar", "org.kde.konsole", "systemsettings"));
+}
+
+TEST(IdentifierTable, AnUnknownFileManagerIsOneThatOpensFoldersAndWasNotTakenOut) {
+  const test::DesktopFolders desktop;
+  const auto manager = [&](const Words& ids) {
+    return knownApplications(entries(ids), desktop.folders)["com.apple.finder"];
+  };
+  desktop.root.write("system/applications/mimeinfo.cache",
+                     "[MIME Cache]\ninode/directory=player.desktop;files.desktop;\n");
+  EXPECT_EQ(manager({"files", "player", "mine"}), "player");
+  desktop.root.write("home/config/mimeapps.list",
+                     "[Added Associations]\ninode/directory=mine.desktop;\n"
+                     "[Removed Associations]\ninode/directory=player.desktop;\n");
+  EXPECT_EQ(manager({"files", "player", "mine"}), "mine");
+  EXPECT_EQ(manager({"files", "player"}), "files");
+  EXPECT_EQ(manager({"player"}), "");
 }
 
 TEST(InstalledApplications, AnApplicationHasOneIdentifierAndIsFoundUnderItsEntrysToo) {

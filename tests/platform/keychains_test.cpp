@@ -78,6 +78,18 @@ TEST(FileKeychain, ReportsFailuresAsNegativeStatuses) {
   EXPECT_EQ(keychain.update(item, "[]"), -EISDIR);
 }
 
+TEST(FileKeychain, TakesNothingThatAnotherUserPrepared) {
+  const test::TemporaryFolder folder;
+  const auto file = folder.write("agent/paired-devices.json", "[]");
+  std::string data;
+  for (const auto& foreign : {file, file.parent_path()}) {
+    // Only root can give a file away; whoever else runs this finds one of root's.
+    const bool given = ::chown(foreign.c_str(), 1000, 1000) == 0;
+    EXPECT_EQ(FileKeychain(given ? folder / "agent" : "/usr").copyMatching(item, data), -EPERM);
+    EXPECT_EQ(data, "");
+  }
+}
+
 class SecretServiceKeychainTest : public testing::Test {
  protected:
   test::KeyringSession session;

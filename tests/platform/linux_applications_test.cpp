@@ -96,7 +96,7 @@ TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {
   applications_->watchRunningApplications(true);
   EXPECT_TRUE(becomesRunning("player", true));
   process.reset();
-  EXPECT_TRUE(becomesRunning("player", false));
+  EXPECT_TRUE(becomesRunning("player", false, std::chrono::seconds(1))) << "before the next look";
   process.emplace(std::vector<std::string>{program.string(), "60"});
   EXPECT_TRUE(becomesRunning("player", true));
   applications_->watchRunningApplications(false);

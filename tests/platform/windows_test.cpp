@@ -4,6 +4,7 @@
 #include "tests/platform/applications_test.h"
 #include "tests/platform/wayland_compositor.h"
 #include "tests/platform/x_server.h"
+#include "tests/support/session_bus.h"
 
 namespace glintboard {
 namespace {
@@ -41,6 +42,7 @@ struct X11 {
   }
   // The variables $DESKTOP_STARTUP_ID|$XDG_ACTIVATION_TOKEN of a program that was asked for.
   static auto launchVariables() { return testing::ContainsRegex("_TIME[0-9]+\\|\n"); }
+  static auto platformData() { return testing::ContainsRegex("'desktop-startup-id': '.*_TIME"); }
 
   test::XServer server;
 };
@@ -62,6 +64,7 @@ struct Wayland {
         "look(json.load(sys.stdin))'");
   }
   static auto launchVariables() { return testing::ContainsRegex("\\|.{8,}\n"); }
+  static auto platformData() { return testing::ContainsRegex("'activation-token': '.{8,}'"); }
 
   test::WaylandCompositor server;
 };
@@ -70,7 +73,7 @@ template <class System>
 class Windows : public test::ApplicationsTest {
  protected:
   Windows() {
-    desktop_.entry("system/applications/org.test.XCalc.desktop", "Exec=xcalc\n");
+    desktop_.entry("system/applications/org.test.XCalc.desktop", "Exec=false\n");
     desktop_.entry("system/applications/terminal.desktop", "Exec=false\nStartupWMClass=XTerm\n");
     ::unsetenv("DESKTOP_STARTUP_ID");
   }
@@ -102,9 +105,17 @@ using Systems = testing::Types<X11, Wayland>;
 TYPED_TEST_SUITE(Windows, Systems);
 
 TYPED_TEST(Windows, AnApplicationRunsWhileItHasAWindow) {
-  auto before = this->run("XTerm");
+  // A program that no other test runs: its process counts too.
+  auto command = TypeParam::program("XTerm");
+  const auto copy = this->desktop_.root / "terminal";
+  std::filesystem::copy_file("/usr/bin/" + command.front(), copy);
+  command.front() = copy;
+  this->desktop_.entry("system/applications/terminal.desktop",
+                       "Exec=" + copy.string() + "\nStartupWMClass=XTerm\n");
+  auto before = std::make_unique<test::ChildProcess>(command);
   ASSERT_TRUE(test::eventually([] { return TypeParam::focused() == "XTerm"; }));
   this->start();
+  this->applications_->watchRunningApplications(true);
   EXPECT_TRUE(this->follows("terminal", true)) << "its window was there first";
   EXPECT_FALSE(this->workspace_.isRunning(calculator));
   const auto later = this->run("XCalc");
@@ -161,6 +172,10 @@ TYPED_TEST(Windows, OfAServerThatHangsHoldUpNobody) {
 TYPED_TEST(Windows, ALaunchedProgramIsToldThatTheUserAskedForIt) {
   this->desktop_.scripted(
       "app", this->desktop_.report("seen", "echo \"$DESKTOP_STARTUP_ID|$XDG_ACTIVATION_TOKEN\""));
+  const test::SessionBus bus;
+  const auto log = this->desktop_.root / "log";
+  this->desktop_.entry("system/applications/org.test.BusApp.desktop",
+                       "DBusActivatable=true\nExec=" + bus.install("org.test.BusApp", log) + "\n");
   ::setenv("DESKTOP_STARTUP_ID", "of-the-agent", 1);
   this->start();
   const auto process = this->showCalculator();
@@ -168,6 +183,8 @@ TYPED_TEST(Windows, ALaunchedProgramIsToldThatTheUserAskedForIt) {
   const auto seen = this->desktop_.reported("seen");
   EXPECT_THAT(seen, TypeParam::launchVariables());
   EXPECT_THAT(seen, testing::Not(HasSubstr("of-the-agent")));
+  this->open("org.test.BusApp");
+  EXPECT_THAT(readWholeFile(log), TypeParam::platformData());
 }
 
 using X11Windows = Windows<X11>;

@@ -1,16 +1,21 @@
 #include "tools/shortcuts/run_shortcut.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <string.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <iostream>
 #include <system_error>
 
+#include "platform/file_descriptor.h"
 #include "platform/linux/application_launcher.h"
+#include "platform/linux/pidfd.h"
+#include "tools/shortcuts/command_errors.h"
 
 namespace glintboard::shortcuts {
 
@@ -35,8 +40,23 @@ class WaitForCommand {
   }
 };
 
+struct Pipe {
+  FileDescriptor out;
+  FileDescriptor in;
+};
+
+// For the command's standard error; none where a person reads it at a terminal, who is to have it
+// as it is.
+std::optional<Pipe> pipeForErrors() {
+  std::array<int, 2> ends{};
+  if (::isatty(STDERR_FILENO) != 0 || ::pipe2(ends.data(), O_CLOEXEC) != 0) {
+    return std::nullopt;
+  }
+  return Pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+}
+
 // In the new process.
-[[noreturn]] void becomeCommand(const char* command, const char* home, pid_t parent) {
+[[noreturn]] void becomeCommand(const char* command, const char* home, pid_t parent, int errors) {
   WaitForCommand::restore();
   // The command does not outlast a tool that alone is killed.
   ::prctl(PR_SET_PDEATHSIG, SIGTERM);
@@ -44,7 +64,7 @@ class WaitForCommand {
     ::_exit(signalExitCode + SIGTERM);
   }
   const int nothing = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-  if (nothing < 0 || ::dup2(nothing, STDIN_FILENO) < 0 ||
+  if (nothing < 0 || ::dup2(nothing, STDIN_FILENO) < 0 || ::dup2(errors, STDERR_FILENO) < 0 ||
       (::chdir(home) != 0 && ::chdir("/") != 0)) {
     ::_exit(notPermittedExitCode);
   }
@@ -63,29 +83,75 @@ int exitCodeOf(pid_t process) {
   return WIFSIGNALED(status) ? signalExitCode + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-int runCommand(const std::string& command, const std::filesystem::path& home) {
+// Passes on what comes until the writers have closed the pipe or `process` has ended. Whether any
+// writer is left.
+bool passErrors(const FileDescriptor& pipe, const FileDescriptor& process, CommandErrors& errors) {
+  std::array<char, 4096> text;
+  std::array<pollfd, 2> awaited{{{pipe.get(), POLLIN, 0}, {process.get(), POLLIN, 0}}};
+  for (;;) {
+    if (::poll(awaited.data(), awaited.size(), -1) < 0) {
+      if (errno != EINTR) {
+        return true;
+      }
+    } else if (awaited[0].revents != 0) {
+      const auto length = ::read(pipe.get(), text.data(), text.size());
+      if (length <= 0) {
+        return false;
+      }
+      errors.pass({text.data(), static_cast<std::size_t>(length)});
+    } else if (awaited[1].revents != 0) {
+      return true;
+    }
+  }
+}
+
+// Programs that the command left behind may print on: they must not die of a closed pipe.
+void leaveErrorsTo(const FileDescriptor& pipe, CommandErrors& errors) {
+  if (::fork() == 0) {
+    ::close(STDIN_FILENO);
+    ::close(STDOUT_FILENO);
+    passErrors(pipe, {}, errors);
+    errors.finish();
+    ::_exit(0);
+  }
+}
+
+int runCommand(const std::string& command, const std::filesystem::path& home,
+               CommandErrors& errors) {
   const WaitForCommand waiting;
+  auto pipe = pipeForErrors();
   const pid_t self = ::getpid();
   const pid_t process = ::fork();
   if (process < 0) {
     throw std::system_error(errno, std::generic_category(), "The command cannot be started");
   }
   if (process == 0) {
-    becomeCommand(command.c_str(), home.c_str(), self);
+    becomeCommand(command.c_str(), home.c_str(), self, pipe ? pipe->in.get() : STDERR_FILENO);
+  }
+  if (pipe) {
+    pipe->in = {};
+    const bool more = passErrors(pipe->out, FileDescriptor(::pidfd_open(process, 0)), errors);
+    errors.finish();
+    if (more) {
+      leaveErrorsTo(pipe->out, errors);
+    }
   }
   return exitCodeOf(process);
 }
 
 // The agent tells the kinds of failure apart by these words.
-void explain(int exitCode) {
+void explain(int exitCode, const CommandErrors& errors) {
   const int signal = exitCode - signalExitCode;
   if (signal == SIGINT || signal == SIGTERM) {
     std::cerr << "The Shortcut was cancelled." << std::endl;
   } else if (exitCode == notPermittedExitCode) {
     std::cerr << "The Shortcut's command is not allowed to run: permission denied." << std::endl;
+  } else if (exitCode == missingExitCode && !errors.toldOfMissingProgram()) {
+    std::cerr << "The Shortcut's command names a program that is not installed." << std::endl;
   } else if (signal > 0 && signal < NSIG) {
-    std::cerr << "The Shortcut's command was ended by signal " << signal << " ("
-              << ::sigabbrev_np(signal) << ")." << std::endl;
+    const char* name = ::sigabbrev_np(signal);  // null for those that have none
+    std::cerr << "The Shortcut's command was ended by signal " << signal
+              << (name == nullptr ? "" : std::string(" (") + name + ")") << "." << std::endl;
   }
 }
 
@@ -101,8 +167,9 @@ int runShortcut(const Shortcut& shortcut, const std::filesystem::path& home) {
     launchApplicationAction(*entry, shortcut.action->id);
     return 0;
   }
-  const int exitCode = runCommand(shortcut.command, home);
-  explain(exitCode);
+  CommandErrors errors;
+  const int exitCode = runCommand(shortcut.command, home, errors);
+  explain(exitCode, errors);
   return exitCode;
 }
 

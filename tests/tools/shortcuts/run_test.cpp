@@ -1,7 +1,7 @@
 #include <csignal>
 
 #include "agent_core/shortcuts/shortcuts_runner.h"
-#include "platform/linux/shortcuts_application.h"
+#include "platform/linux/linux_applications.h"
 #include "tests/support/child_process.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/tools/shortcuts/tool_test.h"
@@ -29,6 +29,7 @@ class RunningShortcuts : public test::ToolTest {
 TEST_F(RunningShortcuts, EveryKindOfFailureReachesThePhoneAsWhatItIs) {
   using enum ShortcutErrorCode;
   const auto text = desktop_.root.write("text", "no program");
+  const std::string missing = "The Shortcut's command names a program that is not installed";
   const std::tuple<std::string, ShortcutErrorCode, std::string> cases[] = {
       {"kill -TERM $$", cancelled, ""},
       {"kill -INT $$", cancelled, ""},
@@ -39,6 +40,9 @@ TEST_F(RunningShortcuts, EveryKindOfFailureReachesThePhoneAsWhatItIs) {
       {"echo out; echo 'The kettle is empty.' >&2; exit 7", runFailed, "The kettle is empty."},
       {"exit 7", runFailed, ""},
       {"kill -KILL $$", runFailed, "The Shortcut's command was ended by signal 9 (KILL)."},
+      {"exit 170", runFailed, "The Shortcut's command was ended by signal 42."},
+      {"no-such-kettle --boil", runFailed, missing + ": no-such-kettle"},
+      {"echo 'No water.' >&2; exit 127", runFailed, "No water.\n" + missing + "."},
   };
   int number = 0;
   for (const auto& [command, code, said] : cases) {
@@ -53,6 +57,8 @@ TEST_F(RunningShortcuts, EveryKindOfFailureReachesThePhoneAsWhatItIs) {
   const auto good = create("Good", "echo 'not found' >&2");
   EXPECT_EQ(tap(good, std::chrono::seconds(15)), Result(Ok{good}));
   EXPECT_EQ(tool({"run", "Case 6"}).exitCode, 7) << "the command's own";
+  create("Left behind", "echo early >&2; (sleep 0.2; printf late >&2) &");
+  EXPECT_EQ(test::outputOf(SHORTCUTS_TOOL " run 'Left behind' 2>&1 >/dev/null"), "early\nlate");
 }
 
 TEST_F(RunningShortcuts, ATimeoutEndsTheCommandAndAllThatItStarted) {
@@ -92,8 +98,9 @@ TEST_F(RunningShortcuts, OpenTheirFolderInTheFileManager) {
   start();
   test::FakeDesktop others;
   others.installed = {"other"};
+  LinuxApplications applications(*executors_, desktop_.folders);
   const auto workspace =
-      withShortcutsApplication(others.client(), executors_->workers(), shortcutsFolder());
+      withShortcutsApplication(others.client(), shortcutsFolder(), applications.folderOpener());
   const auto open = [&](const std::string& bundleId) {
     return test::await(executors_->service(),
                        workspace.openApplication(*workspace.urlForApplication(bundleId)));
