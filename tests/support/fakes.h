@@ -13,6 +13,7 @@
 #include "platform/keychain.h"
 #include "platform/process_running.h"
 #include "platform/shortcut_icon_client.h"
+#include "platform/spawn.h"
 
 namespace glintboard::test {
 
