@@ -40,7 +40,7 @@ Item {
         y: Look.Gap4 + 1
         name: line.isError ? "exclamationmark.triangle.fill" : "info.circle.fill"
         color: text.color
-        size: 16
+        size: Look.symbolSize
     }
 
     Text {

@@ -15,7 +15,7 @@ FocusScope {
     // Of the whole, beyond which the content scrolls.
     property real maximumHeight: 4096
     // Around the panel, for its shadow.
-    readonly property real margin: view.popover && view.translucent ? Look.Gap24 : 0
+    readonly property real margin: view.popover && view.translucent ? Look.Gap32 : 0
     readonly property real padding: Look.Gap16
     // The window follows it.
     property real shownHeight: Math.ceil(Math.min(items.implicitHeight + 2 * view.padding + 2 * view.margin, view.maximumHeight))
@@ -52,8 +52,8 @@ FocusScope {
     Keys.onDownPressed: view.moveFocus(true)
 
     function moveFocus(forward: bool) {
-        const next = view.Window.activeFocusItem.nextItemInFocusChain(forward);
-        next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+        const next = view.Window.activeFocusItem?.nextItemInFocusChain(forward);
+        next?.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
     }
 
     MouseArea {
@@ -69,8 +69,8 @@ FocusScope {
         anchors.bottomMargin: -fall - blur
         visible: view.margin > 0
         radius: Look.PanelRadius
-        blur: Look.Gap16
-        fall: 4
+        blur: Look.Gap24
+        fall: 8
         color: Look.shadow
     }
 
@@ -105,7 +105,7 @@ FocusScope {
             readonly property Item focused: view.Window.activeFocusItem
 
             onFocusedChanged: {
-                if (!scroll.interactive || scroll.focused === view)
+                if (!scroll.interactive || !scroll.focused || scroll.focused === view)
                     return;
                 const top = scroll.focused.mapToItem(scroll.contentItem, 0, 0).y - view.padding;
                 const bottom = top + scroll.focused.height + 2 * view.padding;

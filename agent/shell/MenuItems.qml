@@ -11,6 +11,9 @@ Column {
     required property color errorColor
     required property bool settled
 
+    // What stands under a status, beside its mark or a symbol.
+    readonly property real textColumn: Look.symbolSize + Look.Gap8
+
     spacing: Look.Gap12
 
     move: Transition {
@@ -50,6 +53,11 @@ Column {
     }
 
     SymbolText {
+            width: Look.symbolSize
+            height: width
+            keyColor: Look.faded(Look.text, 0.22)
+            litColor: Look.accent
+            Accessible.ignored: true
         objectName: "pairedDevice"
         width: parent.width
         visible: items.menu.section === MenuBarModel.PairedDevice
@@ -83,7 +91,7 @@ Column {
             id: hintRow
 
             // Large text takes two rows.
-            readonly property bool fits: width - dismiss.width - Look.Gap12 >= 160
+            readonly property bool fits: width - dismiss.width - Look.Gap12 >= 160 * Look.textScale
 
             width: parent.width
             implicitHeight: fits ? Math.max(hint.implicitHeight, dismiss.implicitHeight) : hint.implicitHeight + Look.Gap8 + dismiss.implicitHeight
@@ -125,7 +133,7 @@ Column {
         implicitHeight: status.implicitHeight
 
         Rectangle {
-            x: 4
+            x: (Look.symbolSize - width) / 2
             anchors.verticalCenter: status.verticalCenter
             width: 8
             height: 8
@@ -137,7 +145,7 @@ Column {
             id: status
 
             objectName: "status"
-            x: 16 + Look.Gap8
+            x: items.textColumn
             width: parent.width - x - busy.width
             text: items.menu.statusText
             font: Look.fonts.ui(Look.Subheadline)
@@ -169,7 +177,7 @@ Column {
     MenuText {
         objectName: "listenerError"
         width: parent.width
-        leftPadding: 16 + Look.Gap8
+        leftPadding: items.textColumn
         visible: items.menu.hasListenerError
         text: items.menu.listenerError
         font: Look.fonts.ui(Look.Footnote)

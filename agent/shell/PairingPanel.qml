@@ -7,6 +7,7 @@ Column {
     id: panel
 
     required property MenuBarModel menu
+    readonly property font digits: Look.fonts.mono(Look.LargeTitle, Look.Semibold, 0.1)
 
     spacing: 10
 
@@ -56,23 +57,25 @@ Column {
 
             objectName: "pin"
             anchors.horizontalCenter: parent.horizontalCenter
-            spacing: Look.Gap12
+            // Behind the last digit too there is tracking.
+            leftPadding: panel.digits.letterSpacing
+            spacing: panel.digits.pixelSize * 0.5
+            scale: Math.min(1, parent.width / pin.width)
             Accessible.role: Accessible.StaticText
             Accessible.name: pin.text
 
-            Repeater {
-                model: panel.menu.pinGroups
+            Text {
+                text: panel.menu.pinGroups[0]
+                color: Look.text
+                font: panel.digits
+                Accessible.ignored: true
+            }
 
-                Text {
-                    id: group
-
-                    required property string modelData
-
-                    text: group.modelData
-                    color: Look.text
-                    font: Look.fonts.mono(Look.LargeTitle, Look.Semibold)
-                    Accessible.ignored: true
-                }
+            Text {
+                text: panel.menu.pinGroups[1]
+                color: Look.text
+                font: panel.digits
+                Accessible.ignored: true
             }
         }
     }

@@ -17,7 +17,7 @@ Item {
         id: symbol
 
         y: Math.round((Math.min(label.implicitHeight, line.height) - symbol.size) / 2)
-        size: 16
+        size: Look.symbolSize
         color: row.symbolColor
     }
 

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <array>
 
 namespace glintboard {
 namespace {
@@ -11,29 +12,52 @@ constexpr QColor lit{0xFF, 0x4D, 0x9D};
 // What sets a key off a light panel; on a dark one nobody sees it.
 constexpr QColor rim{0x21, 0x16, 0x1D, 0xB0};
 
+constexpr double roundness = 3.5;  // of a key: its side by its corners' radius
+
+// The places of the keys in a square of `size` pixels: in two rows, every edge between two pixels.
+std::array<QRectF, 4> keysIn(int size) {
+  const int gap = std::max(2, size / 11);
+  const int key = (size - size / 20 - gap) / 2;
+  const int margin = (size - 2 * key - gap) / 2;
+  const int next = margin + key + gap;
+  return {QRectF(margin, margin, key, key), QRectF(next, margin, key, key),
+          QRectF(margin, next, key, key), QRectF(next, next, key, key)};
+}
+
+constexpr std::size_t litKey = 1;
+
 }  // namespace
 
-// Every edge lies between two pixels.
 QImage trayImage(int size) {
   QImage image(size, size, QImage::Format_ARGB32);
   image.fill(Qt::transparent);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  const int gap = std::max(2, size / 11);
-  const int key = (size - size / 20 - gap) / 2;
-  const int margin = (size - 2 * key - gap) / 2;
   const int border = std::max(1, size / 24);
-  for (const int row : {0, 1}) {
-    for (const int column : {0, 1}) {
-      const QRectF outer(margin + column * (key + gap), margin + row * (key + gap), key, key);
-      const qreal radius = key / 3.5;
-      painter.setBrush(rim);
-      painter.drawRoundedRect(outer, radius, radius);
-      painter.setBrush(row == 0 && column == 1 ? lit : face);
-      const auto inner = outer.adjusted(border, border, -border, -border);
-      painter.drawRoundedRect(inner, radius - border * 0.7, radius - border * 0.7);
-    }
+  const auto keys = keysIn(size);
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    const qreal radius = keys[i].width() / roundness;
+    painter.setBrush(rim);
+    painter.drawRoundedRect(keys[i], radius, radius);
+    painter.setBrush(i == litKey ? lit : face);
+    const auto inner = keys[i].adjusted(border, border, -border, -border);
+    painter.drawRoundedRect(inner, radius - border * 0.7, radius - border * 0.7);
+  }
+  return image;
+}
+
+QImage markImage(int size, const QColor& key, const QColor& litOne) {
+  QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  const auto keys = keysIn(size);
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    painter.setBrush(i == litKey ? litOne : key);
+    const qreal radius = keys[i].width() / roundness;
+    painter.drawRoundedRect(keys[i], radius, radius);
   }
   return image;
 }

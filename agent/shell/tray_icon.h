@@ -1,4 +1,5 @@
-// The picture of the tray's item, where the desktop has none of its own installed.
+// The grid of keys that stands for the agent: in the tray, where the desktop has no picture of it
+// installed, and in its own windows.
 #pragma once
 
 #include <QImage>
@@ -8,6 +9,8 @@ namespace glintboard {
 
 // The grid of keys as a square of `size` pixels (16 or more), readable on light and dark panels.
 QImage trayImage(int size);
+// The same without borders, in the colours of a window.
+QImage markImage(int size, const QColor& key, const QColor& lit);
 // The sizes that trays show, smallest first.
 std::vector<QImage> trayImages();
 

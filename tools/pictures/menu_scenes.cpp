@@ -1,6 +1,7 @@
 #include <QCoreApplication>
 #include <QPainter>
 #include <QTest>
+#include <QtMath>
 
 #include "agent/shell/menu_view.h"
 #include "protocol/pairing_qr_payload.h"
@@ -33,7 +34,10 @@ QImage drawMenu(const MenuState& state, const Appearance& appearance) {
   }
   QTest::qWait(settling);
   checkTexts(view, {"482", "913", "Ann's iPhone"});
-  const QImage popover = view.grabWindow();
+  QImage popover = view.grabWindow();
+  // At a fractional scale factor the last pixel of a window may lie outside of its content.
+  const qreal ratio = view.devicePixelRatio();
+  popover = popover.copy(0, 0, qFloor(view.width() * ratio), qFloor(view.height() * ratio));
   const int frame = qRound(desktopFrame * popover.devicePixelRatio());
   QImage picture(popover.size() + QSize(2 * frame, 2 * frame), QImage::Format_RGB32);
   picture.fill(desktop);

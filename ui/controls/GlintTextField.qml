@@ -16,7 +16,7 @@ T.TextField {
 
     implicitWidth: Math.max(contentWidth + leftPadding + rightPadding, placeholder.implicitWidth + leftPadding + rightPadding, 120)
     implicitHeight: Math.max(contentHeight + topPadding + bottomPadding, 32)
-    leftPadding: (control.symbolName !== "" ? 16 + Look.Gap8 : 0) + Look.Gap12
+    leftPadding: (control.symbolName !== "" ? Look.symbolSize + Look.Gap8 : 0) + Look.Gap12
     rightPadding: Look.Gap12 + (clear.visible ? clear.width : 0)
     topPadding: Look.Gap4
     bottomPadding: Look.Gap4
@@ -51,7 +51,7 @@ T.TextField {
             visible: control.symbolName !== ""
             name: control.symbolName
             color: Look.secondaryText
-            size: 16
+            size: Look.symbolSize
         }
     }
 

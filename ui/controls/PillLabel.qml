@@ -30,7 +30,7 @@ Item {
             visible: label.symbolName !== ""
             name: label.symbolName
             color: label.color
-            size: 16
+            size: Look.symbolSize
         }
 
         Text {

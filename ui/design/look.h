@@ -50,6 +50,8 @@ class Look : public QObject {
   Q_PROPERTY(QColor inactive READ inactive CONSTANT)
 
   Q_PROPERTY(glintboard::LookFonts* fonts READ fonts NOTIFY appearanceChanged)
+  // Of a symbol beside a text; it grows with that.
+  Q_PROPERTY(int symbolSize READ symbolSize NOTIFY appearanceChanged)
   Q_PROPERTY(QString teachingCaption READ teachingCaption CONSTANT)
 
   // Milliseconds. Movement takes no time under reduced motion; fades keep theirs.
@@ -57,7 +59,6 @@ class Look : public QObject {
   Q_PROPERTY(int releaseTime READ releaseTime NOTIFY appearanceChanged)
   Q_PROPERTY(int moveTime READ moveTime NOTIFY appearanceChanged)
   Q_PROPERTY(int partTime READ partTime NOTIFY appearanceChanged)
-  Q_PROPERTY(int windowTime READ windowTime NOTIFY appearanceChanged)
   Q_PROPERTY(int fadeTime READ fadeTime CONSTANT)
 
  public:
@@ -125,13 +126,13 @@ class Look : public QObject {
   static QColor inactive();
 
   LookFonts* fonts() { return &fonts_; }
+  int symbolSize() const { return qRound(18 * textScale()); }
   static QString teachingCaption();
 
   int pressTime() const { return movement(90); }
   int releaseTime() const { return movement(160); }
   int moveTime() const { return movement(160); }
   int partTime() const { return movement(180); }
-  int windowTime() const { return movement(240); }
   static int fadeTime() { return 160; }
 
  Q_SIGNALS:

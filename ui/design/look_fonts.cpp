@@ -20,10 +20,6 @@ QFont LookFonts::ui(int style, int weight) const {
   return DeckTypography::ui(styleOf(style), weightOf(weight), textScale_);
 }
 
-QFont LookFonts::keyLabel(int style, int weight) const {
-  return DeckTypography::keyLabel(styleOf(style), weightOf(weight), textScale_);
-}
-
 QFont LookFonts::hero(int style, int weight) const {
   return DeckTypography::hero(styleOf(style), weightOf(weight), textScale_);
 }
@@ -32,8 +28,10 @@ QFont LookFonts::handCaption(int style, int weight) const {
   return DeckTypography::handCaption(styleOf(style), weightOf(weight), textScale_);
 }
 
-QFont LookFonts::mono(int style, int weight) const {
-  return DeckTypography::mono(styleOf(style), weightOf(weight), textScale_);
+QFont LookFonts::mono(int style, int weight, double tracking) const {
+  QFont font = DeckTypography::mono(styleOf(style), weightOf(weight), textScale_);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, tracking * font.pixelSize());
+  return font;
 }
 
 QFont LookFonts::uiSized(double size, int weight, bool scales) const {

@@ -19,14 +19,12 @@ class LookFonts : public QObject {
 
   // Of a text style and a weight: values of Look.TextStyle and Look.Weight. What one reads.
   Q_INVOKABLE QFont ui(int style, int weight = regular) const;
-  // Captions of keys.
-  Q_INVOKABLE QFont keyLabel(int style, int weight = regular) const;
   // A deck's name, the title of an empty state.
   Q_INVOKABLE QFont hero(int style, int weight = bold) const;
   // One warm sentence.
   Q_INVOKABLE QFont handCaption(int style, int weight = regular) const;
-  // Digits that one copies.
-  Q_INVOKABLE QFont mono(int style, int weight = regular) const;
+  // Digits that one copies; `tracking` is the space between them, as a part of their size.
+  Q_INVOKABLE QFont mono(int style, int weight = regular, double tracking = 0) const;
   // The `ui` font at `size` pixels. Sizes that belong to a drawing do not follow the text scale.
   Q_INVOKABLE QFont uiSized(double size, int weight = regular, bool scales = true) const;
 
