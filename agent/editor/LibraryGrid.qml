@@ -42,7 +42,8 @@ GridView {
         case Qt.Key_Return:
         case Qt.Key_Enter:
         case Qt.Key_Space:
-            grid.addCurrent();
+            if (!event.isAutoRepeat)
+                grid.addCurrent();
             break;
         case Qt.Key_Home:
             grid.currentIndex = 0;

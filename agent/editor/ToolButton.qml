@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Templates as T
 import Glintboard.Editor
 import Glintboard.UI
 
 // A small button that shows a symbol and says what it does to whoever rests on it.
-T.Button {
+GlintButton {
     id: control
 
     required property string symbolName
@@ -13,16 +12,9 @@ T.Button {
 
     implicitWidth: 32
     implicitHeight: 32
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
     opacity: control.enabled ? 1 : 0.35
 
-    Accessible.role: Accessible.Button
-    Accessible.name: control.text
     Accessible.description: control.keys
-
-    Keys.onReturnPressed: control.clicked()
-    Keys.onEnterPressed: control.clicked()
 
     HelpText {
         target: control

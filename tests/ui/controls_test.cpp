@@ -78,6 +78,13 @@ TEST(Controls, WorkFromTheKeyboardAndShowTheFocusOnlyThen) {
     QTest::keyClick(&view.window, key);
   }
   EXPECT_EQ(clicks.size(), 4);
+  for (const auto key : {Qt::Key_Return, Qt::Key_Space}) {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent held(type, key, {}, {}, true);
+      QCoreApplication::sendEvent(&view.window, &held);
+    }
+  }
+  EXPECT_EQ(clicks.size(), 4) << "a key that is held down presses once";
   primary->setProperty("busy", true);
   QTest::keyClick(&view.window, Qt::Key_Space);
   QTest::keyClick(&view.window, Qt::Key_Return);

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Glintboard.UI
 
 // A command as a quiet row over the whole width.
-T.Button {
+GlintButton {
     id: control
 
     // What cannot be undone is written in the colour of danger.
@@ -20,15 +19,7 @@ T.Button {
     topPadding: Look.Gap4
     bottomPadding: Look.Gap4
     font: Look.fonts.uiSized(14, Look.Medium)
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
     opacity: control.enabled ? 1 : 0.5
-
-    Accessible.role: Accessible.Button
-    Accessible.name: control.text
-
-    Keys.onReturnPressed: control.clicked()
-    Keys.onEnterPressed: control.clicked()
 
     contentItem: MenuRowLabel {
         text: control.text

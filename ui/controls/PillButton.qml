@@ -1,10 +1,10 @@
 import QtQuick
-import QtQuick.Templates as T
 import QtQuick.Window
 import Glintboard.UI
 
-// A button in the form of a pill: the primary one filled with the accent, the others quiet.
-T.Button {
+// A button in the form of a pill: the primary one filled with the accent, the others quiet. While it
+// is busy it shows that what was pressed is under way.
+GlintButton {
     id: control
 
     enum Kind {
@@ -17,8 +17,6 @@ T.Button {
     readonly property color ink: control.primary ? Look.onAccent : Look.text
     // A symbol before the text.
     property string symbolName: ""
-    // Shows that what was pressed is under way; presses are ignored meanwhile.
-    property bool busy: false
 
     implicitWidth: Math.max(implicitContentWidth + leftPadding + rightPadding, 64)
     implicitHeight: Math.max(implicitContentHeight + topPadding + bottomPadding, 32)
@@ -27,17 +25,8 @@ T.Button {
     topPadding: Look.Gap4
     bottomPadding: Look.Gap4
     font: Look.fonts.uiSized(14, Look.Semibold)
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
     opacity: control.enabled ? 1 : 0.5
     scale: control.down && !Look.reducedMotion ? 0.97 : 1
-
-    Accessible.role: Accessible.Button
-    Accessible.name: control.text
-
-    Keys.onReturnPressed: if (!control.busy) control.clicked()
-    Keys.onEnterPressed: if (!control.busy) control.clicked()
-    Keys.onSpacePressed: event => event.accepted = control.busy
 
     contentItem: PillLabel {
         text: control.text

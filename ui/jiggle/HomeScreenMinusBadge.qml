@@ -1,31 +1,17 @@
 import QtQuick
-import QtQuick.Templates as T
 import Glintboard.UI
 
 // Removes the key it sits on, by its `action` or `onClicked`.
-T.Button {
+GlintButton {
     id: badge
 
     readonly property string explanation: qsTr("Remove key")
 
-    function press() {
-        if (badge.action)
-            badge.action.trigger(badge);
-        else
-            badge.clicked();
-    }
-
     implicitWidth: 22
     implicitHeight: 22
-    focusPolicy: Qt.StrongFocus
-    hoverEnabled: true
     scale: badge.down && !Look.reducedMotion ? 0.9 : 1
 
-    Accessible.role: Accessible.Button
     Accessible.name: badge.explanation
-
-    Keys.onReturnPressed: badge.press()
-    Keys.onEnterPressed: badge.press()
 
     HelpText {
         objectName: "helpText"
