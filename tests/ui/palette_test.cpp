@@ -70,6 +70,19 @@ TEST(Look, WritesLegiblyOnEveryGroundInEveryAppearance) {
   }
 }
 
+TEST(Look, HasTheAccentOfTheAppearance) {
+  Look look;
+  const std::tuple<bool, bool, int, int> cases[] = {{false, false, 0xC21667, 0xFFFFFF},
+                                                    {false, true, 0x6E0938, 0xFFFFFF},
+                                                    {true, false, 0xFF4D9D, 0x2B0015},
+                                                    {true, true, 0xFF9CC9, 0x2B0015}};
+  for (const auto& [dark, increasedContrast, accent, onAccent] : cases) {
+    look.setAppearance({dark, increasedContrast, false, 1});
+    EXPECT_EQ(look.accent().rgb(), QColor(accent).rgb());
+    EXPECT_EQ(look.onAccent().rgb(), QColor(onAccent).rgb());
+  }
+}
+
 TEST(Look, ReplacesMovementByFadesUnderReducedMotion) {
   Look look;
   int changes = 0;

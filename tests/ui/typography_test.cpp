@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFontDatabase>
 #include <QRawFont>
 
 #include "ui/design/deck_typography.h"
@@ -56,6 +58,19 @@ TEST(DeckTypography, DrawsWithTheFileOfTheNamedWeight) {
     EXPECT_EQ(DeckTypography::postScriptName(family, weight), name);
   }
   EXPECT_FALSE(DeckTypography::isPostScriptAvailable("SpaceGrotesk-Heavy"));
+}
+
+TEST(DeckTypography, WithoutItsFilesTheSystemsFontsStandIn) {
+  DeckTypography::registerFonts();
+  EXPECT_EQ(DeckTypography::ui(TextStyle::body).family(), "Space Grotesk");
+  QFontDatabase::removeAllApplicationFonts();
+  const QFont body = DeckTypography::ui(TextStyle::body);
+  EXPECT_EQ(body.family(), QFontDatabase::systemFont(QFontDatabase::GeneralFont).family());
+  EXPECT_EQ(body.pixelSize(), 17);
+  for (const auto& file : QDir(":/Glintboard_GlintboardUI.bundle/Fonts").entryInfoList()) {
+    QFontDatabase::addApplicationFont(file.filePath());
+  }
+  EXPECT_EQ(DeckTypography::ui(TextStyle::body).family(), "Space Grotesk");
 }
 
 TEST(DeckTypography, SizesFontsByStyleAndTextScale) {

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFontDatabase>
+#include <QGuiApplication>
+#include <QHash>
 #include <algorithm>
 #include <cmath>
 
@@ -56,9 +58,19 @@ int fileWeight(Family family, Weight weight) {
   return wanted <= 450 ? 400 : wanted <= 550 ? 500 : wanted <= 650 ? 600 : 700;
 }
 
+// Remembers the answers until the fonts of the system or of this process change: to list them takes
+// a while, and every text of a window asks.
+bool isKnownAvailable(const QString& name) {
+  static QHash<QString, bool> answers;
+  [[maybe_unused]] static const auto changes =
+      QObject::connect(qGuiApp, &QGuiApplication::fontDatabaseChanged, [] { answers.clear(); });
+  const auto known = answers.constFind(name);
+  return known != answers.cend() ? *known : *answers.insert(name, isPostScriptAvailable(name));
+}
+
 QFont brandFont(Family family, double size, Weight weight) {
   registerFonts();
-  if (isPostScriptAvailable(postScriptName(family, weight))) {
+  if (isKnownAvailable(postScriptName(family, weight))) {
     return sized(QFont(familyName(family)), size, fileWeight(family, weight));
   }
   return sized(QFontDatabase::systemFont(QFontDatabase::GeneralFont), size, number(weight));
