@@ -231,44 +231,16 @@
         <source>Quit</source>
         <translation>Salir</translation>
     </message>
-</context>
-<context>
-    <name>MenuItems</name>
     <message>
         <source>Glintboard Agent</source>
         <translation>Glintboard Agent</translation>
     </message>
-    <message>
-        <source>Dismiss</source>
-        <translation>Cerrar</translation>
-    </message>
-    <message>
-        <source>Restart Agent</source>
-        <translation>Reiniciar el agente</translation>
-    </message>
-    <message>
-        <source>Edit Deck</source>
-        <translation>Editar el deck</translation>
-    </message>
-    <message>
-        <source>Hide Pairing Code</source>
-        <translation>Ocultar código de vinculación</translation>
-    </message>
-    <message>
-        <source>Show Pairing Code…</source>
-        <translation>Mostrar código de vinculación…</translation>
-    </message>
-    <message>
-        <source>Unpair iPhone</source>
-        <translation>Desvincular el iPhone</translation>
-    </message>
+</context>
+<context>
+    <name>MenuItems</name>
     <message>
         <source>Ctrl+Q</source>
         <translation>Ctrl+Q</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>Salir</translation>
     </message>
 </context>
 <context>
@@ -569,20 +541,6 @@
     </message>
 </context>
 <context>
-    <name>glintboard::DesktopShell</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
-</context>
-<context>
-    <name>glintboard::MenuView</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
-</context>
-<context>
     <name>glintboard::ShortcutsLibrary</name>
     <message>
         <source>Create “%1” in Shortcuts (open Cursor, then start Wispr Flow). No Ask for Input steps.</source>
@@ -595,10 +553,6 @@
 </context>
 <context>
     <name>glintboard::TextMenu</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
     <message>
         <source>Manual code</source>
         <translation>Código manual</translation>

@@ -231,44 +231,16 @@
         <source>Quit</source>
         <translation>Quitter</translation>
     </message>
-</context>
-<context>
-    <name>MenuItems</name>
     <message>
         <source>Glintboard Agent</source>
         <translation>Glintboard Agent</translation>
     </message>
-    <message>
-        <source>Dismiss</source>
-        <translation>Fermer</translation>
-    </message>
-    <message>
-        <source>Restart Agent</source>
-        <translation>Redémarrer l’agent</translation>
-    </message>
-    <message>
-        <source>Edit Deck</source>
-        <translation>Modifier le deck</translation>
-    </message>
-    <message>
-        <source>Hide Pairing Code</source>
-        <translation>Masquer le code de jumelage</translation>
-    </message>
-    <message>
-        <source>Show Pairing Code…</source>
-        <translation>Afficher le code de jumelage…</translation>
-    </message>
-    <message>
-        <source>Unpair iPhone</source>
-        <translation>Dissocier l’iPhone</translation>
-    </message>
+</context>
+<context>
+    <name>MenuItems</name>
     <message>
         <source>Ctrl+Q</source>
         <translation>Ctrl+Q</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>Quitter</translation>
     </message>
 </context>
 <context>
@@ -569,20 +541,6 @@
     </message>
 </context>
 <context>
-    <name>glintboard::DesktopShell</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
-</context>
-<context>
-    <name>glintboard::MenuView</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
-</context>
-<context>
     <name>glintboard::ShortcutsLibrary</name>
     <message>
         <source>Create “%1” in Shortcuts (open Cursor, then start Wispr Flow). No Ask for Input steps.</source>
@@ -595,10 +553,6 @@
 </context>
 <context>
     <name>glintboard::TextMenu</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
     <message>
         <source>Manual code</source>
         <translation>Code à saisir</translation>

@@ -231,44 +231,16 @@
         <source>Quit</source>
         <translation>終了</translation>
     </message>
-</context>
-<context>
-    <name>MenuItems</name>
     <message>
         <source>Glintboard Agent</source>
         <translation>Glintboard Agent</translation>
     </message>
-    <message>
-        <source>Dismiss</source>
-        <translation>閉じる</translation>
-    </message>
-    <message>
-        <source>Restart Agent</source>
-        <translation>エージェントを再起動</translation>
-    </message>
-    <message>
-        <source>Edit Deck</source>
-        <translation>デッキを編集</translation>
-    </message>
-    <message>
-        <source>Hide Pairing Code</source>
-        <translation>ペアリングコードを隠す</translation>
-    </message>
-    <message>
-        <source>Show Pairing Code…</source>
-        <translation>ペアリングコードを表示…</translation>
-    </message>
-    <message>
-        <source>Unpair iPhone</source>
-        <translation>iPhoneのペアリングを解除</translation>
-    </message>
+</context>
+<context>
+    <name>MenuItems</name>
     <message>
         <source>Ctrl+Q</source>
         <translation>Ctrl+Q</translation>
-    </message>
-    <message>
-        <source>Quit</source>
-        <translation>終了</translation>
     </message>
 </context>
 <context>
@@ -568,20 +540,6 @@
     </message>
 </context>
 <context>
-    <name>glintboard::DesktopShell</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
-</context>
-<context>
-    <name>glintboard::MenuView</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
-</context>
-<context>
     <name>glintboard::ShortcutsLibrary</name>
     <message>
         <source>Create “%1” in Shortcuts (open Cursor, then start Wispr Flow). No Ask for Input steps.</source>
@@ -594,10 +552,6 @@
 </context>
 <context>
     <name>glintboard::TextMenu</name>
-    <message>
-        <source>Glintboard Agent</source>
-        <translation>Glintboard Agent</translation>
-    </message>
     <message>
         <source>Manual code</source>
         <translation>手動入力コード</translation>

@@ -40,7 +40,7 @@ FocusScope {
 
     Shortcut {
         sequence: "Ctrl+Q"
-        onActivated: view.menu.quit()
+        onActivated: view.menu.press(MenuBarModel.Quit)
     }
     Shortcut {
         sequence: "Escape"

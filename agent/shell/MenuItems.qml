@@ -16,6 +16,10 @@ Column {
 
     spacing: Look.Gap12
 
+    function offers(command: int): bool {
+        return (items.menu.commands & 1 << command) !== 0;
+    }
+
     move: Transition {
         enabled: items.settled && Look.moveTime > 0
 
@@ -38,7 +42,7 @@ Column {
 
     MenuText {
         width: parent.width
-        text: qsTr("Glintboard Agent")
+        text: items.menu.title
         font: Look.fonts.ui(Look.Headline, Look.Semibold)
         color: Look.text
         rightPadding: mark.width + Look.Gap8
@@ -49,15 +53,15 @@ Column {
 
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-        }
-    }
-
-    SymbolText {
             width: Look.symbolSize
             height: width
             keyColor: Look.faded(Look.text, 0.22)
             litColor: Look.accent
             Accessible.ignored: true
+        }
+    }
+
+    SymbolText {
         objectName: "pairedDevice"
         width: parent.width
         visible: items.menu.section === MenuBarModel.PairedDevice
@@ -85,7 +89,7 @@ Column {
     Column {
         width: parent.width
         spacing: items.spacing
-        visible: items.menu.hasHint
+        visible: items.offers(MenuBarModel.DismissHint)
 
         Item {
             id: hintRow
@@ -114,8 +118,8 @@ Column {
                 objectName: "dismiss"
                 anchors.right: parent.right
                 y: hintRow.fits ? (parent.height - height) / 2 : hint.implicitHeight + Look.Gap8
-                text: qsTr("Dismiss")
-                onClicked: items.menu.dismissHint()
+                text: items.menu.buttonText(MenuBarModel.DismissHint)
+                onClicked: items.menu.press(MenuBarModel.DismissHint)
             }
         }
 
@@ -178,7 +182,7 @@ Column {
         objectName: "listenerError"
         width: parent.width
         leftPadding: items.textColumn
-        visible: items.menu.hasListenerError
+        visible: items.offers(MenuBarModel.RestartAgent)
         text: items.menu.listenerError
         font: Look.fonts.ui(Look.Footnote)
         color: items.errorColor
@@ -186,42 +190,44 @@ Column {
 
     PillButton {
         objectName: "restart"
-        visible: items.menu.hasListenerError
+        visible: items.offers(MenuBarModel.RestartAgent)
         width: parent.width
         kind: PillButton.Primary
-        text: qsTr("Restart Agent")
+        text: items.menu.buttonText(MenuBarModel.RestartAgent)
         symbolName: "arrow.clockwise"
-        onClicked: items.menu.restartAgent()
+        onClicked: items.menu.press(MenuBarModel.RestartAgent)
     }
 
     MenuRowButton {
         objectName: "editDeck"
         x: -Look.Gap8
         width: parent.width + 2 * Look.Gap8
-        text: qsTr("Edit Deck")
+        text: items.menu.buttonText(MenuBarModel.EditDeck)
         symbolName: "pencil"
-        onClicked: items.menu.editDeck()
+        onClicked: items.menu.press(MenuBarModel.EditDeck)
     }
 
     MenuRowButton {
+        readonly property int command: items.offers(MenuBarModel.HidePairingCode) ? MenuBarModel.HidePairingCode : MenuBarModel.ShowPairingCode
+
         objectName: "pairingCode"
         x: -Look.Gap8
         width: parent.width + 2 * Look.Gap8
-        visible: items.menu.isPaired
+        visible: items.offers(command)
         symbolName: "qrcode"
-        text: items.menu.isShowingPairingCode ? qsTr("Hide Pairing Code") : qsTr("Show Pairing Code…")
-        onClicked: items.menu.isShowingPairingCode ? items.menu.hidePairingCode() : items.menu.showPairingCode()
+        text: items.menu.buttonText(command)
+        onClicked: items.menu.press(command)
     }
 
     MenuRowButton {
         objectName: "unpair"
         x: -Look.Gap8
         width: parent.width + 2 * Look.Gap8
-        visible: items.menu.isPaired
+        visible: items.offers(MenuBarModel.Unpair)
         destructive: true
         symbolName: "personalhotspot.slash"
-        text: qsTr("Unpair iPhone")
-        onClicked: items.menu.unpair()
+        text: items.menu.buttonText(MenuBarModel.Unpair)
+        onClicked: items.menu.press(MenuBarModel.Unpair)
     }
 
     MenuRowButton {
@@ -230,7 +236,7 @@ Column {
         width: parent.width + 2 * Look.Gap8
         symbolName: "power"
         shortcutText: qsTr("Ctrl+Q")
-        text: qsTr("Quit")
-        onClicked: items.menu.quit()
+        text: items.menu.buttonText(MenuBarModel.Quit)
+        onClicked: items.menu.press(MenuBarModel.Quit)
     }
 }

@@ -14,7 +14,7 @@ DesktopShell::DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu)
           Qt::QueuedConnection);
   connect(this, &DesktopShell::toldActivation, this, &DesktopShell::activated,
           Qt::QueuedConnection);
-  session_.showTrayItem({tr("Glintboard Agent").toStdString(),
+  session_.showTrayItem({MenuContent::title().toStdString(),
                          std::string(agentIdentifier) + "-symbolic", trayImages()},
                         [this](int x, int y) { Q_EMIT toldActivation(x, y); });
   for (const auto changed :
@@ -26,7 +26,8 @@ DesktopShell::DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu)
 }
 
 void DesktopShell::updateToolTip() {
-  session_.setTrayToolTip(MenuContent::statusText(viewModel_).toStdString());
+  session_.setTrayToolTip(
+      MenuContent::statusText(MenuContent::state(viewModel_).status).toStdString());
 }
 
 void DesktopShell::activated(int x, int y) {

@@ -11,11 +11,7 @@ MenuBarController::MenuBarController(AgentViewModel& viewModel, MenuActions acti
 }
 
 void MenuBarController::update() {
-  model_.setState({MenuContent::pairingSection(viewModel_), viewModel_.pairingStatusText(),
-                   viewModel_.pairingQRString(), viewModel_.currentPIN(),
-                   viewModel_.shortcutCoachMessage(), MenuContent::status(viewModel_),
-                   MenuContent::statusText(viewModel_), viewModel_.listenerError(),
-                   viewModel_.isPaired(), viewModel_.isShowingPairingCode(), commands_.isBusy()});
+  model_.setState(MenuContent::state(viewModel_, commands_.isBusy()));
 }
 
 }  // namespace glintboard

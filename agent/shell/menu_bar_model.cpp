@@ -7,6 +7,8 @@ namespace {
 
 static_assert(static_cast<int>(PairingSection::pairedDevice) == MenuBarModel::PairedDevice);
 static_assert(static_cast<int>(PairingSection::lockedOut) == MenuBarModel::LockedOut);
+static_assert(static_cast<int>(MenuCommand::dismissHint) == MenuBarModel::DismissHint);
+static_assert(static_cast<int>(MenuCommand::quit) == MenuBarModel::Quit);
 
 constexpr float quiet = 0.85F;  // the opacity of a status without a connection
 
@@ -40,6 +42,18 @@ QColor MenuBarModel::statusColor() const {
       return DeckBrandPalette::warning;
   }
   return color;
+}
+
+int MenuBarModel::commands() const {
+  unsigned offered = 0;
+  for (const MenuCommand command : MenuContent::commands(state_)) {
+    offered |= 1U << static_cast<unsigned>(command);
+  }
+  return static_cast<int>(offered);
+}
+
+QString MenuBarModel::buttonText(Command command) {
+  return MenuContent::buttonText(static_cast<MenuCommand>(command));
 }
 
 }  // namespace glintboard

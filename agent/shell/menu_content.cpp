@@ -9,8 +9,6 @@ struct Text {
   Q_DECLARE_TR_FUNCTIONS(MenuBarView)
 };
 
-}  // namespace
-
 PairingSection pairingSection(const AgentViewModel& viewModel) {
   if (viewModel.isPaired() && !viewModel.isShowingPairingCode()) {
     return PairingSection::pairedDevice;
@@ -18,7 +16,7 @@ PairingSection pairingSection(const AgentViewModel& viewModel) {
   return viewModel.isLockedOut() ? PairingSection::lockedOut : PairingSection::code;
 }
 
-ConnectionStatus status(const AgentViewModel& viewModel) {
+ConnectionStatus connectionStatus(const AgentViewModel& viewModel) {
   if (viewModel.hasConnectedPhone()) {
     return ConnectionStatus::connected;
   }
@@ -26,6 +24,20 @@ ConnectionStatus status(const AgentViewModel& viewModel) {
     return viewModel.isPaired() ? ConnectionStatus::waiting : ConnectionStatus::ready;
   }
   return viewModel.listenerError().isNull() ? ConnectionStatus::starting : ConnectionStatus::failed;
+}
+
+}  // namespace
+
+MenuState state(const AgentViewModel& viewModel, bool isBusy) {
+  return {pairingSection(viewModel),        viewModel.pairingStatusText(),
+          viewModel.pairingQRString(),      viewModel.currentPIN(),
+          viewModel.shortcutCoachMessage(), connectionStatus(viewModel),
+          viewModel.listenerError(),        viewModel.isPaired(),
+          viewModel.isShowingPairingCode(), isBusy};
+}
+
+QString title() {
+  return Text::tr("Glintboard Agent");
 }
 
 QString statusText(ConnectionStatus status) {
@@ -44,22 +56,18 @@ QString statusText(ConnectionStatus status) {
   return {};
 }
 
-QString statusText(const AgentViewModel& viewModel) {
-  return statusText(status(viewModel));
-}
-
-std::vector<MenuCommand> commands(const AgentViewModel& viewModel) {
+std::vector<MenuCommand> commands(const MenuState& state) {
   std::vector<MenuCommand> offered;
-  if (!viewModel.shortcutCoachMessage().isNull()) {
+  if (!state.hint.isNull()) {
     offered.push_back(MenuCommand::dismissHint);
   }
-  if (!viewModel.listenerError().isNull()) {
+  if (!state.listenerError.isNull()) {
     offered.push_back(MenuCommand::restartAgent);
   }
   offered.push_back(MenuCommand::editDeck);
-  if (viewModel.isPaired()) {
-    offered.push_back(viewModel.isShowingPairingCode() ? MenuCommand::hidePairingCode
-                                                       : MenuCommand::showPairingCode);
+  if (state.isPaired) {
+    offered.push_back(state.isShowingPairingCode ? MenuCommand::hidePairingCode
+                                                 : MenuCommand::showPairingCode);
     offered.push_back(MenuCommand::unpair);
   }
   offered.push_back(MenuCommand::quit);

@@ -25,15 +25,30 @@ enum class PairingSection { pairedDevice, code, lockedOut };
 // What the status row tells.
 enum class ConnectionStatus { connected, ready, waiting, failed, starting };
 
-// The rules of the menu over the view model's fields. Main thread.
+// One consistent picture of the menu. Optional texts are null when absent.
+struct MenuState {
+  PairingSection section = PairingSection::code;
+  QString pairingStatusText;
+  QString pairingQRString;
+  QString currentPIN;
+  QString hint;
+  ConnectionStatus status = ConnectionStatus::starting;
+  QString listenerError;
+  bool isPaired = false;
+  bool isShowingPairingCode = false;
+  bool isBusy = false;  // a command has not done its work yet
+
+  bool operator==(const MenuState&) const = default;
+};
+
+// The rules of the menu, and its texts. Main thread.
 namespace MenuContent {
 
-PairingSection pairingSection(const AgentViewModel& viewModel);
-ConnectionStatus status(const AgentViewModel& viewModel);
+MenuState state(const AgentViewModel& viewModel, bool isBusy = false);
+// The commands that are offered in a state.
+std::vector<MenuCommand> commands(const MenuState& state);
+QString title();
 QString statusText(ConnectionStatus status);
-QString statusText(const AgentViewModel& viewModel);
-// The commands that are offered now.
-std::vector<MenuCommand> commands(const AgentViewModel& viewModel);
 QString buttonText(MenuCommand command);
 // As it stands in every language's list of texts.
 const char* englishButtonText(MenuCommand command);

@@ -22,7 +22,7 @@ MenuView::MenuView(MenuBarModel& model, MenuStyle style, const Appearance& appea
     : style_(style) {
   qml_register_types_Glintboard_Agent();
   prepareEngine(engine_, appearance);
-  setTitle(tr("Glintboard Agent"));
+  setTitle(MenuContent::title());
   setFlags(isPopover() ? Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                              Qt::NoDropShadowWindowHint
                        : Qt::Window);

@@ -44,30 +44,30 @@ TextMenu::TextMenu(AgentViewModel& viewModel, int input, int output, std::functi
   connect(&notifier_, &QSocketNotifier::activated, this, &TextMenu::readInput);
 }
 
-std::string TextMenu::block(const AgentViewModel& viewModel, bool withQRCode) {
+std::string TextMenu::block(const MenuState& state, bool withQRCode) {
   std::string block = "\n";
-  appendLine(block, tr("Glintboard Agent"));
-  if (MenuContent::pairingSection(viewModel) == PairingSection::code) {
-    appendLine(block, tr("Manual code") + QLatin1Char(' ') + viewModel.currentPIN());
-    appendLine(block, viewModel.pairingQRString());
+  appendLine(block, MenuContent::title());
+  if (state.section == PairingSection::code) {
+    appendLine(block, tr("Manual code") + QLatin1Char(' ') + state.currentPIN);
+    appendLine(block, state.pairingQRString);
     if (withQRCode) {
-      block += qrHalfBlocks(viewModel.pairingQRString().toStdString());
+      block += qrHalfBlocks(state.pairingQRString.toStdString());
     }
   } else {
-    appendLine(block, viewModel.pairingStatusText());
+    appendLine(block, state.pairingStatusText);
   }
-  appendLine(block, MenuContent::statusText(viewModel));
-  appendLine(block, viewModel.listenerError());
-  appendLine(block, viewModel.shortcutCoachMessage());
+  appendLine(block, MenuContent::statusText(state.status));
+  appendLine(block, state.listenerError);
+  appendLine(block, state.hint);
   int number = 0;
-  for (const MenuCommand command : MenuContent::commands(viewModel)) {
+  for (const MenuCommand command : MenuContent::commands(state)) {
     appendLine(block, QStringLiteral("%1. %2").arg(++number).arg(MenuContent::buttonText(command)));
   }
   return block;
 }
 
-std::optional<MenuCommand> TextMenu::command(const AgentViewModel& viewModel, const QString& line) {
-  const auto offered = MenuContent::commands(viewModel);
+std::optional<MenuCommand> TextMenu::command(const MenuState& state, const QString& line) {
+  const auto offered = MenuContent::commands(state);
   bool isNumber = false;
   const auto number = line.toUInt(&isNumber);
   if (isNumber) {
@@ -88,7 +88,7 @@ std::optional<MenuCommand> TextMenu::command(const AgentViewModel& viewModel, co
 void TextMenu::print() {
   // The end of what is under way is a change too.
   if (!commands_.isBusy()) {
-    write(block(viewModel_, ::isatty(output_) != 0));
+    write(block(MenuContent::state(viewModel_), ::isatty(output_) != 0));
   }
 }
 
@@ -105,7 +105,7 @@ void TextMenu::readInput() {
   for (qsizetype end = unread_.indexOf('\n'); end >= 0; end = unread_.indexOf('\n')) {
     const QString line = QString::fromUtf8(unread_.first(end)).trimmed();
     unread_.remove(0, end + 1);
-    if (const auto pressed = command(viewModel_, line)) {
+    if (const auto pressed = command(MenuContent::state(viewModel_), line)) {
       commands_.press(*pressed);
     }
   }

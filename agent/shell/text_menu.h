@@ -20,9 +20,9 @@ class TextMenu : public QObject {
   TextMenu(AgentViewModel& viewModel, int input, int output, std::function<void()> quit);
 
   // The menu as lines of text; with the QR code when `withQRCode`.
-  static std::string block(const AgentViewModel& viewModel, bool withQRCode);
+  static std::string block(const MenuState& state, bool withQRCode);
   // The command that a line of input means, among those offered.
-  static std::optional<MenuCommand> command(const AgentViewModel& viewModel, const QString& line);
+  static std::optional<MenuCommand> command(const MenuState& state, const QString& line);
 
  private:
   void print();

@@ -61,7 +61,6 @@ MenuState unpaired() {
   state.pairingQRString = QString::fromStdString(address.encodedURL().value_or(""));
   state.currentPIN = QStringLiteral("482913");
   state.status = ConnectionStatus::ready;
-  state.statusText = MenuContent::statusText(state.status);
   return state;
 }
 
@@ -71,7 +70,6 @@ MenuState paired() {
   state.isPaired = true;
   state.pairingStatusText = QStringLiteral("Ann's iPhone");
   state.status = ConnectionStatus::connected;
-  state.statusText = MenuContent::statusText(state.status);
   return state;
 }
 
@@ -92,7 +90,6 @@ MenuState locked() {
 MenuState failed() {
   MenuState state = paired();
   state.status = ConnectionStatus::failed;
-  state.statusText = MenuContent::statusText(state.status);
   state.listenerError =
       translated("Port %1 is already in use. Quit the other Glintboard Agent first.").arg(9847);
   return state;
