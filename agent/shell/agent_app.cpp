@@ -60,6 +60,16 @@ AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
           [&platform](bool connected) { platform.watchRunningApplications(connected); }};
 }
 
+// A terminal stops a job in the background that reads there or, if it is set so, that writes there:
+// not one whose threads all block these signals. Reading fails then.
+void outliveTerminalStops() {
+  sigset_t stops;
+  ::sigemptyset(&stops);
+  ::sigaddset(&stops, SIGTTIN);
+  ::sigaddset(&stops, SIGTTOU);
+  ::pthread_sigmask(SIG_BLOCK, &stops, nullptr);
+}
+
 // The application: everything that lives until the process ends. It ends without running any
 // destructor, since a worker may hang in one of them.
 class AgentApp {
@@ -266,6 +276,7 @@ int runAgent(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);
   raiseDescriptorLimit();
   log::takeMessagesOfLibraries("glintboard-agent");
+  outliveTerminalStops();
   const std::vector<std::string> words(argv, argv + argc);
   const std::string program = words.empty() ? "glintboard-agent" : words.front();
   try {

@@ -1,10 +1,11 @@
 #include "agent/shell/text_menu.h"
 
-#include <poll.h>
 #include <unistd.h>
 
+#include <QTimer>
 #include <array>
 #include <cerrno>
+#include <chrono>
 
 #include "agent/shell/qr_text.h"
 
@@ -12,6 +13,7 @@ namespace glintboard {
 namespace {
 
 constexpr qsizetype maxLine = 4096;
+constexpr auto backgroundPause = std::chrono::seconds(1);
 
 // Without what could steer a terminal: phones choose their own names.
 QString printable(const QString& text) {
@@ -37,8 +39,10 @@ TextMenu::TextMenu(AgentViewModel& viewModel, int input, int output, std::functi
     : viewModel_(viewModel),
       input_(input),
       output_(output),
-      commands_(viewModel, {[this] { write(viewModel_.deckStore().storageURL().string() + "\n"); },
-                            std::move(quit)}),
+      writer_(output),
+      commands_(viewModel,
+                {[this] { writer_.write(viewModel_.deckStore().storageURL().string() + "\n"); },
+                 std::move(quit)}),
       notifier_(input, QSocketNotifier::Read) {
   connect(&commands_, &MenuCommands::changed, this, &TextMenu::print);
   connect(&notifier_, &QSocketNotifier::activated, this, &TextMenu::readInput);
@@ -88,7 +92,7 @@ std::optional<MenuCommand> TextMenu::command(const MenuState& state, const QStri
 void TextMenu::print() {
   // The end of what is under way is a change too.
   if (!commands_.isBusy()) {
-    write(block(MenuContent::state(viewModel_), ::isatty(output_) != 0));
+    writer_.write(block(MenuContent::state(viewModel_), ::isatty(output_) != 0));
   }
 }
 
@@ -96,7 +100,11 @@ void TextMenu::readInput() {
   std::array<char, 512> buffer{};
   const ssize_t count = ::read(input_, buffer.data(), buffer.size());
   if (count <= 0) {
-    if (count == 0 || (errno != EINTR && errno != EAGAIN)) {
+    if (count < 0 && errno == EIO) {
+      // The terminal listens to another job of its shell; what is typed is not for the agent.
+      notifier_.setEnabled(false);
+      QTimer::singleShot(backgroundPause, this, [this] { notifier_.setEnabled(true); });
+    } else if (count == 0 || (errno != EINTR && errno != EAGAIN)) {
       notifier_.setEnabled(false);  // The agent goes on without its input.
     }
     return;
@@ -111,15 +119,6 @@ void TextMenu::readInput() {
   }
   if (unread_.size() > maxLine) {
     unread_.clear();
-  }
-}
-
-void TextMenu::write(std::string_view text) const {
-  // Whoever reads may be gone, or so slow that writing would wait: then this text is lost, and the
-  // menu goes on.
-  pollfd writable{output_, POLLOUT, 0};
-  if (::poll(&writable, 1, 0) == 1) {
-    [[maybe_unused]] const auto written = ::write(output_, text.data(), text.size());
   }
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "agent/shell/menu_commands.h"
+#include "agent/shell/text_writer.h"
 
 namespace glintboard {
 
@@ -27,11 +28,11 @@ class TextMenu : public QObject {
  private:
   void print();
   void readInput();
-  void write(std::string_view text) const;
 
   AgentViewModel& viewModel_;
   int input_;
   int output_;
+  TextWriter writer_;
   MenuCommands commands_;
   QSocketNotifier notifier_;
   QByteArray unread_;

@@ -1,7 +1,9 @@
 """The agent as a process: how it ends, and that there is only one."""
 
+import contextlib
 import os
 import pathlib
+import pty
 import re
 import resource
 import shutil
@@ -11,7 +13,7 @@ import time
 import unittest
 
 from client import Client
-from desktop import PORT, SLOWNESS, DesktopTest, alive, eventually
+from desktop import AGENT, PORT, SLOWNESS, DesktopTest, alive, eventually
 
 EDITOR = "org.example.Editor"
 STUCK = "11111111-0000-4000-8000-000000000000"
@@ -129,6 +131,30 @@ class Process(DesktopTest):
         self.assertLess(agent.cpu_seconds() - used, 0.5 * SLOWNESS, "the end of input is no news")
         await client.ping()
         self.assertTrue(agent.running())
+
+    def test_its_terminal_does_not_stop_it_in_the_background(self):
+        called = self.desktop.root / "called"
+        script = f"stty tostop; {AGENT} & while [ ! -e {called} ]; do sleep .1; done; fg"
+        shell, terminal = pty.fork()
+        if shell == 0:
+            os.execve("/bin/sh", ["sh", "-mc", script], self.desktop.env)
+        self.addCleanup(os.close, terminal)
+        os.set_blocking(terminal, False)
+        printed = b""
+
+        def shown(pattern):
+            nonlocal printed
+            with contextlib.suppress(BlockingIOError):
+                printed += os.read(terminal, 4096)
+            return re.search(pattern, printed)
+
+        os.write(terminal, b"Quit\n")
+        pin = eventually(lambda: shown(rb"Manual code (\d+)"), "A menu")[1].decode()
+        eventually(lambda: shown(b"Ready for iPhone"), "A listener")
+        time.sleep(1.5)  # It has seen that something was typed, twice.
+        self.assertTrue(self.phone().pair(pin)["ok"])
+        called.touch()
+        eventually(lambda: os.waitpid(shell, os.WNOHANG)[0], "The end that was typed")
 
     async def test_its_log_tells_what_happens_and_no_secret(self):
         self.desktop.set_shortcuts("*) exit 3;;")
