@@ -85,10 +85,9 @@ void AgentViewModel::startRefreshLoop() {
         "refresh");
 }
 
-// The task's flag is what keeps the loop from touching a view model that is gone.
-Awaitable<> AgentViewModel::refreshLoop(AgentViewModel* viewModel, std::shared_ptr<bool> task,
-                                        asio::any_io_executor timer) {
-  while (*task) {
+Awaitable<> AgentViewModel::refreshLoop(QPointer<AgentViewModel> viewModel,
+                                        std::shared_ptr<bool> task, asio::any_io_executor timer) {
+  while (*task && viewModel) {
     try {
       co_await viewModel->refresh();
     } catch (const std::exception& error) {
@@ -99,10 +98,17 @@ Awaitable<> AgentViewModel::refreshLoop(AgentViewModel* viewModel, std::shared_p
 }
 
 Awaitable<> AgentViewModel::refresh() {
+  const QPointer<AgentViewModel> self(this);  // may be gone when a service has answered
   // Taken over before anything else is awaited: a command done meanwhile must not be undone.
   const PairingState pairing = co_await services_.pairingService().state();
+  if (!self) {
+    co_return;
+  }
   setPairing(pairing);
   const ListenerState listener = co_await services_.listenerService().state();
+  if (!self) {
+    co_return;
+  }
   setListener(listener);
   if (!isListenerRunning_ && !listenerError_.isNull()) {
     co_await attemptAutomaticRecoveryIfNeeded();
@@ -170,12 +176,17 @@ Awaitable<> AgentViewModel::attemptAutomaticRecoveryIfNeeded() {
     co_return;
   }
   lastRecoveryAttempt_ = now;
+  const QPointer<AgentViewModel> self(this);
   try {
     co_await services_.listenerService().restart();
     const ListenerState listener = co_await services_.listenerService().state();
-    setListener(listener);
+    if (self) {
+      setListener(listener);
+    }
   } catch (const std::exception& error) {
-    setListenerError(error);
+    if (self) {
+      setListenerError(error);
+    }
   }
 }
 

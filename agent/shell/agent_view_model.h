@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <chrono>
 #include <memory>
@@ -20,18 +21,6 @@ namespace glintboard {
 // Lives on the main thread; its coroutines run there and await the services.
 class AgentViewModel : public QObject {
   Q_OBJECT
-  Q_PROPERTY(QString currentPIN READ currentPIN NOTIFY currentPINChanged)
-  Q_PROPERTY(QString pairingQRString READ pairingQRString NOTIFY pairingQRStringChanged)
-  Q_PROPERTY(QString bonjourServiceName READ bonjourServiceName NOTIFY bonjourServiceNameChanged)
-  Q_PROPERTY(QString pairingStatusText READ pairingStatusText NOTIFY pairingStatusTextChanged)
-  Q_PROPERTY(bool isPaired READ isPaired NOTIFY pairedDevicesChanged)
-  Q_PROPERTY(bool isLockedOut READ isLockedOut NOTIFY isLockedOutChanged)
-  Q_PROPERTY(bool isListenerRunning READ isListenerRunning NOTIFY isListenerRunningChanged)
-  Q_PROPERTY(QString listenerError READ listenerError NOTIFY listenerErrorChanged)
-  Q_PROPERTY(bool hasConnectedPhone READ hasConnectedPhone NOTIFY hasConnectedPhoneChanged)
-  Q_PROPERTY(
-      QString shortcutCoachMessage READ shortcutCoachMessage NOTIFY shortcutCoachMessageChanged)
-  Q_PROPERTY(bool isShowingPairingCode READ isShowingPairingCode NOTIFY isShowingPairingCodeChanged)
 
  public:
   // Makes the services, starts the refresh loop and then the listener. `mainThread` is the
@@ -95,7 +84,7 @@ class AgentViewModel : public QObject {
   void setListenerError(const std::exception& error);
   Awaitable<> restart();
   void startRefreshLoop();
-  static Awaitable<> refreshLoop(AgentViewModel* viewModel, std::shared_ptr<bool> task,
+  static Awaitable<> refreshLoop(QPointer<AgentViewModel> viewModel, std::shared_ptr<bool> task,
                                  asio::any_io_executor timer);
 
   asio::any_io_executor mainThread_;

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QSignalSpy>
 
+#include "agent/pairing/keychain_paired_device_store.h"
 #include "protocol/pairing_qr_payload.h"
 #include "ui/design/deck_brand_palette.h"
 #include "ui/design/wcag_contrast.h"
@@ -112,6 +113,26 @@ TEST_F(MenuTest, TellsOfAFailedListenerAndRestartsIt) {
   EXPECT_TRUE(showsStatus("Ready for iPhone"));
   EXPECT_FALSE(shows("listenerError"));
   EXPECT_FALSE(shows("restart"));
+}
+
+TEST_F(MenuTest, RestartsAListenerItselfAtMostOnceInFiveSecondsAndNeverAStoppedOne) {
+  agent.name.reset();
+  KeychainPairedDeviceStore(agent.keychain)
+      .save({{randomUuid(), "A", {"a"}, {}}, {randomUuid(), "B", {"b"}, {}}});
+  start();
+  ASSERT_TRUE(showsStatus("Waiting for iPhone"));
+  EXPECT_EQ(text("pairedDevice"), "A, B");
+  EXPECT_EQ(viewModel->bonjourServiceName(), "Glintboard Mac");
+  EXPECT_EQ(PairingQRPayload::parse(viewModel->pairingQRString().toStdString()).value().macName,
+            "Glintboard Mac");
+
+  agent.run(viewModel->services().listenerService().stop());
+  run(viewModel->refresh());
+  EXPECT_FALSE(QTest::qWaitFor([&] { return agent.bonjour.published != 1; }, 1200));
+  run(viewModel->attemptAutomaticRecoveryIfNeeded());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return agent.bonjour.published == 2; }));
+  run(viewModel->attemptAutomaticRecoveryIfNeeded());
+  EXPECT_FALSE(QTest::qWaitFor([&] { return agent.bonjour.published != 2; }, 300));
 }
 
 TEST_F(MenuTest, ShowsTheHintUntilItIsDismissed) {

@@ -21,6 +21,7 @@ struct TestAgent {
   FakeKeychain keychain;
   FakeBonjour bonjour;
   std::atomic<bool> phoneConnected = false;
+  std::optional<std::string> name = "Test Computer";
   std::uint16_t port = freePort();
   Executors executors;
   DeckStore deckStore{executors.service(), executors.workers(), folder / "decks.json"};
@@ -37,7 +38,7 @@ struct TestAgent {
             audioOutput,
             keychain,
             bonjour,
-            [] { return "Test Computer"; },
+            [this] { return name; },
             [this](bool connected) { phoneConnected = connected; },
             port,
             "/bin/true"};
