@@ -24,9 +24,11 @@ class DesktopSession {
   DesktopAppearance appearance() const;
 
   // Shows the item in the desktop's tray, now and whenever one comes. Call it once, and before
-  // `setTrayToolTip`.
+  // the others.
   void showTrayItem(TrayLook look, TrayActivated activated);
   void setTrayToolTip(std::string text);
+  // Tells on the session's thread whether a tray shows the item now.
+  void askForTray(std::function<void(bool shown)> answer);
 
  private:
   struct Parts;

@@ -17,8 +17,16 @@ struct TrayLook {
   std::vector<QImage> pixmaps;
 };
 
-// The user activated the item. `x` and `y` are where, on the screen; both 0 where the desktop does
-// not tell. Called on any thread.
-using TrayActivated = std::function<void(int x, int y)>;
+// How the user activated the item.
+struct TrayActivation {
+  // Where, on the screen; both 0 where the desktop does not tell.
+  int x = 0;
+  int y = 0;
+  // With it a Wayland compositor gives a window the focus; empty where there is none.
+  std::string token;
+};
+
+// Called on any thread.
+using TrayActivated = std::function<void(const TrayActivation&)>;
 
 }  // namespace glintboard

@@ -80,7 +80,9 @@ class AgentApp {
         viewModel_(mainThread_.executor(), environment(executors_, platform_), deckStore_) {
     if (hasDisplay) {
       showOnDesktop();
-      if (!background) {
+      if (background) {
+        desktop_->startInBackground();
+      } else {
         menuWindow_->show();
       }
     } else {
@@ -274,9 +276,9 @@ int serve(const std::string& program, const AgentArguments& arguments) {
 
 int runAgent(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);
+  outliveTerminalStops();
   raiseDescriptorLimit();
   log::takeMessagesOfLibraries("glintboard-agent");
-  outliveTerminalStops();
   const std::vector<std::string> words(argv, argv + argc);
   const std::string program = words.empty() ? "glintboard-agent" : words.front();
   try {

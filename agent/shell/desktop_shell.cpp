@@ -1,5 +1,7 @@
 #include "agent/shell/desktop_shell.h"
 
+#include <QTimer>
+
 #include "agent/shell/menu_content.h"
 #include "agent/shell/tray_icon.h"
 #include "platform/identity.h"
@@ -14,9 +16,20 @@ DesktopShell::DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu)
           Qt::QueuedConnection);
   connect(this, &DesktopShell::toldActivation, this, &DesktopShell::activated,
           Qt::QueuedConnection);
+  connect(
+      this, &DesktopShell::toldTray, this,
+      [this](bool shown) {
+        if (!shown && !viewModel_.isPaired()) {
+          menu_.show();
+        }
+      },
+      Qt::QueuedConnection);
   session_.showTrayItem({MenuContent::title().toStdString(),
                          std::string(agentIdentifier) + "-symbolic", trayImages()},
-                        [this](int x, int y) { Q_EMIT toldActivation(x, y); });
+                        [this](const TrayActivation& activation) {
+                          Q_EMIT toldActivation(activation.x, activation.y,
+                                                QString::fromStdString(activation.token));
+                        });
   for (const auto changed :
        {&AgentViewModel::pairedDevicesChanged, &AgentViewModel::isListenerRunningChanged,
         &AgentViewModel::listenerErrorChanged, &AgentViewModel::hasConnectedPhoneChanged}) {
@@ -30,8 +43,23 @@ void DesktopShell::updateToolTip() {
       MenuContent::statusText(MenuContent::state(viewModel_).status).toStdString());
 }
 
-void DesktopShell::activated(int x, int y) {
+void DesktopShell::startInBackground(std::chrono::milliseconds patience) {
+  QTimer::singleShot(patience, this, [this] {
+    session_.askForTray([this](bool shown) { Q_EMIT toldTray(shown); });
+  });
+}
+
+void DesktopShell::activated(int x, int y, const QString& token) {
+  // Where Qt looks for it when a window asks for the focus, on Wayland.
+  constexpr auto variable = "XDG_ACTIVATION_TOKEN";
+  const bool granted = !token.isEmpty();
+  if (granted) {
+    qputenv(variable, token.toUtf8());
+  }
   menu_.toggle(x == 0 && y == 0 ? std::nullopt : std::optional(QPoint(x, y)));
+  if (granted) {
+    qunsetenv(variable);
+  }
 }
 
 }  // namespace glintboard

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <chrono>
 
 #include "agent/shell/agent_view_model.h"
 #include "agent/shell/menu_presenter.h"
@@ -19,17 +20,21 @@ class DesktopShell : public QObject {
   DesktopShell(AgentViewModel& viewModel, MenuPresenter& menu);
 
   DesktopAppearance appearance() const { return session_.appearance(); }
+  // To be called when the agent was started without its menu: opens that all the same, as a window,
+  // if after `patience` no tray shows the item and no phone is paired. Nobody could pair one.
+  void startInBackground(std::chrono::milliseconds patience = std::chrono::seconds(3));
 
  Q_SIGNALS:
   void appearanceChanged();
 
   // Emitted on the session's thread; the shell itself listens on the main one.
   void toldAppearance();
-  void toldActivation(int x, int y);
+  void toldActivation(int x, int y, const QString& token);
+  void toldTray(bool shown);
 
  private:
   void updateToolTip();
-  void activated(int x, int y);
+  void activated(int x, int y, const QString& token);
 
   AgentViewModel& viewModel_;
   MenuPresenter& menu_;

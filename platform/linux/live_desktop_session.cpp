@@ -67,4 +67,9 @@ void DesktopSession::setTrayToolTip(std::string text) {
       [item = parts_->trayItem.get(), text = std::move(text)] { item->setToolTip(text); });
 }
 
+void DesktopSession::askForTray(std::function<void(bool shown)> answer) {
+  parts_->bus.post(
+      [item = parts_->trayItem.get(), answer = std::move(answer)] { answer(item->isShown()); });
+}
+
 }  // namespace glintboard

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QtEndian>
+#include <utility>
 
 #include "platform/log.h"
 
@@ -13,7 +14,7 @@ constexpr const char* itemInterface = "org.kde.StatusNotifierItem";
 constexpr const char* itemPath = "/StatusNotifierItem";
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
 constexpr const char* watcherPath = "/StatusNotifierWatcher";
-constexpr int watcherPatience = 2000;  // milliseconds
+constexpr guint watcherPatience = 2000;  // milliseconds
 
 constexpr const char* description = R"xml(<node><interface name="org.kde.StatusNotifierItem">
   <property name="Category" type="s" access="read"/>
@@ -34,6 +35,7 @@ constexpr const char* description = R"xml(<node><interface name="org.kde.StatusN
     <arg type="i" direction="in"/><arg type="i" direction="in"/></method>
   <method name="ContextMenu"><arg type="i" direction="in"/><arg type="i" direction="in"/></method>
   <method name="Scroll"><arg type="i" direction="in"/><arg type="s" direction="in"/></method>
+  <method name="ProvideXdgActivationToken"><arg type="s" direction="in"/></method>
   <signal name="NewTitle"/>
   <signal name="NewIcon"/>
   <signal name="NewToolTip"/>
@@ -67,17 +69,18 @@ struct StatusNotifierItem::OnBus {
 
   static void called(GDBusConnection*, const char*, const char*, const char*, const char*,
                      GVariant* arguments, GDBusMethodInvocation* invocation, void* self) {
-    const auto activated = item(self).activated_;
-    int x = 0;
-    int y = 0;
-    const bool isActivation = g_variant_is_of_type(arguments, G_VARIANT_TYPE("(ii)")) != 0;
-    if (isActivation) {
-      g_variant_get(arguments, "(ii)", &x, &y);
+    // Scrolling has arguments of other types, and means nothing.
+    if (g_variant_is_of_type(arguments, G_VARIANT_TYPE("(s)")) != 0) {
+      const char* token = nullptr;
+      g_variant_get(arguments, "(&s)", &token);
+      item(self).token_ = token;
+    } else if (g_variant_is_of_type(arguments, G_VARIANT_TYPE("(ii)")) != 0) {
+      TrayActivation activation;
+      g_variant_get(arguments, "(ii)", &activation.x, &activation.y);
+      activation.token = std::exchange(item(self).token_, {});
+      item(self).activated_(activation);
     }
     g_dbus_method_invocation_return_value(invocation, nullptr);
-    if (isActivation) {
-      activated(x, y);
-    }
   }
 
   static GVariant* asked(GDBusConnection*, const char*, const char*, const char*, const char* name,
@@ -160,6 +163,7 @@ void StatusNotifierItem::connected(GDBusConnection* bus) {
 void StatusNotifierItem::disconnected() {
   if (bus_ != nullptr) {
     g_cancellable_cancel(cancellable_.get());
+    patience_.reset();
     g_bus_unwatch_name(watcher_);
     g_bus_unown_name(ownedName_);
     g_dbus_connection_signal_unsubscribe(bus_, hostSignal_);
@@ -172,10 +176,24 @@ void StatusNotifierItem::disconnected() {
 void StatusNotifierItem::registerWith(const char* watcher) {
   g_dbus_connection_call(bus_, watcher, watcherPath, watcherName, "RegisterStatusNotifierItem",
                          g_variant_new("(s)", name_.c_str()), nullptr, G_DBUS_CALL_FLAGS_NONE,
-                         watcherPatience, cancellable_.get(), OnBus::watcherAnswered, this);
+                         G_MAXINT, cancellable_.get(), OnBus::watcherAnswered, this);
+  // A busy desktop may answer late: then the item is shown late, and elsewhere in the meantime.
+  patience_.reset(g_timeout_source_new(watcherPatience));
+  const auto elapsed = [](void* self) -> int {
+    static_cast<StatusNotifierItem*>(self)->notShownYet();
+    return G_SOURCE_REMOVE;
+  };
+  g_source_set_callback(patience_.get(), elapsed, this, nullptr);
+  g_source_attach(patience_.get(), g_main_context_get_thread_default());
+}
+
+void StatusNotifierItem::notShownYet() {
+  log::info("the desktop's tray does not answer");
+  setShown(false);
 }
 
 void StatusNotifierItem::registered(bool accepted) {
+  patience_.reset();
   if (!accepted) {
     log::warning("the desktop's tray does not take the item");
     setShown(false);
@@ -188,8 +206,9 @@ void StatusNotifierItem::registered(bool accepted) {
 void StatusNotifierItem::askForHost() {
   g_dbus_connection_call(bus_, watcherName, watcherPath, "org.freedesktop.DBus.Properties", "Get",
                          g_variant_new("(ss)", watcherName, "IsStatusNotifierHostRegistered"),
-                         G_VARIANT_TYPE("(v)"), G_DBUS_CALL_FLAGS_NO_AUTO_START, watcherPatience,
-                         cancellable_.get(), OnBus::hostAnswered, this);
+                         G_VARIANT_TYPE("(v)"), G_DBUS_CALL_FLAGS_NO_AUTO_START,
+                         static_cast<int>(watcherPatience), cancellable_.get(), OnBus::hostAnswered,
+                         this);
 }
 
 void StatusNotifierItem::setShown(bool shown) {

@@ -27,10 +27,10 @@ class StatusNotifierItem : public DesktopBus::Client {
  private:
   struct OnBus;  // what GIO calls
 
-  void offer();
   void registerWith(const char* watcher);
   void registered(bool accepted);
   void askForHost();
+  void notShownYet();
   void setShown(bool shown);
   void emit(const char* signal) const;
   GVariant* property(std::string_view name) const;
@@ -43,10 +43,12 @@ class StatusNotifierItem : public DesktopBus::Client {
 
   std::string toolTip_;
   std::optional<bool> shown_;
+  std::string token_;  // for the next activation
 
   // While connected.
   GDBusConnection* bus_ = nullptr;
   GObjectPointer<GCancellable> cancellable_;
+  GLibPointer<GSource> patience_;
   unsigned object_ = 0;
   unsigned ownedName_ = 0;
   unsigned watcher_ = 0;

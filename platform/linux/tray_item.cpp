@@ -9,6 +9,10 @@ TrayItem::TrayItem(const TrayLook& look, TrayActivated activated, bool onX11)
       notifier_(std::make_shared<StatusNotifierItem>(
           look, activated_, [this](bool shown) { notifierChanged(shown); })) {}
 
+bool TrayItem::isShown() const {
+  return notifierShown_ || (legacy_ && legacy_->isShown());
+}
+
 void TrayItem::end() {
   ended_ = true;
   legacy_.reset();
@@ -18,6 +22,7 @@ void TrayItem::notifierChanged(bool shown) {
   if (ended_) {
     return;
   }
+  notifierShown_ = shown;
   if (shown) {
     legacy_.reset();
   } else if (onX11_ && !legacy_) {

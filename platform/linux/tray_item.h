@@ -18,6 +18,8 @@ class TrayItem {
   // What the bus is to know of it.
   std::shared_ptr<DesktopBus::Client> client() { return notifier_; }
   void setToolTip(std::string text) { notifier_->setToolTip(std::move(text)); }
+  // Whether a tray shows the item now.
+  bool isShown() const;
   // Ends everything but the client.
   void end();
 
@@ -28,6 +30,7 @@ class TrayItem {
   const TrayActivated activated_;
   const bool onX11_;
   bool ended_ = false;
+  bool notifierShown_ = false;
   std::shared_ptr<StatusNotifierItem> notifier_;
   std::unique_ptr<X11TrayItem> legacy_;
 };

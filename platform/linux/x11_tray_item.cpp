@@ -273,8 +273,9 @@ void X11TrayItem::draw() {
 void X11TrayItem::pressed(const xcb_button_press_event_t& event) {
   constexpr xcb_button_t lastButton = 3;  // the others are the wheel's
   if (event.detail <= lastButton) {
-    activated_(event.root_x - event.event_x + width_ / 2,
-               event.root_y - event.event_y + height_ / 2);
+    activated_({event.root_x - event.event_x + width_ / 2,
+                event.root_y - event.event_y + height_ / 2,
+                {}});
   }
 }
 

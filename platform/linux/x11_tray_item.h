@@ -21,6 +21,8 @@ class X11TrayItem {
   X11TrayItem(const X11TrayItem&) = delete;
   X11TrayItem& operator=(const X11TrayItem&) = delete;
 
+  bool isShown() const { return window_ != XCB_WINDOW_NONE; }
+
  private:
   struct Atoms {
     xcb_atom_t tray, manager, opcode, visual, embedInfo, name, utf8;

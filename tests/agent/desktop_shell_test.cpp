@@ -7,10 +7,12 @@
 #include <QGuiApplication>
 #include <QThread>
 
+#include "agent/pairing/keychain_paired_device_store.h"
 #include "agent/shell/tray_icon.h"
 #include "platform/main_thread.h"
 #include "tests/platform/x_server.h"
 #include "tests/support/session_bus.h"
+#include "tests/support/status_notifier_watcher.h"
 #include "tests/support/test_agent.h"
 #include "tests/support/turn_until.h"
 
@@ -18,29 +20,37 @@ namespace glintboard {
 namespace {
 
 using namespace std::chrono_literals;
+using test::StatusNotifierWatcher;
 using test::turnUntil;
 
 struct RecordingMenu : MenuPresenter {
   void toggle(std::optional<QPoint> anchor) override {
     ++toggled;
     lastAnchor = anchor;
+    lastToken = qgetenv("XDG_ACTIVATION_TOKEN");
   }
-  void show() override {}
+  void show() override { ++shown; }
 
   int toggled = 0;
+  int shown = 0;
+  QByteArray lastToken;
   std::optional<QPoint> lastAnchor;
 };
 
 // The agent's shell on a desktop of Qt's platform `platform`.
 class Shell {
  public:
-  explicit Shell(const char* platform) : arguments_{"test", "-platform", platform} {
+  explicit Shell(const char* platform, bool paired = false)
+      : arguments_{"test", "-platform", platform} {
     for (auto& argument : arguments_) {
       argv_.push_back(argument.data());
     }
     application_.emplace(count_, argv_.data());
     mainThread_.emplace();
     agent.emplace();
+    if (paired) {
+      KeychainPairedDeviceStore(agent->keychain).save({{randomUuid(), "Phone", {"token"}, {}}});
+    }
     viewModel_.emplace(mainThread_->executor(), agent->environment(), agent->deckStore);
     shell_.emplace(*viewModel_, menu);
   }
@@ -52,6 +62,13 @@ class Shell {
     settle();
     viewModel_.reset();
     settle();
+  }
+
+  // Whether the menu of an agent that was started without it opens.
+  bool opensUnasked() {
+    menu.shown = 0;
+    shell_->startInBackground(0ms);
+    return turnUntil([&] { return menu.shown == 1; }, 300ms);
   }
 
   RecordingMenu menu;
@@ -78,67 +95,53 @@ class Shell {
   std::optional<DesktopShell> shell_;
 };
 
-// A StatusNotifier tray.
-class Watcher {
- public:
-  Watcher()
-      : process_({"sh", "-c",
-                  "exec /usr/bin/python3 " GLINTBOARD_TEST_SUPPORT "/status_notifier_watcher.py >" +
-                      items_.string()}) {}
-
-  // The name of the item that has registered, or empty.
-  std::string item() const {
-    std::string name;
-    std::getline(std::ifstream(items_), name);
-    return name;
-  }
-
- private:
-  test::TemporaryFolder folder_;
-  std::filesystem::path items_ = folder_ / "items";
-  test::ChildProcess process_;
-};
-
-std::string call(const std::string& item, const std::string& method) {
-  return test::outputOf("gdbus call --session --timeout 5 --dest " + item +
-                        " --object-path /StatusNotifierItem --method " + method + " 2>&1");
-}
-
-std::string property(const std::string& item, const std::string& name) {
-  return call(item, "org.freedesktop.DBus.Properties.Get org.kde.StatusNotifierItem " + name);
-}
-
 TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
   const test::SessionBus bus;
   Shell shell("offscreen");
-  std::optional<Watcher> tray(std::in_place);
+  EXPECT_TRUE(turnUntil([&] { return shell.opensUnasked(); })) << "nothing shows the item";
+  std::optional<StatusNotifierWatcher> tray(std::in_place);
   ASSERT_TRUE(turnUntil([&] { return !tray->item().empty(); }));
   const auto item = tray->item();
-  EXPECT_EQ(property(item, "Title"), "(<'Glintboard Agent'>,)\n");
-  EXPECT_EQ(property(item, "ItemIsMenu"), "(<false>,)\n");
-  EXPECT_EQ(property(item, "IconName"), "(<''>,)\n") << "it is installed nowhere";
-  EXPECT_EQ(property(item, "IconPixmap").substr(0, 22), "(<[(16, 16, [byte 0x34");
+  EXPECT_EQ(tray->property("Title"), "(<'Glintboard Agent'>,)\n");
+  EXPECT_EQ(tray->property("ItemIsMenu"), "(<false>,)\n");
+  EXPECT_EQ(tray->property("IconName"), "(<''>,)\n") << "it is installed nowhere";
+  EXPECT_EQ(tray->property("IconPixmap").substr(0, 22), "(<[(16, 16, [byte 0x34");
+  EXPECT_TRUE(turnUntil(
+      [&] { return tray->property("ToolTip").find("'Ready for iPhone'") != std::string::npos; }));
+  EXPECT_FALSE(shell.opensUnasked());
 
-  call(item, "org.kde.StatusNotifierItem.Activate 30 40");
+  tray->call("org.kde.StatusNotifierItem.ProvideXdgActivationToken granted");
+  tray->call("org.kde.StatusNotifierItem.Activate 30 40");
   EXPECT_TRUE(turnUntil([&] { return shell.menu.toggled == 1; }));
   EXPECT_EQ(shell.menu.lastAnchor, QPoint(30, 40));
-  call(item, "org.kde.StatusNotifierItem.ContextMenu 0 0");
+  EXPECT_EQ(shell.menu.lastToken, "granted");
+  tray->call("org.kde.StatusNotifierItem.ContextMenu 0 0");
   EXPECT_TRUE(turnUntil([&] { return shell.menu.toggled == 2; }));
   EXPECT_EQ(shell.menu.lastAnchor, std::nullopt);
+  EXPECT_EQ(shell.menu.lastToken, "");
 
   tray.reset();
+  EXPECT_TRUE(turnUntil([&] { return shell.opensUnasked(); }));
   tray.emplace();
   EXPECT_TRUE(turnUntil([&] { return tray->item() == item; }));
 }
 
-TEST(DesktopShellTest, TheToolTipTellsTheStatus) {
+TEST(DesktopShellTest, ATrayMayAnswerLate) {
   const test::SessionBus bus;
-  const Watcher tray;
+  const StatusNotifierWatcher tray(true);
   Shell shell("offscreen");
   ASSERT_TRUE(turnUntil([&] { return !tray.item().empty(); }));
-  EXPECT_TRUE(turnUntil([&] {
-    return property(tray.item(), "ToolTip").find("'Ready for iPhone'") != std::string::npos;
-  }));
+  turnUntil([] { return false; }, 2500ms);
+  EXPECT_TRUE(shell.opensUnasked()) << "for now there is none";
+  tray.answer();
+  EXPECT_TRUE(turnUntil([&] { return !shell.opensUnasked(); }));
+}
+
+TEST(DesktopShellTest, WhoHasPairedAPhoneIsNotAskedToDoSo) {
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
+  Shell shell("offscreen", true);
+  turnUntil([] { return false; }, 200ms);
+  EXPECT_FALSE(shell.opensUnasked());
 }
 
 TEST(DesktopShellTest, ABusThatHangsHoldsUpNothing) {

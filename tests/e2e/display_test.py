@@ -99,6 +99,7 @@ class Display(DesktopTest):
         eventually(lambda: self.has_display(second), "Windows")
         time.sleep(0.5)
         self.assertFalse(self.menu_is_open(), "it was started in the background")
+        eventually(self.menu_is_open, "The menu, for nothing else shows an agent without a phone")
         self.assertEqual(second.end(signal.SIGTERM)[0], 0)
 
 

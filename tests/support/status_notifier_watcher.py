@@ -1,4 +1,10 @@
-"""A tray's half of the StatusNotifier protocol: takes items, and says so on standard output."""
+"""A tray's half of the StatusNotifier protocol: takes items, and says so on standard output.
+
+With "late" as its argument it answers them when SIGUSR1 comes.
+"""
+
+import signal
+import sys
 
 from gi.repository import Gio, GLib
 
@@ -11,8 +17,19 @@ INTERFACE = Gio.DBusNodeInfo.new_for_xml(f"""<node><interface name="{NAME}">
 
 def register(_bus, _sender, _path, _interface, _method, arguments, invocation):
     print(arguments[0], flush=True)
-    invocation.return_value(None)
+    waiting.append(invocation)
+    if "late" not in sys.argv:
+        answer()
 
+
+def answer():
+    while waiting:
+        waiting.pop().return_value(None)
+    return GLib.SOURCE_CONTINUE
+
+
+waiting = []
+GLib.unix_signal_add(GLib.PRIORITY_DEFAULT, signal.SIGUSR1, answer)
 
 bus = Gio.bus_get_sync(Gio.BusType.SESSION)
 bus.register_object("/StatusNotifierWatcher", INTERFACE, register,
