@@ -99,12 +99,14 @@ Awaitable<> AgentViewModel::refreshLoop(QPointer<AgentViewModel> viewModel,
 
 Awaitable<> AgentViewModel::refresh() {
   const QPointer<AgentViewModel> self(this);  // may be gone when a service has answered
-  // Taken over before anything else is awaited: a command done meanwhile must not be undone.
+  const int commands = pairingCommands_;
   const PairingState pairing = co_await services_.pairingService().state();
   if (!self) {
     co_return;
   }
-  setPairing(pairing);
+  if (commands == pairingCommands_) {
+    setPairing(pairing);  // else it may tell of what was before the command, which refreshes itself
+  }
   const ListenerState listener = co_await services_.listenerService().state();
   if (!self) {
     co_return;
@@ -192,12 +194,14 @@ Awaitable<> AgentViewModel::attemptAutomaticRecoveryIfNeeded() {
 
 Awaitable<> AgentViewModel::showPairingCode() {
   co_await services_.pairingService().beginReplacementPairing();
+  ++pairingCommands_;
   set(isShowingPairingCode_, true, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }
 
 Awaitable<> AgentViewModel::hidePairingCode() {
   co_await services_.pairingService().endReplacementPairing();
+  ++pairingCommands_;
   set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }
@@ -209,6 +213,7 @@ Awaitable<> AgentViewModel::unpair() {
     // The phone is forgotten all the same.
     log::warning("unpairing: ", error.what());
   }
+  ++pairingCommands_;
   set(isShowingPairingCode_, false, &AgentViewModel::isShowingPairingCodeChanged);
   co_await refresh();
 }

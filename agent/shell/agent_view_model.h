@@ -101,6 +101,7 @@ class AgentViewModel : public QObject {
   bool hasConnectedPhone_ = false;
   QString shortcutCoachMessage_;
   bool isShowingPairingCode_ = false;
+  int pairingCommands_ = 0;  // carried out so far
 
   std::shared_ptr<bool> refreshTask_;  // set to false, it ends the loop
   std::optional<std::chrono::steady_clock::time_point> lastRecoveryAttempt_;
