@@ -1,6 +1,5 @@
 #include "agent/shell/agent_view_model.h"
 
-#include <QPointer>
 #include <QStringList>
 
 #include "agent/language/error_text.h"
