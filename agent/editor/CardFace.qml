@@ -128,9 +128,9 @@ Rectangle {
         x: Look.Gap12
         width: parent.width - 2 * Look.Gap12
         // Two lines of it, since it is no name of the user's.
-        height: 20 * Math.min(1.4, Look.textScale)
+        height: 22 * Math.min(1.4, Look.textScale)
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 6
+        anchors.bottomMargin: 4
         visible: face.subtitle !== ""
         text: face.subtitle
         font: Look.fonts.ui(Look.Caption2)

@@ -14,11 +14,14 @@ from desktop import SLOWNESS, DesktopTest, eventually
 
 class Display(DesktopTest):
     def start_x_server(self):
-        """Where the sockets of the user's own servers are out of its reach."""
+        """Where the sockets of the user's own servers are out of its reach.
+
+        It is not to start afresh, and to refuse connections meanwhile, when its last client leaves.
+        """
         reader, writer = os.pipe()
         server = subprocess.Popen(
             ["unshare", "--mount", "sh", "-c", "mount -t tmpfs tmpfs /tmp && "
-             f"exec Xvfb -displayfd {writer} -screen 0 640x480x24 -nolisten tcp"],
+             f"exec Xvfb -noreset -displayfd {writer} -screen 0 640x480x24 -nolisten tcp"],
             pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
         with open(reader, encoding="ascii") as numbers:
