@@ -16,10 +16,10 @@ constexpr double roundness = 3.5;  // of a key: its side by its corners' radius
 
 // The places of the keys in a square of `size` pixels: in two rows, every edge between two pixels.
 std::array<QRectF, 4> keysIn(int size) {
-  const int gap = std::max(2, size / 11);
-  const int key = (size - size / 20 - gap) / 2;
-  const int margin = (size - 2 * key - gap) / 2;
-  const int next = margin + key + gap;
+  const int between = std::max(2, size / 11);
+  const int key = (size - size / 20 - between) / 2;
+  const int margin = (size - 2 * key - between) / 2;
+  const int next = margin + key + between;
   return {QRectF(margin, margin, key, key), QRectF(next, margin, key, key),
           QRectF(margin, next, key, key), QRectF(next, next, key, key)};
 }
