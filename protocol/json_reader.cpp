@@ -19,13 +19,16 @@ std::optional<Number> numberOf(std::string_view text) {
 
 bool JsonReader::read(std::string& output) {
   std::string_view text;
-  const bool isText = scanner_.takeString(text);
+  if (!scanner_.takeString(text)) {
+    output.clear();
+    return refuse("not a text");
+  }
   if (output.size() == text.size()) {  // as when the same is read again
     std::memcpy(output.data(), text.data(), text.size());
   } else {
     output = text;
   }
-  return isText || refuse("not a text");
+  return true;
 }
 
 bool JsonReader::read(std::int64_t& output) {
