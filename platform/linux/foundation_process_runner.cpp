@@ -152,7 +152,13 @@ Awaitable<ProcessRunResult> runToEnd(asio::any_io_executor loop, std::string exe
   }
   result.stdoutText = finish(run->output);
   result.stderrText = finish(run->errors);
-  result.exitCode = reapProcess(run->group);
+  // Its descriptor may tell of the end a moment before the system has it to give.
+  auto exitCode = reapProcess(run->group);
+  while (!exitCode) {
+    co_await sleepFor(std::chrono::milliseconds(5));
+    exitCode = reapProcess(run->group);
+  }
+  result.exitCode = *exitCode;
   if (result.timedOut && ::kill(-run->group, 0) == 0) {
     spawn(loop, killGroupAt(run->group, graceEnd), "end of a process group");
   }

@@ -117,12 +117,13 @@ void killProcess(pid_t id) {
   ::waitpid(id, nullptr, 0);
 }
 
-std::int32_t reapProcess(pid_t id) {
+std::optional<std::int32_t> reapProcess(pid_t id) {
   siginfo_t status{};
-  errno = 0;
-  if (::waitid(P_PID, static_cast<id_t>(id), &status, WEXITED | WNOHANG) != 0 ||
-      status.si_pid != id) {
+  if (::waitid(P_PID, static_cast<id_t>(id), &status, WEXITED | WNOHANG) != 0) {
     throw std::system_error(errno, std::generic_category(), "The end of a program is not known");
+  }
+  if (status.si_pid != id) {
+    return std::nullopt;
   }
   return status.si_code == CLD_EXITED ? status.si_status : 128 + status.si_status;
 }

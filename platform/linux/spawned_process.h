@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,7 @@ SpawnedProcess spawnProcess(const std::string& executable,
 void killProcess(pid_t id);
 
 // Collects a child process that has ended: its exit code, or 128 + n after signal n. Throws
-// std::system_error when the system does not tell.
-std::int32_t reapProcess(pid_t id);
+// std::system_error when the system does not tell; none while it has not ended.
+std::optional<std::int32_t> reapProcess(pid_t id);
 
 }  // namespace glintboard

@@ -71,9 +71,7 @@ class Day:
             await asyncio.to_thread(act)
             self.done[act.__name__] += 1
         await asyncio.gather(*phones, self.stranger())
-        # A child of the thread sanitizer's agent was once seen to stay; why is not known.
-        if SLOWNESS == 1:
-            eventually(lambda: not self.agent.children(), "The end of all children")
+        eventually(lambda: not self.agent.children(), "The end of all children")
         eventually(lambda: self.agent.connections() == 0, "The end of all connections")
         self.held.append(self.agent.held())
 
