@@ -13,7 +13,6 @@
 namespace glintboard {
 namespace {
 
-using State = StoredDecks::State;
 using Clock = std::chrono::steady_clock;
 
 // What the agent itself could not write is not tried again with the next ping.
@@ -21,7 +20,7 @@ constexpr auto writePause = std::chrono::seconds(30);
 
 // Whether the phone can be served from what is stored.
 bool isComplete(const StoredDecks& stored) {
-  return stored.state == State::present &&
+  return stored.state == StoredDecks::State::present &&
          stored.decks.size() >= DeckTemplates::categoryOrder.size();
 }
 
@@ -137,7 +136,7 @@ Awaitable<DeckTemplate> DeckStore::store(DeckCategoryID category, DeckTemplate d
   co_await migratedDecks(workspace);
   const auto guard = co_await changes_.acquire();
   const StoredDecks& stored = reader_.read();
-  if (stored.state == State::unavailable) {
+  if (stored.state == StoredDecks::State::unavailable) {
     // The other decks cannot be kept if they cannot be read.
     throw std::system_error(stored.error, storageURL().string());
   }
@@ -148,7 +147,7 @@ Awaitable<DeckTemplate> DeckStore::store(DeckCategoryID category, DeckTemplate d
   }
   *place = DeckRules::validated(deck);
   DeckTemplate result = *place;
-  co_await writeDecks(std::move(decks), stored.state == State::unusable);
+  co_await writeDecks(std::move(decks), stored.state == StoredDecks::State::unusable);
   co_return result;
 }
 
@@ -212,11 +211,11 @@ std::optional<std::vector<std::string>> DeckStore::runningDeckBundleIdsNow(
 Awaitable<DeckStore::Decks> DeckStore::servedDecks(const WorkspaceClient& workspace) {
   const auto mayWrite = [this] { return Clock::now() >= nextWrite_; };
   const auto* stored = &reader_.read();
-  if (stored->state == State::absent && mayWrite()) {
+  if (stored->state == StoredDecks::State::absent && mayWrite()) {
     stored = co_await migratedDecks(workspace);
   }
   reportUnavailable(*stored);
-  if (stored->state == State::unavailable || isComplete(*stored)) {
+  if (stored->state == StoredDecks::State::unavailable || isComplete(*stored)) {
     co_return DeckRules::normalizedDecks(stored->decks, workspace);
   }
   if (mayWrite()) {
@@ -226,7 +225,7 @@ Awaitable<DeckStore::Decks> DeckStore::servedDecks(const WorkspaceClient& worksp
 }
 
 void DeckStore::reportUnavailable(const StoredDecks& stored) {
-  const bool isUnavailable = stored.state == State::unavailable;
+  const bool isUnavailable = stored.state == StoredDecks::State::unavailable;
   if (std::exchange(wasUnavailable_, isUnavailable) != isUnavailable && isUnavailable) {
     log::warning("the built-in decks are served, ", reader_.path().string(),
                  " cannot be read: ", stored.error.message());
@@ -235,7 +234,7 @@ void DeckStore::reportUnavailable(const StoredDecks& stored) {
 
 Awaitable<const StoredDecks*> DeckStore::migratedDecks(const WorkspaceClient& workspace) {
   const auto* stored = &reader_.read();
-  if (stored->state == State::absent) {
+  if (stored->state == StoredDecks::State::absent) {
     co_await migrateLegacyIfNeeded(workspace);
     stored = &reader_.read();
   }
@@ -244,7 +243,7 @@ Awaitable<const StoredDecks*> DeckStore::migratedDecks(const WorkspaceClient& wo
 
 Awaitable<> DeckStore::migrateLegacyIfNeeded(const WorkspaceClient& workspace) {
   const auto guard = co_await changes_.acquire();
-  if (reader_.read().state != State::absent) {
+  if (reader_.read().state != StoredDecks::State::absent) {
     co_return;  // made while this waited
   }
   try {
@@ -268,11 +267,12 @@ Awaitable<> DeckStore::migrateLegacyIfNeeded(const WorkspaceClient& workspace) {
 Awaitable<> DeckStore::replaceUnusableFile(const WorkspaceClient& workspace) {
   const auto guard = co_await changes_.acquire();
   const StoredDecks& stored = reader_.read();
-  if (stored.state == State::unavailable || isComplete(stored)) {
+  if (stored.state == StoredDecks::State::unavailable || isComplete(stored)) {
     co_return;
   }
   try {
-    co_await writeDecks(DeckRules::defaultDecks(workspace), stored.state != State::absent);
+    co_await writeDecks(DeckRules::defaultDecks(workspace),
+                        stored.state != StoredDecks::State::absent);
   } catch (const std::exception& error) {
     log::warning("the decks file was not replaced: ", error.what());
     nextWrite_ = Clock::now() + writePause;

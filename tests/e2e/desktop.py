@@ -355,6 +355,8 @@ class Desktop:
                    f'[ "$1" = run ] || exit 64\ncase "$2" in\n{cases}\nesac\n', 0o755)
 
     def start_bus(self):
+        # What a killed bus left is no sign of the new one.
+        (self.runtime / "bus").unlink(missing_ok=True)
         bus = self.start(PARTS / "bus", "session", self.runtime / "bus")
         eventually((self.runtime / "bus").exists, "The session bus")
         return bus
