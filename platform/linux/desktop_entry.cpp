@@ -43,11 +43,11 @@ std::vector<std::string> commandOf(const std::string& exec) {
   return command;
 }
 
-// In the user's language, or `fallback` where the file lacks it.
+// In the user's language, or `fallback` where the file lacks it or says nothing.
 std::string localText(GKeyFile* file, const char* group, const char* key,
                       std::string fallback = "") {
   const GLibPointer<char> text(g_key_file_get_locale_string(file, group, key, nullptr, nullptr));
-  return text ? text.get() : std::move(fallback);
+  return text && *text != '\0' ? text.get() : std::move(fallback);
 }
 
 std::vector<DesktopEntry::Action> actionsOf(GKeyFile* file) {
