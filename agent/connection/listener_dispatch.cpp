@@ -23,7 +23,7 @@ constexpr std::size_t iconsAtOnce = 8;
 constexpr std::size_t maxIconKeys = 256;
 
 std::string unauthorizedMessage() {
-  return "Missing or invalid " + std::string(GlintboardService::authHeaderName) + " header";
+  return std::string("Missing or invalid ").append(GlintboardService::authHeaderName) + " header";
 }
 
 std::string shortcutsHint() {
