@@ -149,14 +149,16 @@ bool ListenerService::isPaired(const std::optional<std::string>& token) {
   return token && !token->empty() && parts_.pairingService.isPaired(*token).value_or(false);
 }
 
-std::optional<std::string> ListenerService::answerAtOnce(const Parser::ParsedMessage& parsed) {
+std::optional<std::string> ListenerService::answerAtOnce(
+    const Parser::ParsedMessage& parsed, std::optional<std::vector<std::string>>& running) {
   const auto* ping = std::get_if<WireMessage<PingPayload>>(&parsed);
   if (ping == nullptr) {
     return std::nullopt;
   }
-  auto running = parts_.deckStore.runningDeckBundleIdsNow(parts_.workspace);
-  return running ? std::optional(WireCodec::encodeString(pongTo(*ping, std::move(*running))))
-                 : std::nullopt;
+  if (!running) {
+    running = parts_.deckStore.runningDeckBundleIdsNow(parts_.workspace);
+  }
+  return running ? std::optional(WireCodec::encodeString(pongTo(*ping, *running))) : std::nullopt;
 }
 
 Awaitable<Replies> ListenerService::answer(Parser::ParsedMessage parsed, std::string message,

@@ -207,9 +207,12 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
 
 Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
                                              std::optional<std::string> token, bool wasPaired) {
+  // As of the messages that came together.
+  std::optional<std::vector<std::string>> running;
   for (;;) {
     auto message = connection->received();
     if (!message) {
+      running.reset();
       message = co_await connection->receive();
     }
     if (!message) {
@@ -225,6 +228,7 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     }
     std::optional<AsyncLock::Guard> turn;
     if (!paired) {
+      running.reset();
       connection->flush();
       auto taken = co_await strangersTurn_.acquire();
       turn.emplace(std::move(taken));
@@ -233,12 +237,14 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     if (!parsed) {
       continue;
     }
-    if (auto reply = paired ? answerAtOnce(*parsed) : std::nullopt) {
+    if (auto reply = paired ? answerAtOnce(*parsed, running) : std::nullopt) {
       if (!connection->sendNow(*reply)) {
+        running.reset();
         co_await connection->send(std::move(*reply));
       }
       continue;
     }
+    running.reset();
     connection->flush();
     auto replies = co_await answer(std::move(*parsed), std::move(*message), token, std::move(turn));
     for (auto& reply : replies) {

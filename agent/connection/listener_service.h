@@ -132,7 +132,10 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
                                              std::string message, std::optional<std::string> token,
                                              std::optional<AsyncLock::Guard> turn);
   // The pong to a paired phone's ping, the most frequent of messages, if it can be given at once.
-  std::optional<std::string> answerAtOnce(const WireMessageParser::ParsedMessage& parsed);
+  // Pings that came together are answered from one look at decks and applications, which `running`
+  // keeps.
+  std::optional<std::string> answerAtOnce(const WireMessageParser::ParsedMessage& parsed,
+                                          std::optional<std::vector<std::string>>& running);
   // As far as is known at once.
   bool isPaired(const std::optional<std::string>& token);
   Awaitable<std::optional<PairedDevice>> device(const std::optional<std::string>& token);

@@ -26,14 +26,17 @@ class ApplicationIcons {
       : index_(std::move(index)), lookup_(folders) {}
 
   std::optional<ContentModification> contentModification(const ApplicationLocation& location) {
-    struct stat status{};
-    if (::stat(location.path.c_str(), &status) != 0) {
+    // The index reads an entry anew when it changes.
+    const auto installed = index_->current();
+    const auto* entry = installed->atPath(location.path);
+    if (entry == nullptr) {
       return std::nullopt;
     }
+    struct stat status{};
     ContentModification modification;
-    modification.entryModified = modifiedAt(status);
-    modification.iconFile = fileOf(location);
-    if (::stat(modification.iconFile.c_str(), &status) == 0) {
+    modification.entryModified = entry->modified;
+    modification.iconFile = fileOf(*entry, status);
+    if (!modification.iconFile.empty()) {
       modification.iconModified = modifiedAt(status);
       modification.iconInode = status.st_ino;
     }
@@ -41,18 +44,19 @@ class ApplicationIcons {
   }
 
   QImage image(const ApplicationLocation& location, int side) {
-    const auto own = drawIcon(fileOf(location), side);
+    const auto installed = index_->current();
+    const auto* entry = installed->atPath(location.path);
+    struct stat ignored{};
+    const auto own = entry == nullptr ? QImage() : drawIcon(fileOf(*entry, ignored), side);
     return own.isNull() ? drawIcon(lookup_.find(genericIcon), side) : own;
   }
 
  private:
   static constexpr const char* genericIcon = "application-x-executable";
 
-  std::filesystem::path fileOf(const ApplicationLocation& location) {
-    const auto installed = index_->current();
-    const auto* entry = installed->atPath(location.path);
-    auto file = entry == nullptr ? std::filesystem::path() : lookup_.find(entry->icon);
-    return file.empty() ? lookup_.find(genericIcon) : file;
+  std::filesystem::path fileOf(const DesktopEntry& entry, struct stat& status) {
+    auto file = lookup_.find(entry.icon, status);
+    return file.empty() ? lookup_.find(genericIcon, status) : file;
   }
 
   std::shared_ptr<const ApplicationIndex> index_;

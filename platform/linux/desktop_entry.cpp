@@ -43,11 +43,11 @@ std::vector<std::string> commandOf(const std::string& exec) {
   return command;
 }
 
-// In the user's language, or `fallback` where the file lacks it or says nothing.
+// In the user's language, or `fallback` where the file lacks it.
 std::string localText(GKeyFile* file, const char* group, const char* key,
                       std::string fallback = "") {
   const GLibPointer<char> text(g_key_file_get_locale_string(file, group, key, nullptr, nullptr));
-  return text && *text != '\0' ? text.get() : std::move(fallback);
+  return text ? text.get() : std::move(fallback);
 }
 
 std::vector<DesktopEntry::Action> actionsOf(GKeyFile* file) {
@@ -68,6 +68,8 @@ std::vector<DesktopEntry::Action> actionsOf(GKeyFile* file) {
 }  // namespace
 
 std::optional<DesktopEntry> readDesktopEntry(const std::filesystem::path& path, std::string id) {
+  std::error_code unknown;
+  const auto modified = std::filesystem::last_write_time(path, unknown);
   const auto file = loadKeyFile(path);
   if (!file || textOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_TYPE) !=
                    G_KEY_FILE_DESKTOP_TYPE_APPLICATION) {
@@ -76,6 +78,7 @@ std::optional<DesktopEntry> readDesktopEntry(const std::filesystem::path& path, 
   DesktopEntry entry;
   entry.id = std::move(id);
   entry.path = path;
+  entry.modified = modified;
   entry.name = localText(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_NAME, path.stem().string());
   entry.icon = localText(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_ICON);
   entry.command = commandOf(textOf(file.get(), entryGroup, G_KEY_FILE_DESKTOP_KEY_EXEC));

@@ -21,6 +21,8 @@ struct DesktopEntry {
   // The desktop file id without ".desktop".
   std::string id;
   std::filesystem::path path;
+  // When the file was changed, as it was read.
+  std::filesystem::file_time_type modified;
   // In the user's language; the file's name without its extension where it has none.
   std::string name;
   // A file or a name to look up in the icon theme; may be empty.

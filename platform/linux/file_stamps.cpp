@@ -1,21 +1,26 @@
 #include "platform/linux/file_stamps.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace glintboard {
 
 bool FileStamps::note(const std::filesystem::path& path) {
   const auto [noted, isNew] = stamps_.try_emplace(path);
   if (isNew) {
+    // Modification times are those of a clock that moves on every few milliseconds.
+    constexpr std::chrono::milliseconds moment{100};
     noted->second = stampOf(path);
+    settled_ = settled_ && (!noted->second || std::chrono::abs(Stamp::value_type::clock::now() -
+                                                               *noted->second) > moment);
   }
   return noted->second.has_value();
 }
 
 bool FileStamps::unchanged() const {
-  return !stamps_.empty() && std::all_of(stamps_.begin(), stamps_.end(), [](const auto& noted) {
-    return stampOf(noted.first) == noted.second;
-  });
+  return settled_ && !stamps_.empty() &&
+         std::all_of(stamps_.begin(), stamps_.end(),
+                     [](const auto& noted) { return stampOf(noted.first) == noted.second; });
 }
 
 FileStamps::Stamp FileStamps::stampOf(const std::filesystem::path& path) {

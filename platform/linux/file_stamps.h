@@ -10,9 +10,11 @@ namespace glintboard {
 class FileStamps {
  public:
   // Remembers the modification time of `path`, or that there is nothing. Returns whether there is
-  // something. Call it before reading the file or folder.
+  // something. Call it before reading the file or folder, or a moment after.
   bool note(const std::filesystem::path& path);
-  // Whether all that was noted is still so; false when nothing was noted. Blocks on the disk.
+  // Whether all that was noted is still so; false when nothing was noted, and when something had
+  // been modified so shortly before it was noted that its time need not tell of the next change.
+  // Blocks on the disk.
   bool unchanged() const;
 
  private:
@@ -20,6 +22,7 @@ class FileStamps {
   static Stamp stampOf(const std::filesystem::path& path);
 
   std::map<std::filesystem::path, Stamp> stamps_;
+  bool settled_ = true;
 };
 
 }  // namespace glintboard

@@ -18,9 +18,8 @@ std::vector<fs::path> iconBases(const XdgFolders& folders) {
   return bases;
 }
 
-bool isFile(const fs::path& path) {
-  std::error_code ignored;
-  return fs::is_regular_file(path, ignored);
+bool isFile(const fs::path& path, struct stat& status) {
+  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 }  // namespace
@@ -28,9 +27,9 @@ bool isFile(const fs::path& path) {
 IconLookup::IconLookup(XdgFolders folders)
     : folders_(std::move(folders)), bases_(iconBases(folders_)) {}
 
-fs::path IconLookup::find(const std::string& icon) {
+fs::path IconLookup::find(const std::string& icon, struct stat& status) {
   if (icon.starts_with('/')) {
-    return isFile(icon) ? fs::path(icon) : fs::path();
+    return isFile(icon, status) ? fs::path(icon) : fs::path();
   }
   if (icon.empty() || icon.find('/') != std::string::npos) {
     return {};
@@ -46,8 +45,8 @@ fs::path IconLookup::find(const std::string& icon) {
   refresh();
   const auto [known, isNew] = found_.try_emplace(name);
   // A file may go without its folder having been looked at since.
-  if (isNew || (!known->second.empty() && !isFile(known->second))) {
-    known->second = search(name);
+  if (isNew || (!known->second.empty() && !isFile(known->second, status))) {
+    known->second = search(name, status);
   }
   return known->second;
 }
@@ -113,21 +112,22 @@ void IconLookup::addThemes(const std::string& name, std::vector<std::string>& se
   }
 }
 
-fs::path IconLookup::search(const std::string& name) const {
+fs::path IconLookup::search(const std::string& name, struct stat& status) const {
   const std::string symbolic = "-symbolic";
-  auto found = searchExactly(name);
+  auto found = searchExactly(name, status);
   if (found.empty()) {
-    found = searchExactly(name.ends_with(symbolic) ? name.substr(0, name.size() - symbolic.size())
-                                                   : name + symbolic);
+    found = searchExactly(
+        name.ends_with(symbolic) ? name.substr(0, name.size() - symbolic.size()) : name + symbolic,
+        status);
   }
   return found;
 }
 
-fs::path IconLookup::searchExactly(const std::string& name) const {
+fs::path IconLookup::searchExactly(const std::string& name, struct stat& status) const {
   for (const auto& folder : iconFolders_) {
     for (const char* extension : extensions) {
       auto file = folder / (name + extension);
-      if (isFile(file)) {
+      if (isFile(file, status)) {
         return file;
       }
     }

@@ -1,6 +1,8 @@
 // Finds the files of icons that are given by name.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <chrono>
 #include <mutex>
 #include <optional>
@@ -21,15 +23,20 @@ class IconLookup {
 
   // The best file for a square of 128 pixels, or empty. `icon` is an absolute path or a name, with
   // or without the extension of an image file. Where a theme has but the coloured one of an icon
-  // and its symbol ("NAME-symbolic"), it stands in for the other.
-  std::filesystem::path find(const std::string& icon);
+  // and its symbol ("NAME-symbolic"), it stands in for the other. `status` is set to that of the
+  // file found.
+  std::filesystem::path find(const std::string& icon, struct stat& status);
+  std::filesystem::path find(const std::string& icon) {
+    struct stat ignored{};
+    return find(icon, ignored);
+  }
 
  private:
   void refresh();
   void readThemes();
   void addThemes(const std::string& name, std::vector<std::string>& seen);
-  std::filesystem::path search(const std::string& name) const;
-  std::filesystem::path searchExactly(const std::string& name) const;
+  std::filesystem::path search(const std::string& name, struct stat& status) const;
+  std::filesystem::path searchExactly(const std::string& name, struct stat& status) const;
 
   const XdgFolders folders_;
   const std::vector<std::filesystem::path> bases_;

@@ -116,20 +116,6 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   EXPECT_NE(first->id, second->id);
 }
 
-TEST_F(ListenerServiceTest, PushesEndWithThePairing) {
-  start();
-  auto phone = connect(pair(id));
-  ASSERT_TRUE(test::eventually([&] { return pushes(); }));
-  agent.run(services.pairingService().unpairAll());
-  EXPECT_FALSE(pushes());
-  EXPECT_TRUE(test::eventually([&] { return !agent.phoneConnected; }));
-  agent.run(listener.pushDecksSnapshot());
-  phone.send(WireCodec::encode(MessageFactory::appLaunch("a", id)), soon());
-  const auto refused = WireCodec::decode<AppErrorPayload>(phone.receive(soon()).value_or(""));
-  ASSERT_TRUE(refused) << "neither closed nor pushed to";
-  EXPECT_EQ(refused->payload.code, AppErrorCode::unauthorized);
-}
-
 TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   start();
   EXPECT_TRUE(agent.bonjour.isAdvertised);
@@ -151,35 +137,6 @@ TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   EXPECT_THROW(connect(), std::exception);
   start();
   connect();
-}
-
-TEST_F(ListenerServiceTest, AKeychainThatHangsDelaysNoMessageBeyondTheFirstTwoSeconds) {
-  agent.keychain.hangs = true;
-  AgentServices waiting(agent.environment(), agent.deckStore);
-  auto& pairing = waiting.pairingService();
-  const auto began = std::chrono::steady_clock::now();
-  agent.run(waiting.listenerService().start());
-  auto stranger = connect("stored token");
-  stranger.send(WireCodec::encode(MessageFactory::appLaunch("a", id)), soon());
-  EXPECT_NE(stranger.receive(soon()), std::nullopt);
-  EXPECT_LT(std::chrono::steady_clock::now() - began, test::patience * 2500ms);
-
-  const auto code = agent.run(pairing.state()).currentPairingCode;
-  auto saving = asio::co_spawn(
-      agent.executors.service(),
-      pairing.handlePairRequest({PairingMethod::qr, code, "Phone", id}, id), asio::use_future);
-  EXPECT_TRUE(test::eventually([&] { return !agent.run(pairing.state()).pairedDevices.empty(); }));
-  const auto devices = agent.run(pairing.state()).pairedDevices;
-  auto phone = connect(devices.empty() ? "none" : devices[0].token.value);
-  const auto asked = std::chrono::steady_clock::now();
-  phone.send(WireCodec::encode(MessageFactory::ping(WireDate::now(), id)), soon());
-  EXPECT_TRUE(WireCodec::decode<PongPayload>(phone.receive(soon()).value_or("")));
-  EXPECT_LT(std::chrono::steady_clock::now() - asked, test::patience * 500ms);
-  EXPECT_EQ(saving.wait_for(0s), std::future_status::timeout) << "the keychain still hangs";
-
-  agent.keychain.recover();
-  EXPECT_TRUE(std::holds_alternative<WireMessage<PairOKPayload>>(saving.get()));
-  agent.run(waiting.listenerService().shutDown());
 }
 
 TEST_F(ListenerServiceTest, AnInvalidPortIsReported) {

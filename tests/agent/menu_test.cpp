@@ -5,9 +5,6 @@
 
 #include "agent/pairing/keychain_paired_device_store.h"
 #include "protocol/pairing_qr_payload.h"
-#include "ui/design/deck_brand_palette.h"
-#include "ui/design/wcag_contrast.h"
-#include "ui/qml_engine.h"
 
 namespace glintboard {
 namespace {
@@ -188,44 +185,6 @@ TEST_F(MenuTest, NamesEverythingForScreenReaders) {
     ASSERT_NE(accessible, nullptr) << name;
     EXPECT_EQ(accessible->text(QAccessible::Name), label);
     EXPECT_EQ(accessible->role(), role) << name;
-  }
-}
-
-DeckBrandPalette::RGB components(const QColor& color) {
-  return {color.redF(), color.greenF(), color.blueF()};
-}
-
-TEST_F(MenuTest, EveryTextIsLegibleInEveryAppearance) {
-  startAndWait();
-  auto* const view = window->view();
-  MenuState state = controller->model().state();
-  state.hint = state.listenerError = state.pairingStatusText = "text";
-  state.isPaired = true;
-  for (const bool dark : {false, true}) {
-    for (const bool contrast : {false, true}) {
-      window->setAppearance({.dark = dark, .increasedContrast = contrast, .reducedMotion = true});
-      const Look& look = lookOf(*qmlEngine(&view->root()));
-      int texts = 0;
-      for (const auto section :
-           {PairingSection::code, PairingSection::lockedOut, PairingSection::pairedDevice}) {
-        state.section = section;
-        controller->model().setState(state);
-        for (const auto* const item : view->root().findChildren<QQuickItem*>()) {
-          // What lies on the accent is judged by the palette's own test.
-          if (!item->inherits("QQuickText") || !item->isVisible() ||
-              item->property("color").value<QColor>().rgb() == look.onAccent().rgb()) {
-            continue;
-          }
-          ++texts;
-          const auto ink = components(item->property("color").value<QColor>());
-          for (const QColor& ground : {look.windowTop(), look.windowBottom()}) {
-            EXPECT_GE(WCAGContrast::contrastRatio(ink, components(ground)), 4.5)
-                << item->property("text").toString().toStdString() << " dark " << dark;
-          }
-        }
-      }
-      EXPECT_GT(texts, 25);
-    }
   }
 }
 

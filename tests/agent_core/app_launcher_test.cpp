@@ -78,15 +78,5 @@ TEST(AppWireHandler, AnswersItsTypesUnderTheRequestsIdAndLeavesOthersAlone) {
   EXPECT_FALSE(route(WireCodec::encode(WireMessage<EmptyPayload>{"app.launch", id, {}})));
 }
 
-TEST(WorkspaceClient, PicksInstalledAndRunningOutOfARange) {
-  test::FakeDesktop desktop;
-  desktop.installed = {"a", "b"};
-  desktop.running = {"b"};
-  const auto client = desktop.client();
-  const std::vector<std::string> among = {"b", "a", "b", "c"};
-  EXPECT_EQ(client.installedBundleIds(among), (std::set<std::string>{"a", "b"}));
-  EXPECT_EQ(client.runningBundleIds(among), (std::set<std::string>{"b"}));
-}
-
 }  // namespace
 }  // namespace glintboard

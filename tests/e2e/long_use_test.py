@@ -20,25 +20,6 @@ GOOD, BAD = "11111111-0000-4000-8000-000000000000", "22222222-0000-4000-8000-000
 
 
 class LongUse(DesktopTest):
-    def test_applications_come_and_go(self):
-        self.desktop.install(FIRST)
-        self.desktop.set_decks([app(FIRST), app(SECOND)])
-        phone = self.paired_phone(self.start_agent())
-
-        def slots_become(*slots):
-            eventually(lambda: [tile["slot"] for tile in phone.decks()[0]["tiles"]] == [*slots],
-                       f"A deck of {slots}", 3)
-
-        slots_become(1)
-        entry = self.desktop.install(SECOND)
-        slots_become(1, 2)
-        self.assertEqual(phone.outcome("tap", 2), "ok")
-        self.desktop.traced(SECOND)
-        entry.unlink()
-        slots_become(1)
-        outcome = phone.raw("app.launch", {"bundleId": "org.example.Third"})["payload"]["code"]
-        self.assertEqual(outcome, "not_found")
-
     async def test_a_day_of_use_leaves_nothing_behind(self):
         day = Day(self)
         end = time.monotonic() + SECONDS

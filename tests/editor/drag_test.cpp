@@ -1,7 +1,4 @@
 // Cards and keys under the pointer.
-#include <QDropEvent>
-#include <QMimeData>
-
 #include "tests/editor/editor_window.h"
 
 namespace glintboard {
@@ -44,44 +41,6 @@ TEST_F(DragTest, AKeyGoesWhereItIsDroppedOrBackWhenItIsNowhere) {
   drag(card("Notes"), slot(1));
   EXPECT_EQ(shown(), "Files, Notes, Music, Calendar");
   EXPECT_TRUE(model->errorMessage().isEmpty());
-}
-
-// What a file manager or a launcher drags over the window.
-TEST_F(DragTest, ALauncherFromTheDesktopAddsItsApplication) {
-  storeDeck({app("files", "Files"), app("music", "Music")});
-  open();
-  const auto dragged = [&](const QMimeData& data, QPoint at) {
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(window, &enter);
-    QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(window, &move);
-    settle();
-    const int target = model->dropTargetIndex();
-    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(window, &drop);
-    settle();
-    EXPECT_FALSE(model->isDeckDragActive());
-    return std::pair(target, drop.isAccepted());
-  };
-  const auto launcher = stage.desktop.root / "system/applications/notes.desktop";
-  QMimeData launchers;
-  launchers.setUrls({QUrl::fromLocalFile(QString::fromStdString(launcher.string()))});
-  EXPECT_EQ(dragged(launchers, slot(1)), std::pair(1, true));
-  EXPECT_EQ(shown(), "Files, Notes, Music");
-  EXPECT_EQ(dragged(launchers, slot(5)), std::pair(5, true)) << "the same again moves it";
-  EXPECT_EQ(shown(), "Files, Music, Notes");
-
-  QMimeData photo;
-  photo.setUrls({QUrl("file:///tmp/photo.png")});
-  EXPECT_EQ(dragged(photo, slot(0)).second, false);
-  EXPECT_EQ(model->errorMessage(), "Only installed applications can be dropped here.");
-  QMimeData text;
-  text.setText("calendar");
-  EXPECT_EQ(dragged(text, slot(0)), std::pair(0, true));
-  QMimeData image;
-  image.setImageData(QImage(1, 1, QImage::Format_RGB32));
-  EXPECT_EQ(dragged(image, slot(0)), std::pair(-1, false));
-  EXPECT_EQ(shown(), "Calendar, Files, Music, Notes");
 }
 
 TEST_F(DragTest, EscapeEndsADragAndLeavesTheWindowOpen) {

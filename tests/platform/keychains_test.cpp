@@ -41,22 +41,18 @@ mode_t modeOf(const std::filesystem::path& path) {
 
 TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
   const test::TemporaryFolder folder;
-  FileKeychain keychain(folder / "data/agent");
+  const auto file = folder / "data/agent/paired-devices.json";
+  FileKeychain keychain(file.parent_path());
   expectKeepsAnItem(keychain, "[1]");
-  EXPECT_EQ(readWholeFile(folder / "data/agent/paired-devices.json"), "[1]");
-  EXPECT_EQ(modeOf(folder / "data/agent"), 0700u);
-  EXPECT_EQ(modeOf(folder / "data/agent/paired-devices.json"), 0600u);
-}
-
-TEST(FileKeychain, TightensWhatOthersCouldRead) {
-  const test::TemporaryFolder folder;
-  const auto file = folder.write("agent/paired-devices.json", "[]");
-  ::chmod((folder / "agent").c_str(), 0755);
-  ::chmod(file.c_str(), 0644);
-  FileKeychain keychain(folder / "agent");
-  EXPECT_EQ(keychain.update(item, "[1]"), keychainSuccess);
-  EXPECT_EQ(modeOf(folder / "agent"), 0700u);
-  EXPECT_EQ(modeOf(file), 0600u);
+  for (const char* next : {"[2]", "[3]"}) {
+    EXPECT_EQ(modeOf(file.parent_path()), 0700u);
+    EXPECT_EQ(modeOf(file), 0600u);
+    // What others could read is closed to them with the next change.
+    ::chmod(file.parent_path().c_str(), 0755);
+    ::chmod(file.c_str(), 0644);
+    EXPECT_EQ(keychain.update(item, next), keychainSuccess);
+    EXPECT_EQ(readWholeFile(file), next);
+  }
 }
 
 TEST(FileKeychain, ReportsFailuresAsNegativeStatuses) {

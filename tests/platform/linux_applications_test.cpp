@@ -1,12 +1,9 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 
 #include <csignal>
 
 #include "platform/file_descriptor.h"
-#include "platform/linux/application_launcher.h"
 #include "tests/platform/applications_test.h"
 #include "tests/support/session_bus.h"
 
@@ -135,24 +132,6 @@ TEST_F(LinuxApplicationsTest, MayBeDestroyedWhileItsWorkIsUnderWay) {
   EXPECT_TRUE(workspace_.isInstalled("app")) << "a client answers from what was known last";
   workspace_ = {};
   executors_.reset();
-}
-
-TEST_F(LinuxApplicationsTest, ABusThatNeverAnswersHoldsAnActivationNoLongerThanItsDeadline) {
-  const FileDescriptor silent(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-  ASSERT_TRUE(silent);
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  const auto path = (desktop_.root / "silent").string();
-  path.copy(address.sun_path, sizeof address.sun_path - 1);
-  ASSERT_EQ(::bind(silent.get(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-  ASSERT_EQ(::listen(silent.get(), 5), 0);
-  ::setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + path).c_str(), 1);
-  const auto entry =
-      desktop_.entry("system/applications/org.test.App.desktop", "DBusActivatable=true\n");
-  const auto before = std::chrono::steady_clock::now();
-  EXPECT_FALSE(activateOverDBus(readDesktopEntry(entry, "org.test.App").value(), {},
-                                std::chrono::milliseconds(200)));
-  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
 }
 
 }  // namespace

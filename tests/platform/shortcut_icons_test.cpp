@@ -94,16 +94,5 @@ TEST_F(ShortcutIconsTest, OnlyTheStampOfAnIconThatMayLookDifferentChanges) {
   EXPECT_EQ(stamps().size(), 1u);
 }
 
-TEST_F(ShortcutIconsTest, ATileIsRoundedAndDependsOnTheIdentifierAlone) {
-  const auto tile = drawShortcutTile("A", 128);
-  EXPECT_EQ(tile.size(), QSize(128, 128));
-  EXPECT_EQ(tile, drawShortcutTile("A", 128));
-  EXPECT_EQ(tile.pixelColor(0, 0).alpha(), 0);
-  EXPECT_EQ(tile.pixelColor(64, 8).alpha(), 255);
-  EXPECT_EQ(tile.pixelColor(64, 40), QColor(Qt::white)) << "the diamond";
-  EXPECT_NE(tile.pixelColor(78, 58), QColor(Qt::white)) << "the arrow's head";
-  EXPECT_NE(tile.pixelColor(64, 8), drawShortcutTile("B", 128).pixelColor(64, 8));
-}
-
 }  // namespace
 }  // namespace glintboard

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QSignalSpy>
 
 #include "tests/ui/qml_view.h"
@@ -26,36 +25,6 @@ Item {
     GlassPanel { width: 300; height: 60; raised: true; Text { text: "panel"; color: Look.text; font: Look.fonts.ui(Look.Body) } }
   }
 })";
-
-TEST(Controls, LoadWithoutWarningsInEveryAppearance) {
-  for (const bool dark : {false, true}) {
-    for (const bool special : {false, true}) {
-      QmlView view(allControls, {dark, special, special, special ? 1.5 : 1.0});
-      EXPECT_FALSE(view.grab().isNull());
-      // A change while the view is shown reaches every binding.
-      const QImage before = view.grab();
-      lookOf(view.engine).setAppearance({!dark, special, special, 1});
-      QCoreApplication::processEvents();
-      EXPECT_FALSE(view.grab() == before);
-    }
-  }
-}
-
-TEST(Controls, HaveNamesAndRolesForScreenReaders) {
-  QmlView view(allControls);
-  QAccessible::setActive(true);
-  const std::tuple<const char*, const char*, QAccessible::Role> expected[] = {
-      {"primary", "Save", QAccessible::Button},
-      {"row", "Edit Deck", QAccessible::Button},
-      {"search", "Search", QAccessible::EditableText},
-      {"spinner", "In progress", QAccessible::ProgressBar}};
-  for (const auto& [item, name, role] : expected) {
-    auto* accessible = QAccessible::queryAccessibleInterface(view.find(item));
-    ASSERT_NE(accessible, nullptr) << item;
-    EXPECT_EQ(accessible->text(QAccessible::Name), name);
-    EXPECT_EQ(accessible->role(), role) << item;
-  }
-}
 
 TEST(Controls, WorkFromTheKeyboardAndShowTheFocusOnlyThen) {
   QmlView view(allControls);

@@ -73,14 +73,5 @@ TEST(DeckTypography, WithoutItsFilesTheSystemsFontsStandIn) {
   EXPECT_EQ(DeckTypography::ui(TextStyle::body).family(), "Space Grotesk");
 }
 
-TEST(DeckTypography, SizesFontsByStyleAndTextScale) {
-  EXPECT_EQ(DeckTypography::ui(TextStyle::largeTitle).pixelSize(), 34);
-  EXPECT_EQ(DeckTypography::mono(TextStyle::title2).pixelSize(), 22);
-  EXPECT_EQ(DeckTypography::ui(TextStyle::caption2, Weight::regular, 2).pixelSize(), 22);
-  EXPECT_EQ(DeckTypography::ui(12, Weight::regular, TextStyle::body, 1.5).pixelSize(), 18);
-  EXPECT_EQ(DeckTypography::ui(12, Weight::regular, {}, 1.5).pixelSize(), 12);
-  EXPECT_EQ(DeckTypography::baseSize(static_cast<TextStyle>(77)), 17);
-}
-
 }  // namespace
 }  // namespace glintboard

@@ -185,6 +185,7 @@ std::function<QImage(const Appearance&)> drawn(Step prepare, Step act = nothing,
     test::turnUntil([&] { return stage.isLoaded(); });
     EditorStage::turnFor(300);
     act(stage);
+    test::turnUntil([&] { return stage.isLoaded(); });
     EditorStage::turnFor(600);
     checkTexts(*window, ownTexts());
     return window->grabWindow();
