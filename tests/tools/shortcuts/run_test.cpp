@@ -64,7 +64,7 @@ TEST_F(RunningShortcuts, EveryKindOfFailureReachesThePhoneAsWhatItIs) {
 TEST_F(RunningShortcuts, ATimeoutEndsTheCommandAndAllThatItStarted) {
   const auto identifier = create("Slow", "sleep 60 & " + desktop_.report("a", "echo $!") + "; " +
                                              desktop_.report("b", "echo $$") + "; wait; true");
-  EXPECT_EQ(tap(identifier, std::chrono::milliseconds(500)),
+  EXPECT_EQ(tap(identifier, test::patience * std::chrono::milliseconds(500)),
             Result(Error{identifier, ShortcutErrorCode::timedOut,
                          ShortcutsRunner::message(ShortcutErrorCode::timedOut, "")}));
   EXPECT_TRUE(ends("a"));
