@@ -261,6 +261,7 @@ void ListenerService::removeConnection(const ConnectionPointer& connection) {
 
 Awaitable<> ListenerService::dropUnpairedConnections() {
   std::vector<PushConnection> all;
+  all.reserve(pushConnections_.size());
   for (const auto& [key, pushed] : pushConnections_) {
     all.push_back(pushed);
   }
