@@ -103,11 +103,10 @@ std::string_view readWholeFile(const std::filesystem::path& path, std::string& b
       }
       throwErrno(path);
     }
-    length += static_cast<std::size_t>(count);
-    // A file on a disk gives less than it is asked for at its end alone.
-    if (length < buffer.size()) {
+    if (count == 0) {
       return std::string_view(buffer).substr(0, length);
     }
+    length += static_cast<std::size_t>(count);
   }
 }
 

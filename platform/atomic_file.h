@@ -15,7 +15,7 @@ namespace glintboard {
 // std::system_error; the previous file is then intact. Blocks on the disk.
 void writeAtomically(const std::filesystem::path& path, std::string_view data, mode_t mode);
 
-// The whole content of the file at `path`, one on a disk. Throws std::system_error, with
+// The whole content of the file at `path`. Throws std::system_error, with
 // std::errc::no_such_file_or_directory when there is none.
 std::string readWholeFile(const std::filesystem::path& path);
 // The same for who reads again and again: into `buffer`, which grows as needed, and in which the

@@ -17,6 +17,15 @@ bool FileStamps::note(const std::filesystem::path& path) {
   return noted->second.has_value();
 }
 
+void FileStamps::noteFolder(const std::filesystem::path& folder) {
+  note(folder);
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    note(entry->path());
+  }
+}
+
 bool FileStamps::unchanged() const {
   return settled_ && !stamps_.empty() &&
          std::all_of(stamps_.begin(), stamps_.end(),

@@ -43,11 +43,10 @@ class ShortcutIcons {
 
   std::vector<ShortcutIconClient::Icon> icons() {
     std::vector<ShortcutIconClient::Icon> icons;
-    for (const auto& shortcut : *own()) {
-      icons.push_back(iconOf(shortcut));
-    }
-    for (const auto& shortcut : *actions()) {
-      icons.push_back(iconOf(shortcut));
+    for (const auto& shortcuts : {own(), actions()}) {
+      for (const auto& shortcut : *shortcuts) {
+        icons.push_back(iconOf(shortcut));
+      }
     }
     return icons;
   }
@@ -76,12 +75,9 @@ class ShortcutIcons {
 
   std::vector<Shortcut> readOwn() {
     ownStamps_ = {};
-    ownStamps_.note(folder_.path());
+    ownStamps_.noteFolder(folder_.path());
     try {
       auto read = folder_.read();
-      for (const auto& shortcut : read.shortcuts) {
-        ownStamps_.note(shortcut.file);
-      }
       if (!read.skipped.empty()) {
         ownStamps_ = {};  // what mends a file need not touch it
       }
