@@ -1,5 +1,6 @@
 #include "protocol/pairing_qr_payload.h"
 
+#include <algorithm>
 #include <boost/url/encode.hpp>
 #include <boost/url/parse.hpp>
 #include <boost/url/rfc/unreserved_chars.hpp>
@@ -28,13 +29,20 @@ std::optional<std::int64_t> integer(std::string_view digits) {
   return number;
 }
 
-// The decoded query items that have a value; none when a name occurs twice.
+// The decoded query items that have a value; none when a name occurs twice. The library's own walk
+// over the items reads past the end when the last one is empty, so the items are told apart here.
 std::optional<std::map<std::string, std::string>> queryItems(const urls::url_view& url) {
-  urls::encoding_opts options;
-  options.space_as_plus = false;
   std::map<std::string, std::string> items;
-  for (const auto item : url.params(options)) {
-    if (item.has_value && !items.emplace(item.key, item.value).second) {
+  std::string_view rest = url.encoded_query();
+  while (!rest.empty()) {
+    const auto item = rest.substr(0, rest.find('&'));
+    rest.remove_prefix(std::min(item.size() + 1, rest.size()));
+    const auto equals = item.find('=');
+    if (equals == std::string_view::npos) {
+      continue;
+    }
+    const auto decoded = [](std::string_view text) { return urls::pct_string_view(text).decode(); };
+    if (!items.emplace(decoded(item.substr(0, equals)), decoded(item.substr(equals + 1))).second) {
       return std::nullopt;
     }
   }

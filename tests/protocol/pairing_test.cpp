@@ -74,12 +74,15 @@ TEST(PairingQRPayload, MakesTheAddressAndReadsItBack) {
 TEST(PairingQRPayload, ReadsOnlyCompletePairingAddresses) {
   EXPECT_EQ(PairingQRPayload::parse(" glintboard://pair?v=+2&x&name=Studio%20Mac&code=abc\n"),
             (PairingQRPayload{"Studio Mac", "abc", 2}));
+  // Empty items, also at the end, are items without a value.
+  EXPECT_EQ(PairingQRPayload::parse("glintboard://pair?&v=1&name=a=b&code=%26&"),
+            (PairingQRPayload{"a=b", "&", 1}));
   for (const char* bad :
-       {"GLINTBOARD://pair?v=1&name=a&code=b", "glintboard://Pair?v=1&name=a&code=b",
-        "glintboard://pair", "glintboard://pair?v=1&code=b", "glintboard://pair?v=1&name=&code=b",
-        "glintboard://pair?v=1&name=a&code=", "glintboard://pair?v=1&name=a&code",
-        "glintboard://pair?v=one&name=a&code=b", "glintboard://pair?v=&name=a&code=b",
-        "glintboard://pair?v=+-1&name=a&code=b",
+       {"glintboard://pair?", "glintboard://pair?#v=1", "GLINTBOARD://pair?v=1&name=a&code=b",
+        "glintboard://Pair?v=1&name=a&code=b", "glintboard://pair", "glintboard://pair?v=1&code=b",
+        "glintboard://pair?v=1&name=&code=b", "glintboard://pair?v=1&name=a&code=",
+        "glintboard://pair?v=1&name=a&code", "glintboard://pair?v=one&name=a&code=b",
+        "glintboard://pair?v=&name=a&code=b", "glintboard://pair?v=+-1&name=a&code=b",
         "glintboard://pair?v=99999999999999999999&name=a&code=b", "glintboard://pair?name=a&code=b",
         "glintboard://pair?v=1&v=1&name=a&code=b", "glintboard://pair?v=1&name=%ff&code=b",
         "//pair?v=1&name=a&code=b", "pair", ""}) {
