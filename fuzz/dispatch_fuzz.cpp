@@ -1,6 +1,7 @@
 // What the agent answers: each line of the input is a message, from a stranger and from the paired
 // phone.
 #include "fuzz/fuzz.h"
+#include "platform/run_on.h"
 #include "protocol/utf8.h"
 #include "protocol/wire_codec.h"
 #include "tests/support/test_agent.h"
@@ -20,6 +21,7 @@ class Desk {
   }
 
   void send(std::string_view lines) {
+    agent_.run(settled());
     agent_.keychain.items = {{"org.glintboard.Agent.paired-devices/paired-devices", storedDevices}};
     agent_.desktop.calls.clear();
     agent_.processRunner.arguments.clear();
@@ -49,6 +51,12 @@ class Desk {
       fuzz::require(isValidUtf8(reply) && decodeJson<MessageEnvelope>(reply).has_value(),
                     "a reply is a message");
     }
+  }
+
+  // Nothing of the agent before, which may have ended while it read its list, uses the desk now.
+  Awaitable<> settled() {
+    auto keychain = runOn(agent_.executors.keychainLane(), [] {});
+    co_await std::move(keychain);
   }
 
   test::TestAgent agent_;

@@ -86,7 +86,8 @@ void writeAtomically(const std::filesystem::path& path, std::string_view data, m
   }
 }
 
-std::string_view readWholeFile(const std::filesystem::path& path, std::string& buffer) {
+std::string_view readWholeFile(const std::filesystem::path& path, std::string& buffer,
+                               const std::function<bool(std::string_view)>& isWhole) {
   const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   if (!file) {
     throwErrno(path);
@@ -103,10 +104,12 @@ std::string_view readWholeFile(const std::filesystem::path& path, std::string& b
       }
       throwErrno(path);
     }
-    if (count == 0) {
-      return std::string_view(buffer).substr(0, length);
-    }
     length += static_cast<std::size_t>(count);
+    const auto content = std::string_view(buffer).substr(0, length);
+    // A buffer that was filled seldom ends where the file does.
+    if (count == 0 || (isWhole && length < buffer.size() && isWhole(content))) {
+      return content;
+    }
   }
 }
 

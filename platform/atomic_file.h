@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -19,7 +20,9 @@ void writeAtomically(const std::filesystem::path& path, std::string_view data, m
 // std::errc::no_such_file_or_directory when there is none.
 std::string readWholeFile(const std::filesystem::path& path);
 // The same for who reads again and again: into `buffer`, which grows as needed, and in which the
-// content then is.
-std::string_view readWholeFile(const std::filesystem::path& path, std::string& buffer);
+// content then is. `isWhole` may spare the system the question whether there is more, when what was
+// read cannot be a part only; it is called again if it denies that.
+std::string_view readWholeFile(const std::filesystem::path& path, std::string& buffer,
+                               const std::function<bool(std::string_view)>& isWhole = {});
 
 }  // namespace glintboard

@@ -149,16 +149,17 @@ bool ListenerService::isPaired(const std::optional<std::string>& token) {
   return token && !token->empty() && parts_.pairingService.isPaired(*token).value_or(false);
 }
 
-std::optional<std::string> ListenerService::answerAtOnce(
-    const Parser::ParsedMessage& parsed, std::optional<std::vector<std::string>>& running) {
-  const auto* ping = std::get_if<WireMessage<PingPayload>>(&parsed);
-  if (ping == nullptr) {
-    return std::nullopt;
+std::optional<std::vector<std::string>> ListenerService::runningSince(std::uint64_t asked) {
+  if (lookedAfter_ < asked) {
+    running_ = parts_.deckStore.runningDeckBundleIdsNow(parts_.workspace);
+    lookedAfter_ = pingsAsked_;
   }
-  if (!running) {
-    running = parts_.deckStore.runningDeckBundleIdsNow(parts_.workspace);
-  }
-  return running ? std::optional(WireCodec::encodeString(pongTo(*ping, *running))) : std::nullopt;
+  return running_;
+}
+
+std::string ListenerService::pongAtOnce(const WireMessage<PingPayload>& ping,
+                                        std::vector<std::string> running) {
+  return WireCodec::encodeString(pongTo(ping, std::move(running)));
 }
 
 Awaitable<Replies> ListenerService::answer(Parser::ParsedMessage parsed, std::string message,

@@ -237,12 +237,23 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     if (!parsed) {
       continue;
     }
-    if (auto reply = paired ? answerAtOnce(*parsed, running) : std::nullopt) {
-      if (!connection->sendNow(*reply)) {
-        running.reset();
-        co_await connection->send(std::move(*reply));
+    if (const auto* ping = paired ? std::get_if<WireMessage<PingPayload>>(&*parsed) : nullptr) {
+      if (!running) {
+        const auto asked = ++pingsAsked_;
+        if (pushConnections_.size() > 1) {
+          // Behind what the others have sent, to answer them all from one look.
+          co_await asio::post(executor(), asio::use_awaitable);
+        }
+        running = runningSince(asked);
       }
-      continue;
+      if (running) {
+        std::string reply = pongAtOnce(*ping, *running);
+        if (!connection->sendNow(reply)) {
+          running.reset();
+          co_await connection->send(std::move(reply));
+        }
+        continue;
+      }
     }
     running.reset();
     connection->flush();

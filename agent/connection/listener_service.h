@@ -131,11 +131,12 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   Awaitable<std::vector<std::string>> answer(WireMessageParser::ParsedMessage parsed,
                                              std::string message, std::optional<std::string> token,
                                              std::optional<AsyncLock::Guard> turn);
-  // The pong to a paired phone's ping, the most frequent of messages, if it can be given at once.
-  // Pings that came together are answered from one look at decks and applications, which `running`
-  // keeps.
-  std::optional<std::string> answerAtOnce(const WireMessageParser::ParsedMessage& parsed,
-                                          std::optional<std::vector<std::string>>& running);
+  // The running applications of the decks as of a look that was made after the ping of this number
+  // had come; none when that takes longer. Pings, the most frequent of messages, are answered from
+  // one look when they came together, whosesoever they are.
+  std::optional<std::vector<std::string>> runningSince(std::uint64_t asked);
+  static std::string pongAtOnce(const WireMessage<PingPayload>& ping,
+                                std::vector<std::string> running);
   // As far as is known at once.
   bool isPaired(const std::optional<std::string>& token);
   Awaitable<std::optional<PairedDevice>> device(const std::optional<std::string>& token);
@@ -158,6 +159,9 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   // nobody longer than one.
   AsyncLock strangersTurn_;
   std::map<WebSocketConnection*, PushConnection> pushConnections_;
+  std::uint64_t pingsAsked_ = 0;                     // how many wanted a look
+  std::uint64_t lookedAfter_ = 0;                    // how many of them when the last was made
+  std::optional<std::vector<std::string>> running_;  // what it found
   std::map<WebSocketConnection*, ConnectionPointer> connections_;
   bool isRunning_ = false;
   std::optional<std::string> lastError_;

@@ -53,6 +53,17 @@ std::vector<std::string> runningOf(const std::vector<DeckTemplate>& decks,
   return bundleIds;
 }
 
+Awaitable<std::map<std::string, std::string>> revisionsOf(
+    std::vector<std::string> bundleIds, std::vector<std::string> shortcuts,
+    const WorkspaceClient& workspace, AppIconProvider& iconProvider,
+    ShortcutIconProvider& shortcutIconProvider) {
+  auto revisions = co_await iconProvider.revisions(std::move(bundleIds), workspace);
+  if (!shortcuts.empty()) {
+    revisions.merge(co_await shortcutIconProvider.revisions(std::move(shortcuts)));
+  }
+  co_return revisions;
+}
+
 // Makes an earlier version's deck the Streaming deck. False when it is not valid.
 bool adopt(const DeckTemplate& legacy, DeckTemplate& streaming) {
   try {
@@ -186,11 +197,12 @@ Awaitable<std::map<std::string, std::string>> DeckStore::iconRevisions(
       }
     }
   }
-  auto revisions = co_await iconProvider.revisions({bundleIds.begin(), bundleIds.end()}, workspace);
-  if (!shortcuts.empty()) {
-    revisions.merge(co_await shortcutIconProvider.revisions({shortcuts.begin(), shortcuts.end()}));
-  }
-  co_return revisions;
+  // There at once, since both mostly take turns with each other there.
+  co_return co_await asio::co_spawn(
+      iconProvider.executor(),
+      revisionsOf({bundleIds.begin(), bundleIds.end()}, {shortcuts.begin(), shortcuts.end()},
+                  workspace, iconProvider, shortcutIconProvider),
+      asio::use_awaitable);
 }
 
 Awaitable<std::vector<std::string>> DeckStore::doRunningDeckBundleIds(

@@ -23,8 +23,13 @@ const StoredDecks& DecksReader::read() {
   // Back to where they were read into, for their memory.
   file_.decks.swap(stored_.decks);
   try {
-    const auto text = readWholeFile(path_, content_);
-    stored_.state = JsonReader(text).readAll(file_) ? State::present : State::unusable;
+    bool isPresent = false;
+    const auto parse = [&](std::string_view text) {
+      isPresent = JsonReader(text).readAll(file_);
+      return isPresent;
+    };
+    const auto text = readWholeFile(path_, content_, parse);
+    stored_.state = isPresent || parse(text) ? State::present : State::unusable;
     stored_.error = {};
   } catch (const std::system_error& error) {
     stored_.state = isMissing(error.code()) ? State::absent : State::unavailable;

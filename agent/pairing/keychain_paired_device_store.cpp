@@ -14,7 +14,7 @@ namespace {
 using Code = KeychainPairedDeviceStoreError::Code;
 
 KeychainQuery itemQuery() {
-  return {std::string(agentIdentifier) + ".paired-devices", "paired-devices"};
+  return {std::string(agentIdentifier).append(".paired-devices"), "paired-devices"};
 }
 
 // An unreadable list is an empty one.

@@ -10,7 +10,9 @@ AgentServices::AgentServices(AgentEnvironment environment, DeckStore& deckStore)
                       std::make_unique<KeychainPairedDeviceStore>(environment_.keychain)),
       volume_(environment_.audioOutput),
       appIconProvider_(environment_.executors.workerStrand(), environment_.applicationIcons),
-      shortcutIconProvider_(environment_.executors.workerStrand(), environment_.shortcutIcons),
+      // By turns with the other, so that a deck's icons are asked for without a way between
+      // threads.
+      shortcutIconProvider_(appIconProvider_.executor(), environment_.shortcutIcons),
       listenerService_(std::make_shared<ListenerService>(
           environment_.executors.service(),
           ListenerService::Parts{

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/run_on.h"
 #include "protocol/message_factory.h"
 #include "tests/support/test_agent.h"
 #include "tools/phone/phone_connection.h"
@@ -114,6 +115,29 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   EXPECT_EQ(first->payload.bundleId, "com.spotify.client");
   EXPECT_NE(first->id, id);
   EXPECT_NE(first->id, second->id);
+}
+
+TEST_F(ListenerServiceTest, PingsOfSeveralConnectionsTellWhatRanWhenTheyCame) {
+  agent.desktop.installed = {"com.apple.Safari"};
+  start();
+  const auto token = pair(id);
+  PhoneConnection phones[] = {connect(token), connect(token), connect(token)};
+  const auto ping = WireCodec::encode(MessageFactory::ping(WireDate::now(), id));
+  for (const std::set<std::string>& running : {agent.desktop.installed, {}, {"other"}}) {
+    auto change = runOn(agent.executors.service(), [&] { agent.desktop.running = running; });
+    agent.run(std::move(change));
+    for (auto& phone : phones) {
+      phone.send(ping, soon());
+    }
+    for (auto& phone : phones) {
+      const auto pong = WireCodec::decode<PongPayload>(phone.receive(soon()).value_or(""));
+      const auto expected =
+          running.contains("com.apple.Safari") ? agent.desktop.installed : std::set<std::string>();
+      ASSERT_TRUE(pong);
+      const auto told = pong->payload.runningBundleIds.value_or(std::vector<std::string>{"none"});
+      EXPECT_EQ(std::set(told.begin(), told.end()), expected);
+    }
+  }
 }
 
 TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {

@@ -1,10 +1,14 @@
 #include "platform/atomic_file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <latch>
 #include <system_error>
+#include <thread>
 
+#include "platform/file_descriptor.h"
 #include "tests/support/temporary_folder.h"
 
 namespace glintboard {
@@ -36,6 +40,31 @@ TEST(AtomicFile, TellsAMissingFileFromOtherFailures) {
   } catch (const std::system_error& error) {
     EXPECT_EQ(error.code(), std::errc::no_such_file_or_directory);
   }
+}
+
+TEST(AtomicFile, ReadsOnWhileWhatCameIsAPart) {
+  const test::TemporaryFolder folder;
+  const auto pipe = folder / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  std::latch partSeen(1);
+  std::latch done(1);
+  std::jthread writer([&] {
+    const FileDescriptor end(::open(pipe.c_str(), O_WRONLY | O_CLOEXEC));
+    EXPECT_EQ(::write(end.get(), "a part", 6), 6);
+    partSeen.wait();
+    EXPECT_EQ(::write(end.get(), " and the rest", 13), 13);
+    done.wait();  // the reader has not waited for an end
+  });
+  std::string buffer;
+  const auto isWhole = [&](std::string_view text) {
+    if (!text.ends_with("rest")) {
+      partSeen.count_down();
+      return false;
+    }
+    return true;
+  };
+  EXPECT_EQ(readWholeFile(pipe, buffer, isWhole), "a part and the rest");
+  done.count_down();
 }
 
 }  // namespace
