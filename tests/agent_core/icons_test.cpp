@@ -72,9 +72,8 @@ struct SomeShortcuts {
 
  private:
   ShortcutIconClient::Icon icon(const std::string& of) {
-    return {of, stamp, [this](int side) {
-              return ++drawn, test::painted(colour, {2 * side, 2 * side});
-            }};
+    return {of, stamp,
+            [this](int side) { return ++drawn, test::painted(colour, {2 * side, 2 * side}); }};
   }
 };
 
