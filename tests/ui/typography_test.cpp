@@ -9,7 +9,6 @@
 namespace glintboard {
 namespace {
 
-using DeckTypography::Family;
 using DeckTypography::TextStyle;
 using DeckTypography::Weight;
 
@@ -36,28 +35,18 @@ QString drawnWith(const QFont& font) {
 
 TEST(DeckTypography, DrawsWithTheFileOfTheNamedWeight) {
   EXPECT_TRUE(DeckTypography::registerFonts());
-  const std::tuple<QFont, Family, Weight, const char*> cases[] = {
-      {DeckTypography::ui(TextStyle::body, Weight::thin), Family::ui, Weight::thin,
-       "SpaceGrotesk-Regular"},
-      {DeckTypography::ui(TextStyle::body, Weight::medium), Family::ui, Weight::medium,
-       "SpaceGrotesk-Medium"},
-      {DeckTypography::ui(TextStyle::body, Weight::bold), Family::ui, Weight::bold,
-       "SpaceGrotesk-Bold"},
-      {DeckTypography::keyLabel(TextStyle::caption, Weight::semibold), Family::ui, Weight::semibold,
-       "SpaceGrotesk-SemiBold"},
-      {DeckTypography::hero(30, Weight::medium, {}), Family::display, Weight::medium,
-       "BarlowCondensed-Medium"},
-      {DeckTypography::hero(30, Weight::black, {}), Family::display, Weight::black,
-       "BarlowCondensed-Bold"},
-      {DeckTypography::handCaption(30, Weight::medium, {}), Family::hand, Weight::medium,
-       "Caveat-Regular"},
-      {DeckTypography::handCaption(30, Weight::semibold, {}), Family::hand, Weight::semibold,
-       "Caveat-Bold"}};
-  for (const auto& [font, family, weight, name] : cases) {
+  const std::pair<QFont, const char*> cases[] = {
+      {DeckTypography::ui(TextStyle::body, Weight::thin), "SpaceGrotesk-Regular"},
+      {DeckTypography::ui(TextStyle::body, Weight::medium), "SpaceGrotesk-Medium"},
+      {DeckTypography::ui(TextStyle::body, Weight::bold), "SpaceGrotesk-Bold"},
+      {DeckTypography::keyLabel(TextStyle::caption, Weight::semibold), "SpaceGrotesk-SemiBold"},
+      {DeckTypography::hero(30, Weight::medium, {}), "BarlowCondensed-Medium"},
+      {DeckTypography::hero(30, Weight::black, {}), "BarlowCondensed-Bold"},
+      {DeckTypography::handCaption(30, Weight::medium, {}), "Caveat-Regular"},
+      {DeckTypography::handCaption(30, Weight::semibold, {}), "Caveat-Bold"}};
+  for (const auto& [font, name] : cases) {
     EXPECT_EQ(drawnWith(font), name);
-    EXPECT_EQ(DeckTypography::postScriptName(family, weight), name);
   }
-  EXPECT_FALSE(DeckTypography::isPostScriptAvailable("SpaceGrotesk-Heavy"));
 }
 
 TEST(DeckTypography, WithoutItsFilesTheSystemsFontsStandIn) {
