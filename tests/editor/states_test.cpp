@@ -54,7 +54,6 @@ TEST_F(EditorStatesTest, AFailedListingSaysWhyAndRetryListsAgain) {
   storeDeck({});
   open();
   click("tab-shortcuts");
-  settle();
   expect({"Could not list Shortcuts: no answer", "Retry", "Open Shortcuts"});
   stage.listShortcuts("true");
   click("retry");
@@ -73,7 +72,6 @@ TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
   storeDeck({});
   open();
   click("tab-shortcuts");
-  settle();
   for (const auto& goesBy : std::vector<std::function<void()>>{
            [&] { model->undo(); }, [&] { model->setSelectedCategory("gaming"); },
            [&] { model->reset(); }}) {
@@ -85,12 +83,9 @@ TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
     settle();
   }
   click(card("Brew"));
-  settle();
   click("tip-done");
-  settle();
   EXPECT_FALSE(item("tip")->isVisible());
   click(card("Tidy up"));
-  settle();
   EXPECT_FALSE(item("tip")->isVisible());
   EXPECT_EQ(shown(), "Brew, Tidy up");
 }
@@ -118,7 +113,6 @@ TEST_F(EditorStatesTest, AnotherCategoryDiscardsUnsavedEdits) {
   storeDeck({app("files", "Files")});
   open();
   click(card("Music"));
-  settle();
   EXPECT_EQ(item("status")->property("syncLabel"), "Unsaved");
   item("category")->forceActiveFocus(Qt::TabFocusReason);
   press(Qt::Key_Down);
@@ -128,7 +122,6 @@ TEST_F(EditorStatesTest, AnotherCategoryDiscardsUnsavedEdits) {
   expect({"The iPhone shows the Streaming deck only for now.", "0 / 24"});
   press(Qt::Key_Up);
   EXPECT_TRUE(test::turnUntil([&] { return !model->isLoading(); }));
-  settle();
   EXPECT_EQ(shown(), "Files");
   EXPECT_EQ(item("status")->property("syncLabel"), "Synced");
   EXPECT_FALSE(texts().contains("The iPhone shows the Streaming deck only for now."));
