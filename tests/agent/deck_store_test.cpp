@@ -43,16 +43,14 @@ class DeckStoreTest : public testing::Test {
   test::FakeDesktop desktop;
   Executors executors;
   WorkspaceClient workspace = desktop.client();
-  QImage image{1, 1, QImage::Format_ARGB32};
   AppIconProvider icons{executors.workerStrand(),
                         {[](const ApplicationLocation&) { return ContentModification{}; },
-                         [this](const ApplicationLocation&, int) { return image; }}};
+                         [](const ApplicationLocation&, int) { return QImage(); }}};
   ShortcutIconProvider shortcutIcons{executors.workerStrand(), test::noShortcutIcons()};
   std::filesystem::path path = folder / "data/decks.json";
   DeckStore store{executors.service(), executors.workers(), path};
 
   void SetUp() override {
-    image.fill(Qt::red);
     desktop.installed = {"com.discord.Discord", "com.apple.Safari", "com.valvesoftware.steam"};
   }
 
@@ -167,18 +165,6 @@ TEST_F(DeckStoreTest, AFileThatCannotBeReadNowIsLeftAlone) {
   EXPECT_EQ(snapshots()[0].name, "Streaming");
   EXPECT_THROW(save(streaming, {}), std::system_error);
   EXPECT_TRUE(std::filesystem::is_directory(path));
-}
-
-TEST_F(DeckStoreTest, SnapshotsTellWhatRunsAndTheRevisionsOfTheIcons) {
-  desktop.running = {"com.apple.Safari", "com.valvesoftware.steam"};
-  const auto decks = snapshots();
-  EXPECT_EQ(decks[0].runningBundleIds, Lines{"com.apple.Safari"});
-  const auto revision = run(icons.revision("com.apple.Safari", workspace)).value_or("no icon");
-  EXPECT_EQ(decks[0].iconRevisions,
-            (std::map<std::string, std::string>{{"com.apple.Safari", revision},
-                                                {"com.discord.Discord", revision}}));
-  EXPECT_EQ(run(store.runningDeckBundleIds(workspace)),
-            (Lines{"com.apple.Safari", "com.valvesoftware.steam", "com.apple.Safari"}));
 }
 
 }  // namespace
