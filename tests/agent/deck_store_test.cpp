@@ -128,24 +128,21 @@ TEST_F(DeckStoreTest, TheDeckOfAnEarlierVersionBecomesTheStreamingDeckOrStaysWit
   EXPECT_FALSE(std::filesystem::exists(folder / "data/deck.json"));
 }
 
-TEST_F(DeckStoreTest, AnUnusableFileIsKeptBeforeItIsReplaced) {
-  folder.write("data/decks.json", "not decks");
-  folder.write("data/decks.json.bak", "older");
-  EXPECT_EQ(load(streaming).name, "Streaming");
-  EXPECT_EQ(content("decks.json"), "not decks") << "loading writes nothing";
-  EXPECT_EQ(snapshots().size(), 2u);
-  EXPECT_EQ(content("decks.json.bak.1"), "not decks");
-  EXPECT_EQ(content("decks.json.bak"), "older");
-  EXPECT_TRUE(content("decks.json").starts_with("{"));
-}
-
-TEST_F(DeckStoreTest, AnIncompleteFileIsCompletedForTheEditorAndReplacedForThePhone) {
+TEST_F(DeckStoreTest, AnUnusableOrIncompleteFileIsKeptBeforeItIsReplaced) {
   const std::string half = jsonText(DecksFile{1, {DeckTemplate("gaming", "Mine", {})}});
-  folder.write("data/decks.json", half);
-  EXPECT_EQ(load(gaming).name, "Mine");
-  EXPECT_EQ(load(streaming).name, "Streaming");
-  EXPECT_EQ(snapshots()[1].name, "Gaming");
-  EXPECT_EQ(content("decks.json.bak"), half);
+  const std::tuple<std::string, const char*, const char*> cases[] = {
+      {"not decks", "Gaming", "decks.json.bak.1"}, {half, "Mine", "decks.json.bak.2"}};
+  folder.write("data/decks.json.bak", "older");
+  for (const auto& [stored, name, backup] : cases) {
+    folder.write("data/decks.json", stored);
+    EXPECT_EQ(load(streaming).name, "Streaming");
+    EXPECT_EQ(load(gaming).name, name) << "completed for the editor";
+    EXPECT_EQ(content("decks.json"), stored) << "loading writes nothing";
+    EXPECT_EQ(snapshots()[1].name, "Gaming");
+    EXPECT_EQ(content(backup), stored);
+    EXPECT_TRUE(content("decks.json").starts_with(R"({"decks":[{"id":"streaming")"));
+  }
+  EXPECT_EQ(content("decks.json.bak"), "older");
 }
 
 TEST_F(DeckStoreTest, DecksComeInTheirOrderWhateverTheFilesIs) {

@@ -13,7 +13,6 @@
 #include "platform/keychain.h"
 #include "platform/process_running.h"
 #include "platform/shortcut_icon_client.h"
-#include "platform/spawn.h"
 
 namespace glintboard::test {
 
@@ -51,16 +50,12 @@ class FakeRunner : public ProcessRunning {
   ProcessRunResult result;
   std::string startFailure;
   std::vector<std::string> arguments;
-  std::chrono::seconds takes{0};
 
   Awaitable<ProcessRunResult> run(std::string, std::vector<std::string> given,
                                   std::chrono::duration<double>) override {
     arguments = std::move(given);
     if (!startFailure.empty()) {
       throw std::runtime_error(startFailure);
-    }
-    if (takes > std::chrono::seconds(0)) {
-      co_await sleepFor(takes);
     }
     co_return result;
   }
