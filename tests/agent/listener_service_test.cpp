@@ -51,16 +51,6 @@ class ListenerServiceTest : public testing::Test {
       replies.push_back(std::move(reply));
     }
   }
-
-  std::string pair(Uuid device) {
-    auto phone = connect();
-    const auto secrets = agent.run(services.pairingService().state());
-    phone.send(WireCodec::encode(MessageFactory::pairRequest(PairingMethod::pin, secrets.currentPIN,
-                                                             "Phone", device, id)),
-               soon());
-    const auto reply = WireCodec::decode<PairOKPayload>(phone.receive(soon()).value_or(""));
-    return reply ? reply->payload.token : "not paired";
-  }
 };
 
 TEST_F(ListenerServiceTest, AStrangerIsRefusedByTypeAndMayOnlyPair) {
@@ -98,7 +88,7 @@ TEST_F(ListenerServiceTest, AStrangerIsRefusedByTypeAndMayOnlyPair) {
 TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   agent.desktop.installed = {"com.apple.Safari", "com.spotify.client"};
   start();
-  auto phone = connect(pair(id));
+  auto phone = connect(agent.pair(services));
   EXPECT_TRUE(test::eventually([&] { return agent.phoneConnected.load(); }));
   const auto farOff = WireDate::parse("9999-12-31T23:59:59Z").value();
   const auto pong = ask(phone, MessageFactory::ping(farOff, id));
@@ -118,7 +108,7 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
 TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   start();
   EXPECT_TRUE(agent.bonjour.isAdvertised);
-  auto phone = connect(pair(id));
+  auto phone = connect(agent.pair(services));
   ASSERT_TRUE(test::eventually([&] { return pushes(); }));
   EXPECT_THROW(agent.run(listener.start()), ListenerServiceError);
   agent.run(listener.stop());
@@ -129,13 +119,6 @@ TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   EXPECT_THROW(connect(), std::exception);
   start();
   connect();
-}
-
-TEST_F(ListenerServiceTest, AnInvalidPortIsReported) {
-  auto environment = agent.environment();
-  environment.port = 0;
-  AgentServices other(environment, agent.deckStore);
-  EXPECT_THROW(agent.run(other.listenerService().start()), ListenerServiceError);
 }
 
 }  // namespace

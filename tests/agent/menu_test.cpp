@@ -30,7 +30,6 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_EQ(test::codeIn(window->view()->grabWindow()), address + "\n");
   EXPECT_EQ(PairingQRPayload::parse(address).value().macName, "Test Computer");
   EXPECT_EQ(viewModel->bonjourServiceName(), "Test Computer");
-  EXPECT_EQ(viewModel->pairingStatusText(), "Waiting for iPhone to scan QR");
 
   int changes = 0;
   QObject::connect(viewModel.get(), &AgentViewModel::pairedDevicesChanged, [&] { ++changes; });
@@ -57,11 +56,6 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return pin() != first; }));
   click("pairingCode");
   ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
-
-  click("pairingCode");
-  ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
-  pairOverTheWire(agent.run(viewModel->services().pairingService().state()).currentPIN);
-  ASSERT_TRUE(showsState("pairedDevice", pairedButtons)) << "another phone replaced the first";
 
   click("pairingCode");
   ASSERT_TRUE(showsState("pairingPanel", replacementButtons));

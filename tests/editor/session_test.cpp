@@ -19,15 +19,9 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
   agent.run(services.listenerService().start());
   ASSERT_TRUE(
       test::eventually([&] { return agent.run(services.listenerService().state()).isRunning; }));
-  const auto pin = agent.run(services.pairingService().state()).currentPIN;
-  const auto paired = agent.run(services.pairingService().handlePairRequest(
-      {PairingMethod::pin, pin, "Phone", randomUuid()}, randomUuid()));
   std::optional<phone::AgentSession> phone(
       std::in_place,
-      phone::PhoneConnection({"127.0.0.1", agent.port},
-                             std::get<WireMessage<PairOKPayload>>(paired).payload.token,
-                             std::chrono::steady_clock::now() + 5s),
-      5s);
+      phone::PhoneConnection({"127.0.0.1", agent.port}, agent.pair(services), test::soon()), 5s);
   phone->sync();
   stage.onSaved = [&] { return services.listenerService().pushDecksSnapshot(); };
 
@@ -46,7 +40,7 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
 
   std::string received;
   for (;;) {
-    const auto message = phone->receive(std::chrono::steady_clock::now() + 5s);
+    const auto message = phone->receive(test::soon());
     ASSERT_TRUE(message);
     if (isOfType(*message, MessageType::decksSnapshot)) {
       const auto snapshot = phone::payloadOf<DecksSnapshotPayload>(*message);

@@ -3,33 +3,11 @@
 #include "protocol/json_reader.h"
 #include "protocol/json_writer.h"
 #include "protocol/paired_device.h"
-#include "protocol/pairing_engine.h"
 #include "protocol/pairing_qr_payload.h"
 #include "protocol/pairing_secrets.h"
 
 namespace glintboard {
 namespace {
-
-using namespace PINCheckResult;
-
-TEST(PairingEngine, CountsDownLocksAndOnlyAResetUnlocks) {
-  using Result = PairingEngine::Result;
-  PairingEngine engine;
-  const auto check = [&](const char* pin) { return engine.check(pin, "123456"); };
-  const auto failFourTimes = [&] {
-    int remaining = 4;
-    for (const char* wrong : {"12345", "1234567", "12345a", "654321"}) {
-      EXPECT_EQ(check(wrong), Result(InvalidPIN{remaining--})) << wrong;
-    }
-  };
-  failFourTimes();
-  EXPECT_EQ(check("123456"), Result(Accepted{}));
-  failFourTimes();
-  EXPECT_EQ(check("000000"), Result(Lockout{}));
-  EXPECT_EQ(check("123456"), Result(Lockout{}));
-  engine.resetAttempts();
-  EXPECT_EQ(check("123456"), Result(Accepted{}));
-}
 
 TEST(PairingSecrets, AreWellFormedAndDiffer) {
   EXPECT_EQ(PINGenerator::format(7), "000007");
