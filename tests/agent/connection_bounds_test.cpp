@@ -52,23 +52,21 @@ TEST(ConnectionBoundsTest, OfTooManyGoesTheOldestIdleOneOfThePeerThatHasMost) {
 
 TEST(ConnectionBoundsTest, PlacesAreFreeAgainAndRoomIsMadeAmongStrangersAlone) {
   const auto bounds = std::make_shared<ConnectionBounds>(ConnectionLimits{.total = 3});
-  const auto peer = asio::ip::make_address("10.0.0.1");
-  std::array<std::unique_ptr<ConnectionBounds::Place>, 3> places;
-  std::string gone;
+  const auto enter = [&] { return bounds->enter(asio::ip::make_address("10.0.0.1")); };
+  std::vector<std::unique_ptr<ConnectionBounds::Place>> places;
+  std::vector<ConnectionKind> gone;
   for (const auto kind : {paired, unpaired, waiting}) {
-    auto& place = places[static_cast<std::size_t>(kind)];
-    place = bounds->enter(peer);
-    place->whenOut([&gone, kind] { gone += std::to_string(static_cast<int>(kind)); });
-    place->become(kind);
+    places.push_back(enter());
+    places.back()->whenOut([&gone, kind] { gone.push_back(kind); });
+    places.back()->become(kind);
   }
-  EXPECT_EQ(bounds->enter(peer), nullptr);
   for (int i = 0; i < 3; ++i) {
     bounds->makeRoom();
   }
-  EXPECT_EQ(gone, "01");
-  EXPECT_EQ(bounds->enter(peer), nullptr) << "ended, but not let go";
-  places[0].reset();
-  EXPECT_NE(bounds->enter(peer), nullptr);
+  EXPECT_EQ(gone, (std::vector{waiting, unpaired}));
+  EXPECT_EQ(enter(), nullptr) << "ended, but not let go";
+  places.pop_back();
+  EXPECT_NE(enter(), nullptr);
 }
 
 TEST(ConnectionBoundsTest, LimitsFitTheDescriptorsThatThereAre) {

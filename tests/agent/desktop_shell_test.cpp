@@ -40,12 +40,9 @@ struct RecordingMenu : MenuPresenter {
 // The agent's shell on a desktop of Qt's platform `platform`.
 class Shell {
  public:
-  explicit Shell(const char* platform, bool paired = false)
-      : arguments_{"test", "-platform", platform} {
-    for (auto& argument : arguments_) {
-      argv_.push_back(argument.data());
-    }
-    application_.emplace(count_, argv_.data());
+  explicit Shell(const char* platform, bool paired = false) {
+    ::setenv("QT_QPA_PLATFORM", platform, 1);
+    application_.emplace(count_, argv_);
     mainThread_.emplace();
     agent.emplace();
     if (paired) {
@@ -81,9 +78,9 @@ class Shell {
     }
   }
 
-  std::vector<std::string> arguments_;
-  std::vector<char*> argv_;
-  int count_ = 3;
+  int count_ = 1;
+  char name_[5] = "test";
+  char* argv_[2] = {name_, nullptr};
   std::optional<QGuiApplication> application_;
   std::optional<MainThread> mainThread_;
 

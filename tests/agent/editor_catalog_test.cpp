@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <QLocale>
-#include <QPainter>
 
 #include "tests/platform/applications_test.h"
 #include "tests/support/painted.h"
@@ -87,40 +86,6 @@ TEST_F(InstalledAppsCatalogTest, NamesTheApplicationOfADroppedLauncher) {
   EXPECT_EQ(catalog_->bundleIdOf(root / "system/applications/vendor/deep.desktop"), "vendor-deep");
   EXPECT_FALSE(catalog_->bundleIdOf(root / "home/Desktop/unknown.desktop"));
   EXPECT_FALSE(catalog_->bundleIdOf(root / "home/Desktop/discord"));
-}
-
-TEST(IconAccent, IsTheColourfulPartOfTheIconMadeBright) {
-  QImage icon(64, 64, QImage::Format_ARGB32_Premultiplied);
-  const auto painted = [&icon](QColor left, QColor right) {
-    icon.fill(Qt::transparent);
-    QPainter painter(&icon);
-    painter.fillRect(0, 0, 32, 64, left);
-    painter.fillRect(32, 0, 32, 64, right);
-    painter.end();
-    return InstalledAppsCatalog::accentColor(icon);
-  };
-  struct Case {
-    QColor left, right;
-    float hue, saturation, brightness;
-  };
-  const QColor half(0, 0, 255, 100);
-  for (const auto& [left, right, hue, saturation, brightness] : std::vector<Case>{
-           {Qt::red, Qt::red, 0, 1, 1},
-           {Qt::blue, Qt::transparent, 2 / 3.0F, 1, 1},
-           {Qt::blue, half, 2 / 3.0F, 1, 1},  // too transparent to count
-           {QColor(0, 0, 200, 200), Qt::transparent, 2 / 3.0F, 1, 200 / 255.0F},
-           {QColor(0, 60, 0), QColor(0, 60, 0), 1 / 3.0F, 1, 0.75F},  // dark
-           {Qt::black, Qt::black, 0, 0.55F, 0.75F},
-           // White weighs 0.15 against 1.15: (1.15 + 0.15) / 1.3 red, 0.15 / 1.3 of the others.
-           {Qt::red, Qt::white, 0, 1 - 0.15F / 1.3F, 1}}) {
-    const auto accent = painted(left, right);
-    ASSERT_TRUE(accent);
-    EXPECT_NEAR(std::max(accent->hsvHueF(), 0.0F), hue, 0.01) << left.name().toStdString();
-    EXPECT_NEAR(accent->hsvSaturationF(), saturation, 0.02) << left.name().toStdString();
-    EXPECT_NEAR(accent->valueF(), brightness, 0.02) << left.name().toStdString();
-  }
-  EXPECT_FALSE(painted(Qt::transparent, half));
-  EXPECT_FALSE(InstalledAppsCatalog::accentColor(QImage()));
 }
 
 }  // namespace

@@ -18,14 +18,10 @@ class EditorTest : public testing::Test, protected EditorStage {
     listShortcuts(std::string("echo 'Brew (") + briefId + ")'; echo 'Tidy up (" + tidyId + ")'");
   }
 
-  // The editor, its window not open yet.
-  void make() {
-    model = DeckEditorModel::create(inputs());
-    QObject::connect(model.get(), &DeckEditorModel::closeRequested, [this] { ++closeRequests; });
-  }
   // The editor with everything loaded.
   void open() {
-    make();
+    model = DeckEditorModel::create(inputs());
+    QObject::connect(model.get(), &DeckEditorModel::closeRequested, [this] { ++closeRequests; });
     model->open();
     ASSERT_TRUE(turnUntil([&] {
       return !model->isLoading() && model->apps()->isLoaded() &&

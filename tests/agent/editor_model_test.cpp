@@ -15,7 +15,11 @@ TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
   using Case = std::tuple<QStringList, int, bool, std::string>;
   const std::string before = "1 Discord, 2 Safari, 3 Music";
   open();
-  const QAbstractItemModelTester tester(model->tilesModel());
+  auto* tiles = model->tilesModel();
+  const QAbstractItemModelTester tester(tiles);
+  QSignalSpy inserted(tiles, &QAbstractItemModel::rowsInserted);
+  QSignalSpy moved(tiles, &QAbstractItemModel::rowsMoved);
+  const QSignalSpy reset(tiles, &QAbstractItemModel::modelReset);
   for (const auto& [items, index, accepted, expected] : std::vector<Case>{
            {{"editor"}, 0, true, "1 Text Editor, 2 Discord, 3 Safari, 4 Music"},
            {{"editor", "com.apple.Music"}, 1, true, "1 Discord, 2 Text Editor, 3 Safari, 4 Music"},
@@ -39,9 +43,12 @@ TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
            {{"/home/me/Desktop/discord.desktop"}, 2, true, "1 Safari, 2 Music, 3 Discord"},
            {{"applications:editor.desktop"}, 3, true, before + ", 4 Text Editor"},
            {{"file:///tmp/photo.png"}, 0, false, before}}) {
+    inserted.clear();
+    moved.clear();
     model->setDropTargetIndex(index);
     EXPECT_EQ(model->drop(items, index), accepted) << items.join(' ').toStdString();
     EXPECT_EQ(keys(), expected);
+    EXPECT_EQ(inserted.count() + moved.count(), expected != before ? 1 : 0) << "as one step";
     EXPECT_EQ(model->dropTargetIndex(), -1);
     EXPECT_FALSE(model->isDeckDragActive());
     EXPECT_EQ(model->canUndo(), expected != before);
@@ -49,30 +56,11 @@ TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
     EXPECT_EQ(keys(), before);
     EXPECT_EQ(model->syncLabel(), "Synced");
   }
-}
-
-TEST_F(DeckEditorTest, ViewsAreToldOfAnEditAsOneStep) {
-  open();
-  const QSignalSpy moved(model->tilesModel(), &QAbstractItemModel::rowsMoved);
-  const QSignalSpy inserted(model->tilesModel(), &QAbstractItemModel::rowsInserted);
-  const QSignalSpy removed(model->tilesModel(), &QAbstractItemModel::rowsRemoved);
-  const QSignalSpy reset(model->tilesModel(), &QAbstractItemModel::modelReset);
-  model->addAction("system.volume.up");
-  model->addAction("system.volume.mute");
-  model->addAction("system.volume.down");
-  EXPECT_EQ(inserted.count(), 3);
-  model->move(0, 4);
-  EXPECT_EQ(moved.count(), 1);
-  model->move(3, 1);
-  EXPECT_EQ(moved.count(), 2);
-  model->remove(2);
-  EXPECT_EQ(removed.count(), 1);
-  EXPECT_EQ(keys(), "1 Safari, 2 Mute, 3 Vol +, 4 Discord, 5 Vol \u2212");
-  EXPECT_FALSE(model->move(5, 0));
+  EXPECT_EQ(reset.count(), 0);
+  EXPECT_FALSE(model->move(3, 0));
   model->remove(24);
   model->remove(-1);
-  EXPECT_EQ(model->tiles().size(), 5U);
-  EXPECT_EQ(reset.count(), 0);
+  EXPECT_EQ(keys(), before);
 }
 
 TEST(DeckTilesModel, FollowsAnyChangeOfTheDeck) {
@@ -102,14 +90,11 @@ TEST(DeckTilesModel, FollowsAnyChangeOfTheDeck) {
 
 TEST_F(DeckEditorTest, ADuplicateIsRefusedWithItsText) {
   open();
-  model->addApp("com.apple.Safari");
-  EXPECT_EQ(model->errorMessage(), "com.apple.Safari is already on the deck.");
-  EXPECT_EQ(keys(), "1 Discord, 2 Safari, 3 Music");
   model->addAction("system.volume.up");
-  EXPECT_TRUE(model->errorMessage().isNull()) << "the next success clears it";
   model->addAction("system.volume.up");
   EXPECT_EQ(model->errorMessage(), "system.volume.up is already on the deck.");
   model->addShortcut(briefId);
+  EXPECT_TRUE(model->errorMessage().isNull()) << "the next success clears it";
   model->addShortcut(briefId);
   EXPECT_EQ(model->errorMessage(), "That Shortcut is already on the deck.");
   model->undo();
@@ -223,14 +208,12 @@ TEST_F(DeckEditorTest, ASaveTellsWhereTheDeckIsNow) {
 TEST_F(DeckEditorTest, KeysTellWhatRuns) {
   running = {"com.apple.Safari"};
   open();
-  const auto isRunning = [&](int row) {
-    return model->tilesModel()->index(row).data(DeckTilesModel::IsRunningRole);
-  };
-  EXPECT_EQ(isRunning(1), true);
-  EXPECT_EQ(isRunning(2), false);
+  const auto safari = model->tilesModel()->index(1);
+  EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), true);
+  EXPECT_EQ(safari.siblingAtRow(2).data(DeckTilesModel::IsRunningRole), false);
   running.clear();
   model->refreshLive();
-  EXPECT_EQ(isRunning(1), false);
+  EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), false);
 }
 
 TEST_F(DeckEditorTest, AResetShowsAndStoresTheBuiltInDeck) {

@@ -30,7 +30,6 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_EQ(test::codeIn(window->view()->grabWindow()), address + "\n");
   EXPECT_EQ(PairingQRPayload::parse(address).value().macName, "Test Computer");
   EXPECT_EQ(viewModel->bonjourServiceName(), "Test Computer");
-  EXPECT_EQ(viewModel->pairingStatusText(), "Waiting for iPhone to scan QR");
 
   int changes = 0;
   QObject::connect(viewModel.get(), &AgentViewModel::pairedDevicesChanged, [&] { ++changes; });
@@ -57,11 +56,6 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return pin() != first; }));
   click("pairingCode");
   ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
-
-  click("pairingCode");
-  ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
-  pairOverTheWire(agent.run(viewModel->services().pairingService().state()).currentPIN);
-  ASSERT_TRUE(showsState("pairedDevice", pairedButtons)) << "another phone replaced the first";
 
   click("pairingCode");
   ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
@@ -144,14 +138,19 @@ TEST_F(MenuTest, ShowsTheHintUntilItIsDismissed) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return !shows("hint") && !shows("dismiss"); }));
 }
 
-TEST_F(MenuTest, WorksFromTheKeyboard) {
+TEST_F(MenuTest, WorksFromTheKeyboardAndForScreenReaders) {
+  QAccessible::setActive(true);
   startAndWait();
   pairOverTheWire(pin());
   ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+  const auto named = [](QQuickItem* shown) {
+    auto* const accessible = QAccessible::queryAccessibleInterface(shown);
+    return accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
+  };
   QStringList reached;
   for (int i = 0; i < 4; ++i) {
     key(i % 2 == 0 ? Qt::Key_Tab : Qt::Key_Down);
-    reached.append(window->view()->activeFocusItem()->property("text").toString());
+    reached.append(named(window->view()->activeFocusItem()));
     EXPECT_TRUE(window->view()->activeFocusItem()->property("visualFocus").toBool());
   }
   EXPECT_EQ(reached, pairedButtons);
@@ -162,30 +161,14 @@ TEST_F(MenuTest, WorksFromTheKeyboard) {
   key(Qt::Key_Space);
   ASSERT_TRUE(showsState("pairingPanel", unpairedButtons))
       << "unpaired by the space bar, whatever the keychain does";
+  EXPECT_EQ(named(item("pin")), text("pin"));
+  EXPECT_EQ(named(item("qrCode")), "Pairing QR code");
   key(Qt::Key_Q, Qt::ControlModifier);
   EXPECT_EQ(quits, 2);
   click("editDeck");
   EXPECT_EQ(edits, 1);
   key(Qt::Key_Escape);
   EXPECT_TRUE(window->view() == nullptr || !window->view()->isVisible());
-}
-
-TEST_F(MenuTest, NamesEverythingForScreenReaders) {
-  QAccessible::setActive(true);
-  startAndWait();
-  const std::tuple<const char*, QString, QAccessible::Role> expected[] = {
-      {"quit", "Quit", QAccessible::Button},
-      {"editDeck", "Edit Deck", QAccessible::Button},
-      {"status", "Ready for iPhone", QAccessible::StaticText},
-      {"pin", text("pin"), QAccessible::StaticText},
-      {"qrCode", "Pairing QR code", QAccessible::Graphic},
-      {"instruction", text("instruction"), QAccessible::StaticText}};
-  for (const auto& [name, label, role] : expected) {
-    auto* const accessible = QAccessible::queryAccessibleInterface(item(name));
-    ASSERT_NE(accessible, nullptr) << name;
-    EXPECT_EQ(accessible->text(QAccessible::Name), label);
-    EXPECT_EQ(accessible->role(), role) << name;
-  }
 }
 
 TEST_F(MenuTest, MovesToANewHeightUnlessMotionIsReduced) {

@@ -4,12 +4,9 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "agent/shell/desktop_shell.h"
 #include "platform/compositing.h"
 #include "tests/agent/menu_fixture.h"
 #include "tests/platform/x_server.h"
-#include "tests/support/session_bus.h"
-#include "tests/support/status_notifier_watcher.h"
 
 namespace glintboard {
 namespace {
@@ -69,44 +66,6 @@ TEST_F(MenuTest, TakesItsKeysAndClosesOnEscapeAndWhenTheFocusGoesElsewhere) {
   QTest::qWait(350);
   window->toggle(std::nullopt);
   EXPECT_TRUE(window->view()->isVisible());
-}
-
-TEST_F(MenuTest, OpensBesideItsItemInWhateverTray) {
-  const test::SessionBus bus;
-  startAndWait();
-  window->toggle(std::nullopt);
-  const DesktopShell shell(*viewModel, *window);
-  QWindow other;
-  other.setGeometry(600, 200, 100, 100);
-  other.show();
-  const auto opens = [&](const std::function<void()>& activate) {
-    return QTest::qWaitFor(
-        [&] {
-          activate();
-          QTest::qWait(50);
-          // The view may go while it is waited for.
-          return QTest::qWaitFor(
-              [&] { return window->view() != nullptr && window->view()->isActive(); }, 1000);
-        },
-        10000);
-  };
-  const auto closesWithItsFocus = [&] {
-    other.requestActivate();
-    return isClosed(*window);
-  };
-  {
-    const test::ChildProcess legacy(
-        {"trayer", "--edge", "top", "--align", "left", "--widthtype", "request", "--height", "24"});
-    ASSERT_TRUE(opens([] { test::outputOf("xdotool mousemove 12 14 click 1 2>&1"); }));
-    EXPECT_LT(window->view()->x(), 40);
-    EXPECT_LT(window->view()->y(), 60);
-    EXPECT_TRUE(closesWithItsFocus());
-  }
-  const test::StatusNotifierWatcher tray;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !tray.item().empty(); }));
-  ASSERT_TRUE(opens([&] { tray.call("org.kde.StatusNotifierItem.Activate 400 595"); }));
-  EXPECT_EQ(window->view()->geometry().bottom(), 595 - 8 - 1);
-  EXPECT_TRUE(closesWithItsFocus());
 }
 
 TEST_F(MenuTest, OpensAgainAtOnce) {

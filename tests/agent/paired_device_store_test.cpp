@@ -7,77 +7,28 @@
 namespace glintboard {
 namespace {
 
-using test::FakeKeychain;
-
-const std::string itemKey = "org.glintboard.Agent.paired-devices/paired-devices";
-
-PairedDevice device(const char* name) {
-  return {randomUuid(), name, {"TOKEN"}, {800000000.5}};
-}
-
-template <class Store>
-void expectKeepsAList(Store&& store) {
-  const std::vector<PairedDevice> first = {device("first")};
-  const std::vector<PairedDevice> second = {device("second")};
-  EXPECT_TRUE(store.load().empty());
-  store.save(first);
-  store.save(second);
-  EXPECT_EQ(store.load(), second);
-  store.save({});
-  EXPECT_TRUE(store.load().empty());
-  store.deleteAll();
-  store.deleteAll();
-  EXPECT_TRUE(store.load().empty());
-}
-
 TEST(PairedDeviceStore, KeepsTheListLastSaved) {
-  FakeKeychain keychain;
-  expectKeepsAList(KeychainPairedDeviceStore(keychain));
-  expectKeepsAList(InMemoryPairedDeviceStore());
-}
-
-TEST(PairedDeviceStore, DamagedDataIsAnEmptyList) {
-  FakeKeychain keychain;
-  KeychainPairedDeviceStore store(keychain);
-  store.save({device("a")});
-  const std::string good = keychain.items.at(itemKey);
-  for (const std::string& bad : {good.substr(1), std::string("[{}]"), std::string("{}"),
-                                 std::string("\xff"), std::string()}) {
-    keychain.items[itemKey] = bad;
-    EXPECT_TRUE(store.load().empty()) << bad;
+  test::FakeKeychain keychain;
+  KeychainPairedDeviceStore kept(keychain);
+  InMemoryPairedDeviceStore forgotten;
+  for (PairedDeviceStoring* store :
+       std::initializer_list<PairedDeviceStoring*>{&kept, &forgotten}) {
+    const std::vector<PairedDevice> devices = {{randomUuid(), "second", {"TOKEN"}, {800000000.5}}};
+    EXPECT_TRUE(store->load().empty());
+    store->save({{randomUuid(), "first", {"TOKEN"}, {800000000}}});
+    store->save(devices);
+    EXPECT_EQ(store->load(), devices);
+    store->deleteAll();
+    store->deleteAll();
+    EXPECT_TRUE(store->load().empty());
   }
-}
-
-TEST(PairedDeviceStore, ReportsTheKeychainsStatusAndKeepsTheItem) {
-  FakeKeychain keychain;
-  KeychainPairedDeviceStore store(keychain);
-  store.save({device("a")});
-  const auto before = keychain.items;
-  keychain.failure = -25308;
-  using Error = KeychainPairedDeviceStoreError;
-  const auto thrownBy = [](auto operation) {
-    try {
-      operation();
-    } catch (const Error& error) {
-      return error;
-    }
-    return Error(Error::Code::saveFailed, 0);
-  };
-  EXPECT_EQ(thrownBy([&] { store.save({}); }), Error(Error::Code::saveFailed, -25308));
-  EXPECT_EQ(thrownBy([&] { store.deleteAll(); }), Error(Error::Code::deleteFailed, -25308));
-  EXPECT_TRUE(store.load().empty());
-  EXPECT_TRUE(store.isOutOfReach());
-  EXPECT_EQ(keychain.items, before);
-  keychain.failure = keychainSuccess;
-  EXPECT_FALSE(store.load().empty());
-  EXPECT_FALSE(store.isOutOfReach());
 }
 
 TEST(PairedDeviceStore, OfTwoListsTheOneWithTheLaterPairingIsLater) {
   const auto list = [](double pairedAt) {
-    FakeKeychain keychain;
+    test::FakeKeychain keychain;
     KeychainPairedDeviceStore(keychain).save({{randomUuid(), "a", {"TOKEN"}, {pairedAt}}});
-    return keychain.items.at(itemKey);
+    return keychain.items.begin()->second;
   };
   const auto rule = pairedDevicesMergeRule();
   EXPECT_TRUE(rule.isLater(list(800000000.5), list(800000000.25)));

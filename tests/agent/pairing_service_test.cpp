@@ -118,6 +118,8 @@ TEST_F(PairingServiceTest, FiveWrongPINsLockOutUntilTheCodeIsUsedOrRenewed) {
     EXPECT_EQ(pairByPIN(phone), lockedOut);
     EXPECT_TRUE(state().isLockedOut);
   };
+  EXPECT_EQ(wrongPIN(), "invalid_pin: Invalid PIN");
+  EXPECT_EQ(pairByPIN(phone).size(), 36u) << "and the attempts count anew";
   fail();
   EXPECT_EQ(pairByCode(phone).size(), 36u);
   EXPECT_FALSE(state().isLockedOut);

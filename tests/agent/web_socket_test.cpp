@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/write.hpp>
+
 #include "agent/connection/web_socket_listener.h"
 #include "platform/spawn.h"
 #include "tests/support/test_agent.h"
@@ -15,37 +19,27 @@ using test::soon;
 // A raw TCP connection to the server.
 class RawClient {
  public:
-  explicit RawClient(std::uint16_t port) : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (::connect(socket_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) !=
-        0) {
-      throw std::runtime_error("cannot connect");
-    }
+  explicit RawClient(std::uint16_t port) {
+    socket_.connect({asio::ip::address_v4::loopback(), port});
   }
 
-  void send(std::string_view bytes) const {
-    EXPECT_EQ(::send(socket_.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
-              static_cast<ssize_t>(bytes.size()));
-  }
+  void send(std::string_view bytes) { asio::write(socket_, asio::buffer(bytes)); }
   // What comes until there is a pause or the end.
-  std::string receive() const {
+  std::string receive() {
     std::string all;
-    pollfd waiting{socket_.get(), POLLIN, 0};
+    pollfd waiting{socket_.native_handle(), POLLIN, 0};
     char buffer[4096];
     while (::poll(&waiting, 1, 500) == 1) {
-      const ssize_t count = ::recv(socket_.get(), buffer, sizeof(buffer), 0);
-      if (count <= 0) {
+      error_code error;
+      all.append(buffer, socket_.read_some(asio::buffer(buffer), error));
+      if (error) {
         return all + "[end]";
       }
-      all.append(buffer, static_cast<std::size_t>(count));
     }
     return all;
   }
 
-  void upgrade(const std::string& moreHeaders = "") const {
+  void upgrade(const std::string& moreHeaders = "") {
     send(
         "GET / HTTP/1.1\r\nHost: a\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
         "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n" +
@@ -56,7 +50,8 @@ class RawClient {
   }
 
  private:
-  FileDescriptor socket_;
+  asio::io_context loop_;
+  asio::ip::tcp::socket socket_{loop_};
 };
 
 // A short masked frame whose mask is zero.
@@ -125,7 +120,7 @@ class WebSocketTest : public testing::Test {
 };
 
 TEST_F(WebSocketTest, TreatsTextBinaryAndFragmentsAlikeAndAnswersPings) {
-  const RawClient client(port);
+  RawClient client(port);
   client.upgrade("x-glintboard-token: first\r\nX-Glintboard-Token: second\r\n");
   client.send(frame(0x81, "text"));
   EXPECT_EQ(client.receive(), "\x81\x04text");
@@ -157,7 +152,7 @@ TEST_F(WebSocketTest, EndsConnectionsThatBreakTheRulesAndNoOthers) {
       {frame(0x88, "\x0b\xb8 bye"), 3000},          // with one
       {frame(0x88, "\x03\xed"), 1002}};             // with one that cannot be given
   for (const auto& [bytes, code] : closes) {
-    const RawClient client(port);
+    RawClient client(port);
     client.upgrade();
     client.send(bytes);
     const std::string close = {'\x88', 2, static_cast<char>(code >> 8), static_cast<char>(code)};
@@ -175,13 +170,13 @@ TEST_F(WebSocketTest, EndsConnectionsThatBreakTheRulesAndNoOthers) {
       {upgrade + "Sec-WebSocket-Key: c2hvcnQ=\r\n" + version, "HTTP/1.1 400 "},
       {upgrade + key + "Sec-WebSocket-Version: 8\r\n", "HTTP/1.1 426 "}};
   for (const auto& [request, beginning] : refusals) {
-    const RawClient client(port);
+    RawClient client(port);
     client.send(request + "\r\n");
     const auto answer = client.receive();
     EXPECT_TRUE(answer.starts_with(beginning) && answer.ends_with("[end]")) << request << answer;
   }
   {
-    const RawClient client(port);
+    RawClient client(port);
     client.send("GET / HTTP/1.1\r\nX: " + std::string(20'000, 'x') + "\r\n\r\n");
     EXPECT_TRUE(client.receive().ends_with("[end]"));
   }

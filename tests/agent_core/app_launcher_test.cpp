@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "agent_core/apps/listener_service_stub.h"
 #include "platform/executors.h"
-#include "protocol/message_factory.h"
 #include "tests/support/await.h"
 #include "tests/support/fake_desktop.h"
 
@@ -57,25 +55,6 @@ TEST(AppLauncher, EveryStateOfAnApplicationHasItsOutcome) {
         << it.what;
     EXPECT_EQ(desktop.calls, it.calls) << it.what;
   }
-}
-
-TEST(AppWireHandler, AnswersItsTypesUnderTheRequestsIdAndLeavesOthersAlone) {
-  Executors executors;
-  test::FakeDesktop desktop;
-  desktop.installed = {"a"};
-  ListenerServiceStub stub(executors.workers(), AppWireHandler(AppLauncher(desktop.client())));
-  const auto route = [&](std::string bytes) {
-    return test::await(executors.service(), stub.route(std::move(bytes)));
-  };
-  const Uuid id = randomUuid();
-  const auto launched = route(WireCodec::encode(MessageFactory::appLaunch("a", id)));
-  EXPECT_EQ(*launched, WireCodec::encode(MessageFactory::appOK("a", id)));
-  const auto focused = route(WireCodec::encode(MessageFactory::appFocus("a", id)));
-  EXPECT_EQ(*focused, WireCodec::encode(MessageFactory::appError(
-                          "a", AppErrorCode::notFound, "Application is not running", id)));
-  EXPECT_EQ(*route(WireCodec::encode(MessageFactory::ping(WireDate::now(), id))), std::nullopt);
-  EXPECT_FALSE(route("no json"));
-  EXPECT_FALSE(route(WireCodec::encode(WireMessage<EmptyPayload>{"app.launch", id, {}})));
 }
 
 }  // namespace

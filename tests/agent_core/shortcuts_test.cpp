@@ -1,9 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "agent_core/shortcuts/shortcut_handlers.h"
 #include "agent_core/shortcuts/shortcuts_catalog.h"
+#include "agent_core/shortcuts/shortcuts_runner.h"
 #include "platform/executors.h"
-#include "protocol/message_factory.h"
 #include "tests/support/await.h"
 #include "tests/support/fakes.h"
 
@@ -34,71 +33,40 @@ TEST(ShortcutsRunner, ClassifiesEveryEnd) {
   };
   Executors executors;
   FakeRunner runner;
-  const ShortcutsRunner shortcuts("/bin/true", runner);
+  const auto run = [&](const char* tool = "/bin/true") {
+    return test::await(executors.service(), ShortcutsRunner(tool, runner).run(someShortcut));
+  };
   for (const auto& [ended, code, message] : cases) {
     runner.result = ended;
-    EXPECT_EQ(test::await(executors.service(), shortcuts.run(someShortcut)),
-              Result(Error{someShortcut, code, message}))
-        << ended.stderrText;
+    EXPECT_EQ(run(), Result(Error{someShortcut, code, message})) << ended.stderrText;
   }
   runner.result = {0, "", "not found"};
-  EXPECT_EQ(test::await(executors.service(), shortcuts.run(someShortcut)),
-            Result(Ok{someShortcut}));
+  EXPECT_EQ(run(), Result(Ok{someShortcut}));
   EXPECT_EQ(runner.arguments, (std::vector<std::string>{"run", someShortcut}));
   runner.startFailure = "no processes left";
-  EXPECT_EQ(test::await(executors.service(), shortcuts.run(someShortcut)),
-            Result(Error{someShortcut, runFailed, "no processes left"}));
-  EXPECT_EQ(
-      test::await(executors.service(), ShortcutsRunner("/no/such/tool", runner).run(someShortcut)),
-      Result(Error{someShortcut, runFailed, "The shortcuts CLI is not available on this Mac."}));
-}
-
-TEST(ShortcutWireHandler, AnswersRunsUnderTheRequestsId) {
-  Executors executors;
-  FakeRunner runner;
-  const ShortcutWireHandler handler{ShortcutMessageHandler(ShortcutsRunner("/bin/true", runner))};
-  const auto handle = [&](std::string bytes) {
-    return test::await(executors.service(), handler.handle(std::move(bytes)));
-  };
-  const Uuid id = randomUuid();
-  EXPECT_EQ(*handle(WireCodec::encode(MessageFactory::shortcutRun("x", "Label", id))),
-            WireCodec::encode(MessageFactory::shortcutOK("x", id)));
-  EXPECT_EQ(*handle(WireCodec::encode(MessageFactory::appLaunch("a", id))), std::nullopt);
-  EXPECT_FALSE(handle("[]"));
+  EXPECT_EQ(run(), Result(Error{someShortcut, runFailed, "no processes left"}));
+  EXPECT_EQ(run("/no/such/tool"), Result(Error{someShortcut, runFailed,
+                                               "The shortcuts CLI is not available on this Mac."}));
 }
 
 TEST(ShortcutsCatalog, ListsWhatParsesAndReportsWhatFails) {
   Executors executors;
   FakeRunner runner;
   const ShortcutsCatalog catalog("/bin/true", runner);
-  const auto list = [&](const ShortcutsCatalog& from) {
-    return test::await(executors.service(), from.list());
-  };
-  const auto failure = [&](const ShortcutsCatalog& from) -> std::string {
-    try {
-      list(from);
-      return "no failure";
-    } catch (const std::exception& error) {
-      return error.what();
-    }
-  };
+  const auto list = [&] { return test::await(executors.service(), catalog.list()); };
   runner.result.stdoutText = "\r\n  Lights (on) (" + someShortcut + ")  \nno identifier (x)\n(" +
                              someShortcut + ")\nTwice (0f8fad5b-d9cb-469f-a165-70867728950e)\n" +
                              "Wrong (0f8fad5bd-9cb-469f-a165-70867728950e)";
-  EXPECT_EQ(list(catalog),
+  EXPECT_EQ(list(),
             (std::vector<CatalogShortcut>{{"Lights (on)", someShortcut},
                                           {"Twice", "0f8fad5b-d9cb-469f-a165-70867728950e"}}));
   EXPECT_EQ(runner.arguments, (std::vector<std::string>{"list", "--show-identifiers"}));
   runner.result = {0, "nothing to parse", ""};
-  EXPECT_TRUE(list(catalog).empty());
-  runner.result = {3, "", " broken\n"};
-  EXPECT_EQ(failure(catalog), "Could not list Shortcuts: broken");
+  EXPECT_TRUE(list().empty());
   runner.result = {3, "", ""};
-  EXPECT_EQ(failure(catalog), "Could not list Shortcuts (exit 3).");
+  EXPECT_THROW(list(), ShortcutsCatalogError);
   runner.result = {0, "", "", true};
-  EXPECT_EQ(failure(catalog), "Could not list Shortcuts (exit 0).");
-  EXPECT_EQ(failure(ShortcutsCatalog("/no/such/tool", runner)),
-            "The shortcuts CLI is not available on this Mac.");
+  EXPECT_THROW(list(), ShortcutsCatalogError);
 }
 
 TEST(ShortcutsCatalog, PrefersTheSuggestedShortcutByItsExactName) {

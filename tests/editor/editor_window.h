@@ -40,6 +40,16 @@ class EditorWindowTest : public testing::Test {
   void storeDeck(std::vector<DeckTile> tiles, const std::string& name = "On Air") {
     stage.deck(DeckCategoryID::streaming, name, std::move(tiles));
   }
+  // A deck of so many applications, "App 0" and so on.
+  void storeApps(int count) {
+    std::vector<DeckTile> tiles;
+    for (int i = 0; i < count; ++i) {
+      const auto number = std::to_string(i);
+      stage.app("app" + number, "App " + number, "plus", i * 15);
+      tiles.push_back(DeckTile::app(0, "App " + number, "app" + number));
+    }
+    storeDeck(tiles);
+  }
   static DeckTile app(const char* id, const char* label) { return DeckTile::app(0, label, id); }
   // Until nothing moves any more.
   static void settle() { EditorStage::turnFor(350); }
@@ -72,7 +82,10 @@ class EditorWindowTest : public testing::Test {
     return of->mapToScene(QPointF(of->width() / 2, of->height() / 2)).toPoint();
   }
 
-  void click(QPoint at) { QTest::mouseClick(window, Qt::LeftButton, {}, at); }
+  void click(QPoint at) {
+    QTest::mouseClick(window, Qt::LeftButton, {}, at);
+    settle();
+  }
   void click(const QString& name) { click(middleOf(item(name))); }
   void press(int key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(window, static_cast<Qt::Key>(key), modifiers);
@@ -96,8 +109,9 @@ class EditorWindowTest : public testing::Test {
     settle();
   }
 
-  // "Files, Music": what the phone shows, in the order in which it lies there.
+  // "Files, Music": what the phone shows in the end, in the order in which it lies there.
   std::string shown() const {
+    settle();
     std::map<std::pair<int, int>, std::string> labels;
     const auto cells = all(item(QStringLiteral("keys")), "remove()");
     for (const auto* cell : cells) {

@@ -22,7 +22,6 @@ TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
   EXPECT_EQ(model->searchText(), "no");
   press(Qt::Key_Down);
   press(Qt::Key_Return);
-  settle();
   EXPECT_EQ(shown(), "Notes");
   press(Qt::Key_F, Qt::ControlModifier);
   press(Qt::Key_Escape);
@@ -32,41 +31,34 @@ TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
   press(Qt::Key_Space);
   press(Qt::Key_Right);
   press(Qt::Key_Enter);
-  settle();
   EXPECT_EQ(shown(), "Notes, Calendar, Files");
 
   tabTo("phone");
   press(Qt::Key_Home);
   press(Qt::Key_Right, Qt::ControlModifier);
-  settle();
   EXPECT_EQ(shown(), "Calendar, Notes, Files");
   press(Qt::Key_Right);
   press(Qt::Key_Delete);
-  settle();
   EXPECT_EQ(shown(), "Calendar, Notes");
   press(Qt::Key_Z, Qt::ControlModifier);
-  settle();
   EXPECT_EQ(shown(), "Calendar, Notes, Files");
   press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-  settle();
   EXPECT_EQ(shown(), "Calendar, Notes");
   press(Qt::Key_S, Qt::ControlModifier);
   EXPECT_TRUE(test::turnUntil([&] { return stage.announcements == 1; }));
-  EXPECT_EQ(model->syncLabel(), "Synced");
+  settle();
+  EXPECT_EQ(item("status")->property("syncLabel"), "Synced");
+  EXPECT_EQ(item("info")->property("message"),
+            QString::fromUtf8("Saved on Mac \u2014 connect iPhone to update."));
+  EXPECT_TRUE(item("info")->isVisible());
 }
 
 TEST_F(EditorKeyboardTest, KeysMoveByRows) {
-  std::vector<DeckTile> tiles;
-  for (int i = 0; i < 9; ++i) {
-    const auto id = "app" + std::to_string(i);
-    stage.app(id, id, "plus", i * 15);
-    tiles.push_back(DeckTile::app(0, id, id));
-  }
-  storeDeck(tiles);
+  storeApps(9);
   open();
   tabTo("phone");
   press(Qt::Key_Down, Qt::ControlModifier);
-  EXPECT_EQ(model->tiles()[4].label, "app0");
+  EXPECT_EQ(model->tiles()[4].label, "App 0");
   press(Qt::Key_Up);
   press(Qt::Key_Up);
   EXPECT_EQ(item("phone")->property("currentIndex"), 0);

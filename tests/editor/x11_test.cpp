@@ -73,10 +73,8 @@ TEST_F(EditorOnX11Test, ThePointerDragsACardToTheFirstSlot) {
   }
   EXPECT_TRUE(test::turnUntil([&] { return model->dropTargetIndex() == 0; }));
   pointer("mouseup 1");
-  settle();
   EXPECT_EQ(shown(), "Calendar, Files, Music");
   pointer("key ctrl+z");
-  settle();
   EXPECT_EQ(shown(), "Files, Music");
   pointer("key Escape");
   EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; }));

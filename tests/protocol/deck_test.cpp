@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "protocol/deck_template_filter.h"
 #include "protocol/deck_templates.h"
 #include "protocol/json_reader.h"
 #include "protocol/json_writer.h"
@@ -8,14 +7,6 @@
 
 namespace glintboard {
 namespace {
-
-std::vector<std::int64_t> slots(const std::vector<DeckTile>& tiles) {
-  std::vector<std::int64_t> result;
-  for (const auto& tile : tiles) {
-    result.push_back(tile.slot);
-  }
-  return result;
-}
 
 TEST(DeckTile, ReadingDerivesKindAndIdentityThatAreMissing) {
   const std::tuple<const char*, DeckTileKind, const char*> cases[] = {
@@ -61,8 +52,11 @@ TEST(DeckTemplates, TheBuiltInDecksAreNumberedAndReadBackFromTheirJson) {
   for (const auto category : DeckTemplates::categoryOrder) {
     const auto& deck = DeckTemplates::bundledTemplate(category);
     EXPECT_EQ(deck.id, rawValue(category));
-    EXPECT_EQ(slots(deck.tiles),
-              (std::vector<std::int64_t>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
+    ASSERT_EQ(deck.tiles.size(), 12U);
+    std::int64_t slot = 0;
+    for (const auto& tile : deck.tiles) {
+      EXPECT_EQ(tile.slot, ++slot);
+    }
   }
   const auto json = DeckTemplates::streamingJSON();
   EXPECT_NE(json.find("\n  \"tiles\": [\n    {\n      \"alternateBundleIds\": ["),
@@ -70,41 +64,16 @@ TEST(DeckTemplates, TheBuiltInDecksAreNumberedAndReadBackFromTheirJson) {
   EXPECT_EQ(*DeckTemplates::loadStreaming(json), DeckTemplates::streaming());
 }
 
-TEST(DeckTemplateFilter, ShowsWhatIsInstalledUnderTheIdentifierThatIs) {
-  const auto payload = DeckTemplateFilter::snapshot(DeckTemplates::streaming(),
-                                                    {"com.discord.Discord", "com.apple.Safari"},
-                                                    {"com.apple.Safari", "com.spotify.client"});
-  ASSERT_EQ(payload.tiles.size(), 2u);
-  EXPECT_EQ(payload.tiles[0].bundleId, "com.discord.Discord");
-  EXPECT_EQ(payload.tiles[0].id, "com.discord.Discord");
-  EXPECT_EQ(slots(payload.tiles), (std::vector<std::int64_t>{2, 4}));
-  EXPECT_EQ(payload.runningBundleIds, std::vector<std::string>{"com.apple.Safari"});
-
-  const DeckTemplate mixed("d", "D",
-                           {DeckTile::action(1, BuiltinAction::volumeUp),
-                            DeckTile::shortcut(2, "S", "s", "x"), DeckTile::app(3, "A", "a")});
-  EXPECT_EQ(slots(DeckTemplateFilter::visibleTiles(mixed, {})), (std::vector<std::int64_t>{1, 2}));
-}
-
-TEST(MacIconSyncPolicy, AsksForWhatIsMissingOrOutdatedOnce) {
-  const std::string upper = "0F8FAD5B-D9CB-469F-A165-70867728950E";
-  const std::string lower = MacIconSyncPolicy::normalized(upper);
-  EXPECT_EQ(lower, "0f8fad5b-d9cb-469f-a165-70867728950e");
+TEST(MacIconSyncPolicy, AsksOnceForAnIconUnderOneIdentifier) {
+  EXPECT_EQ(MacIconSyncPolicy::normalized("0F8FAD5B-D9CB-469F-A165-70867728950E"),
+            "0f8fad5b-d9cb-469f-a165-70867728950e");
   EXPECT_EQ(MacIconSyncPolicy::normalized("Com.Example"), "Com.Example");
-
-  const std::vector<DeckTile> tiles = {
-      DeckTile::app(1, "new", "new"),         DeckTile::app(2, "new again", "new"),
-      DeckTile::app(3, "current", "current"), DeckTile::app(4, "outdated", "outdated"),
-      DeckTile::app(5, "unknown", "unknown"), DeckTile::app(6, "empty", ""),
-      DeckTile::shortcut(7, "s", upper, "x"), DeckTile::action(8, BuiltinAction::volumeUp)};
-  const std::map<std::string, std::string> revisions = {
-      {"current", "1"}, {"outdated", "2"}, {upper, "1"}};
-  const auto keys = MacIconSyncPolicy::keysNeedingFetch(
-      tiles, revisions, [](const std::string& key) { return key != "new"; },
-      [&](const std::string& key, const std::string& revision) {
-        return revision == "2" || key == upper;
-      });
-  EXPECT_EQ(keys, (std::vector<std::string>{upper, "new", "outdated"}));
+  const auto nothing = [](auto&&...) { return false; };
+  EXPECT_EQ(MacIconSyncPolicy::keysNeedingFetch(
+                {DeckTile::app(1, "new", "new"), DeckTile::app(2, "new again", "new"),
+                 DeckTile::app(3, "empty", "")},
+                {}, nothing, nothing),
+            std::vector<std::string>{"new"});
 }
 
 }  // namespace

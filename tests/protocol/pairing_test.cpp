@@ -3,37 +3,11 @@
 #include "protocol/json_reader.h"
 #include "protocol/json_writer.h"
 #include "protocol/paired_device.h"
-#include "protocol/pairing_engine.h"
 #include "protocol/pairing_qr_payload.h"
 #include "protocol/pairing_secrets.h"
-#include "protocol/web_socket_auth.h"
 
 namespace glintboard {
 namespace {
-
-using namespace PINCheckResult;
-
-TEST(PairingEngine, CountsDownLocksAndOnlyAResetUnlocks) {
-  PairingEngine engine;
-  const char* wrong[] = {"12345", "1234567", "12345a", "654321"};
-  for (int remaining = 4; remaining >= 1; --remaining) {
-    EXPECT_EQ(engine.check(wrong[4 - remaining], "123456"),
-              PairingEngine::Result(InvalidPIN{remaining}));
-  }
-  EXPECT_FALSE(engine.isLockedOut());
-  EXPECT_EQ(engine.check("123456", "123456"), PairingEngine::Result(Accepted{}));
-  EXPECT_EQ(engine.failedAttempts(), 0);
-
-  for (int i = 0; i < 4; ++i) {
-    engine.check("000000", "123456");
-  }
-  EXPECT_EQ(engine.check("000000", "123456"), PairingEngine::Result(Lockout{}));
-  EXPECT_EQ(engine.check("123456", "123456"), PairingEngine::Result(Lockout{}));
-  EXPECT_EQ(engine.failedAttempts(), 5);
-  EXPECT_EQ(engine.remainingAttempts(), 0);
-  engine.resetAttempts();
-  EXPECT_EQ(engine.check("123456", "123456"), PairingEngine::Result(Accepted{}));
-}
 
 TEST(PairingSecrets, AreWellFormedAndDiffer) {
   EXPECT_EQ(PINGenerator::format(7), "000007");
@@ -51,14 +25,6 @@ TEST(PairingSecret, MatchesOnlyTheSameBytes) {
   for (const char* other : {"", "ab", "abd", "abcd", "abc\xcc\x81"}) {
     EXPECT_FALSE(PairingSecret::matches(other, "abc")) << other;
   }
-}
-
-TEST(WebSocketAuth, TakesTheFirstTokenHeaderUnchanged) {
-  EXPECT_EQ(
-      WebSocketAuth::token(
-          {{"Host", "x"}, {"x-glintboard-token", " first "}, {"X-Glintboard-Token", "second"}}),
-      " first ");
-  EXPECT_EQ(WebSocketAuth::token({{"X-Glintboard-Tokens", "no"}}), std::nullopt);
 }
 
 TEST(PairingQRPayload, MakesTheAddressAndReadsItBack) {

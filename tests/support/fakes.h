@@ -13,31 +13,23 @@
 #include "platform/keychain.h"
 #include "platform/process_running.h"
 #include "platform/shortcut_icon_client.h"
-#include "platform/spawn.h"
 
 namespace glintboard::test {
 
 struct Sound {
   float volume = 0.5F;
   bool muted = false;
-  bool present = true;
-  std::string failing;  // the operation that fails
 };
 
 class FakeDevice : public AudioOutputDevice {
  public:
   explicit FakeDevice(Sound& sound) : sound_(sound) {}
-  float volume() override { return check("read volume"), sound_.volume; }
-  void setVolume(float volume) override { check("write volume"), sound_.volume = volume; }
-  bool isMuted() override { return check("read mute"), sound_.muted; }
-  void setMuted(bool muted) override { check("write mute"), sound_.muted = muted; }
+  float volume() override { return sound_.volume; }
+  void setVolume(float volume) override { sound_.volume = volume; }
+  bool isMuted() override { return sound_.muted; }
+  void setMuted(bool muted) override { sound_.muted = muted; }
 
  private:
-  void check(const std::string& operation) const {
-    if (sound_.failing == operation) {
-      throw AudioError(-7);
-    }
-  }
   Sound& sound_;
 };
 
@@ -45,7 +37,7 @@ class FakeOutput : public AudioOutput {
  public:
   explicit FakeOutput(Sound& sound) : sound_(sound) {}
   std::unique_ptr<AudioOutputDevice> defaultOutputDevice() override {
-    return sound_.present ? std::make_unique<FakeDevice>(sound_) : nullptr;
+    return std::make_unique<FakeDevice>(sound_);
   }
 
  private:
@@ -58,16 +50,12 @@ class FakeRunner : public ProcessRunning {
   ProcessRunResult result;
   std::string startFailure;
   std::vector<std::string> arguments;
-  std::chrono::seconds takes{0};
 
   Awaitable<ProcessRunResult> run(std::string, std::vector<std::string> given,
                                   std::chrono::duration<double>) override {
     arguments = std::move(given);
     if (!startFailure.empty()) {
       throw std::runtime_error(startFailure);
-    }
-    if (takes > std::chrono::seconds(0)) {
-      co_await sleepFor(takes);
     }
     co_return result;
   }

@@ -48,6 +48,14 @@ struct TestAgent {
   T run(Awaitable<T> operation) {
     return await(executors.service(), std::move(operation));
   }
+  // The token of a phone that pairs.
+  std::string pair(AgentServices& services) {
+    auto& pairing = services.pairingService();
+    const PairRequestPayload request{PairingMethod::pin, run(pairing.state()).currentPIN, "Phone",
+                                     randomUuid()};
+    const auto response = run(pairing.handlePairRequest(request, randomUuid()));
+    return std::get<WireMessage<PairOKPayload>>(response).payload.token;
+  }
 };
 
 }  // namespace glintboard::test

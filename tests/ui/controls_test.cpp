@@ -17,7 +17,7 @@ Item {
     PillButton { objectName: "secondary"; text: "Cancel" }
     MenuRowButton { objectName: "row"; width: parent.width; text: "Edit Deck" }
     MenuRowButton { width: parent.width; text: "Unpair iPhone"; destructive: true; shortcutText: "Ctrl+Q" }
-    GlintTextField { objectName: "search"; width: parent.width; symbolName: "magnifyingglass"; placeholderText: "Search" }
+    GlintTextField { width: parent.width; symbolName: "magnifyingglass"; placeholderText: "Search" }
     GlintTextField { inPlace: true; width: parent.width; text: "Streaming"; accessibleName: "Deck name" }
     Divider { width: parent.width }
     Spinner { objectName: "spinner" }
@@ -59,16 +59,6 @@ TEST(Controls, WorkFromTheKeyboardAndShowTheFocusOnlyThen) {
   QTest::keyClick(&view.window, Qt::Key_Return);
   QTest::mouseClick(&view.window, Qt::LeftButton, {}, primary->mapToScene({10, 10}).toPoint());
   EXPECT_EQ(clicks.size(), 4);
-}
-
-TEST(GlintTextField, ClearsASearchWithEscape) {
-  QmlView view(allControls);
-  auto* search = view.find("search");
-  search->forceActiveFocus(Qt::TabFocusReason);
-  QTest::keyClick(&view.window, Qt::Key_S);
-  EXPECT_EQ(search->property("text").toString(), "s");
-  QTest::keyClick(&view.window, Qt::Key_Escape);
-  EXPECT_EQ(search->property("text").toString(), "");
 }
 
 }  // namespace
