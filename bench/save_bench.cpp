@@ -1,5 +1,5 @@
 // How long a save takes until 50 phones have the new decks: the services of the agent in this
-// process, over real applications and files, and the phones in another thread.
+// process, over doubles of the desktop and a real decks file, and the phones in another thread.
 //   glintboard-save-bench TIMES
 
 #include <QGuiApplication>
