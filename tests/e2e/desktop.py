@@ -23,7 +23,9 @@ import zlib
 AGENT = os.environ["GLINTBOARD_AGENT"]
 PHONE = os.environ["GLINTBOARD_PHONE"]
 FOLDER = pathlib.Path(os.environ["GLINTBOARD_E2E_FOLDER"])
-PARTS = pathlib.Path(__file__).resolve().parent.parent / "desktop" / "parts"
+TESTS = pathlib.Path(__file__).resolve().parent.parent
+PARTS = TESTS / "desktop" / "parts"
+BUS_APPLICATION = TESTS / "support" / "bus_application.py"
 # How many times longer than a release build this build may take.
 SLOWNESS = float(os.environ.get("GLINTBOARD_SLOWNESS", "1"))
 PORT = 9847
@@ -42,6 +44,12 @@ def eventually(condition, what="the condition", seconds=10):
             raise AssertionError(f"{what} did not come about in {seconds * SLOWNESS:g} s")
         time.sleep(0.01)
     return value
+
+
+def output_of(*command, env=None):
+    return subprocess.run([str(word) for word in command], env=env, text=True, check=False,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          timeout=20 * SLOWNESS).stdout
 
 
 def alive(pid):
@@ -152,20 +160,13 @@ class Agent:
         return len(os.listdir(f"/proc/{self.pid}/fd"))
 
     def children(self):
-        children = []
-        for task in pathlib.Path(f"/proc/{self.pid}/task").glob("*/children"):
-            with contextlib.suppress(FileNotFoundError, ProcessLookupError):  # a thread that ended
-                children += task.read_text().split()
-        return children
+        return output_of("pgrep", "-P", self.pid).split()
 
     @staticmethod
     def connections():
         """How many connections the agent's end is open of."""
-        tables = (pathlib.Path(f"/proc/net/{name}").read_text() for name in ("tcp", "tcp6"))
-        lines = (line.split() for table in tables for line in table.splitlines()[1:])
-        established, half_closed = "01", "08"
-        return sum(line[1].endswith(f":{PORT:04X}") and line[3] in (established, half_closed)
-                   for line in lines)
+        return len(output_of("ss", "-Htn", "state", "established", "state", "close-wait",
+                             f"sport = :{PORT}").splitlines())
 
     def held(self):
         """What it holds of what the machine has."""
@@ -237,10 +238,6 @@ class Phone:
         record = self(*arguments)
         return "ok" if record["ok"] else record["code"]
 
-    def raw(self, kind, payload):
-        """The message that answers: the first that came."""
-        return self.records("raw", kind, json.dumps(payload))[0].get("message")
-
     def decks(self):
         return self("decks")["decks"]
 
@@ -292,6 +289,9 @@ class Desktop:
         self._ended_last.callback(process.kill)
         return process
 
+    def output_of(self, *command):
+        return output_of(*command, env=self.env)
+
     def write(self, path, content, mode=0o644):
         path.parent.mkdir(mode=0o700, parents=True, exist_ok=True)
         if isinstance(content, str):
@@ -315,23 +315,15 @@ class Desktop:
         return self.write_entry(bundle_id, **{"Exec": program, **keys})
 
     def install_service(self, bundle_id):
-        """An application that the session bus starts and activates; each time leaves a trace."""
-        service = self.write(self.root / "programs" / bundle_id, f"""
-            #!/usr/bin/python3
-            import os
-            from gi.repository import Gio
-            def leave_trace(application):
-                with open("{self.traces / bundle_id}", "a") as trace:
-                    trace.write(f"{{os.getpid()}}\\n")
-                application.hold()
-            application = Gio.Application(application_id="{bundle_id}",
-                                          flags=Gio.ApplicationFlags.IS_SERVICE)
-            application.connect("activate", leave_trace)
-            application.run()
-            """, 0o755)
+        """An application that the session bus starts and activates."""
+        program = f"/usr/bin/python3 -E {BUS_APPLICATION} {bundle_id} {self.root / bundle_id}.log"
         self.write(self.runtime / "services" / f"{bundle_id}.service",
-                   f"[D-BUS Service]\nName={bundle_id}\nExec={service}\n")
-        self.write_entry(bundle_id, Exec=service, DBusActivatable="true")
+                   f"[D-BUS Service]\nName={bundle_id}\nExec={program}\n")
+        self.write_entry(bundle_id, Exec=program, DBusActivatable="true")
+
+    def activations(self, bundle_id):
+        """How often such an application was activated."""
+        return (self.root / f"{bundle_id}.log").read_text().count("Activate ")
 
     def trace(self, name):
         """The process ids that a program left behind."""
@@ -354,28 +346,19 @@ class Desktop:
                    f"#!/bin/sh\necho $$ >> '{self.traces}/shortcuts'\n"
                    f'[ "$1" = run ] || exit 64\ncase "$2" in\n{cases}\nesac\n', 0o755)
 
-    def start_bus(self):
+    def start_bus(self, kind="session", socket=None):
+        socket = socket or self.runtime / "bus"
         # What a killed bus left is no sign of the new one.
-        (self.runtime / "bus").unlink(missing_ok=True)
-        bus = self.start(PARTS / "bus", "session", self.runtime / "bus")
-        eventually((self.runtime / "bus").exists, "The session bus")
+        socket.unlink(missing_ok=True)
+        bus = self.start(PARTS / "bus", kind, socket)
+        eventually(socket.exists, f"The {kind} bus")
         return bus
 
     def start_sound(self):
         sound = self.start(PARTS / "pulseaudio", self.runtime / "sound",
                            "-L", "module-null-sink sink_name=test")
-        eventually(lambda: "test" in self.pactl("info"), "The sound server")
+        eventually(lambda: "test" in self.output_of("pactl", "info"), "The sound server")
         return sound
-
-    def pactl(self, *arguments):
-        return subprocess.run(["pactl", *map(str, arguments)], env=self.env, text=True,
-                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                              timeout=10 * SLOWNESS, check=False).stdout
-
-    def volume(self):
-        """The sink's volume of 65536 and whether it is muted."""
-        return (int(self.pactl("get-sink-volume", "test").split()[2]),
-                "yes" in self.pactl("get-sink-mute", "test"))
 
 
 class DesktopTest(unittest.IsolatedAsyncioTestCase):

@@ -8,14 +8,13 @@ import pathlib
 import resource
 import signal
 import socket
-import subprocess
 import time
 import unittest
 
 from gi.repository import Gio, GLib
 
 from client import TOKEN_HEADER, Client, open_raw
-from desktop import PARTS, PORT, SLOWNESS, DesktopTest, eventually
+from desktop import PARTS, PORT, SLOWNESS, DesktopTest
 
 LOGIND = "org.freedesktop.login1"
 FAKETIME = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")
@@ -69,8 +68,12 @@ class NetworkFaults(DesktopTest):
         await (await waiting).ping()
         self.assertEqual(self.desktop.decks_file.read_bytes(), decks)
 
-    async def test_another_program_takes_the_port_and_leaves_it(self):
-        agent = self.start_agent()
+    async def test_another_program_has_the_port_or_takes_it_and_leaves_it(self):
+        with socket.create_server(("", PORT)):
+            agent = self.desktop.start_agent()
+            agent.menu_shows("Port 9847 is already in use. Quit the other Glintboard Agent first.",
+                             "Connection failed", "Restart Agent")
+        self.assertNotIn("in use", agent.menu_shows("Ready for iPhone"))
         token = self.paired_phone(agent).token
         phone = await Client.connect(token)
         with contextlib.closing(listening_socket(agent.pid)) as shared:
@@ -119,16 +122,10 @@ class NetworkFaults(DesktopTest):
         token = self.paired_phone(agent).token
         phone, dead = await Client.connect(token), await self.silent_phone(token)
         # The bus is late, and so are those on it.
-        self.desktop.start(PARTS / "bus", "system", address)
-
-        def connected():
-            with contextlib.suppress(GLib.Error):
-                return Gio.DBusConnection.new_for_address_sync(
-                    self.desktop.env["DBUS_SYSTEM_BUS_ADDRESS"],
-                    Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
-                    | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
-
-        bus = eventually(connected, "The system bus")
+        self.desktop.start_bus("system", address)
+        bus = Gio.DBusConnection.new_for_address_sync(
+            f"unix:path={address}", Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
         self.desktop.start(PARTS / "avahi", "box", self.desktop.root)
         bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                       "RequestName", GLib.Variant("(su)", (LOGIND, 0)), None, 0, -1)
@@ -141,9 +138,7 @@ class NetworkFaults(DesktopTest):
                 await asyncio.sleep(1)
 
         def advertised():
-            browser = subprocess.run(["avahi-browse", "-pt", "_glintboard._tcp"], check=False,
-                                     env=self.desktop.env, stdout=subprocess.PIPE)
-            return b"+;" in browser.stdout
+            return "_glintboard._tcp" in self.desktop.output_of("avahi-browse", "-atp")
 
         dropped = asyncio.ensure_future(self.seconds_until_dropped(dead))
         await asyncio.wait_for(sleep_until(lambda: dropped.done() and advertised()), 30 * SLOWNESS)
