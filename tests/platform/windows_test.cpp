@@ -16,13 +16,9 @@ using testing::HasSubstr;
 
 constexpr const char* calculator = "org.test.XCalc";
 
-// Runs xdotool and returns what it prints, without the line break.
+// Runs xdotool and returns what it prints, without line breaks.
 std::string xdotool(const std::string& command) {
-  auto output = test::outputOf("timeout 5 xdotool " + command + " 2>/dev/null");
-  while (!output.empty() && output.back() == '\n') {
-    output.pop_back();
-  }
-  return output;
+  return test::outputOf("timeout 5 xdotool " + command + " 2>/dev/null | tr -d '\n'");
 }
 
 std::string windowOf(const std::string& windowClass) {
