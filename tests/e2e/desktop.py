@@ -22,6 +22,7 @@ import zlib
 
 AGENT = os.environ["GLINTBOARD_AGENT"]
 PHONE = os.environ["GLINTBOARD_PHONE"]
+TOOL = pathlib.Path(AGENT).with_name("shortcuts")
 FOLDER = pathlib.Path(os.environ["GLINTBOARD_E2E_FOLDER"])
 TESTS = pathlib.Path(__file__).resolve().parent.parent
 PARTS = TESTS / "desktop" / "parts"
@@ -322,8 +323,8 @@ class Desktop:
         self.write_entry(bundle_id, Exec=program, DBusActivatable="true")
 
     def activations(self, bundle_id):
-        """How often such an application was activated."""
-        return (self.root / f"{bundle_id}.log").read_text().count("Activate ")
+        """What such an application was asked to do."""
+        return (self.root / f"{bundle_id}.log").read_text().splitlines()
 
     def trace(self, name):
         """The process ids that a program left behind."""

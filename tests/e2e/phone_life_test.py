@@ -72,7 +72,7 @@ class PhoneLife(DesktopTest):
                                   ["not_found", "not_found", "not_found", "not_an_app"])
         self.assert_slot_outcomes(phone, "tap", ["ok", "ok", "launch_failed"])
         self.assertEqual(len(self.desktop.traced(EDITOR)), 1)
-        self.assertEqual(self.desktop.activations(SERVICE), 1)
+        self.assertEqual(len(self.desktop.activations(SERVICE)), 1)
         self.assertIn("/nonexistent/program", phone("tap", 3)["message"])
         unknown = await client.ask("app.launch", {"bundleId": "org.example.Unknown"})
         self.assertEqual(unknown["payload"]["message"],
@@ -82,7 +82,7 @@ class PhoneLife(DesktopTest):
         self.assertEqual(set((await client.ping())["runningBundleIds"]), wanted)
         self.assert_slot_outcomes(phone, "focus", ["focus_failed", "ok", "not_found"])
         self.assert_slot_outcomes(phone, "tap", ["focus_failed", "ok"])
-        self.assertEqual(self.desktop.activations(SERVICE), 3)
+        self.assertEqual(len(self.desktop.activations(SERVICE)), 3)
         self.assertEqual(len(self.desktop.trace(EDITOR)), 1, "started only once")
         await client.socket.close()
 

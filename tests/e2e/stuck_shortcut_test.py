@@ -6,7 +6,7 @@ import time
 import unittest
 
 from client import Client
-from desktop import SLOWNESS, DesktopTest, alive, eventually, shortcut
+from desktop import FOLDER, SLOWNESS, TOOL, DesktopTest, alive, eventually, shortcut
 
 STUCK, GONE, REFUSED = (f"{digit * 8}-0000-4000-8000-000000000000" for digit in "123")
 HINT = ("Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Security \u2192 "
@@ -16,10 +16,12 @@ HINT = ("Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Secur
 class StuckShortcut(DesktopTest):
     async def test_times_out_after_25_seconds_and_holds_nobody_up(self):
         self.desktop.set_decks([shortcut(each) for each in (STUCK, GONE, REFUSED)])
-        self.desktop.set_shortcuts(f"""
-            {GONE}) echo 'Error: The Shortcut was not found.' >&2; exit 1;;
-            {REFUSED}) kill -TERM $$;;
-            *) exec sleep 600;;""")
+        (FOLDER / "shortcuts").symlink_to(TOOL)
+        pids = self.desktop.root / "pids"
+        for identifier, command in (REFUSED, "kill -TERM $$"), (
+                STUCK, f"sleep 600 & echo $! $$ >{pids}; wait; true"):
+            self.desktop.write(self.desktop.support / "Shortcuts" / f"{identifier}.shortcut",
+                               f"[Shortcut]\nName={identifier}\nCommand={command}\n")
         agent = self.start_agent()
         phone = self.paired_phone(agent)
         self.assertEqual(phone.outcome("tap", 2), "not_found")
@@ -32,7 +34,7 @@ class StuckShortcut(DesktopTest):
 
         start = time.monotonic()
         tap = phone.start("tap", 1, "--timeout", 60)
-        tool = self.desktop.traced("shortcuts", 3)[-1]
+        processes = eventually(lambda: pids.exists() and pids.read_text().split(), "A start")
 
         times = []
         while tap.poll() is None:
@@ -52,7 +54,7 @@ class StuckShortcut(DesktopTest):
                          ("timed_out", "Still waiting on your Mac \u2014 check for a dialog."))
         self.assertGreaterEqual(seconds, 25)
         self.assertLess(seconds, 25 + 2 * SLOWNESS)
-        eventually(lambda: not alive(tool), "The end of the Shortcut")
+        eventually(lambda: not any(map(alive, processes)), "The end of all that it started")
         agent.menu_shows(HINT)
 
 
