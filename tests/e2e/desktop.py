@@ -246,27 +246,31 @@ class Phone:
 class Desktop:
     """Folders, environment and helpers; `close` ends everything that it started."""
 
-    def __init__(self):
+    def __init__(self, env=None):
+        """With the environment `env`, or else one of its own."""
         self.root = pathlib.Path(tempfile.mkdtemp(dir=FOLDER))
-        self.data = self.root / "data"
-        self.runtime = self.root / "run"
+        self.env = env or self.own_environment()
+        self.data = pathlib.Path(self.env["XDG_DATA_HOME"])
+        self.runtime = pathlib.Path(self.env["XDG_RUNTIME_DIR"])
         self.traces = self.root / "traces"
         for folder in self.data / "applications", self.runtime, self.traces:
-            folder.mkdir(mode=0o700, parents=True)
-        inherited = {name: value for name, value in os.environ.items() if "SAN_OPTIONS" in name}
-        self.env = {
-            "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8", "HOME": str(self.root),
-            "XDG_DATA_HOME": str(self.data), "XDG_DATA_DIRS": str(self.root / "share"),
-            "XDG_CONFIG_HOME": str(self.root / "config"), "XDG_STATE_HOME": str(self.root / "st"),
-            "XDG_CACHE_HOME": str(self.root / "cache"), "GLINTBOARD_LOG": "debug",
-            "XDG_RUNTIME_DIR": str(self.runtime),
-            "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.runtime}/bus",
-            "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nonexistent",
-            "PULSE_SERVER": f"unix:{self.runtime}/sound", **inherited}
+            folder.mkdir(mode=0o700, parents=True, exist_ok=True)
         self.support = self.data / "GlintboardAgent"
         self.decks_file = self.support / "decks.json"
         self.keychain_file = self.support / "paired-devices.json"
         self._ended_last = contextlib.ExitStack()
+
+    def own_environment(self):
+        inherited = {name: value for name, value in os.environ.items() if "SAN_OPTIONS" in name}
+        return {
+            "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8", "HOME": str(self.root),
+            "XDG_DATA_HOME": f"{self.root}/data", "XDG_DATA_DIRS": f"{self.root}/share",
+            "XDG_CONFIG_HOME": f"{self.root}/config", "XDG_STATE_HOME": f"{self.root}/st",
+            "XDG_CACHE_HOME": f"{self.root}/cache", "GLINTBOARD_LOG": "debug",
+            "XDG_RUNTIME_DIR": f"{self.root}/run",
+            "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.root}/run/bus",
+            "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nonexistent",
+            "PULSE_SERVER": f"unix:{self.root}/run/sound", **inherited}
 
     def close(self):
         self._ended_last.close()
