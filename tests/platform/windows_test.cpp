@@ -78,19 +78,11 @@ class Windows : public test::ApplicationsTest {
   bool follows(const std::string& bundleId, bool running) {
     return becomesRunning(bundleId, running, test::patience * 1s);
   }
-  static std::unique_ptr<test::ChildProcess> run(const std::string& name) {
-    return std::make_unique<test::ChildProcess>(System::program(name));
-  }
-  // Starts a program and waits until the agent has seen its window.
-  std::unique_ptr<test::ChildProcess> showCalculator() {
-    auto process = run("XCalc");
-    EXPECT_TRUE(becomesRunning(calculator, true));
-    return process;
-  }
-  std::unique_ptr<test::ChildProcess> showTerminal() {
-    auto process = run("XTerm");
-    EXPECT_TRUE(becomesRunning("terminal", true));
-    EXPECT_TRUE(test::eventually([] { return System::focused() == "XTerm"; }));
+  // Starts XCalc or XTerm and waits until it has the focus and the agent has seen its window.
+  std::unique_ptr<test::ChildProcess> show(const std::string& name) {
+    auto process = std::make_unique<test::ChildProcess>(System::program(name));
+    EXPECT_TRUE(becomesRunning(name == "XCalc" ? calculator : "terminal", true));
+    EXPECT_TRUE(test::eventually([&] { return System::focused() == name; }));
     return process;
   }
 
@@ -114,7 +106,7 @@ TYPED_TEST(Windows, AnApplicationRunsWhileItHasAWindow) {
   this->applications_->watchRunningApplications(true);
   EXPECT_TRUE(this->follows("terminal", true)) << "its window was there first";
   EXPECT_FALSE(this->workspace_.isRunning(calculator));
-  const auto later = this->run("XCalc");
+  const test::ChildProcess later(TypeParam::program("XCalc"));
   ASSERT_TRUE(test::eventually([] { return TypeParam::focused() == "XCalc"; }));
   EXPECT_TRUE(this->follows(calculator, true));
   before->end();
@@ -124,8 +116,8 @@ TYPED_TEST(Windows, AnApplicationRunsWhileItHasAWindow) {
 
 TYPED_TEST(Windows, FocusReachesWindowsBehindOthersAndHiddenOnes) {
   this->start();
-  const auto process = this->showCalculator();
-  const auto terminal = this->showTerminal();
+  const auto process = this->show("XCalc");
+  const auto terminal = this->show("XTerm");
   EXPECT_TRUE(this->activate(calculator));
   EXPECT_EQ(TypeParam::focused(), "XCalc");
   for (const std::string hide : TypeParam::waysToHide) {
@@ -139,16 +131,16 @@ TYPED_TEST(Windows, FocusReachesWindowsBehindOthersAndHiddenOnes) {
 
 TYPED_TEST(Windows, FollowAServerThatDiedAndCameBack) {
   this->start();
-  const auto before = this->showCalculator();
+  const auto before = this->show("XCalc");
   this->system_.server.replace();
   EXPECT_TRUE(this->follows(calculator, false));
-  const auto after = this->showCalculator();
+  const auto after = this->show("XCalc");
   EXPECT_TRUE(this->activate(calculator));
 }
 
 TYPED_TEST(Windows, OfAServerThatHangsHoldUpNobody) {
   this->start();
-  const auto process = this->showCalculator();
+  const auto process = this->show("XCalc");
   this->system_.server.process().signal(SIGSTOP);
   for (const auto limit : {2000ms, 100ms}) {  // then it is known to hang
     const auto before = Clock::now();
@@ -174,7 +166,7 @@ TYPED_TEST(Windows, ALaunchedProgramIsToldThatTheUserAskedForIt) {
                        "DBusActivatable=true\nExec=" + bus.install("org.test.BusApp", log) + "\n");
   ::setenv("DESKTOP_STARTUP_ID", "of-the-agent", 1);
   this->start();
-  const auto process = this->showCalculator();
+  const auto process = this->show("XCalc");
   this->open("app");
   const auto seen = this->desktop_.reported("seen");
   EXPECT_THAT(seen, TypeParam::launchVariables());
@@ -187,12 +179,12 @@ using X11Windows = Windows<X11>;
 
 TEST_F(X11Windows, AllComeForwardAndTheOneUsedLastIsFocused) {
   start();
-  const auto first = showCalculator();
+  const auto first = show("XCalc");
   const auto used = windowOf("XCalc");
-  const auto second = run("XCalc");
+  const test::ChildProcess second(X11::program("XCalc"));
   ASSERT_TRUE(test::eventually([&] { return windowOf("XCalc").size() > used.size(); }));
   xdotool("windowactivate --sync " + used);
-  const auto terminal = showTerminal();
+  const auto terminal = show("XTerm");
   EXPECT_TRUE(activate(calculator));
   EXPECT_EQ(xdotool("getactivewindow"), used);
   const auto lowest = [] {
@@ -205,8 +197,8 @@ TEST_F(X11Windows, AllComeForwardAndTheOneUsedLastIsFocused) {
 
 TEST_F(X11Windows, SurviveTheirManagersRestart) {
   start();
-  const auto process = showCalculator();
-  const auto terminal = showTerminal();
+  const auto process = show("XCalc");
+  const auto terminal = show("XTerm");
   system_.server.stopManager();
   for (const auto end = Clock::now() + 300ms; Clock::now() < end;) {
     ASSERT_TRUE(workspace_.isRunning(calculator)) << "its window is still there";
@@ -224,7 +216,7 @@ TEST_F(X11Windows, SurviveTheirManagersRestart) {
 
 TEST_F(X11Windows, WithDamagedPropertiesDoNoHarm) {
   start();
-  const auto process = showCalculator();
+  const auto process = show("XCalc");
   const auto damage = [](const std::string& arguments) {
     EXPECT_EQ(test::outputOf("xprop " + arguments + " 2>&1"), "");
   };
@@ -241,7 +233,7 @@ TEST_F(X11Windows, WithDamagedPropertiesDoNoHarm) {
   damage("-root -f _NET_SUPPORTING_WM_CHECK 8s -set _NET_SUPPORTING_WM_CHECK text");
   damage("-root -f _NET_ACTIVE_WINDOW 8s -set _NET_ACTIVE_WINDOW text");
   damage("-root -f _NET_CLIENT_LIST 32c -set _NET_CLIENT_LIST 0,1,4294967295");
-  const auto terminal = run("XTerm");
+  const test::ChildProcess terminal(X11::program("XTerm"));
   EXPECT_TRUE(becomesRunning("terminal", true));
   EXPECT_TRUE(workspace_.isRunning(calculator));
   EXPECT_FALSE(activate(calculator)) << "no window manager to be seen";
