@@ -91,7 +91,7 @@ class WholeDesktop(unittest.TestCase):
         self.tap(3)
         self.assertEqual(volume("first"), 36864)
         output_of("pactl", "set-default-sink", "second")
-        eventually(lambda: output_of("pactl", "get-default-sink").strip() == "second", "The other device")
+        eventually(lambda: output_of("pactl", "get-default-sink") == "second\n", "The other device")
         before = volume("second")
         self.tap(4)
         self.assertEqual(volume("second"), before - 4096)

@@ -15,7 +15,8 @@ class Display(DesktopTest):
     def start_x_server(self):
         folder = self.desktop.root / "display"
         folder.mkdir(exist_ok=True)
-        server = self.desktop.start("env", "GLINTBOARD_PRIVATE_NETWORK=1", PARTS / "x-server", folder)
+        server = self.desktop.start("env", "GLINTBOARD_PRIVATE_NETWORK=1", PARTS / "x-server",
+                                    folder)
         number = eventually(lambda: (folder / "display").exists()
                             and (folder / "display").read_text().strip(), "The X server")
         self.desktop.env["DISPLAY"] = f":{number}"

@@ -5,6 +5,7 @@ import contextlib
 import ctypes
 import os
 import pathlib
+import re
 import resource
 import signal
 import socket
@@ -14,7 +15,7 @@ import unittest
 from gi.repository import Gio, GLib
 
 from client import TOKEN_HEADER, Client, open_raw
-from desktop import PARTS, PORT, SLOWNESS, DesktopTest
+from desktop import PARTS, PORT, SLOWNESS, DesktopTest, output_of
 
 LOGIND = "org.freedesktop.login1"
 FAKETIME = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")
@@ -22,10 +23,7 @@ FAKETIME = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")
 
 def listening_socket(pid):
     """A descriptor of the agent's listening socket, shared with the agent."""
-    inode = next(line.split()[9] for line in pathlib.Path("/proc/net/tcp6").read_text().splitlines()
-                 if f":{PORT:04X} " in line and " 0A " in line)
-    number = next(int(fd.name) for fd in pathlib.Path(f"/proc/{pid}/fd").iterdir()
-                  if os.readlink(fd) == f"socket:[{inode}]")
+    number = int(re.search(r"fd=(\d+)", output_of("ss", "-Htlnp", f"sport = :{PORT}"))[1])
     process = os.pidfd_open(pid)
     with contextlib.closing(socket.socket(
             fileno=ctypes.CDLL(None).syscall(438, process, number, 0))) as shared:  # pidfd_getfd

@@ -78,14 +78,6 @@ class Process(DesktopTest):
         time.sleep(0.1)
         self.assertTrue(alive(editor))
 
-    def test_a_second_agent_takes_over_from_the_first(self):
-        first = self.start_agent()
-        phone = self.paired_phone(first)
-        second = self.desktop.start_agent()
-        self.assertEqual(first.exit_code(), 0)
-        second.serving()
-        self.assertEqual(phone.outcome("decks"), "ok")
-
     def test_of_two_that_start_at_once_one_stays(self):
         for _ in range(4):
             agents = [self.desktop.start_agent() for _ in range(2)]

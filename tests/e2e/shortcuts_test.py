@@ -188,8 +188,9 @@ class Shortcuts(DesktopTest):
             "other: New Window": "EE920191-F010-51E2-9BD9-78B054599A58"})
 
     def test_an_action_starts_the_application_in_a_session_of_its_own(self):
-        program = self.desktop.write(self.desktop.root / "browser", "#!/bin/sh\n" + self.tell(
-            'echo "$@"; pwd; readlink /proc/$$/fd/1 /proc/$$/fd/2; ps -o sid= -p $$; echo $$'), 0o755)
+        script = self.tell('echo "$@"; pwd; readlink /proc/$$/fd/1 /proc/$$/fd/2; '
+                           "ps -o sid= -p $$; echo $$")
+        program = self.desktop.write(self.desktop.root / "browser", f"#!/bin/sh\n{script}", 0o755)
         self.desktop.write_entry("browser", Exec="false", Path="/usr", Actions=(
             f'private;lost;\n[Desktop Action private]\nName=Private\nExec={program} --private '
             '"two words" %U\n[Desktop Action lost]\nName=Lost\nExec=/no/such/program'))

@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <set>
 
 #include "platform/executors.h"
@@ -31,11 +30,7 @@ class Computer {
   void startBus() {
     bus_ = std::make_unique<test::ChildProcess>(
         std::vector<std::string>{test::desktopPart("bus"), "system", socket_});
-    EXPECT_TRUE(test::eventually([this] {
-      return !run("dbus-send --system --print-reply --dest=org.freedesktop.DBus / "
-                  "org.freedesktop.DBus.GetId")
-                  .empty();
-    }));
+    EXPECT_TRUE(eventuallyAnswers("org.freedesktop.DBus / org.freedesktop.DBus.GetId"));
   }
 
   // Starts the daemon through the program `through`.
@@ -49,6 +44,11 @@ class Computer {
   const test::ChildProcess& daemon() const { return *daemon_; }
   const std::string& address() const { return address_; }
 
+  // Whether a service on the bus comes to answer a call.
+  bool eventuallyAnswers(const std::string& call) const {
+    return test::eventually(
+        [&] { return !run("dbus-send --system --print-reply --dest=" + call).empty(); });
+  }
   // Whether this computer comes to find the service at an address, as ";HOST;ADDRESS;PORT;TXT".
   bool eventuallyResolves(const std::string& place, bool wanted = true) const {
     return test::eventually([&] {
@@ -75,11 +75,7 @@ class Avahi : public testing::Test {
     if (::getenv("GLINTBOARD_PRIVATE_NETWORK") == nullptr) {
       GTEST_SKIP() << "only in a network of its own";
     }
-    long first = 0;
-    long outside = 0;
-    long users = 0;
-    std::ifstream("/proc/self/uid_map") >> first >> outside >> users;
-    if (users == 1) {
+    if (test::outputOf("awk '{ print $3 }' /proc/self/uid_map") == "1\n") {
       GTEST_SKIP() << "Avahi's daemon needs more than one user";
     }
     ::setenv("DBUS_SYSTEM_BUS_ADDRESS", computer_.address().c_str(), 1);
@@ -118,13 +114,8 @@ class Avahi : public testing::Test {
     ASSERT_TRUE(test::eventually([] {
       return test::outputOf("ip -brief link show near 2>&1").find("UP") != std::string::npos;
     }));
-    ASSERT_TRUE(test::eventually([&] {
-      return !other
-                  .run(
-                      "dbus-send --system --print-reply --dest=org.freedesktop.Avahi / "
-                      "org.freedesktop.Avahi.Server.GetVersionString")
-                  .empty();
-    }));
+    ASSERT_TRUE(other.eventuallyAnswers(
+        "org.freedesktop.Avahi / org.freedesktop.Avahi.Server.GetVersionString"));
   }
 
   Computer computer_{"box"};

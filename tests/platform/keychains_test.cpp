@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -34,19 +35,15 @@ void expectKeepsAnItem(Keychain& keychain, const std::string& last) {
   EXPECT_EQ(data, last);
 }
 
-mode_t modeOf(const std::filesystem::path& path) {
-  struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777u : 0;
-}
-
 TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
   const test::TemporaryFolder folder;
   const auto file = folder / "data/agent/paired-devices.json";
   FileKeychain keychain(file.parent_path());
   expectKeepsAnItem(keychain, "[1]");
   for (const char* next : {"[2]", "[3]"}) {
-    EXPECT_EQ(modeOf(file.parent_path()), 0700u);
-    EXPECT_EQ(modeOf(file), 0600u);
+    EXPECT_EQ(std::filesystem::status(file.parent_path()).permissions(),
+              std::filesystem::perms{0700});
+    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms{0600});
     // What others could read is closed to them with the next change.
     ::chmod(file.parent_path().c_str(), 0755);
     ::chmod(file.c_str(), 0644);
@@ -135,38 +132,21 @@ TEST_F(SecretServiceKeychainTest, KeepsAnItemUnderItsAttributes) {
   EXPECT_EQ(keychain.copyMatching({item.service, "another"}, data), keychainSuccess);
 }
 
-// Counts how often the user would be asked for the password.
-constexpr const char* prompter = R"(
-import sys
-from gi.repository import Gio, GLib
-node = Gio.DBusNodeInfo.new_for_xml('''<node><interface name="org.gnome.keyring.internal.Prompter">
-  <method name="BeginPrompting"><arg type="o" direction="in"/></method>
-  <method name="PerformPrompt"><arg type="o" direction="in"/><arg type="s" direction="in"/>
-    <arg type="a{sv}" direction="in"/><arg type="s" direction="in"/></method>
-  <method name="StopPrompting"><arg type="o" direction="in"/></method></interface></node>''')
-bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-def called(connection, sender, path, interface, method, arguments, invocation):
-    with open(sys.argv[1], 'a') as file:
-        file.write(method + '\n')
-    invocation.return_value(None)
-bus.register_object('/org/gnome/keyring/Prompter', node.interfaces[0], called, None, None)
-Gio.bus_own_name_on_connection(bus, 'org.gnome.keyring.SystemPrompter', 0, None, None)
-open(sys.argv[1], 'w').close()
-GLib.MainLoop().run()
-)";
-
 TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIsAskedOnce) {
   const auto prompts = session.folder() / "prompts";
-  test::ChildProcess prompting({"/usr/bin/python3", "-c", prompter, prompts.string()});
-  ASSERT_TRUE(test::eventually([&] { return std::filesystem::exists(prompts); }));
+  const std::string prompter = "org.gnome.keyring.SystemPrompter";
+  const test::ChildProcess prompting({"/usr/bin/python3",
+                                      GLINTBOARD_TEST_SUPPORT "/bus_application.py", prompter,
+                                      prompts.string(), "/org/gnome/keyring/Prompter"});
+  ASSERT_EQ(::system(("gdbus wait --session --timeout 20 " + prompter).c_str()), 0);
   session.start("unlocked");
   ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   session.lock();
   EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
   EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
   EXPECT_LT(slowest, test::patience * 2500ms);
-  EXPECT_TRUE(test::eventually([&] { return !readWholeFile(prompts).empty(); }));
-  EXPECT_EQ(readWholeFile(prompts), "BeginPrompting\n");
+  EXPECT_TRUE(test::eventually([&] { return std::filesystem::exists(prompts); }));
+  EXPECT_THAT(readWholeFile(prompts), testing::MatchesRegex("BeginPrompting [^\n]*\n"));
 
   session.restart("locked");
   EXPECT_EQ(keychain.copyMatching(item, data), keychainInteractionNotAllowed);

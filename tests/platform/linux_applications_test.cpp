@@ -14,18 +14,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-class LinuxApplicationsTest : public test::ApplicationsTest {
- protected:
-  std::string failureOfOpening(const std::string& bundleId) {
-    try {
-      test::await(executors_->service(),
-                  workspace_.openApplication(*workspace_.urlForApplication(bundleId)));
-      return "it started";
-    } catch (const std::runtime_error& error) {
-      return error.what();
-    }
-  }
-};
+using LinuxApplicationsTest = test::ApplicationsTest;
 
 TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilItEnds) {
   desktop_.scripted(
@@ -74,6 +63,14 @@ TEST_F(LinuxApplicationsTest, FailuresNameTheApplicationAndTheReason) {
   desktop_.entry("system/applications/Gone.desktop", "Exec=no-such-program %U\n");
   desktop_.entry("system/applications/Lost.desktop", "Exec=true\nPath=/no/such/folder\n");
   start();
+  const auto failureOfOpening = [this](const std::string& bundleId) -> std::string {
+    try {
+      open(bundleId);
+      return "it started";
+    } catch (const std::runtime_error& error) {
+      return error.what();
+    }
+  };
   EXPECT_EQ(failureOfOpening("Gone"),
             "Gone could not be started: the program \"no-such-program\" is not installed");
   EXPECT_THAT(failureOfOpening("Lost"),

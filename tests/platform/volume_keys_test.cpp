@@ -61,9 +61,6 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
     ASSERT_TRUE(test::eventually([&] { return pactl("set-default-sink " + name); }));
     ASSERT_TRUE(becomesDefault(name));
   }
-  static void setVolume(const std::string& sink, const std::string& volume) {
-    pactl("set-sink-volume " + sink + " " + volume);
-  }
   // Left and right, of 65536, and whether it is muted.
   static std::string stateOf(const std::string& sink) {
     return test::outputOf("echo $(pactl get-sink-volume " + sink +
@@ -102,7 +99,7 @@ TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
       {"32768 32768", "1", mute, "32768 32768 Mute: no\n"},
   };
   for (const auto& [volume, muted, key, after] : cases) {
-    setVolume("first", volume);
+    pactl(std::string("set-sink-volume first ") + volume);
     pactl(std::string("set-sink-mute first ") + muted);
     (volume_.*key)();
     EXPECT_EQ(stateOf("first"), after) << volume;
@@ -110,8 +107,8 @@ TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
 }
 
 TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
-  setVolume("first", "32768");
-  setVolume("second", "32768");
+  pactl("set-sink-volume first 32768");
+  pactl("set-sink-volume second 32768");
   makeDefault("first");
   volume_.volumeUp();
   makeDefault("second");
@@ -123,12 +120,12 @@ TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
   EXPECT_THROW(volume_.volumeUp(), CoreAudioVolumeError);
   startServer();
   makeDefault("second");
-  setVolume("second", "32768");
+  pactl("set-sink-volume second 32768");
   volume_.volumeUp();
   EXPECT_EQ(stateOf("second"), "36864 36864 Mute: no\n");
 
   // The default device goes, and the other takes its place.
-  setVolume("first", "32768");
+  pactl("set-sink-volume first 32768");
   removeSink("second");
   ASSERT_TRUE(becomesDefault("first"));
   volume_.volumeUp();

@@ -52,12 +52,9 @@ struct Wayland {
   }
   static std::string focused() {
     return test::outputOf(
-        "timeout 5 swaymsg -t get_tree | python3 -c '\n"
-        "import json, sys\n"
-        "def look(node):\n"
-        "    if node.get(\"focused\") and node.get(\"app_id\"): print(node[\"app_id\"], end=\"\")\n"
-        "    for each in node[\"nodes\"] + node[\"floating_nodes\"]: look(each)\n"
-        "look(json.load(sys.stdin))'");
+        "timeout 5 swaymsg -t get_tree | python3 -c 'import json, sys; json.load(sys.stdin, "
+        "object_hook=lambda node: print(node.get(\"focused\") and node.get(\"app_id\") or \"\", "
+        "end=\"\"))'");
   }
   static auto launchVariables() { return testing::ContainsRegex("\\|.{8,}\n"); }
   static auto platformData() { return testing::ContainsRegex("'activation-token': '.{8,}'"); }
