@@ -2,8 +2,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include <fstream>
-
 #include "platform/atomic_file.h"
 #include "platform/linux/linux_agent_instances.h"
 #include "platform/linux/process_identity.h"

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <functional>
 #include <future>
 
 #include "platform/atomic_file.h"
