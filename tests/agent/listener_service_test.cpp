@@ -109,7 +109,7 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
 TEST_F(ListenerServiceTest, PingsOfSeveralConnectionsTellWhatRanWhenTheyCame) {
   agent.desktop.installed = {"com.apple.Safari"};
   start();
-  const auto token = pair(id);
+  const auto token = agent.pair(services);
   PhoneConnection phones[] = {connect(token), connect(token), connect(token)};
   const auto ping = WireCodec::encode(MessageFactory::ping(WireDate::now(), id));
   for (const std::set<std::string>& running : {agent.desktop.installed, {}, {"other"}}) {

@@ -24,6 +24,18 @@ TEST(PairedDeviceStore, KeepsTheListLastSaved) {
   }
 }
 
+TEST(PairedDeviceStore, DamagedDataIsAnEmptyList) {
+  test::FakeKeychain keychain;
+  KeychainPairedDeviceStore store(keychain);
+  store.save({{randomUuid(), "a", {"TOKEN"}, {800000000}}});
+  std::string& item = keychain.items.begin()->second;
+  for (const std::string& bad : {item.substr(1), std::string("[{}]"), std::string("{}"),
+                                 std::string("\xff"), std::string()}) {
+    item = bad;
+    EXPECT_TRUE(store.load().empty()) << bad;
+  }
+}
+
 TEST(PairedDeviceStore, OfTwoListsTheOneWithTheLaterPairingIsLater) {
   const auto list = [](double pairedAt) {
     test::FakeKeychain keychain;

@@ -71,7 +71,10 @@ class Client:
             pass
 
     async def ping(self):
-        return (await self.ask("ping", {"ts": now()}))["payload"]
+        sent = now()
+        pong = (await self.ask("ping", {"ts": sent}))["payload"]
+        assert pong["ts"] == sent, pong
+        return pong
 
     async def pair(self, pin, device=None):
         """Pairs, and returns the token."""

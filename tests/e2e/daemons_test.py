@@ -2,7 +2,6 @@
 
 import asyncio
 import signal
-import subprocess
 import time
 import unittest
 
@@ -18,33 +17,25 @@ class Daemons(DesktopTest):
     def setUp(self):
         super().setUp()
         self.running = {}
-        self.desktop.env["DBUS_SYSTEM_BUS_ADDRESS"] = "unix:path=/run/bus-system"
+        self.system_bus = self.desktop.root / "system-bus"
+        self.desktop.env["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={self.system_bus}"
         self.desktop.install_service(SERVICE)
 
     def begin(self, name):
         """Starts what `name` is, and what died with it."""
         desktop = self.desktop
-        if name == "sound":
-            self.running[name] = desktop.start_sound()
-        elif name == "session bus":
-            self.running[name] = desktop.start_bus()
-            self.begin("keyring")
-        elif name == "system bus":
-            self.running[name] = desktop.start(PARTS / "bus", "system", "/run/bus-system")
-            eventually(lambda: self.output("dbus-send", "--system", "--print-reply", "--dest=org."
-                                           "freedesktop.DBus", "/", "org.freedesktop.DBus.GetId"))
-            self.begin("avahi")
-        elif name == "keyring":
-            self.running[name] = desktop.start(PARTS / "keyring", "unlocked")
-            eventually(lambda: "secrets" in self.output(
+        self.running[name] = {
+            "sound": desktop.start_sound,
+            "session bus": desktop.start_bus,
+            "system bus": lambda: desktop.start_bus("system", self.system_bus),
+            "keyring": lambda: desktop.start(PARTS / "keyring", "unlocked"),
+            "avahi": lambda: desktop.start(PARTS / "avahi", "box", desktop.root)}[name]()
+        if name in ("session bus", "system bus"):
+            self.begin("keyring" if name == "session bus" else "avahi")
+        if name == "keyring":
+            eventually(lambda: "secrets" in desktop.output_of(
                 "gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path",
                 "/", "--method", "org.freedesktop.DBus.ListNames"), "The keyring")
-        elif name == "avahi":
-            self.running[name] = desktop.start(PARTS / "avahi", "box", desktop.root)
-
-    def output(self, *command):
-        return subprocess.run(command, env=self.desktop.env, text=True, stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL, timeout=20, check=False).stdout
 
     async def answered(self, client, seconds):
         """A phone is answered for that long, and at once, if only that it is not paired any more."""
@@ -76,10 +67,10 @@ class Daemons(DesktopTest):
 
         async def pairing():
             phone.token = phone.pair(agent.show_code())["token"]
-            return phone.token in self.output(*SECRET)
+            return phone.token in self.desktop.output_of(*SECRET)
 
         async def advertisement():
-            return "_glintboard._tcp" in self.output("avahi-browse", "-atp")
+            return "_glintboard._tcp" in self.desktop.output_of("avahi-browse", "-atp")
 
         for name, works in [("sound", sound), ("session bus", activation), ("keyring", pairing),
                             ("avahi", advertisement), ("system bus", advertisement)]:

@@ -22,8 +22,11 @@ import zlib
 
 AGENT = os.environ["GLINTBOARD_AGENT"]
 PHONE = os.environ["GLINTBOARD_PHONE"]
+TOOL = pathlib.Path(AGENT).with_name("shortcuts")
 FOLDER = pathlib.Path(os.environ["GLINTBOARD_E2E_FOLDER"])
-PARTS = pathlib.Path(__file__).resolve().parent.parent / "desktop" / "parts"
+TESTS = pathlib.Path(__file__).resolve().parent.parent
+PARTS = TESTS / "desktop" / "parts"
+BUS_APPLICATION = TESTS / "support" / "bus_application.py"
 # How many times longer than a release build this build may take.
 SLOWNESS = float(os.environ.get("GLINTBOARD_SLOWNESS", "1"))
 PORT = 9847
@@ -42,6 +45,12 @@ def eventually(condition, what="the condition", seconds=10):
             raise AssertionError(f"{what} did not come about in {seconds * SLOWNESS:g} s")
         time.sleep(0.01)
     return value
+
+
+def output_of(*command, env=None):
+    return subprocess.run([str(word) for word in command], env=env, text=True, check=False,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          timeout=20 * SLOWNESS).stdout
 
 
 def alive(pid):
@@ -152,20 +161,13 @@ class Agent:
         return len(os.listdir(f"/proc/{self.pid}/fd"))
 
     def children(self):
-        children = []
-        for task in pathlib.Path(f"/proc/{self.pid}/task").glob("*/children"):
-            with contextlib.suppress(FileNotFoundError, ProcessLookupError):  # a thread that ended
-                children += task.read_text().split()
-        return children
+        return output_of("pgrep", "-P", self.pid).split()
 
     @staticmethod
     def connections():
         """How many connections the agent's end is open of."""
-        tables = (pathlib.Path(f"/proc/net/{name}").read_text() for name in ("tcp", "tcp6"))
-        lines = (line.split() for table in tables for line in table.splitlines()[1:])
-        established, half_closed = "01", "08"
-        return sum(line[1].endswith(f":{PORT:04X}") and line[3] in (established, half_closed)
-                   for line in lines)
+        return len(output_of("ss", "-Htn", "state", "established", "state", "close-wait",
+                             f"sport = :{PORT}").splitlines())
 
     def held(self):
         """What it holds of what the machine has."""
@@ -237,10 +239,6 @@ class Phone:
         record = self(*arguments)
         return "ok" if record["ok"] else record["code"]
 
-    def raw(self, kind, payload):
-        """The message that answers: the first that came."""
-        return self.records("raw", kind, json.dumps(payload))[0].get("message")
-
     def decks(self):
         return self("decks")["decks"]
 
@@ -248,27 +246,31 @@ class Phone:
 class Desktop:
     """Folders, environment and helpers; `close` ends everything that it started."""
 
-    def __init__(self):
+    def __init__(self, env=None):
+        """With the environment `env`, or else one of its own."""
         self.root = pathlib.Path(tempfile.mkdtemp(dir=FOLDER))
-        self.data = self.root / "data"
-        self.runtime = self.root / "run"
+        self.env = env or self.own_environment()
+        self.data = pathlib.Path(self.env["XDG_DATA_HOME"])
+        self.runtime = pathlib.Path(self.env["XDG_RUNTIME_DIR"])
         self.traces = self.root / "traces"
         for folder in self.data / "applications", self.runtime, self.traces:
-            folder.mkdir(mode=0o700, parents=True)
-        inherited = {name: value for name, value in os.environ.items() if "SAN_OPTIONS" in name}
-        self.env = {
-            "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8", "HOME": str(self.root),
-            "XDG_DATA_HOME": str(self.data), "XDG_DATA_DIRS": str(self.root / "share"),
-            "XDG_CONFIG_HOME": str(self.root / "config"), "XDG_STATE_HOME": str(self.root / "st"),
-            "XDG_CACHE_HOME": str(self.root / "cache"), "GLINTBOARD_LOG": "debug",
-            "XDG_RUNTIME_DIR": str(self.runtime),
-            "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.runtime}/bus",
-            "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nonexistent",
-            "PULSE_SERVER": f"unix:{self.runtime}/sound", **inherited}
+            folder.mkdir(mode=0o700, parents=True, exist_ok=True)
         self.support = self.data / "GlintboardAgent"
         self.decks_file = self.support / "decks.json"
         self.keychain_file = self.support / "paired-devices.json"
         self._ended_last = contextlib.ExitStack()
+
+    def own_environment(self):
+        inherited = {name: value for name, value in os.environ.items() if "SAN_OPTIONS" in name}
+        return {
+            "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8", "HOME": str(self.root),
+            "XDG_DATA_HOME": f"{self.root}/data", "XDG_DATA_DIRS": f"{self.root}/share",
+            "XDG_CONFIG_HOME": f"{self.root}/config", "XDG_STATE_HOME": f"{self.root}/st",
+            "XDG_CACHE_HOME": f"{self.root}/cache", "GLINTBOARD_LOG": "debug",
+            "XDG_RUNTIME_DIR": f"{self.root}/run",
+            "DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.root}/run/bus",
+            "DBUS_SYSTEM_BUS_ADDRESS": "unix:path=/nonexistent",
+            "PULSE_SERVER": f"unix:{self.root}/run/sound", **inherited}
 
     def close(self):
         self._ended_last.close()
@@ -291,6 +293,9 @@ class Desktop:
         self._ended_last.callback(process.wait)
         self._ended_last.callback(process.kill)
         return process
+
+    def output_of(self, *command):
+        return output_of(*command, env=self.env)
 
     def write(self, path, content, mode=0o644):
         path.parent.mkdir(mode=0o700, parents=True, exist_ok=True)
@@ -315,23 +320,15 @@ class Desktop:
         return self.write_entry(bundle_id, **{"Exec": program, **keys})
 
     def install_service(self, bundle_id):
-        """An application that the session bus starts and activates; each time leaves a trace."""
-        service = self.write(self.root / "programs" / bundle_id, f"""
-            #!/usr/bin/python3
-            import os
-            from gi.repository import Gio
-            def leave_trace(application):
-                with open("{self.traces / bundle_id}", "a") as trace:
-                    trace.write(f"{{os.getpid()}}\\n")
-                application.hold()
-            application = Gio.Application(application_id="{bundle_id}",
-                                          flags=Gio.ApplicationFlags.IS_SERVICE)
-            application.connect("activate", leave_trace)
-            application.run()
-            """, 0o755)
+        """An application that the session bus starts and activates."""
+        program = f"/usr/bin/python3 -E {BUS_APPLICATION} {bundle_id} {self.root / bundle_id}.log"
         self.write(self.runtime / "services" / f"{bundle_id}.service",
-                   f"[D-BUS Service]\nName={bundle_id}\nExec={service}\n")
-        self.write_entry(bundle_id, Exec=service, DBusActivatable="true")
+                   f"[D-BUS Service]\nName={bundle_id}\nExec={program}\n")
+        self.write_entry(bundle_id, Exec=program, DBusActivatable="true")
+
+    def activations(self, bundle_id):
+        """What such an application was asked to do."""
+        return (self.root / f"{bundle_id}.log").read_text().splitlines()
 
     def trace(self, name):
         """The process ids that a program left behind."""
@@ -354,28 +351,19 @@ class Desktop:
                    f"#!/bin/sh\necho $$ >> '{self.traces}/shortcuts'\n"
                    f'[ "$1" = run ] || exit 64\ncase "$2" in\n{cases}\nesac\n', 0o755)
 
-    def start_bus(self):
+    def start_bus(self, kind="session", socket=None):
+        socket = socket or self.runtime / "bus"
         # What a killed bus left is no sign of the new one.
-        (self.runtime / "bus").unlink(missing_ok=True)
-        bus = self.start(PARTS / "bus", "session", self.runtime / "bus")
-        eventually((self.runtime / "bus").exists, "The session bus")
+        socket.unlink(missing_ok=True)
+        bus = self.start(PARTS / "bus", kind, socket)
+        eventually(socket.exists, f"The {kind} bus")
         return bus
 
     def start_sound(self):
         sound = self.start(PARTS / "pulseaudio", self.runtime / "sound",
                            "-L", "module-null-sink sink_name=test")
-        eventually(lambda: "test" in self.pactl("info"), "The sound server")
+        eventually(lambda: "test" in self.output_of("pactl", "info"), "The sound server")
         return sound
-
-    def pactl(self, *arguments):
-        return subprocess.run(["pactl", *map(str, arguments)], env=self.env, text=True,
-                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                              timeout=10 * SLOWNESS, check=False).stdout
-
-    def volume(self):
-        """The sink's volume of 65536 and whether it is muted."""
-        return (int(self.pactl("get-sink-volume", "test").split()[2]),
-                "yes" in self.pactl("get-sink-mute", "test"))
 
 
 class DesktopTest(unittest.IsolatedAsyncioTestCase):

@@ -1,43 +1,33 @@
 """The agent on displays that work, that cannot be reached, and that die under it."""
 
-import os
 import pathlib
 import signal
 import socket
-import subprocess
+import tempfile
 import time
 import unittest
 
 from client import Client
-from desktop import SLOWNESS, DesktopTest, eventually
+from desktop import FOLDER, PARTS, SLOWNESS, DesktopTest, eventually
 
 
 class Display(DesktopTest):
     def start_x_server(self):
-        """Where the sockets of the user's own servers are out of its reach.
-
-        It is not to start afresh, and to refuse connections meanwhile, when its last client leaves.
-        """
-        reader, writer = os.pipe()
-        server = subprocess.Popen(
-            ["unshare", "--mount", "sh", "-c", "mount -t tmpfs tmpfs /tmp && "
-             f"exec Xvfb -noreset -displayfd {writer} -screen 0 640x480x24 -nolisten tcp"],
-            pass_fds=[writer], stderr=subprocess.DEVNULL)
-        os.close(writer)
-        with open(reader, encoding="ascii") as numbers:
-            self.desktop.env["DISPLAY"] = ":" + numbers.readline().strip()
+        folder = self.desktop.root / "display"
+        folder.mkdir(exist_ok=True)
+        server = self.desktop.start("env", "GLINTBOARD_PRIVATE_NETWORK=1", PARTS / "x-server",
+                                    folder)
+        number = eventually(lambda: (folder / "display").exists()
+                            and (folder / "display").read_text().strip(), "The X server")
+        self.desktop.env["DISPLAY"] = f":{number}"
         return server
 
     def start_compositor(self):
-        config = self.desktop.write(self.desktop.root / "sway", "xwayland disable\n")
-        self.desktop.env |= {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1",
-                             "WLR_RENDERER": "pixman"}
-        # It refuses to run as root.
-        compositor = subprocess.Popen(
-            ["unshare", "-U", "--map-user=1000", "--map-group=1000", "sway", "-c", config],
-            env=self.desktop.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        eventually((self.desktop.runtime / "wayland-1").is_socket, "The compositor")
-        self.desktop.env["WAYLAND_DISPLAY"] = "wayland-1"
+        # The other user that it runs as does not see into the desktop's folder.
+        folder = pathlib.Path(tempfile.mkdtemp(dir=FOLDER))
+        compositor = self.desktop.start(PARTS / "compositor", "sway", folder)
+        eventually((folder / "wayland-1").is_socket, "The compositor")
+        self.desktop.env["WAYLAND_DISPLAY"] = str(folder / "wayland-1")
         return compositor
 
     def has_display(self, agent):
@@ -45,9 +35,8 @@ class Display(DesktopTest):
         return any(plugin in maps for plugin in ("libqxcb", "libqwayland"))
 
     def menu_is_open(self):
-        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Glintboard Agent"],
-                              env=self.desktop.env, stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL).returncode == 0
+        return self.desktop.output_of("xdotool", "search", "--onlyvisible", "--name",
+                                      "Glintboard Agent") != ""
 
     async def test_serves_again_when_its_display_dies(self):
         agent = self.start_agent()
@@ -57,8 +46,6 @@ class Display(DesktopTest):
         for start in self.start_x_server, self.start_compositor:
             with self.subTest(display=start.__name__):
                 display = start()
-                self.addCleanup(display.wait)
-                self.addCleanup(display.kill)
                 agent = self.desktop.start_agent()
                 eventually(lambda: self.has_display(agent), "Windows")
                 eventually(lambda: phone.outcome("decks") == "ok", "An answer")
@@ -92,9 +79,7 @@ class Display(DesktopTest):
                         del self.desktop.env[name]
 
     def test_ends_and_is_replaced_with_a_display_as_without(self):
-        display = self.start_x_server()
-        self.addCleanup(display.wait)
-        self.addCleanup(display.kill)
+        self.start_x_server()
         first = self.desktop.start_agent()
         eventually(self.menu_is_open, "The menu")
         second = self.desktop.start_agent(arguments=["--background"])

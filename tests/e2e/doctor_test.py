@@ -16,8 +16,8 @@ OPEN_DISCOVERY = "sudo nft insert rule inet filter input udp dport 5353 accept"
 PAIR = "glintboard-phone pair PIN"
 MUTE = f"import socket, time; s = socket.create_server(('', {PORT})); time.sleep(600)"
 
-# `advice` opens the firewall that only a phone can try; `says` stands somewhere in the findings.
-Outcome = collections.namedtuple("Outcome", "exit failures advice says", defaults=[None, ""])
+# `advice` opens the firewall that only a phone can try.
+Outcome = collections.namedtuple("Outcome", "exit failures advice", defaults=[None])
 WELL = Outcome(0, {})
 RESTART_AVAHI = "sudo systemctl restart avahi-daemon"
 
@@ -38,8 +38,7 @@ class Doctor(DesktopTest):
         for computer in "this", "other":
             socket = self.desktop.root / f"bus-{computer}"
             self.buses[computer] = f"unix:path={socket}"
-            self.desktop.start(PARTS / "bus", "system", socket)
-            eventually(socket.exists, "A system bus")
+            self.desktop.start_bus("system", socket)
         self.desktop.env["DBUS_SYSTEM_BUS_ADDRESS"] = self.buses["this"]
         pathlib.Path("/run/avahi-daemon").mkdir(exist_ok=True)
         self.other = self.start_avahi("other", PARTS / "other-computer")
@@ -70,21 +69,11 @@ class Doctor(DesktopTest):
         self.assertEqual(last["ok"], not failures)
         self.assertEqual(last.get("code"), next(iter(failures), None))
         print(f"--- {done.returncode}\n{done.stdout}", file=sys.stderr)
-        return Outcome(done.returncode, failures, last.get("command"), done.stdout)
+        self.findings = done.stdout
+        return Outcome(done.returncode, failures, last.get("command"))
 
     def comes_to(self, outcome):
-        last = None
-
-        def look():
-            nonlocal last
-            last = self.doctor()
-            if outcome.says in last.says:
-                last = last._replace(says=outcome.says)
-            return last == outcome
-        try:
-            eventually(look, "The outcome")
-        except AssertionError:
-            self.assertEqual(last, outcome)
+        eventually(lambda: self.doctor() == outcome, outcome)
 
     def end(self, process):
         process.kill()
@@ -96,18 +85,18 @@ class Doctor(DesktopTest):
         eventually(lambda: f":{PORT}" in run("ss", "-ltn"), "The other program")
 
     def taken(self):
-        holder = f"python3.{sys.version_info.minor} (process {self.holder.pid})"
-        return Outcome(3, {"port_taken": f"kill {self.holder.pid}"}, says=f"held by {holder}")
+        return Outcome(3, {"port_taken": f"kill {self.holder.pid}"})
 
     def free_port(self):
+        self.assertIn(f"held by python3.{sys.version_info.minor} (process {self.holder.pid})",
+                      self.findings)
         self.obey(f"kill {self.holder.pid}")
         self.holder.wait()
         self.start_agent()
 
     def browse(self):
         """What Avahi knows at the moment."""
-        return run("env", f"DBUS_SYSTEM_BUS_ADDRESS={self.buses['this']}", "sh", "-c",
-                   "avahi-browse -atp || true")
+        return self.desktop.output_of("avahi-browse", "-atp")
 
     def restart_avahi(self, setting=""):
         self.end(self.avahi)

@@ -177,6 +177,8 @@ class HostilePhones(DesktopTest):
         reasons = await asyncio.gather(*(guess(client) for client in clients))
         self.assertEqual(sorted(reasons), ["invalid_pin"] * 4 + ["lockout"] * 96)
         self.assertEqual(await guess(clients[0], pin), "lockout")
+        agent.menu_shows("Pairing locked \u2014 too many failed attempts")
+        self.assertNotIn(pin, agent.menu())
         reply = await clients[1].ask("pair.request", pair_request(code, "qr"))
         self.assertEqual(reply["type"], "pair.ok", reply)
 

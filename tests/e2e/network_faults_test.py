@@ -5,17 +5,17 @@ import contextlib
 import ctypes
 import os
 import pathlib
+import re
 import resource
 import signal
 import socket
-import subprocess
 import time
 import unittest
 
 from gi.repository import Gio, GLib
 
 from client import TOKEN_HEADER, Client, open_raw
-from desktop import PARTS, PORT, SLOWNESS, DesktopTest, eventually
+from desktop import PARTS, PORT, SLOWNESS, DesktopTest, output_of
 
 LOGIND = "org.freedesktop.login1"
 FAKETIME = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")
@@ -23,10 +23,7 @@ FAKETIME = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")
 
 def listening_socket(pid):
     """A descriptor of the agent's listening socket, shared with the agent."""
-    inode = next(line.split()[9] for line in pathlib.Path("/proc/net/tcp6").read_text().splitlines()
-                 if f":{PORT:04X} " in line and " 0A " in line)
-    number = next(int(fd.name) for fd in pathlib.Path(f"/proc/{pid}/fd").iterdir()
-                  if os.readlink(fd) == f"socket:[{inode}]")
+    number = int(re.search(r"fd=(\d+)", output_of("ss", "-Htlnp", f"sport = :{PORT}"))[1])
     process = os.pidfd_open(pid)
     with contextlib.closing(socket.socket(
             fileno=ctypes.CDLL(None).syscall(438, process, number, 0))) as shared:  # pidfd_getfd
@@ -69,8 +66,12 @@ class NetworkFaults(DesktopTest):
         await (await waiting).ping()
         self.assertEqual(self.desktop.decks_file.read_bytes(), decks)
 
-    async def test_another_program_takes_the_port_and_leaves_it(self):
-        agent = self.start_agent()
+    async def test_another_program_has_the_port_or_takes_it_and_leaves_it(self):
+        with socket.create_server(("", PORT)):
+            agent = self.desktop.start_agent()
+            agent.menu_shows("Port 9847 is already in use. Quit the other Glintboard Agent first.",
+                             "Connection failed", "Restart Agent")
+        self.assertNotIn("in use", agent.menu_shows("Ready for iPhone"))
         token = self.paired_phone(agent).token
         phone = await Client.connect(token)
         with contextlib.closing(listening_socket(agent.pid)) as shared:
@@ -119,16 +120,10 @@ class NetworkFaults(DesktopTest):
         token = self.paired_phone(agent).token
         phone, dead = await Client.connect(token), await self.silent_phone(token)
         # The bus is late, and so are those on it.
-        self.desktop.start(PARTS / "bus", "system", address)
-
-        def connected():
-            with contextlib.suppress(GLib.Error):
-                return Gio.DBusConnection.new_for_address_sync(
-                    self.desktop.env["DBUS_SYSTEM_BUS_ADDRESS"],
-                    Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
-                    | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
-
-        bus = eventually(connected, "The system bus")
+        self.desktop.start_bus("system", address)
+        bus = Gio.DBusConnection.new_for_address_sync(
+            f"unix:path={address}", Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION)
         self.desktop.start(PARTS / "avahi", "box", self.desktop.root)
         bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                       "RequestName", GLib.Variant("(su)", (LOGIND, 0)), None, 0, -1)
@@ -141,9 +136,7 @@ class NetworkFaults(DesktopTest):
                 await asyncio.sleep(1)
 
         def advertised():
-            browser = subprocess.run(["avahi-browse", "-pt", "_glintboard._tcp"], check=False,
-                                     env=self.desktop.env, stdout=subprocess.PIPE)
-            return b"+;" in browser.stdout
+            return "_glintboard._tcp" in self.desktop.output_of("avahi-browse", "-atp")
 
         dropped = asyncio.ensure_future(self.seconds_until_dropped(dead))
         await asyncio.wait_for(sleep_until(lambda: dropped.done() and advertised()), 30 * SLOWNESS)

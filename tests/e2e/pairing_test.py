@@ -11,24 +11,15 @@ class PairingLife(DesktopTest):
     async def is_known(self, client):
         return (await client.ask("deck.sync", {}))["type"] == "decks.snapshot"
 
-    async def test_a_phone_that_pairs_again_gets_a_new_token_and_loses_the_old(self):
+    async def test_a_new_pairing_takes_the_place_of_the_one_before(self):
         agent = self.start_agent()
-        phone = self.paired_phone(agent)
-        client = await Client.connect(phone.token)
+        first, second = self.paired_phone(agent, "First"), self.phone("Second\x1b[31m")
+        client = await Client.connect(first.token)
         self.assertTrue(await self.is_known(client))
-        agent.menu_shows(SHOW, "iPhone connected")
-        again = phone.pair(agent.show_code())
-        self.assertNotEqual(again["token"], phone.token)
+        agent.menu_shows(SHOW, "First", "iPhone connected")
+        self.assertNotEqual(first.pair(agent.show_code())["token"], first.token)
         self.assertFalse(await self.is_known(client))
-        self.assertEqual(phone.outcome("decks"), "ok")
         agent.menu_shows(SHOW, "Waiting for iPhone")
-
-    def test_another_phone_replaces_the_first_only_while_the_code_is_shown(self):
-        agent = self.start_agent()
-        pin = agent.pin()
-        first, second = self.paired_phone(agent, "First"), self.phone("Second")
-        self.assertEqual(second.outcome("pair", pin), "already_paired")
-        agent.menu_shows(SHOW, "First")
         shown = agent.show_code()
         agent.press(HIDE)
         agent.menu_shows(SHOW)
@@ -37,7 +28,7 @@ class PairingLife(DesktopTest):
         self.assertTrue(second.pair(agent.show_code())["ok"])
         self.assertEqual(first.outcome("decks"), "unauthorized")
         self.assertEqual(second.outcome("decks"), "ok")
-        self.assertNotIn("First", agent.menu_shows(SHOW, "Second"))
+        self.assertNotIn("First", agent.menu_shows(SHOW, "Second[31m"))
 
     async def test_unpairing_takes_effect_on_open_connections(self):
         agent = self.start_agent()
@@ -58,24 +49,18 @@ class PairingLife(DesktopTest):
         agent = self.start_agent()
         phone = self.paired_phone(agent)
         file = self.desktop.keychain_file
-        self.assertEqual([stat.S_IMODE(path.stat().st_mode) for path in (file, file.parent)],
-                         [0o600, 0o700])
+        self.assertEqual(stat.S_IMODE(file.stat().st_mode), 0o600)
         agent.end()
         agent = self.start_agent()
         agent.menu_shows("Phone", "Waiting for iPhone", "Unpair iPhone")
         self.assertEqual(phone.outcome("decks"), "ok")
         agent.end()
-        content = file.read_bytes()
-        for damaged in content[:-1], content.replace(b'"pairedAt"', b'"at"'), b"\xff\xfe", b"":
-            with self.subTest(damaged=damaged):
-                file.write_bytes(damaged)
-                agent = self.start_agent()
-                agent.menu_shows("Manual code")
-                self.assertEqual(phone.outcome("decks"), "unauthorized")
-                agent.end()
+        file.write_bytes(file.read_bytes()[:-1])
         agent = self.start_agent()
-        self.assertTrue(phone.pair(agent.pin())["ok"])
-        eventually(lambda: file.stat().st_size > 0, "A new list")
+        agent.menu_shows("Manual code")
+        self.assertEqual(phone.outcome("decks"), "unauthorized")
+        token = phone.pair(agent.pin())["token"]
+        eventually(lambda: token in file.read_text(), "A new list")
 
 
 if __name__ == "__main__":

@@ -1,4 +1,4 @@
-"""One Shortcut that never ends, and what goes on meanwhile."""
+"""Shortcuts that fail, one that never ends, and what goes on meanwhile."""
 
 import asyncio
 import json
@@ -6,21 +6,35 @@ import time
 import unittest
 
 from client import Client
-from desktop import SLOWNESS, DesktopTest, alive, eventually, shortcut
+from desktop import FOLDER, SLOWNESS, TOOL, DesktopTest, alive, eventually, shortcut
 
-STUCK = "11111111-0000-4000-8000-000000000000"
+STUCK, GONE, REFUSED = (f"{digit * 8}-0000-4000-8000-000000000000" for digit in "123")
+HINT = ("Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Security \u2192 "
+        "Automation), then try again.")
 
 
 class StuckShortcut(DesktopTest):
     async def test_times_out_after_25_seconds_and_holds_nobody_up(self):
-        self.desktop.set_decks([shortcut(STUCK)])
-        self.desktop.set_shortcuts("*) exec sleep 600;;")
+        self.desktop.set_decks([shortcut(each) for each in (STUCK, GONE, REFUSED)])
+        (FOLDER / "shortcuts").symlink_to(TOOL)
+        pids = self.desktop.root / "pids"
+        for identifier, command in (REFUSED, "kill -TERM $$"), (
+                STUCK, f"sleep 600 & echo $! $$ >{pids}; wait; true"):
+            self.desktop.write(self.desktop.support / "Shortcuts" / f"{identifier}.shortcut",
+                               f"[Shortcut]\nName={identifier}\nCommand={command}\n")
         agent = self.start_agent()
         phone = self.paired_phone(agent)
+        self.assertEqual(phone.outcome("tap", 2), "not_found")
         client = await Client.connect(phone.token)
+        self.assertNotIn(HINT, agent.menu_shows("iPhone connected"))
+        self.assertEqual(phone.outcome("tap", 3), "cancelled")
+        agent.menu_shows(HINT, "1. Dismiss")
+        agent.press("Dismiss")
+        eventually(lambda: HINT not in agent.menu(), "A menu without the hint")
+
         start = time.monotonic()
         tap = phone.start("tap", 1, "--timeout", 60)
-        tool = self.desktop.traced("shortcuts")[0]
+        processes = eventually(lambda: pids.exists() and pids.read_text().split(), "A start")
 
         times = []
         while tap.poll() is None:
@@ -40,10 +54,8 @@ class StuckShortcut(DesktopTest):
                          ("timed_out", "Still waiting on your Mac \u2014 check for a dialog."))
         self.assertGreaterEqual(seconds, 25)
         self.assertLess(seconds, 25 + 2 * SLOWNESS)
-        eventually(lambda: not alive(tool), "The end of the Shortcut")
-        agent.menu_shows("Allow this Shortcut on your Mac", "Dismiss")
-        agent.press("Dismiss")
-        eventually(lambda: "Dismiss" not in agent.menu(), "A menu without the hint")
+        eventually(lambda: not any(map(alive, processes)), "The end of all that it started")
+        agent.menu_shows(HINT)
 
 
 if __name__ == "__main__":

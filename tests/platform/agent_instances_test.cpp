@@ -2,8 +2,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include <fstream>
-
 #include "platform/atomic_file.h"
 #include "platform/linux/linux_agent_instances.h"
 #include "platform/linux/process_identity.h"
@@ -15,7 +13,6 @@ namespace glintboard {
 namespace {
 
 using namespace std::chrono_literals;
-using Identifiers = std::vector<int>;
 
 std::string lineOf(const ProcessIdentity& identity) {
   return std::to_string(identity.id) + " " + std::to_string(identity.startTime) + "\n";
@@ -27,35 +24,10 @@ class Instances : public testing::Test {
     return identifyProcess(id).value_or(ProcessIdentity{});
   }
 
-  std::optional<Identifiers> claim() {
+  // How many older ones it finds; nothing where a younger one runs.
+  std::optional<std::size_t> claim() {
     const auto older = LinuxAgentInstances(folder_.path()).claim();
-    if (!older) {
-      return std::nullopt;
-    }
-    Identifiers identifiers;
-    for (const auto& instance : *older) {
-      identifiers.push_back(instance->processIdentifier());
-    }
-    return identifiers;
-  }
-
-  // Calls claim() in a younger process, which stays, and returns the number of older ones it saw.
-  int claimInYoungerProcess(pid_t& child) {
-    int ends[2];
-    EXPECT_EQ(::pipe(ends), 0);
-    std::this_thread::sleep_for(30ms);  // the next tick of the clock that start times are told in
-    child = ::fork();
-    if (child == 0) {
-      const auto seen = claim();
-      const int count = seen ? static_cast<int>(seen->size()) : -1;
-      EXPECT_EQ(::write(ends[1], &count, sizeof count), ssize_t{sizeof count});
-      ::pause();
-    }
-    int count = -2;
-    EXPECT_EQ(::read(ends[0], &count, sizeof count), ssize_t{sizeof count});
-    ::close(ends[0]);
-    ::close(ends[1]);
-    return count;
+    return older ? std::optional(older->size()) : std::nullopt;
   }
 
   const test::TemporaryFolder folder_;
@@ -63,17 +35,15 @@ class Instances : public testing::Test {
   const ProcessIdentity self_ = identityOf(::getpid());
 };
 
-TEST_F(Instances, TheYoungestStaysWhateverTheOrderInWhichTheyLook) {
-  EXPECT_EQ(claim(), Identifiers{});
-  EXPECT_EQ(claim(), Identifiers{}) << "it never finds itself";
-  pid_t child = 0;
-  EXPECT_EQ(claimInYoungerProcess(child), 1);
-  EXPECT_EQ(claim(), std::nullopt) << "a younger one is running";
-  ::kill(child, SIGKILL);
+TEST_F(Instances, AnOlderOneThatLooksLaterStaysAwayWhileTheYoungerRuns) {
+  EXPECT_EQ(claim(), 0u);
+  EXPECT_EQ(claim(), 0u) << "it never finds itself";
+  const test::ChildProcess younger({"sleep", "60"});
+  folder_.write("glintboard-agents", lineOf(self_) + lineOf(identityOf(younger.id())));
+  EXPECT_EQ(claim(), std::nullopt);
+  younger.signal(SIGKILL);
   // Dead, and not yet collected by its parent.
-  EXPECT_TRUE(test::eventually([&] { return claim() == Identifiers{}; }));
-  ::waitpid(child, nullptr, 0);
-  EXPECT_EQ(claim(), Identifiers{});
+  EXPECT_TRUE(test::eventually([&] { return claim() == 0u; }));
   EXPECT_EQ(readWholeFile(file_), lineOf(self_));
 }
 
@@ -84,7 +54,7 @@ TEST_F(Instances, DropsLinesThatNameNoInstance) {
   reused.startTime -= 1;  // its number was another process's before
   folder_.write("glintboard-agents", "no line\n-1 5\n0 0\n99999999999999999999 1\n4194303 1\n" +
                                          lineOf(reused) + lineOf(identityOf(::getpid())) + "1");
-  EXPECT_EQ(claim(), Identifiers{});
+  EXPECT_EQ(claim(), 0u);
   EXPECT_EQ(readWholeFile(file_), lineOf(self_));
   EXPECT_FALSE(stranger.hasEnded());
 }
@@ -94,22 +64,22 @@ TEST_F(Instances, NeverFindsAProcessOfAnotherUser) {
     GTEST_SKIP() << "only root can start a process of another user";
   }
   test::ChildProcess other({"setpriv", "--reuid=1000", "--clear-groups", "sleep", "60"});
-  struct stat owner{};
+  struct stat owner {};
   const std::string process = "/proc/" + std::to_string(other.id()) + "/stat";
   const auto startTime = identityOf(other.id()).startTime;  // while it is still root's
   ASSERT_TRUE(test::eventually(
       [&] { return ::stat(process.c_str(), &owner) == 0 && owner.st_uid == 1000; }));
   folder_.write("glintboard-agents", lineOf({startTime, other.id()}));
-  EXPECT_EQ(claim(), Identifiers{});
+  EXPECT_EQ(claim(), 0u);
   EXPECT_FALSE(other.hasEnded());
 }
 
 TEST_F(Instances, AHeldLockDelaysButDoesNotBlock) {
-  EXPECT_EQ(claim(), Identifiers{});
+  EXPECT_EQ(claim(), 0u);
   const int held = ::open(file_.c_str(), O_RDWR | O_CLOEXEC);
   ASSERT_EQ(::flock(held, LOCK_EX), 0);
   const auto start = std::chrono::steady_clock::now();
-  EXPECT_EQ(claim(), Identifiers{});
+  EXPECT_EQ(claim(), 0u);
   EXPECT_LT(std::chrono::steady_clock::now() - start, test::patience * 2s);
   ::close(held);
 }

@@ -25,8 +25,9 @@ class ApplicationIconsTest : public testing::Test {
     return desktop_.root.write("drawing.svg", "<svg xmlns='http://www.w3.org/2000/svg' " +
                                                   attributes + ">" + content + "</svg>");
   }
-  // The columns and rows that are not transparent in a square of 128 pixels.
-  static QRect covered(const QImage& image) {
+  // The columns and rows that are not transparent when it is drawn into a square of 128 pixels.
+  static QRect covered(const std::filesystem::path& file) {
+    const QImage image = drawIcon(file, 128);
     EXPECT_EQ(image.size(), QSize(128, 128));
     QRect rect;
     for (int y = 0; y < image.height(); ++y) {
@@ -39,25 +40,47 @@ class ApplicationIconsTest : public testing::Test {
     return rect;
   }
 
+  ~ApplicationIconsTest() override {
+    if (index_) {
+      index_->stop();
+    }
+  }
+  // Looks at the applications that are installed. Starts threads: the environment is complete.
+  void open() {
+    executors_.emplace();
+    index_ = ApplicationIndex::open(*executors_, desktop_.folders);
+    icons_ = applicationIcons(index_, desktop_.folders);
+  }
+  ApplicationLocation location(const std::string& bundleId) const {
+    return {index_->current()->withBundleId(bundleId)->path};
+  }
+  ContentModification modification(const std::string& bundleId) const {
+    return icons_.contentModification(location(bundleId)).value();
+  }
+  QColor colour(const std::string& bundleId) const {
+    const auto image = icons_.image(location(bundleId), 128);
+    return image.isNull() ? QColor(Qt::transparent) : image.pixelColor(64, 64);
+  }
+
   int argumentCount_ = 1;
   char name_[5] = "test";
   char* arguments_[2] = {name_, nullptr};
   std::optional<QGuiApplication> application_;
   test::DesktopFolders desktop_;
+  std::optional<Executors> executors_;
+  std::shared_ptr<ApplicationIndex> index_;
+  ApplicationIconClient icons_;
 };
 
 TEST_F(ApplicationIconsTest, FitsAnyImageIntoTheSquareAndCentresIt) {
-  EXPECT_EQ(covered(drawIcon(paint("small.png", {16, 16}, Qt::red), 128)), QRect(0, 0, 128, 128));
-  EXPECT_EQ(covered(drawIcon(paint("wide.png", {512, 256}, Qt::red), 128)), QRect(0, 32, 128, 64));
-  EXPECT_EQ(covered(drawIcon(paint("tall.xpm", {20, 80}, Qt::red), 128)), QRect(48, 0, 32, 128));
-  EXPECT_EQ(drawIcon(paint("wide.png", {512, 256}, Qt::red), 64).size(), QSize(64, 64));
+  EXPECT_EQ(covered(paint("small.png", {16, 16}, Qt::red)), QRect(0, 0, 128, 128));
+  EXPECT_EQ(covered(paint("wide.png", {512, 256}, Qt::red)), QRect(0, 32, 128, 64));
+  EXPECT_EQ(covered(paint("tall.xpm", {20, 80}, Qt::red)), QRect(48, 0, 32, 128));
+  EXPECT_EQ(drawIcon(desktop_.root / "wide.png", 64).size(), QSize(64, 64));
   const std::string full = "<rect width='100%' height='100%'/>";
-  EXPECT_EQ(covered(drawIcon(drawing("width='20' height='10'", full), 128)), QRect(0, 32, 128, 64));
-  EXPECT_EQ(
-      covered(drawIcon(drawing("viewBox='0 0 10 20'", "<rect width='10' height='20'/>"), 128)),
-      QRect(32, 0, 64, 128));
-  EXPECT_FALSE(
-      covered(drawIcon(drawing("", "<rect x='5' y='5' width='10' height='10'/>"), 128)).isEmpty())
+  EXPECT_EQ(covered(drawing("width='20' height='10'", full)), QRect(0, 32, 128, 64));
+  EXPECT_EQ(covered(drawing("viewBox='0 0 10 20'", full)), QRect(32, 0, 64, 128));
+  EXPECT_FALSE(covered(drawing("", "<rect x='5' y='5' width='10' height='10'/>")).isEmpty())
       << "a drawing without a size";
 }
 
@@ -88,37 +111,27 @@ TEST_F(ApplicationIconsTest, AnApplicationHasItsOwnIconOrTheGenericOneAndChanges
   desktop_.entry("system/applications/own.desktop", "Icon=" + own.string() + "\n");
   desktop_.entry("system/applications/damaged.desktop", "Icon=" + damaged.string() + "\n");
   desktop_.entry("system/applications/none.desktop", "Icon=no-such-icon\n");
-  Executors executors;
-  const auto index = ApplicationIndex::open(executors, desktop_.folders);
-  const auto icons = applicationIcons(index, desktop_.folders);
-  const auto location = [&](const std::string& bundleId) {
-    return ApplicationLocation{index->current()->withBundleId(bundleId)->path};
-  };
-  const auto colour = [&](const std::string& bundleId) {
-    const auto image = icons.image(location(bundleId), 128);
-    return image.isNull() ? QColor(Qt::transparent) : image.pixelColor(64, 64);
-  };
+  open();
   EXPECT_EQ(colour("own"), QColor(Qt::green));
   EXPECT_EQ(colour("none"), QColor(Qt::transparent));
-  const auto withoutIcon = icons.contentModification(location("none")).value();
+  const auto withoutIcon = modification("none");
   EXPECT_EQ(withoutIcon.iconFile, "");
-  EXPECT_FALSE(icons.contentModification({desktop_.root / "absent.desktop"}).has_value());
+  EXPECT_FALSE(icons_.contentModification({desktop_.root / "absent.desktop"}).has_value());
 
-  const auto first = icons.contentModification(location("own")).value();
+  const auto first = modification("own");
   EXPECT_EQ(first.iconFile, own);
-  EXPECT_EQ(icons.contentModification(location("own")), first);
+  EXPECT_EQ(modification("own"), first);
   paint("own.new.png", {64, 64}, Qt::blue);
   std::filesystem::last_write_time(desktop_.root / "own.new.png", first.iconModified);
   std::filesystem::rename(desktop_.root / "own.new.png", own);
-  EXPECT_NE(icons.contentModification(location("own")), first) << "another file of the same age";
+  EXPECT_NE(modification("own"), first) << "another file of the same age";
   EXPECT_EQ(colour("own"), QColor(Qt::blue));
 
   paint("system/icons/hicolor/64x64/apps/application-x-executable.png", {64, 64}, Qt::red);
   std::this_thread::sleep_for(std::chrono::milliseconds(60));
-  EXPECT_NE(icons.contentModification(location("none")), withoutIcon);
+  EXPECT_NE(modification("none"), withoutIcon);
   EXPECT_EQ(colour("none"), QColor(Qt::red));
   EXPECT_EQ(colour("damaged"), QColor(Qt::red));
-  index->stop();
 }
 
 TEST_F(ApplicationIconsTest, FlatpaksAndSnapsShowTheirsThroughTheLinksThatAnUpdateMoves) {
@@ -150,25 +163,17 @@ TEST_F(ApplicationIconsTest, FlatpaksAndSnapsShowTheirsThroughTheLinksThatAnUpda
   desktop_.entry(
       "snapd/desktop/applications/tuner_tuner.desktop",
       "Exec=true\nIcon=" + (desktop_.root / "snap/tuner/current/icon.png").string() + "\n");
-  Executors executors;
-  const auto index = ApplicationIndex::open(executors, desktop_.folders);
-  const auto icons = applicationIcons(index, desktop_.folders);
-  const auto seen = [&](const std::string& bundleId) {
-    const ApplicationLocation location{index->current()->withBundleId(bundleId)->path};
-    return std::pair(icons.image(location, 128).pixelColor(64, 64),
-                     icons.contentModification(location).value());
-  };
-  const auto player = seen("org.test.Player");
-  const auto tuner = seen("tuner_tuner");
-  EXPECT_EQ(player.first, QColor(Qt::red));
-  EXPECT_EQ(tuner.first, QColor(Qt::green));
+  open();
+  const auto player = modification("org.test.Player");
+  const auto tuner = modification("tuner_tuner");
+  EXPECT_EQ(colour("org.test.Player"), QColor(Qt::red));
+  EXPECT_EQ(colour("tuner_tuner"), QColor(Qt::green));
   flatpak("2", Qt::blue);
   snap("2", Qt::yellow);
-  EXPECT_TRUE(test::eventually([&] { return seen("org.test.Player").first == QColor(Qt::blue); }));
-  EXPECT_NE(seen("org.test.Player").second, player.second);
-  EXPECT_EQ(seen("tuner_tuner").first, QColor(Qt::yellow));
-  EXPECT_NE(seen("tuner_tuner").second, tuner.second);
-  index->stop();
+  EXPECT_TRUE(test::eventually([&] { return colour("org.test.Player") == QColor(Qt::blue); }));
+  EXPECT_NE(modification("org.test.Player"), player);
+  EXPECT_EQ(colour("tuner_tuner"), QColor(Qt::yellow));
+  EXPECT_NE(modification("tuner_tuner"), tuner);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 namespace glintboard {
 namespace {
 
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 
 class ApplicationIndexTest : public testing::Test {
@@ -29,8 +30,7 @@ class ApplicationIndexTest : public testing::Test {
   // Whether the live index comes to hold an identifier, or to lack it.
   bool becomes(const std::string& bundleId, bool present) const {
     return test::eventually(
-        [&] { return (index_->current()->withBundleId(bundleId) != nullptr) == present; },
-        std::chrono::seconds(3));
+        [&] { return (index_->current()->withBundleId(bundleId) != nullptr) == present; }, 3s);
   }
 
   test::DesktopFolders desktop_;
@@ -104,33 +104,37 @@ TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLat
 }
 
 TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) {
-  desktop_.entry("system/applications/thunar.desktop", "Exec=true\n");
-  desktop_.entry("system/applications/mine.desktop", "Exec=true\n");
-  desktop_.entry("system/applications/foot.desktop", "Exec=true\n");
-  desktop_.entry("system/applications/term.desktop", "Exec=true\n");
+  for (const std::string id : {"thunar", "mine", "foot", "term"}) {
+    desktop_.entry("system/applications/" + id + ".desktop", "Exec=true\n");
+  }
   desktop_.root.write("home/config/xfce4/helpers.rc", "");
   desktop_.folders.currentDesktop = "KDE:XFCE";
   open();
-  const auto bears = [&](const std::string& bundleId, const std::string& id) {
-    return test::eventually([&] { return index_->current()->withBundleId(bundleId)->id == id; },
-                            std::chrono::seconds(3));
+  const std::string finder = "com.apple.finder";
+  const std::string terminal = "com.apple.Terminal";
+  const std::string folders = "[Default Applications]\ninode/directory=";
+  const struct {
+    const char* file;
+    std::string content;
+    std::string role, id;
+  } steps[] = {
+      {"unrelated", "", finder, "thunar"},
+      {"mimeapps.list", folders + "mine.desktop\n", finder, "mine"},
+      {"mimeapps.list", folders + "thunar.desktop\n", finder, "thunar"},
+      {"unrelated", "", terminal, "foot"},
+      {"xfce4/helpers.rc", "TerminalEmulator=term\n", terminal, "term"},
+      {"kdeglobals", "[General]\nTerminalService=foot.desktop\n", terminal, "foot"},
+      {"xdg-terminals.list", "term.desktop\n", terminal, "term"},
   };
-  EXPECT_TRUE(bears("com.apple.finder", "thunar"));
-  const std::string list = "[Default Applications]\ninode/directory=";
-  desktop_.root.write("home/config/mimeapps.list", list + "mine.desktop\n");
-  EXPECT_TRUE(bears("com.apple.finder", "mine"));
-  desktop_.root.write("home/config/mimeapps.list", list + "thunar.desktop\n");
-  EXPECT_TRUE(bears("com.apple.finder", "thunar"));
-  EXPECT_TRUE(bears("com.apple.Terminal", "foot"));
-  desktop_.root.write("home/config/xfce4/helpers.rc", "TerminalEmulator=term\n");
-  EXPECT_TRUE(bears("com.apple.Terminal", "term"));
-  desktop_.root.write("home/config/kdeglobals", "[General]\nTerminalService=foot.desktop\n");
-  EXPECT_TRUE(bears("com.apple.Terminal", "foot"));
-  desktop_.root.write("home/config/xdg-terminals.list", "term.desktop\n");
-  EXPECT_TRUE(bears("com.apple.Terminal", "term"));
+  for (const auto& step : steps) {
+    desktop_.root.write(std::string("home/config/") + step.file, step.content);
+    EXPECT_TRUE(test::eventually(
+        [&] { return index_->current()->withBundleId(step.role)->id == step.id; }, 3s))
+        << step.file;
+  }
   const auto before = index_->current();
   desktop_.root.write("home/config/otherrc", "");
-  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  std::this_thread::sleep_for(300ms);
   EXPECT_EQ(index_->current(), before) << "other settings are no reason to look again";
 }
 

@@ -194,16 +194,5 @@ TEST(IdentifierTable, AnUnknownFileManagerIsOneThatOpensFoldersAndWasNotTakenOut
   EXPECT_EQ(manager({"player"}), "");
 }
 
-TEST(InstalledApplications, AnApplicationHasOneIdentifierAndIsFoundUnderItsEntrysToo) {
-  const InstalledApplications applications(entries({"steam", "xterm"}),
-                                           {{"com.valvesoftware.steam", "steam"}});
-  const auto* steam = applications.withBundleId("com.valvesoftware.steam");
-  ASSERT_NE(steam, nullptr);
-  EXPECT_EQ(applications.withBundleId("steam"), steam);
-  EXPECT_EQ(applications.bundleIdOf(*steam), "com.valvesoftware.steam");
-  EXPECT_EQ(applications.bundleIdOf(*applications.withBundleId("xterm")), "xterm");
-  EXPECT_EQ(applications.withBundleId("com.hnc.Discord"), nullptr);
-}
-
 }  // namespace
 }  // namespace glintboard

@@ -10,12 +10,6 @@
 namespace glintboard {
 namespace {
 
-std::string changeOfPortal() {
-  return test::outputOf(
-      "gdbus call --session --dest org.freedesktop.portal.Desktop --object-path "
-      "/org/freedesktop/portal/desktop --method org.freedesktop.portal.Settings.Change 2>&1");
-}
-
 TEST(DesktopAppearanceTest, FollowsThePortalAndBeginsWithTheFiles) {
   const test::TemporaryFolder home;
   home.write("gtk-4.0/settings.ini", "[Settings]\ngtk-theme-name=HighContrast\n");
@@ -40,7 +34,11 @@ TEST(DesktopAppearanceTest, FollowsThePortalAndBeginsWithTheFiles) {
   EXPECT_TRUE(isTold({.dark = true, .increasedContrast = true, .textScale = 1.5}));
   EXPECT_EQ(session.appearance().textScale, 1.5);
 
-  EXPECT_EQ(changeOfPortal(), "()\n");
+  EXPECT_EQ(
+      test::outputOf("gdbus call --session --dest org.freedesktop.portal.Desktop --object-path "
+                     "/org/freedesktop/portal/desktop --method "
+                     "org.freedesktop.portal.Settings.Change 2>&1"),
+      "()\n");
   EXPECT_TRUE(isTold({.increasedContrast = true, .reducedMotion = true, .textScale = 1.5}));
 }
 

@@ -31,6 +31,13 @@ class IconLookupTest : public testing::Test {
                         "[Icon Theme]\nName=t\nInherits=" + inherits + "\nDirectories=" + listed +
                             (more.empty() ? "" : "drawn/apps") + "\n" + groups + more);
   }
+  // Writes a theme with an icon "common" and returns the path of that.
+  std::string themeWithCommon(const std::string& name) {
+    theme(name, "", {"64x64/apps"});
+    const auto file = "system/icons/" + name + "/64x64/apps/common.png";
+    icon(file);
+    return file;
+  }
   void choose(const std::string& name) {
     desktop_.root.write("home/config/gtk-3.0/settings.ini",
                         "[Settings]\ngtk-icon-theme-name=" + name + "\n");
@@ -113,28 +120,25 @@ TEST_F(IconLookupTest, SurvivesThemesThatAreDamagedOrMissing) {
 }
 
 TEST_F(IconLookupTest, SeesWhatIsInstalledChosenAndRemovedLater) {
-  theme("mine", "", {"64x64/apps"});
   const auto later = [] { std::this_thread::sleep_for(std::chrono::milliseconds(60)); };
   EXPECT_EQ(found("common"), "system/icons/hicolor/48x48/apps/common.png");
-  icon("system/icons/mine/64x64/apps/common.png");
+  const auto mine = themeWithCommon("mine");
   choose("mine");
   later();
-  EXPECT_EQ(found("common"), "system/icons/mine/64x64/apps/common.png");
+  EXPECT_EQ(found("common"), mine);
   EXPECT_EQ(found("new"), "");
   icon("home/data/icons/hicolor/48x48/apps/new.png");
   later();
   EXPECT_EQ(found("new"), "home/data/icons/hicolor/48x48/apps/new.png");
-  std::filesystem::remove(desktop_.root / "system/icons/mine/64x64/apps/common.png");
+  std::filesystem::remove(desktop_.root / mine);
   EXPECT_EQ(found("common"), "system/icons/hicolor/48x48/apps/common.png");
   desktop_.root.write("home/config/kdeglobals", "[Icons]\nTheme=other\n");
-  theme("other", "", {"64x64/apps"});
-  icon("system/icons/other/64x64/apps/common.png");
+  const auto other = themeWithCommon("other");
   later();
   EXPECT_EQ(found("common"), "system/icons/hicolor/48x48/apps/common.png")
       << "another desktop's setting";
   desktop_.folders.currentDesktop = "KDE";
-  EXPECT_EQ(IconLookup(desktop_.folders).find("common"),
-            desktop_.root / "system/icons/other/64x64/apps/common.png");
+  EXPECT_EQ(IconLookup(desktop_.folders).find("common"), desktop_.root / other);
 }
 
 TEST_F(IconLookupTest, AsksARunningDesktopPortalFirst) {
@@ -145,23 +149,19 @@ TEST_F(IconLookupTest, AsksARunningDesktopPortalFirst) {
   ASSERT_TRUE(test::eventually([] {
     return ::system("gdbus wait --session --timeout 1 org.freedesktop.portal.Desktop") == 0;
   }));
-  theme("chosen", "", {"64x64/apps"});
-  icon("system/icons/chosen/64x64/apps/common.png");
+  const auto chosen = themeWithCommon("chosen");
   choose("no-such-theme");
-  EXPECT_EQ(found("common"), "system/icons/chosen/64x64/apps/common.png");
+  EXPECT_EQ(found("common"), chosen);
 
   // The settings' file shows a change before the portal tells of it.
-  theme("another", "", {"64x64/apps"});
-  icon("system/icons/another/64x64/apps/common.png");
+  const auto another = themeWithCommon("another");
   desktop_.root.write("home/config/dconf/user", "changed");
   std::this_thread::sleep_for(std::chrono::milliseconds(60));
   // A busy machine's portal may be late once.
-  EXPECT_TRUE(test::eventually(
-      [&] { return found("common") == "system/icons/chosen/64x64/apps/common.png"; }));
+  EXPECT_TRUE(test::eventually([&] { return found("common") == chosen; }));
   desktop_.root.write("theme", "another");
-  EXPECT_TRUE(test::eventually(
-      [&] { return found("common") == "system/icons/another/64x64/apps/common.png"; },
-      std::chrono::seconds(4)));
+  EXPECT_TRUE(
+      test::eventually([&] { return found("common") == another; }, std::chrono::seconds(4)));
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 #include "platform/file_descriptor.h"
 #include "tests/platform/applications_test.h"
-#include "tests/support/session_bus.h"
+#include "tests/support/child_process.h"
 
 namespace glintboard {
 namespace {
@@ -14,18 +14,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-class LinuxApplicationsTest : public test::ApplicationsTest {
- protected:
-  std::string failureOfOpening(const std::string& bundleId) {
-    try {
-      test::await(executors_->service(),
-                  workspace_.openApplication(*workspace_.urlForApplication(bundleId)));
-      return "it started";
-    } catch (const std::runtime_error& error) {
-      return error.what();
-    }
-  }
-};
+using LinuxApplicationsTest = test::ApplicationsTest;
 
 TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilItEnds) {
   desktop_.scripted(
@@ -74,6 +63,14 @@ TEST_F(LinuxApplicationsTest, FailuresNameTheApplicationAndTheReason) {
   desktop_.entry("system/applications/Gone.desktop", "Exec=no-such-program %U\n");
   desktop_.entry("system/applications/Lost.desktop", "Exec=true\nPath=/no/such/folder\n");
   start();
+  const auto failureOfOpening = [this](const std::string& bundleId) -> std::string {
+    try {
+      open(bundleId);
+      return "it started";
+    } catch (const std::runtime_error& error) {
+      return error.what();
+    }
+  };
   EXPECT_EQ(failureOfOpening("Gone"),
             "Gone could not be started: the program \"no-such-program\" is not installed");
   EXPECT_THAT(failureOfOpening("Lost"),
@@ -98,26 +95,6 @@ TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {
   EXPECT_TRUE(becomesRunning("player", true));
   applications_->watchRunningApplications(false);
   EXPECT_TRUE(becomesRunning("player", false)) << "nobody would notice its end";
-}
-
-TEST_F(LinuxApplicationsTest, StartsAndActivatesOverTheBusWhatAsksForIt) {
-  const test::SessionBus bus;
-  const auto log = desktop_.root / "log";
-  const auto command = bus.install("org.test.Bus-App", log);
-  desktop_.entry("system/applications/org.test.Bus-App.desktop",
-                 "DBusActivatable=true\nExec=" + command + "\n");
-  desktop_.entry("system/applications/org.test.Nobody.desktop",
-                 "DBusActivatable=true\nExec=true\n");
-  start();
-  open("org.test.Bus-App");
-  const std::string once = "Activate /org/test/Bus_App ({},)\n";
-  EXPECT_EQ(readWholeFile(log), once);
-  applications_->watchRunningApplications(true);
-  ASSERT_TRUE(becomesRunning("org.test.Bus-App", true)) << "the service's process is its own";
-  EXPECT_TRUE(activate("org.test.Bus-App"));
-  EXPECT_EQ(readWholeFile(log), once + once);
-  EXPECT_THAT(failureOfOpening("org.test.Nobody"),
-              HasSubstr("org.test.Nobody could not be started: "));
 }
 
 TEST_F(LinuxApplicationsTest, MayBeDestroyedWhileItsWorkIsUnderWay) {

@@ -25,9 +25,6 @@ class ShortcutIconsTest : public testing::Test {
     index_ = ApplicationIndex::open(*executors_, desktop_.folders);
     icons_ = shortcutIcons(index_, desktop_.folders);
   }
-  std::filesystem::path paint(const std::string& file, Qt::GlobalColor colour) {
-    return test::paint(desktop_.root, file, colour);
-  }
   std::map<std::string, std::string> stamps() {
     std::map<std::string, std::string> found;
     for (const auto& icon : icons_->icons()) {
@@ -47,10 +44,10 @@ class ShortcutIconsTest : public testing::Test {
 };
 
 TEST_F(ShortcutIconsTest, AShortcutHasTheIconThatItNamesOrATileOfItsOwn) {
-  paint("system/icons/hicolor/128x128/apps/browser.png", Qt::blue);
+  test::paint(desktop_.root, "system/icons/hicolor/128x128/apps/browser.png", Qt::blue);
   desktop_.entry("system/applications/browser.desktop",
                  "Exec=true\nIcon=browser\nActions=new;\n[Desktop Action new]\nName=New\n");
-  const auto file = paint("own.png", Qt::red);
+  const auto file = test::paint(desktop_.root, "own.png", Qt::red);
   const auto own = folder_.create({"Own", "true", file.string()});
   const auto plain = folder_.create({"Plain", "true", {}});
   const auto lost = folder_.create({"Lost", "true", "no-such-icon"});
@@ -76,7 +73,7 @@ TEST_F(ShortcutIconsTest, AShortcutHasTheIconThatItNamesOrATileOfItsOwn) {
 }
 
 TEST_F(ShortcutIconsTest, OnlyTheStampOfAnIconThatMayLookDifferentChanges) {
-  const auto file = paint("own.png", Qt::red);
+  const auto file = test::paint(desktop_.root, "own.png", Qt::red);
   const auto own = folder_.create({"Own", "true", file.string()});
   const auto plain = folder_.create({"Plain", "true", {}});
   start();
@@ -84,7 +81,7 @@ TEST_F(ShortcutIconsTest, OnlyTheStampOfAnIconThatMayLookDifferentChanges) {
   EXPECT_EQ(first.size(), 2u);
   folder_.change(plain, {"Renamed", "false", {}});
   EXPECT_EQ(stamps(), first);
-  std::filesystem::rename(paint("new.png", Qt::green), file);
+  std::filesystem::rename(test::paint(desktop_.root, "new.png", Qt::green), file);
   const auto repainted = stamps();
   EXPECT_NE(repainted.at(own.identifier), first.at(own.identifier));
   EXPECT_EQ(repainted.at(plain.identifier), first.at(plain.identifier));

@@ -16,13 +16,9 @@ using testing::HasSubstr;
 
 constexpr const char* calculator = "org.test.XCalc";
 
-// Runs xdotool and returns what it prints, without the line break.
+// Runs xdotool and returns what it prints, without line breaks.
 std::string xdotool(const std::string& command) {
-  auto output = test::outputOf("timeout 5 xdotool " + command + " 2>/dev/null");
-  while (!output.empty() && output.back() == '\n') {
-    output.pop_back();
-  }
-  return output;
+  return test::outputOf("timeout 5 xdotool " + command + " 2>/dev/null | tr -d '\n'");
 }
 
 std::string windowOf(const std::string& windowClass) {
@@ -56,12 +52,9 @@ struct Wayland {
   }
   static std::string focused() {
     return test::outputOf(
-        "timeout 5 swaymsg -t get_tree | python3 -c '\n"
-        "import json, sys\n"
-        "def look(node):\n"
-        "    if node.get(\"focused\") and node.get(\"app_id\"): print(node[\"app_id\"], end=\"\")\n"
-        "    for each in node[\"nodes\"] + node[\"floating_nodes\"]: look(each)\n"
-        "look(json.load(sys.stdin))'");
+        "timeout 5 swaymsg -t get_tree | python3 -c 'import json, sys; json.load(sys.stdin, "
+        "object_hook=lambda node: print(node.get(\"focused\") and node.get(\"app_id\") or \"\", "
+        "end=\"\"))'");
   }
   static auto launchVariables() { return testing::ContainsRegex("\\|.{8,}\n"); }
   static auto platformData() { return testing::ContainsRegex("'activation-token': '.{8,}'"); }
@@ -82,19 +75,11 @@ class Windows : public test::ApplicationsTest {
   bool follows(const std::string& bundleId, bool running) {
     return becomesRunning(bundleId, running, test::patience * 1s);
   }
-  static std::unique_ptr<test::ChildProcess> run(const std::string& name) {
-    return std::make_unique<test::ChildProcess>(System::program(name));
-  }
-  // Starts a program and waits until the agent has seen its window.
-  std::unique_ptr<test::ChildProcess> showCalculator() {
-    auto process = run("XCalc");
-    EXPECT_TRUE(becomesRunning(calculator, true));
-    return process;
-  }
-  std::unique_ptr<test::ChildProcess> showTerminal() {
-    auto process = run("XTerm");
-    EXPECT_TRUE(becomesRunning("terminal", true));
-    EXPECT_TRUE(test::eventually([] { return System::focused() == "XTerm"; }));
+  // Starts XCalc or XTerm and waits until it has the focus and the agent has seen its window.
+  std::unique_ptr<test::ChildProcess> show(const std::string& name) {
+    auto process = std::make_unique<test::ChildProcess>(System::program(name));
+    EXPECT_TRUE(becomesRunning(name == "XCalc" ? calculator : "terminal", true));
+    EXPECT_TRUE(test::eventually([&] { return System::focused() == name; }));
     return process;
   }
 
@@ -118,7 +103,7 @@ TYPED_TEST(Windows, AnApplicationRunsWhileItHasAWindow) {
   this->applications_->watchRunningApplications(true);
   EXPECT_TRUE(this->follows("terminal", true)) << "its window was there first";
   EXPECT_FALSE(this->workspace_.isRunning(calculator));
-  const auto later = this->run("XCalc");
+  const test::ChildProcess later(TypeParam::program("XCalc"));
   ASSERT_TRUE(test::eventually([] { return TypeParam::focused() == "XCalc"; }));
   EXPECT_TRUE(this->follows(calculator, true));
   before->end();
@@ -128,8 +113,8 @@ TYPED_TEST(Windows, AnApplicationRunsWhileItHasAWindow) {
 
 TYPED_TEST(Windows, FocusReachesWindowsBehindOthersAndHiddenOnes) {
   this->start();
-  const auto process = this->showCalculator();
-  const auto terminal = this->showTerminal();
+  const auto process = this->show("XCalc");
+  const auto terminal = this->show("XTerm");
   EXPECT_TRUE(this->activate(calculator));
   EXPECT_EQ(TypeParam::focused(), "XCalc");
   for (const std::string hide : TypeParam::waysToHide) {
@@ -143,16 +128,16 @@ TYPED_TEST(Windows, FocusReachesWindowsBehindOthersAndHiddenOnes) {
 
 TYPED_TEST(Windows, FollowAServerThatDiedAndCameBack) {
   this->start();
-  const auto before = this->showCalculator();
+  const auto before = this->show("XCalc");
   this->system_.server.replace();
   EXPECT_TRUE(this->follows(calculator, false));
-  const auto after = this->showCalculator();
+  const auto after = this->show("XCalc");
   EXPECT_TRUE(this->activate(calculator));
 }
 
 TYPED_TEST(Windows, OfAServerThatHangsHoldUpNobody) {
   this->start();
-  const auto process = this->showCalculator();
+  const auto process = this->show("XCalc");
   this->system_.server.process().signal(SIGSTOP);
   for (const auto limit : {2000ms, 100ms}) {  // then it is known to hang
     const auto before = Clock::now();
@@ -178,7 +163,7 @@ TYPED_TEST(Windows, ALaunchedProgramIsToldThatTheUserAskedForIt) {
                        "DBusActivatable=true\nExec=" + bus.install("org.test.BusApp", log) + "\n");
   ::setenv("DESKTOP_STARTUP_ID", "of-the-agent", 1);
   this->start();
-  const auto process = this->showCalculator();
+  const auto process = this->show("XCalc");
   this->open("app");
   const auto seen = this->desktop_.reported("seen");
   EXPECT_THAT(seen, TypeParam::launchVariables());
@@ -191,12 +176,12 @@ using X11Windows = Windows<X11>;
 
 TEST_F(X11Windows, AllComeForwardAndTheOneUsedLastIsFocused) {
   start();
-  const auto first = showCalculator();
+  const auto first = show("XCalc");
   const auto used = windowOf("XCalc");
-  const auto second = run("XCalc");
+  const test::ChildProcess second(X11::program("XCalc"));
   ASSERT_TRUE(test::eventually([&] { return windowOf("XCalc").size() > used.size(); }));
   xdotool("windowactivate --sync " + used);
-  const auto terminal = showTerminal();
+  const auto terminal = show("XTerm");
   EXPECT_TRUE(activate(calculator));
   EXPECT_EQ(xdotool("getactivewindow"), used);
   const auto lowest = [] {
@@ -209,8 +194,8 @@ TEST_F(X11Windows, AllComeForwardAndTheOneUsedLastIsFocused) {
 
 TEST_F(X11Windows, SurviveTheirManagersRestart) {
   start();
-  const auto process = showCalculator();
-  const auto terminal = showTerminal();
+  const auto process = show("XCalc");
+  const auto terminal = show("XTerm");
   system_.server.stopManager();
   for (const auto end = Clock::now() + 300ms; Clock::now() < end;) {
     ASSERT_TRUE(workspace_.isRunning(calculator)) << "its window is still there";
@@ -228,7 +213,7 @@ TEST_F(X11Windows, SurviveTheirManagersRestart) {
 
 TEST_F(X11Windows, WithDamagedPropertiesDoNoHarm) {
   start();
-  const auto process = showCalculator();
+  const auto process = show("XCalc");
   const auto damage = [](const std::string& arguments) {
     EXPECT_EQ(test::outputOf("xprop " + arguments + " 2>&1"), "");
   };
@@ -245,7 +230,7 @@ TEST_F(X11Windows, WithDamagedPropertiesDoNoHarm) {
   damage("-root -f _NET_SUPPORTING_WM_CHECK 8s -set _NET_SUPPORTING_WM_CHECK text");
   damage("-root -f _NET_ACTIVE_WINDOW 8s -set _NET_ACTIVE_WINDOW text");
   damage("-root -f _NET_CLIENT_LIST 32c -set _NET_CLIENT_LIST 0,1,4294967295");
-  const auto terminal = run("XTerm");
+  const test::ChildProcess terminal(X11::program("XTerm"));
   EXPECT_TRUE(becomesRunning("terminal", true));
   EXPECT_TRUE(workspace_.isRunning(calculator));
   EXPECT_FALSE(activate(calculator)) << "no window manager to be seen";

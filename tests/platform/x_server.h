@@ -44,16 +44,15 @@ class XServer {
     stopManager();
     server_->signal(SIGKILL);
     server_.reset();
-    start({display_.substr(1)});
+    start(display_.substr(1));
     startManager();
   }
 
  private:
-  void start(const std::vector<std::string>& more = {}) {
+  void start(const std::string& wanted = "") {
     std::filesystem::remove(folder_ / "display");
-    std::vector<std::string> command{desktopPart("x-server"), folder_.path().string()};
-    command.insert(command.end(), more.begin(), more.end());
-    server_.emplace(std::move(command));
+    server_.emplace(
+        std::vector<std::string>{desktopPart("x-server"), folder_.path().string(), wanted});
     if (!eventually([&] { return !number().empty(); })) {
       throw std::runtime_error("Xvfb does not start");
     }

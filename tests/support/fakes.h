@@ -19,17 +19,24 @@ namespace glintboard::test {
 struct Sound {
   float volume = 0.5F;
   bool muted = false;
+  bool present = true;
+  std::string failing;  // the operation that fails
 };
 
 class FakeDevice : public AudioOutputDevice {
  public:
   explicit FakeDevice(Sound& sound) : sound_(sound) {}
-  float volume() override { return sound_.volume; }
-  void setVolume(float volume) override { sound_.volume = volume; }
-  bool isMuted() override { return sound_.muted; }
-  void setMuted(bool muted) override { sound_.muted = muted; }
+  float volume() override { return check("read volume"), sound_.volume; }
+  void setVolume(float volume) override { check("write volume"), sound_.volume = volume; }
+  bool isMuted() override { return check("read mute"), sound_.muted; }
+  void setMuted(bool muted) override { check("write mute"), sound_.muted = muted; }
 
  private:
+  void check(const std::string& operation) const {
+    if (sound_.failing == operation) {
+      throw AudioError(-7);
+    }
+  }
   Sound& sound_;
 };
 
@@ -37,7 +44,7 @@ class FakeOutput : public AudioOutput {
  public:
   explicit FakeOutput(Sound& sound) : sound_(sound) {}
   std::unique_ptr<AudioOutputDevice> defaultOutputDevice() override {
-    return std::make_unique<FakeDevice>(sound_);
+    return sound_.present ? std::make_unique<FakeDevice>(sound_) : nullptr;
   }
 
  private:

@@ -21,18 +21,20 @@ class KeyringSession {
 
   const TemporaryFolder& folder() const { return bus_.folder(); }
 
-  // With a default collection, made where there is none, that is open.
-  void startUnlocked() { start("unlocked"); }
-  // With what is on the disk, locked.
-  void startLocked() { start("locked"); }
+  // "unlocked": with a default collection, made where there is none, that is open; or "locked":
+  // with what is on the disk.
+  void start(const std::string& state) {
+    daemon_.emplace(std::vector<std::string>{desktopPart("keyring"), state});
+    waitForOwner(true);
+  }
+  void restart(const std::string& state) {
+    kill();
+    start(state);
+  }
   void kill() {
     daemon_->signal(SIGKILL);
     waitForOwner(false);
     daemon_.reset();
-  }
-  void restartUnlocked() {
-    kill();
-    startUnlocked();
   }
   void signal(int number) const { daemon_->signal(number); }
   void lock() const {
@@ -43,18 +45,12 @@ class KeyringSession {
   }
 
  private:
-  void start(const std::string& state) {
-    daemon_.emplace(std::vector<std::string>{desktopPart("keyring"), state});
-    waitForOwner(true);
-  }
   void waitForOwner(bool wanted) {
     const std::string answer = wanted ? "(true,)\n" : "(false,)\n";
-    if (!eventually([&] {
-          return outputOf(
-                     "gdbus call --session --dest org.freedesktop.DBus --object-path / "
-                     "--method org.freedesktop.DBus.NameHasOwner org.freedesktop.secrets") ==
-                 answer;
-        })) {
+    const char* question =
+        "gdbus call --session --dest org.freedesktop.DBus --object-path / "
+        "--method org.freedesktop.DBus.NameHasOwner org.freedesktop.secrets";
+    if (!eventually([&] { return outputOf(question) == answer; })) {
       throw std::runtime_error("the keyring does not start or end");
     }
   }

@@ -9,27 +9,24 @@ namespace {
 
 TEST(Doctor, OpensEachFirewallForWhatIsMissing) {
   using Kind = Firewall::Kind;
-  const std::tuple<Firewall, Gate, const char*> cases[] = {
-      {{Kind::ufw, true, {}}, connectionGate(), "sudo ufw allow glintboard-agent"},
-      {{Kind::ufw, true, {}}, discoveryGate(), "sudo ufw allow glintboard-agent"},
-      {{Kind::ufw, false, {}}, connectionGate(), "sudo ufw allow 9847/tcp"},
-      {{Kind::ufw, false, {}}, discoveryGate(), "sudo ufw allow 5353/udp"},
-      {{Kind::firewalld, true, {}},
-       discoveryGate(),
-       "sudo firewall-cmd --permanent --add-service=glintboard-agent && sudo firewall-cmd "
-       "--reload"},
-      {{Kind::firewalld, false, {}},
-       connectionGate(),
-       "sudo firewall-cmd --permanent --add-port=9847/tcp && sudo firewall-cmd --reload"},
-      {{Kind::firewalld, false, {}},
-       discoveryGate(),
-       "sudo firewall-cmd --permanent --add-port=5353/udp && sudo firewall-cmd --reload"},
-      {{Kind::nftables, false, {}},
-       connectionGate(),
-       "sudo nft insert rule inet filter input tcp dport 9847 accept"},
-      {{Kind::nftables, false, "ip filter INPUT"},
-       discoveryGate(),
-       "sudo nft insert rule ip filter INPUT udp dport 5353 accept"},
+  const auto tcp = connectionGate();
+  const auto udp = discoveryGate();
+  const std::string ufw = "sudo ufw allow ";
+  const std::string nft = "sudo nft insert rule ";
+  const auto firewalld = [](const char* what) {
+    return std::string("sudo firewall-cmd --permanent --add-") + what +
+           " && sudo firewall-cmd --reload";
+  };
+  const std::tuple<Firewall, Gate, std::string> cases[] = {
+      {{Kind::ufw, true, {}}, tcp, ufw + "glintboard-agent"},
+      {{Kind::ufw, true, {}}, udp, ufw + "glintboard-agent"},
+      {{Kind::ufw, false, {}}, tcp, ufw + "9847/tcp"},
+      {{Kind::ufw, false, {}}, udp, ufw + "5353/udp"},
+      {{Kind::firewalld, true, {}}, udp, firewalld("service=glintboard-agent")},
+      {{Kind::firewalld, false, {}}, tcp, firewalld("port=9847/tcp")},
+      {{Kind::firewalld, false, {}}, udp, firewalld("port=5353/udp")},
+      {{Kind::nftables, false, {}}, tcp, nft + "inet filter input tcp dport 9847 accept"},
+      {{Kind::nftables, false, "ip f in"}, udp, nft + "ip f in udp dport 5353 accept"},
   };
   for (const auto& [firewall, gate, command] : cases) {
     EXPECT_EQ(openingCommand(firewall, gate), command);
@@ -40,7 +37,7 @@ TEST(Doctor, OpensEachFirewallForWhatIsMissing) {
 
 TEST(Doctor, ADamagedPairingIsAFindingLikeOthers) {
   const test::TemporaryFolder folder;
-  folder.write("phone.json", "{");
+  folder.write("phone.json", R"({"token": "secret"})");
   const LocalAddress anywhere{"lo", "127.0.0.1", true};
   const auto finding =
       examinePairing(PhoneStateFile(folder.path()), anywhere, std::chrono::milliseconds(1));

@@ -1,24 +1,16 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <set>
 #include <sstream>
 
 #include "protocol/sha256.h"
 #include "tests/support/temporary_folder.h"
-#include "tools/phone/failure.h"
 #include "tools/phone/icon_cache.h"
 #include "tools/phone/output.h"
 #include "tools/phone/phone_state.h"
 
 namespace glintboard::phone {
 namespace {
-
-mode_t modeOf(const std::filesystem::path& path) {
-  struct stat status{};
-  EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
-  return status.st_mode & 0777U;
-}
 
 TEST(PhoneStateFile, KeepsThePairingForTheUserAlone) {
   const test::TemporaryFolder folder;
@@ -28,14 +20,9 @@ TEST(PhoneStateFile, KeepsThePairingForTheUserAlone) {
   state.token = "secret";
   file.save(state);
   EXPECT_EQ(PhoneStateFile(folder / "not/there/yet").load(), state);
-  EXPECT_EQ(modeOf(file.path()), 0600U);
-  EXPECT_EQ(modeOf(file.path().parent_path()), 0700U);
-}
-
-TEST(PhoneStateFile, ADamagedFileIsReportedInsteadOfReplaced) {
-  const test::TemporaryFolder folder;
-  folder.write("phone.json", R"({"token": "secret"})");
-  EXPECT_THROW(PhoneStateFile(folder.path()).load(), PhoneFailure);
+  EXPECT_EQ(std::filesystem::status(file.path()).permissions(), std::filesystem::perms{0600});
+  EXPECT_EQ(std::filesystem::status(file.path().parent_path()).permissions(),
+            std::filesystem::perms{0700});
 }
 
 TEST(IconCache, AsksForWhatIsMissingOutdatedOrDamaged) {
@@ -64,16 +51,9 @@ TEST(IconCache, AsksForWhatIsMissingOutdatedOrDamaged) {
 TEST(IconCache, NoKeyLeavesTheFolderOrSharesAFile) {
   const IconCache cache("icons");
   std::set<std::string> files;
-  const std::vector<std::string> keys = {"a/b",
-                                         "a%2Fb",
-                                         "../a",
-                                         "..",
-                                         ".a",
-                                         "a",
-                                         "",
-                                         "\n",
-                                         std::string(300, 'x'),
-                                         std::string(301, 'x')};
+  std::vector<std::string> keys = {"a/b", "a%2Fb", "../a", "..", ".a", "a", "", "\n"};
+  keys.emplace_back(300, 'x');
+  keys.emplace_back(301, 'x');
   for (const auto& key : keys) {
     const auto file = cache.file(key);
     EXPECT_EQ(file.parent_path(), "icons") << key;
