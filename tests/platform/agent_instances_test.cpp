@@ -64,7 +64,7 @@ TEST_F(Instances, NeverFindsAProcessOfAnotherUser) {
     GTEST_SKIP() << "only root can start a process of another user";
   }
   test::ChildProcess other({"setpriv", "--reuid=1000", "--clear-groups", "sleep", "60"});
-  struct stat owner {};
+  struct stat owner{};
   const std::string process = "/proc/" + std::to_string(other.id()) + "/stat";
   const auto startTime = identityOf(other.id()).startTime;  // while it is still root's
   ASSERT_TRUE(test::eventually(
