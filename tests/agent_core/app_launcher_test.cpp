@@ -9,9 +9,8 @@
 namespace glintboard {
 namespace {
 
-using namespace AppLauncherOutcome;
-
 TEST(AppLauncher, EveryStateOfAnApplicationHasItsOutcome) {
+  using namespace AppLauncherOutcome;
   const auto launch = AppLauncherAction::launch;
   const auto focus = AppLauncherAction::focus;
   const auto error = [](AppErrorCode code, const char* message) {

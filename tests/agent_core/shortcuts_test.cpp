@@ -9,12 +9,12 @@
 namespace glintboard {
 namespace {
 
-using namespace ShortcutRunResult;
 using test::FakeRunner;
 
 const std::string someShortcut = "0F8FAD5B-D9CB-469F-A165-70867728950E";
 
 TEST(ShortcutsRunner, ClassifiesEveryEnd) {
+  using namespace ShortcutRunResult;
   using enum ShortcutErrorCode;
   const char* missing = "Shortcut missing \u2014 replace it in Edit Deck.";
   const char* permission = "Needs permission or input on your Mac.";
