@@ -12,7 +12,7 @@ import uuid
 import websockets
 
 from client import TOKEN_HEADER
-from desktop import PORT, DesktopTest, app, shortcut
+from desktop import PORT, SLOWNESS, DesktopTest, app, shortcut
 
 TOKEN = "8B2E5C1A-0D4F-4C7B-9E63-1F2A3B4C5D6E"
 TEA = "0F8FAD5B-D9CB-469F-A165-70867728950E"
@@ -155,7 +155,7 @@ class PhoneCommands(DesktopTest):
         self.assertEqual(len(pongs), 3)
         self.assertGreater(pongs[0]["seconds"], 0)
         self.assertEqual(pongs[0]["agentRtt"], 0.5)
-        watched = await self.records("watch", "--for", "0.5")
+        watched = await self.records("watch", "--for", 0.5 * SLOWNESS)
         self.assertEqual(len(watched), 2)
         self.assertEqual(len(watched[1]["decks"]), 2)
 
