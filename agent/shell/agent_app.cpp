@@ -30,6 +30,7 @@
 #include "platform/live.h"
 #include "platform/log.h"
 #include "platform/main_thread.h"
+#include "platform/sound_settings.h"
 #include "platform/spawn.h"
 #include "platform/startup_pages.h"
 #include "ui/design/deck_typography.h"
@@ -278,6 +279,7 @@ int runAgent(int argc, char** argv) {
   ::signal(SIGPIPE, SIG_IGN);
   outliveTerminalStops();
   raiseDescriptorLimit();
+  shareNoMemoryWithSoundServer();
   log::takeMessagesOfLibraries("glintboard-agent");
   const std::vector<std::string> words(argv, argv + argc);
   const std::string program = words.empty() ? "glintboard-agent" : words.front();

@@ -9,6 +9,7 @@
 #include "platform/descriptor_limit.h"
 #include "platform/linux/gio_call.h"
 #include "platform/linux/key_file.h"
+#include "platform/sound_settings.h"
 #include "platform/user_error.h"
 
 namespace glintboard {
@@ -90,8 +91,10 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, const LaunchToken& 
                                   GDesktopAppInfo* application, GList* uris) {
   // Without tokens, the program must not get those that this one was started with.
   const GObjectPointer<GAppLaunchContext> context(g_app_launch_context_new());
+  const std::string soundSettings = soundSettingsForPrograms().value_or("");
   for (const auto& [name, value] : {std::pair("DESKTOP_STARTUP_ID", &token.startupId),
-                                    std::pair("XDG_ACTIVATION_TOKEN", &token.activationToken)}) {
+                                    std::pair("XDG_ACTIVATION_TOKEN", &token.activationToken),
+                                    std::pair(soundSettingsVariable, &soundSettings)}) {
     if (value->empty()) {
       g_app_launch_context_unsetenv(context.get(), name);
     } else {

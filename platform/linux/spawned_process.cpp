@@ -7,10 +7,13 @@
 
 #include <QtGlobal>
 #include <cerrno>
+#include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "platform/descriptor_limit.h"
 #include "platform/linux/pidfd.h"
+#include "platform/sound_settings.h"
 #include "platform/user_error.h"
 
 namespace glintboard {
@@ -82,6 +85,31 @@ class SpawnFileActions {
   posix_spawn_file_actions_t actions_;
 };
 
+// This process's environment, but for what is for itself alone.
+class ProgramEnvironment {
+ public:
+  ProgramEnvironment() {
+    const std::string settings = std::string(soundSettingsVariable) + "=";
+    for (char** variable = environ; *variable != nullptr; ++variable) {
+      if (!std::string_view(*variable).starts_with(settings)) {
+        variables_.push_back(*variable);
+      }
+    }
+    if (const auto value = soundSettingsForPrograms()) {
+      soundSettings_ = settings + *value;
+      variables_.push_back(soundSettings_.data());
+    }
+    variables_.push_back(nullptr);
+  }
+  ProgramEnvironment(const ProgramEnvironment&) = delete;
+  ProgramEnvironment& operator=(const ProgramEnvironment&) = delete;
+  char* const* get() const { return variables_.data(); }
+
+ private:
+  std::string soundSettings_;
+  std::vector<char*> variables_;
+};
+
 }  // namespace
 
 SpawnedProcess spawnProcess(const std::string& executable,
@@ -95,10 +123,11 @@ SpawnedProcess spawnProcess(const std::string& executable,
     argv.push_back(const_cast<char*>(argument.c_str()));
   }
   argv.push_back(nullptr);
+  const ProgramEnvironment environment;
 
   SpawnedProcess process;
   check(::posix_spawn(&process.id, executable.c_str(), actions.get(), attributes.get(), argv.data(),
-                      environ),
+                      environment.get()),
         executable);
   restoreDescriptorLimit(process.id);
   process.descriptor = FileDescriptor(::pidfd_open(process.id, 0));

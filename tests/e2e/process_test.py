@@ -63,7 +63,7 @@ class Process(DesktopTest):
                     await self.assert_ends_in_time(token, number, hang)
         self.assertTrue(all(map(alive, self.desktop.trace("shortcuts"))), "left alone")
 
-    async def test_launched_applications_outlive_it_with_their_usual_limit_of_descriptors(self):
+    async def test_launched_applications_outlive_it_with_the_limit_and_the_environment_it_had(self):
         self.desktop.install(EDITOR)
         usual = resource.getrlimit(resource.RLIMIT_NOFILE)
         resource.setrlimit(resource.RLIMIT_NOFILE, (1000, usual[1]))
@@ -74,6 +74,8 @@ class Process(DesktopTest):
         editor, = self.desktop.traced(EDITOR)
         self.assertGreater(resource.prlimit(agent.pid, resource.RLIMIT_NOFILE)[0], 1000)
         self.assertEqual(resource.prlimit(editor, resource.RLIMIT_NOFILE)[0], 1000)
+        with open(f"/proc/{editor}/environ", encoding="ascii") as environment:
+            self.assertNotIn("PULSE_CLIENTCONFIG", environment.read())
         agent.end()
         time.sleep(0.1)
         self.assertTrue(alive(editor))

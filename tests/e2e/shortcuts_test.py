@@ -142,6 +142,7 @@ class Shortcuts(DesktopTest):
                 ("no-such-kettle --boil", (failed, f"{MISSING}: no-such-kettle")),
                 ("echo 'No water.' >&2; exit 127", (failed, f"No water.\n{MISSING}.")),
                 ("echo 'not found' >&2", (None, None)),
+                ('[ -z "$PULSE_CLIENTCONFIG" ]', (None, None)),
                 (None, ("not_found", "Shortcut missing \u2014 replace it in Edit Deck."))):
             identifier = self.create(f"Case {command}", command) if command else UNKNOWN
             reply = await client.ask("shortcut.run", {"shortcutIdentifier": identifier})

@@ -5,7 +5,9 @@
 #include <thread>
 
 #include "agent_core/actions/core_audio_volume_controller.h"
+#include "platform/atomic_file.h"
 #include "platform/linux/pulse_audio_output.h"
+#include "platform/sound_settings.h"
 #include "tests/support/child_process.h"
 #include "tests/support/session_bus.h"
 #include "tests/support/temporary_folder.h"
@@ -162,6 +164,26 @@ TEST_P(VolumeKeys, FailInTimeOnADeviceThatIsGoneAndAServerThatHangs) {
       << "one deadline for all";
   EXPECT_FALSE(output_.defaultOutputDevice());
   EXPECT_LT(std::chrono::steady_clock::now() - start, test::patience * 4s);
+}
+
+// libpulse spins for ever when the server ends while they agree on a memory to share.
+TEST_P(VolumeKeys, ShareNoMemoryWithTheServerAndKeepTheUsersSettings) {
+  const auto sharedMemory = [] {
+    return readWholeFile("/proc/self/maps").find("memfd:pulseaudio") != std::string::npos;
+  };
+  ::unsetenv("PULSE_SERVER");
+  folder_.write("pulse/client.conf.d/a.conf", "default-server = unix:" + socket() + "\n");
+  folder_.write("pulse/client.conf", "enable-shm = yes\n");
+  auto device = output_.defaultOutputDevice();
+  ASSERT_TRUE(device);
+  EXPECT_TRUE(sharedMemory()) << "as it is without us";
+  device.reset();
+
+  shareNoMemoryWithSoundServer();
+  device = output_.defaultOutputDevice();
+  ASSERT_TRUE(device);
+  EXPECT_FALSE(sharedMemory());
+  EXPECT_EQ(soundSettingsForPrograms(), std::nullopt);
 }
 
 }  // namespace
