@@ -10,6 +10,9 @@ import websockets
 from desktop import PORT, SECRETS, SLOWNESS
 
 TOKEN_HEADER = "X-Glintboard-Token"
+# Named otherwise before version 14 of websockets.
+EXTRA_HEADERS = ("additional_headers" if int(websockets.__version__.split(".")[0]) >= 14
+                 else "extra_headers")
 
 
 def now():
@@ -18,6 +21,16 @@ def now():
 
 def message(kind, payload, identifier=None):
     return {"type": kind, "id": identifier or str(uuid.uuid4()), "payload": payload}
+
+
+def connect_with(headers, **options):
+    return websockets.connect(f"ws://127.0.0.1:{PORT}", **{EXTRA_HEADERS: headers}, **options)
+
+
+def token_of(connection):
+    """The token that the phone at the other end of a server's connection sent, or None."""
+    request = getattr(connection, "request", None)  # since version 14
+    return (request.headers if request else connection.request_headers).get(TOKEN_HEADER)
 
 
 def upgrade(*headers):
@@ -43,8 +56,7 @@ class Client:
     @classmethod
     async def connect(cls, token=None, header=TOKEN_HEADER):
         headers = {} if token is None else {header: token}
-        return cls(await websockets.connect(f"ws://127.0.0.1:{PORT}", extra_headers=headers,
-                                            ping_interval=None, open_timeout=10 * SLOWNESS))
+        return cls(await connect_with(headers, ping_interval=None, open_timeout=10 * SLOWNESS))
 
     async def send(self, kind, payload, identifier=None):
         await self.socket.send(json.dumps(message(kind, payload, identifier)))

@@ -11,7 +11,7 @@ import uuid
 
 import websockets
 
-from client import TOKEN_HEADER
+from client import token_of
 from desktop import PORT, SLOWNESS, DesktopTest, app, shortcut
 
 TOKEN = "8B2E5C1A-0D4F-4C7B-9E63-1F2A3B4C5D6E"
@@ -43,7 +43,7 @@ class PhoneCommands(DesktopTest):
         await self.server.wait_closed()
 
     async def serve(self, phone):
-        paired = phone.request_headers.get(TOKEN_HEADER) == TOKEN
+        paired = token_of(phone) == TOKEN
         async for text in phone:
             message = json.loads(text)
             for kind, payload in self.answers(message["type"], message["payload"], paired):

@@ -56,7 +56,7 @@ TEST(WireMessage, EveryMessageHasItsTextAndSurvivesTheWire) {
   expectRoundTrip(make::ping(date, id), "ping", R"({"ts":"2026-11-16T16:25:42Z"})");
   expectRoundTrip(make::pong(date, std::nullopt, std::nullopt, id), "pong",
                   R"({"ts":"2026-11-16T16:25:42Z"})");
-  expectRoundTrip(make::pong(date, -0.5, {{}}, id), "pong",
+  expectRoundTrip(make::pong(date, -0.5, std::vector<std::string>{}, id), "pong",
                   R"({"rtt":-0.5,"runningBundleIds":[],"ts":"2026-11-16T16:25:42Z"})");
   expectRoundTrip(make::actionRun("x", id), "action.run", R"({"actionId":"x"})");
   expectRoundTrip(make::actionOK("x", id), "action.ok", R"({"actionId":"x"})");
