@@ -48,6 +48,13 @@ constexpr auto startDuration = 2s;
 
 constexpr int wrongUsage = 2;  // an exit code
 
+// The system's tool for Shortcuts, or the one beside the agent where the system has none.
+std::string shortcutsExecutable() {
+  const std::string system = ShortcutsCatalog::defaultExecutable;
+  const std::string own = QCoreApplication::applicationDirPath().toStdString() + "/shortcuts";
+  return !isExecutableFile(system) && isExecutableFile(own) ? own : system;
+}
+
 AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
   return {executors,
           platform.workspaceClient(),
@@ -58,7 +65,9 @@ AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
           platform.keychain(),
           platform.bonjourAdvertiser(),
           [&platform] { return platform.localizedName(); },
-          [&platform](bool connected) { platform.watchRunningApplications(connected); }};
+          [&platform](bool connected) { platform.watchRunningApplications(connected); },
+          GlintboardService::defaultPort,
+          shortcutsExecutable()};
 }
 
 // A terminal stops a job in the background that reads there or, if it is set so, that writes there:

@@ -127,7 +127,6 @@ class Shortcuts(DesktopTest):
                          "Cup 0\nCup 1\nCup 2\nCup 3\nCup 4\nGreen tea\nOnly one\n")
 
     async def test_every_kind_of_failure_reaches_the_phone_as_what_it_is(self):
-        (FOLDER / "shortcuts").symlink_to(TOOL)
         text = self.desktop.write(self.desktop.root / "text", "no program")
         client = await Client.connect(self.paired_phone(self.start_agent()).token)
         failed = "run_failed"
