@@ -57,13 +57,13 @@ class JsonScanner {
   // and nothing but that. For who knows in which order a text was written; takes nothing if not.
   template <std::size_t size>
   bool takeExpectedMember(bool& isFirst, const std::array<char, size>& expected) {
-    // Of lengths that are known here, so that each is a few comparisons and no call.
-    if (static_cast<std::size_t>(end_ - at_) < size ||
-        (isFirst ? std::memcmp(at_, expected.data() + 1, size - 1)
-                 : std::memcmp(at_, expected.data(), size)) != 0) {
+    const std::size_t comma = isFirst ? 0 : 1;
+    // Of a length that is known here, so that it is a few comparisons and no call.
+    if (static_cast<std::size_t>(end_ - at_) < size || (!isFirst && *at_ != expected[0]) ||
+        std::memcmp(at_ + comma, &expected[1], size - 1) != 0) {
       return false;
     }
-    at_ += isFirst ? size - 1 : size;
+    at_ += size - 1 + comma;
     isFirst = false;
     return true;
   }
