@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/asio.h"
@@ -26,8 +27,8 @@ class ProcessRunning {
 
   // Runs `executable` (a path) with `arguments` (without the program's name) and resumes when the
   // process has ended. At `timeout` the process and its group are asked to end, and killed two
-  // seconds later. Throws UserError when the process cannot be started. May be awaited on
-  // any executor, by several callers at once.
+  // seconds later. Throws UserError when the process cannot be started, or an argument cannot be
+  // one. May be awaited on any executor, by several callers at once.
   virtual Awaitable<ProcessRunResult> run(std::string executable,
                                           std::vector<std::string> arguments,
                                           std::chrono::duration<double> timeout) = 0;
@@ -35,5 +36,8 @@ class ProcessRunning {
 
 // Whether `path` names a file that this user may execute.
 bool isExecutableFile(const std::string& path);
+
+// Whether a program receives `text` whole as one argument: it holds no NUL and is not too long.
+bool canBeArgument(std::string_view text);
 
 }  // namespace glintboard

@@ -18,7 +18,8 @@ std::string PINGenerator::format(std::int64_t number) {
   std::string digits = std::to_string(number);
   constexpr auto length = static_cast<std::size_t>(GlintboardService::pinLength);
   if (digits.size() < length) {
-    digits.insert(0, length - digits.size(), '0');
+    // Behind the sign.
+    digits.insert(number < 0 ? 1 : 0, length - digits.size(), '0');
   }
   return digits;
 }

@@ -46,13 +46,16 @@ const StoredDecks& DecksReader::read() {
 std::optional<DeckTemplate> readLegacyDeck(const std::filesystem::path& path) {
   try {
     auto deck = decodeJson<DeckTemplate>(readWholeFile(path));
-    return deck ? std::optional(std::move(*deck)) : std::nullopt;
-  } catch (const std::system_error& error) {
-    if (isMissing(error.code())) {
-      return std::nullopt;
+    if (deck) {
+      return std::move(*deck);
     }
-    throw;
+    log::warning(path.string(), " is not a deck and stays as it is: ", deck.error().reason);
+  } catch (const std::system_error& error) {
+    if (!isMissing(error.code())) {
+      log::warning(path.string(), " cannot be read and stays as it is: ", error.code().message());
+    }
   }
+  return std::nullopt;
 }
 
 void writeDecksFile(const std::filesystem::path& path, const DecksFile& file) {

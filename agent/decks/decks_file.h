@@ -49,8 +49,8 @@ class DecksReader {
 
 // Each of these blocks on the disk too.
 
-// The single deck of an earlier version's file; none when there is none or it is not a deck.
-// Throws std::system_error when it is there but cannot be read.
+// The single deck of an earlier version's file; none when there is none, or it cannot be read or is
+// not a deck, which the log is told.
 std::optional<DeckTemplate> readLegacyDeck(const std::filesystem::path& path);
 
 // Writes the file atomically, creating its folder. Throws DeckStoreError::encodingFailed or

@@ -47,7 +47,8 @@ std::vector<PairedDevice> KeychainPairedDeviceStore::load() {
   const KeychainStatus status = keychain_.copyMatching(itemQuery(), data);
   const bool couldBeAsked = !isOutOfReach_;
   isOutOfReach_ = status != keychainSuccess && status != keychainItemNotFound;
-  if (isOutOfReach_ && couldBeAsked) {
+  // A session without a keychain has lost nothing.
+  if (isOutOfReach_ && couldBeAsked && status != keychainNotAvailable) {
     log::info("the stored pairing cannot be read (error ", status, ")");
   }
   return status == keychainSuccess ? devicesIn(data) : std::vector<PairedDevice>();

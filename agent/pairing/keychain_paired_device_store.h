@@ -28,6 +28,7 @@ class KeychainPairedDeviceStore : public PairedDeviceStoring {
 
   std::vector<PairedDevice> load() override;
   bool isOutOfReach() const override { return isOutOfReach_; }
+  void watch(std::function<void()> told) override { keychain_.watch(std::move(told)); }
   void save(const std::vector<PairedDevice>& devices) override;
   void deleteAll() override;
 

@@ -15,7 +15,6 @@ using namespace std::chrono_literals;
 
 constexpr auto loadDeadline = 2s;
 constexpr auto changeDeadline = 5s;
-constexpr std::chrono::milliseconds longestPause = 2min;
 
 PairFailPayload failure(PairingFailureReason reason, std::string message) {
   return {reason, std::move(message)};
@@ -25,34 +24,51 @@ PairFailPayload lockoutFailure() {
   return failure(PairingFailureReason::lockout, "Too many failed PIN attempts");
 }
 
-}  // namespace
-
-// The loading of the stored list. It goes on when the service has stopped waiting for it, and
-// again as long as the store is out of reach; it ends when the service drops it.
-class PairingService::Loading {
+// Resumes one coroutine whenever somebody rings.
+class Bell : public std::enable_shared_from_this<Bell> {
  public:
-  explicit Loading(const asio::any_io_executor& executor) : ended_(executor) {
-    ended_.expires_after(loadDeadline);
+  explicit Bell(const asio::any_io_executor& executor) : silence_(executor) {
+    silence_.expires_at(asio::steady_timer::time_point::max());
   }
 
-  static Awaitable<> run(std::weak_ptr<Loading> wanted, std::shared_ptr<PairedDeviceStoring> store,
-                         asio::any_io_executor lane, std::chrono::milliseconds pause) {
-    while (!wanted.expired()) {
-      auto load = runOn(lane, [store] {
-        auto devices = store->load();
-        return std::pair(std::move(devices), store->isOutOfReach());
-      });
-      auto [devices, isOutOfReach] = co_await std::move(load);
-      if (const auto loading = wanted.lock()) {
-        loading->devices_ = std::move(devices);
-        loading->ended_.expires_at(asio::steady_timer::time_point::min());
-      }
-      if (!isOutOfReach) {
-        break;
-      }
-      co_await sleepFor(pause);
-      pause = std::min(2 * pause, longestPause);
+  // Any thread.
+  void ring() {
+    asio::post(silence_.get_executor(), [self = shared_from_this()] {
+      self->isRung_ = true;
+      self->silence_.cancel();
+    });
+  }
+
+  // Resumes when it was rung since the last time.
+  static Awaitable<> heard(std::shared_ptr<Bell> bell) {
+    while (!std::exchange(bell->isRung_, false)) {
+      co_await bell->silence_.async_wait(asio::as_tuple(asio::use_awaitable));
     }
+  }
+
+ private:
+  asio::steady_timer silence_;
+  bool isRung_ = false;
+};
+
+}  // namespace
+
+// The loading of the stored list. It goes on when the service has stopped waiting for it, and again
+// when a store out of reach tells of a change; it ends when the service drops it.
+class PairingService::Loading {
+ public:
+  explicit Loading(const asio::any_io_executor& executor)
+      : ended_(executor), bell_(std::make_shared<Bell>(executor)) {
+    ended_.expires_after(loadDeadline);
+  }
+  Loading(const Loading&) = delete;
+  Loading& operator=(const Loading&) = delete;
+  ~Loading() { bell_->ring(); }
+
+  static void start(const std::shared_ptr<Loading>& loading,
+                    std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
+    spawn(loading->ended_.get_executor(),
+          run(loading, loading->bell_, std::move(store), std::move(lane)), "loading the pairing");
   }
 
   bool isExpected() const { return ended_.expiry() > std::chrono::steady_clock::now(); }
@@ -67,21 +83,56 @@ class PairingService::Loading {
   std::optional<std::vector<PairedDevice>> take() { return std::exchange(devices_, std::nullopt); }
 
  private:
+  static Awaitable<> run(std::weak_ptr<Loading> wanted, std::shared_ptr<Bell> bell,
+                         std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
+    bool watches = false;
+    while (!wanted.expired()) {
+      auto load = runOn(lane, [store] {
+        auto devices = store->load();
+        return std::pair(std::move(devices), store->isOutOfReach());
+      });
+      auto [devices, isOutOfReach] = co_await std::move(load);
+      if (const auto loading = wanted.lock()) {
+        loading->devices_ = std::move(devices);
+        loading->ended_.expires_at(asio::steady_timer::time_point::min());
+      }
+      if (!isOutOfReach) {
+        break;
+      }
+      if (!std::exchange(watches, true)) {
+        co_await watch(store, lane, [weak = std::weak_ptr(bell)] {
+          if (const auto told = weak.lock()) {
+            told->ring();
+          }
+        });
+      }
+      co_await Bell::heard(bell);
+    }
+    if (watches) {
+      co_await watch(store, lane, {});
+    }
+  }
+
+  static Awaitable<> watch(std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane,
+                           std::function<void()> told) {
+    auto watching = runOn(lane, [store, told = std::move(told)] { store->watch(told); });
+    co_await std::move(watching);
+  }
+
   asio::steady_timer ended_;
   std::optional<std::vector<PairedDevice>> devices_;
+  const std::shared_ptr<Bell> bell_;
 };
 
 PairingService::PairingService(asio::any_io_executor executor, asio::any_io_executor storeLane,
-                               std::unique_ptr<PairedDeviceStoring> store,
-                               std::chrono::milliseconds retryPause)
+                               std::unique_ptr<PairedDeviceStoring> store)
     : Actor(std::move(executor)),
       store_(std::move(store)),
       storeLane_(std::move(storeLane)),
       changes_(this->executor()),
       loading_(std::make_shared<Loading>(this->executor())) {
   renewSecrets();
-  spawn(this->executor(), Loading::run(loading_, store_, storeLane_, retryPause),
-        "loading the pairing");
+  Loading::start(loading_, store_, storeLane_);
 }
 
 Awaitable<PairingResponse> PairingService::handlePairRequest(PairRequestPayload request,

@@ -1,7 +1,6 @@
 // The one owner of this computer's pairing.
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -46,11 +45,10 @@ struct PairingState {
 // An actor of the service loop.
 class PairingService : public Actor {
  public:
-  // Starts loading the stored list, and again after `retryPause`, then ever longer ones, while the
-  // store is out of reach. Throws SecureRandomError.
+  // Starts loading the stored list; while the store is out of reach, loads it again whenever the
+  // store tells that it may be readable. Throws SecureRandomError.
   PairingService(asio::any_io_executor executor, asio::any_io_executor storeLane,
-                 std::unique_ptr<PairedDeviceStoring> store,
-                 std::chrono::milliseconds retryPause = std::chrono::seconds(10));
+                 std::unique_ptr<PairedDeviceStoring> store);
 
   // Throws PairingServiceError::persistenceFailed when the new pairing cannot be saved; it is in
   // effect all the same until the agent ends.

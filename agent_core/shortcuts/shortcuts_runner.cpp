@@ -25,6 +25,11 @@ constexpr std::array<std::pair<std::string_view, ShortcutErrorCode>, 8> meanings
     {"privacy", ShortcutErrorCode::cancelled},
 }};
 
+// Whether the tool is told exactly this identifier: neither a part of it nor an option.
+bool canBeOperand(std::string_view identifier) {
+  return canBeArgument(identifier) && !identifier.starts_with('-');
+}
+
 ShortcutErrorCode classified(const ProcessRunResult& result) {
   const std::string said = lowercased(trimmed(result.stderrText));
   for (const auto& [words, code] : meanings) {
@@ -45,6 +50,10 @@ Awaitable<Result> ShortcutsRunner::run(std::string shortcutIdentifier) const {
   if (!isExecutableFile(executable_)) {
     co_return Error{std::move(shortcutIdentifier), ShortcutErrorCode::runFailed,
                     "The shortcuts CLI is not available on this Mac."};
+  }
+  if (!canBeOperand(shortcutIdentifier)) {
+    constexpr auto code = ShortcutErrorCode::notFound;
+    co_return Error{std::move(shortcutIdentifier), code, message(code, "")};
   }
   ProcessRunResult result;
   try {

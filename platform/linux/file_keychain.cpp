@@ -9,6 +9,7 @@
 
 #include "platform/atomic_file.h"
 #include "platform/file_descriptor.h"
+#include "platform/file_name.h"
 
 namespace glintboard {
 namespace {
@@ -111,12 +112,10 @@ KeychainStatus FileKeychain::remove(const KeychainQuery& query) {
 }
 
 std::filesystem::path FileKeychain::fileOf(const KeychainQuery& query) const {
-  const std::string& account = query.account;
-  if (account.empty() || account.front() == '.' ||
-      account.find_first_of(std::string_view("/\0", 2)) != std::string::npos) {
+  if (!isFileName(query.account)) {
     fail(EINVAL);
   }
-  return folder_ / (account + ".json");
+  return folder_ / (query.account + ".json");
 }
 
 void FileKeychain::prepareFolder() const {

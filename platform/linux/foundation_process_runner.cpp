@@ -181,4 +181,9 @@ bool isExecutableFile(const std::string& path) {
          ::faccessat(AT_FDCWD, path.c_str(), X_OK, AT_EACCESS) == 0;
 }
 
+bool canBeArgument(std::string_view text) {
+  constexpr std::size_t kernelLimit = 128u << 10u;  // with the NUL at its end
+  return text.size() < kernelLimit && text.find('\0') == std::string_view::npos;
+}
+
 }  // namespace glintboard

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/file_name.h"
 #include "platform/linux/desktop_icon_theme.h"
 
 namespace glintboard {
@@ -31,7 +32,7 @@ fs::path IconLookup::find(const std::string& icon, struct stat& status) {
   if (icon.starts_with('/')) {
     return isFile(icon, status) ? fs::path(icon) : fs::path();
   }
-  if (icon.empty() || icon.find('/') != std::string::npos) {
+  if (!isFileName(icon)) {
     return {};
   }
   std::string name = icon;
@@ -99,8 +100,7 @@ void IconLookup::readThemes() {
 
 void IconLookup::addThemes(const std::string& name, std::vector<std::string>& seen) {
   constexpr std::size_t mostThemes = 64;
-  if (seen.size() >= mostThemes || name.empty() || name.starts_with('.') ||
-      name.find('/') != std::string::npos ||
+  if (seen.size() >= mostThemes || !isFileName(name) ||
       std::find(seen.begin(), seen.end(), name) != seen.end()) {
     return;
   }

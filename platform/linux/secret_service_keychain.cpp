@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/linux/secret_service_watch.h"
 #include "platform/linux/secret_session.h"
 
 namespace glintboard {
@@ -40,6 +41,10 @@ KeychainStatus statusOf(const Found& found) {
 
 }  // namespace
 
+SecretServiceKeychain::SecretServiceKeychain() = default;
+SecretServiceKeychain::SecretServiceKeychain(Deadlines deadlines) : deadlines_(deadlines) {}
+SecretServiceKeychain::~SecretServiceKeychain() = default;
+
 // Does `work` with a session and turns a refusal into its status.
 template <class Work>
 KeychainStatus SecretServiceKeychain::operate(std::chrono::milliseconds deadline, Work work) {
@@ -52,18 +57,22 @@ KeychainStatus SecretServiceKeychain::operate(std::chrono::milliseconds deadline
 }
 
 KeychainStatus SecretServiceKeychain::copyMatching(const KeychainQuery& query, std::string& data) {
-  return operate(deadlines_.read, [&](SecretSession& session) {
+  const KeychainStatus status = operate(deadlines_.read, [&](SecretSession& session) {
     Found found = find(session, query);
     if (!found.locked.empty() && !std::exchange(hasAskedToUnlock_, true) &&
         session.unlock(found.locked)) {
       found = find(session, query);
     }
-    const KeychainStatus status = statusOf(found);
-    if (status == keychainSuccess) {
+    const KeychainStatus state = statusOf(found);
+    if (state == keychainSuccess) {
       data = session.secret(found.items.front().get());
     }
-    return status;
+    return state;
   });
+  if (status == keychainTimedOut && watch_) {
+    watch_->ask();
+  }
+  return status;
 }
 
 KeychainStatus SecretServiceKeychain::update(const KeychainQuery& query, const std::string& data) {
@@ -103,6 +112,10 @@ KeychainStatus SecretServiceKeychain::remove(const KeychainQuery& query) {
     }
     return status;
   });
+}
+
+void SecretServiceKeychain::watch(std::function<void()> told) {
+  watch_ = told ? std::make_unique<SecretServiceWatch>(std::move(told)) : nullptr;
 }
 
 }  // namespace glintboard

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <chrono>
+#include <memory>
 
 #include "platform/keychain.h"
 
 namespace glintboard {
 
+class SecretServiceWatch;
 class SecretSession;
 
 // Keeps each item in the Secret Service's default collection, with the attributes `class`
@@ -28,13 +30,15 @@ class SecretServiceKeychain : public Keychain {
     std::chrono::milliseconds change{3000};
   };
 
-  SecretServiceKeychain() = default;
-  explicit SecretServiceKeychain(Deadlines deadlines) : deadlines_(deadlines) {}
+  SecretServiceKeychain();
+  explicit SecretServiceKeychain(Deadlines deadlines);
+  ~SecretServiceKeychain() override;
 
   KeychainStatus copyMatching(const KeychainQuery& query, std::string& data) override;
   KeychainStatus update(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus add(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus remove(const KeychainQuery& query) override;
+  void watch(std::function<void()> told) override;
 
  private:
   template <class Work>
@@ -42,6 +46,7 @@ class SecretServiceKeychain : public Keychain {
 
   Deadlines deadlines_;
   bool hasAskedToUnlock_ = false;
+  std::unique_ptr<SecretServiceWatch> watch_;
 };
 
 }  // namespace glintboard

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 
 #include <QtGlobal>
+#include <algorithm>
 #include <cerrno>
 #include <string_view>
 #include <system_error>
@@ -13,6 +14,7 @@
 
 #include "platform/descriptor_limit.h"
 #include "platform/linux/pidfd.h"
+#include "platform/process_running.h"
 #include "platform/sound_settings.h"
 #include "platform/user_error.h"
 
@@ -89,7 +91,7 @@ class SpawnFileActions {
 class ProgramEnvironment {
  public:
   ProgramEnvironment() {
-    const std::string settings = std::string(soundSettingsVariable) + "=";
+    const std::string settings = std::string(soundSettingsVariable).append("=");
     for (char** variable = environ; *variable != nullptr; ++variable) {
       if (!std::string_view(*variable).starts_with(settings)) {
         variables_.push_back(*variable);
@@ -114,6 +116,8 @@ class ProgramEnvironment {
 
 SpawnedProcess spawnProcess(const std::string& executable,
                             const std::vector<std::string>& arguments) {
+  check(canBeArgument(executable) && std::ranges::all_of(arguments, canBeArgument) ? 0 : EINVAL,
+        executable);
   Pipe output = makePipe(executable);
   Pipe error = makePipe(executable);
   const SpawnAttributes attributes(executable);

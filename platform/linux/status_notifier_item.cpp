@@ -135,7 +135,8 @@ StatusNotifierItem::StatusNotifierItem(TrayLook look, TrayActivated activated,
       activated_(std::move(activated)),
       shownChanged_(std::move(shownChanged)),
       description_(g_dbus_node_info_new_for_xml(description, nullptr)),
-      name_(std::string(itemInterface) + "-" + std::to_string(::getpid()) + "-1") {}
+      name_(
+          std::string(itemInterface).append("-").append(std::to_string(::getpid())).append("-1")) {}
 
 StatusNotifierItem::~StatusNotifierItem() = default;
 

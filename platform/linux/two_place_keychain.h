@@ -31,6 +31,7 @@ class TwoPlaceKeychain : public Keychain {
   KeychainStatus update(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus add(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus remove(const KeychainQuery& query) override;
+  void watch(std::function<void()> told) override { preferred_.watch(std::move(told)); }
 
  private:
   using Write = KeychainStatus (Keychain::*)(const KeychainQuery&, const std::string&);

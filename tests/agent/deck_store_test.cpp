@@ -115,15 +115,29 @@ TEST_F(DeckStoreTest, SavingRenumbersValidatesAndReplacesOneDeck) {
 
 TEST_F(DeckStoreTest, TheDeckOfAnEarlierVersionBecomesTheStreamingDeckOrStaysWithTheUser) {
   const std::string tooMany = jsonText(DeckTemplate("old", "Old", applications(30)));
-  folder.write("data/deck.json", tooMany);
-  EXPECT_EQ(load(streaming).name, "Streaming");
-  EXPECT_EQ(content("deck.json.bak"), tooMany);
-  folder.write("data/deck.json", jsonText(DeckTemplate("old", "Old", applications(3, 4))));
-  std::filesystem::remove(path);
-  EXPECT_EQ(snapshots().size(), 2u);
-  EXPECT_EQ(load(streaming).name, "Old");
+  const struct {
+    const char* file;  // in "data", what is written
+    std::string content;
+    const char* name;  // of the Streaming deck then
+    const char* kept;  // where the content is then, if anywhere
+    bool stays;        // whether there is a "deck.json" then
+  } cases[] = {
+      {"deck.json", tooMany, "Streaming", "deck.json.bak", false},
+      {"deck.json", "no deck", "Streaming", "deck.json", true},
+      {"deck.json/inside", "a folder in its place", "Streaming", "deck.json/inside", true},
+      {"deck.json", jsonText(DeckTemplate("old", "Old", applications(3, 4))), "Old", nullptr,
+       false},
+  };
+  for (const auto& [file, written, name, kept, stays] : cases) {
+    std::filesystem::remove_all(folder / "data");
+    folder.write(std::string("data/") + file, written);
+    EXPECT_EQ(snapshots().size(), 2u);
+    EXPECT_EQ(load(streaming).name, name) << written;
+    EXPECT_TRUE(content("decks.json").ends_with(R"("version":1})")) << written;
+    EXPECT_TRUE(kept == nullptr || content(kept) == written) << written;
+    EXPECT_EQ(std::filesystem::exists(folder / "data/deck.json"), stays) << written;
+  }
   EXPECT_EQ(summary(load(streaming).tiles), (Lines{"1 app0", "2 app1", "3 app2"}));
-  EXPECT_FALSE(std::filesystem::exists(folder / "data/deck.json"));
 }
 
 TEST_F(DeckStoreTest, AnUnusableOrIncompleteFileIsKeptBeforeItIsReplaced) {

@@ -10,6 +10,7 @@
 namespace glintboard {
 namespace {
 
+using namespace std::chrono_literals;
 using phone::PhoneConnection;
 using test::soon;
 
@@ -143,6 +144,19 @@ TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   EXPECT_THROW(connect(), std::exception);
   start();
   connect();
+}
+
+TEST_F(ListenerServiceTest, ATakenPortIsTriedEightTimesMoreEach400MillisecondsLater) {
+  std::optional<FileDescriptor> taken = test::holdPort(agent.port);
+  const auto began = std::chrono::steady_clock::now();
+  agent.run(listener.start());
+  // With each attempt that fails, the advertisement is withdrawn.
+  EXPECT_TRUE(test::eventually([&] { return agent.bonjour.withdrawn == 1 + 8; }));
+  EXPECT_GE(std::chrono::steady_clock::now() - began, 8 * 400ms);
+  taken.reset();
+  EXPECT_FALSE(test::eventually([&] { return state().isRunning; }, 800ms)) << "a ninth time";
+  EXPECT_EQ(state().lastError, "Port " + std::to_string(agent.port) +
+                                   " is already in use. Quit the other Glintboard Agent first.");
 }
 
 }  // namespace

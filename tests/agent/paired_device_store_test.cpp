@@ -13,7 +13,8 @@ TEST(PairedDeviceStore, KeepsTheListLastSaved) {
   InMemoryPairedDeviceStore forgotten;
   for (PairedDeviceStoring* store :
        std::initializer_list<PairedDeviceStoring*>{&kept, &forgotten}) {
-    const std::vector<PairedDevice> devices = {{randomUuid(), "second", {"TOKEN"}, {800000000.5}}};
+    const std::vector<PairedDevice> devices = {
+        {randomUuid(), std::string("../sec\0nd\n\"", 10), {"TOKEN"}, {800000000.5}}};
     EXPECT_TRUE(store->load().empty());
     store->save({{randomUuid(), "first", {"TOKEN"}, {800000000}}});
     store->save(devices);

@@ -32,7 +32,7 @@ class PairingServiceTest : public testing::Test {
 
   void restart() {
     service.emplace(executors.service(), executors.keychainLane(),
-                    std::make_unique<KeychainPairedDeviceStore>(keychain), 20ms);
+                    std::make_unique<KeychainPairedDeviceStore>(keychain));
   }
 
   void store(const std::string& token) {
@@ -171,25 +171,29 @@ TEST_F(PairingServiceTest, AStoreThatHangsAtTheStartIsWaitedForTwoSeconds) {
   EXPECT_FALSE(knows("stored")) << "the phone was forgotten meanwhile";
 }
 
-TEST_F(PairingServiceTest, AStoreOutOfReachIsAskedAgainUntilItAnswersOrThePairingChanges) {
+TEST_F(PairingServiceTest, AStoreOutOfReachIsAskedWhenItTellsUntilItAnswersOrThePairingChanges) {
   store("stored");
-  keychain.readFailure = keychainInteractionNotAllowed;
-  restart();
-  EXPECT_FALSE(knows("stored"));
-  EXPECT_TRUE(test::eventually([&] { return keychain.reads >= 3; }));
+  const auto restartOutOfReach = [&] {
+    keychain.readFailure = keychainInteractionNotAllowed;
+    restart();
+    EXPECT_FALSE(knows("stored"));
+    EXPECT_TRUE(test::eventually([&] { return keychain.isWatched(); }));
+    keychain.reads = 0;
+  };
+  restartOutOfReach();
+  keychain.tell();
+  EXPECT_TRUE(test::eventually([&] { return keychain.reads == 1; }));
   EXPECT_FALSE(knows("stored"));
   keychain.readFailure = keychainSuccess;
+  keychain.tell();
   EXPECT_TRUE(test::eventually([&] { return knows("stored"); }));
-  const int answered = keychain.reads;
-  std::this_thread::sleep_for(400ms);
-  EXPECT_EQ(keychain.reads, answered);
+  EXPECT_TRUE(test::eventually([&] { return !keychain.isWatched(); }));
+  EXPECT_EQ(keychain.reads, 2) << "it was asked without having told";
 
-  keychain.readFailure = keychainInteractionNotAllowed;
-  restart();
+  restartOutOfReach();
   const std::string token = pairByCode(otherPhone);
-  keychain.readFailure = keychainSuccess;
-  std::this_thread::sleep_for(200ms);
-  EXPECT_LE(keychain.reads, answered + 3) << "nobody wants the list any more";
+  EXPECT_TRUE(test::eventually([&] { return !keychain.isWatched(); })) << "nobody wants the list";
+  EXPECT_EQ(keychain.reads, 0);
   EXPECT_TRUE(knows(token));
 }
 

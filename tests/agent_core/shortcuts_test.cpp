@@ -33,8 +33,8 @@ TEST(ShortcutsRunner, ClassifiesEveryEnd) {
   };
   Executors executors;
   FakeRunner runner;
-  const auto run = [&](const char* tool = "/bin/true") {
-    return test::await(executors.service(), ShortcutsRunner(tool, runner).run(someShortcut));
+  const auto run = [&](const char* tool = "/bin/true", std::string shortcut = someShortcut) {
+    return test::await(executors.service(), ShortcutsRunner(tool, runner).run(std::move(shortcut)));
   };
   for (const auto& [ended, code, message] : cases) {
     runner.result = ended;
@@ -47,6 +47,12 @@ TEST(ShortcutsRunner, ClassifiesEveryEnd) {
   EXPECT_EQ(run(), Result(Error{someShortcut, runFailed, "no processes left"}));
   EXPECT_EQ(run("/no/such/tool"), Result(Error{someShortcut, runFailed,
                                                "The shortcuts CLI is not available on this Mac."}));
+  runner = {};
+  for (const std::string& other : {someShortcut + std::string("\0b", 2), std::string(1, '\0'),
+                                   std::string(128 << 10, 'x'), std::string("--help")}) {
+    EXPECT_EQ(run("/bin/true", other), Result(Error{other, notFound, missing}));
+    EXPECT_TRUE(runner.arguments.empty()) << "it was run";
+  }
 }
 
 TEST(ShortcutsCatalog, ListsWhatParsesAndReportsWhatFails) {

@@ -6,10 +6,11 @@ import time
 import unittest
 
 from client import Client
-from desktop import PARTS, SLOWNESS, DesktopTest, eventually
+from desktop import PARTS, SLOWNESS, TESTS, DesktopTest, eventually
 
 SERVICE = "org.example.Service"
 SECRET = ("secret-tool", "lookup", "account", "paired-devices")
+UNLOCK = TESTS / "support" / "unlock_keyring.py"
 UP = {"actionId": "system.volume.up"}
 
 
@@ -21,14 +22,14 @@ class Daemons(DesktopTest):
         self.desktop.env["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={self.system_bus}"
         self.desktop.install_service(SERVICE)
 
-    def begin(self, name):
+    def begin(self, name, state="unlocked"):
         """Starts what `name` is, and what died with it."""
         desktop = self.desktop
         self.running[name] = {
             "sound": desktop.start_sound,
             "session bus": desktop.start_bus,
             "system bus": lambda: desktop.start_bus("system", self.system_bus),
-            "keyring": lambda: desktop.start(PARTS / "keyring", "unlocked"),
+            "keyring": lambda: desktop.start(PARTS / "keyring", state),
             "avahi": lambda: desktop.start(PARTS / "avahi", "box", desktop.root)}[name]()
         if name in ("session bus", "system bus"):
             self.begin("keyring" if name == "session bus" else "avahi")
@@ -93,6 +94,42 @@ class Daemons(DesktopTest):
                     await self.answered(client, 0.1)
                     await client.socket.close()
         self.assertTrue(agent.running())
+
+    async def test_a_phone_is_served_as_soon_as_its_pairing_can_be_read(self):
+        self.begin("session bus")
+        agent = self.start_agent()
+        token = self.paired_phone(agent).token
+        self.assertIn(token, self.desktop.output_of(*SECRET))
+        agent.end()
+
+        def lock():
+            self.running["keyring"].kill()
+            self.running["keyring"].wait()
+            self.begin("keyring", "locked")
+
+        def unlock():
+            self.assertEqual(self.desktop.output_of("/usr/bin/python3", UNLOCK), "done\n")
+
+        def end_bus():
+            for name in "session bus", "keyring":
+                self.running[name].kill()
+                self.running[name].wait()
+
+        for out_of_reach, within_reach in (lock, unlock), (end_bus, lambda: self.begin("session bus")):
+            with self.subTest(fault=out_of_reach.__name__):
+                out_of_reach()
+                agent = self.start_agent()
+                phone = await Client.connect(token)
+                self.assertEqual((await phone.ask("deck.sync", {}))["type"], "app.error")
+                self.assertEqual("cannot be read" in agent.log(), out_of_reach is lock)
+                within_reach()
+                # Before a second try by the clock could come.
+                deadline = time.monotonic() + 5 * SLOWNESS
+                while (await phone.ask("deck.sync", {}))["type"] != "decks.snapshot":
+                    self.assertLess(time.monotonic(), deadline, "the phone is refused")
+                    await asyncio.sleep(0.02)
+                await phone.socket.close()
+                agent.end()
 
     async def eventually_true(self, works):
         deadline = time.monotonic() + 20 * SLOWNESS

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <functional>
 #include <future>
+#include <semaphore>
 
 #include "platform/atomic_file.h"
 #include "platform/linux/file_keychain.h"
@@ -193,6 +194,50 @@ TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheD
   EXPECT_EQ(dying.get(), keychainNotAvailable);
   session.start("unlocked");
   EXPECT_EQ(keychain.update(item, "[3]"), keychainSuccess);
+}
+
+TEST_F(SecretServiceKeychainTest, WhatBecomesReadableIsToldAtOnce) {
+  session.start("unlocked");
+  ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
+  session.kill();
+  const auto locked = [this] { session.restart("locked"); };
+  const struct {
+    const char* name;
+    std::function<void()> begin;  // of a service that runs
+    KeychainStatus before;
+    std::function<void()> end;
+  } cases[] = {
+      {"locked at the start", locked, keychainInteractionNotAllowed, [this] { session.unlock(); }},
+      {"locked meanwhile", [this] { session.lock(); }, keychainInteractionNotAllowed,
+       [this] { session.unlock(); }},
+      {"away", [this] { session.kill(); }, keychainNotAvailable,
+       [this] { session.start("unlocked"); }},
+      {"away and then locked", [this] { session.kill(); }, keychainNotAvailable,
+       [this] {
+         session.start("locked");
+         session.unlock();
+       }},
+      {"hanging", [this] { session.signal(SIGSTOP); }, keychainTimedOut,
+       [this] { session.signal(SIGCONT); }},
+  };
+  session.start("unlocked");
+  for (const auto& [name, begin, before, end] : cases) {
+    begin();
+    EXPECT_EQ(keychain.copyMatching(item, data), before) << name;
+    std::counting_semaphore<> told(0);
+    keychain.watch([&] { told.release(); });
+    auto reading = std::async(std::launch::async, [&] {
+      while (told.try_acquire_for(test::patience * 5s)) {
+        if (keychain.copyMatching(item, data) == keychainSuccess) {
+          return true;
+        }
+      }
+      return false;
+    });
+    end();
+    EXPECT_TRUE(reading.get()) << name;
+    keychain.watch({});
+  }
 }
 
 // Later items are the greater texts here.

@@ -76,6 +76,11 @@ TEST_F(LinuxApplicationsTest, FailuresNameTheApplicationAndTheReason) {
   EXPECT_THAT(failureOfOpening("Lost"),
               AllOf(HasSubstr("Lost could not be started: "), HasSubstr("/no/such/folder")));
   EXPECT_FALSE(workspace_.isRunning("Gone"));
+  for (const std::string& other :
+       {std::string("Gone\0b", 6), std::string("../applications/Gone"), std::string()}) {
+    EXPECT_FALSE(workspace_.isInstalled(other)) << other;
+    EXPECT_FALSE(workspace_.isRunning(other)) << other;
+  }
 }
 
 TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {

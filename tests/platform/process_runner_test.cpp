@@ -129,6 +129,8 @@ TEST_F(ProcessRunner, SaysWhyAProgramCannotStart) {
       EXPECT_THAT(error.what(), testing::HasSubstr(program + ": "));
     }
   }
+  const std::vector<std::string> cut = {"-c", std::string("exit\0 3", 7)};
+  EXPECT_THROW(test::await(executors_.service(), runner_.run("/bin/sh", cut, 1s)), UserError);
   EXPECT_FALSE(hasChild());
 }
 

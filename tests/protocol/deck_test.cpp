@@ -48,16 +48,38 @@ TEST(DeckTemplate, MakingSortsBySlotAndReadingDoesNot) {
   EXPECT_EQ(decodeJson<DeckTemplate>(jsonText(deck))->tiles, tiles);
 }
 
-TEST(DeckTemplates, TheBuiltInDecksAreNumberedAndReadBackFromTheirJson) {
-  for (const auto category : DeckTemplates::categoryOrder) {
-    const auto& deck = DeckTemplates::bundledTemplate(category);
-    EXPECT_EQ(deck.id, rawValue(category));
-    ASSERT_EQ(deck.tiles.size(), 12U);
-    std::int64_t slot = 0;
-    for (const auto& tile : deck.tiles) {
-      EXPECT_EQ(tile.slot, ++slot);
-    }
-  }
+TEST(DeckTemplates, TheBuiltInDecksAreTheseAndReadBackFromTheirJson) {
+  const std::vector<DeckTile> decks[] = {
+      {DeckTile::app(1, "OBS", "com.obsproject.obs-studio", "obs", {{"com.obsproject.OBS"}}),
+       DeckTile::app(2, "Discord", "com.hnc.Discord", "discord", {{"com.discord.Discord"}}),
+       DeckTile::app(3, "Chrome", "com.google.Chrome", "chrome"),
+       DeckTile::app(4, "Safari", "com.apple.Safari", "safari"),
+       DeckTile::app(5, "Spotify", "com.spotify.client", "spotify"),
+       DeckTile::app(6, "Twitch", "com.twitch.desktop", "twitch"),
+       DeckTile::app(7, "Streamlabs", "com.streamlabs.desktop", "streamlabs"),
+       DeckTile::app(8, "Messages", "com.apple.MobileSMS", "messages"),
+       DeckTile::app(9, "Music", "com.apple.Music", "music"),
+       DeckTile::app(10, "Terminal", "com.apple.Terminal", "terminal"),
+       DeckTile::app(11, "Finder", "com.apple.finder", "finder"),
+       DeckTile::app(12, "Settings", "com.apple.systempreferences", "settings",
+                     {{"com.apple.SystemPreferences"}})},
+      {DeckTile::app(1, "Steam", "com.valvesoftware.steam", "steam"),
+       DeckTile::app(2, "Discord", "com.hnc.Discord", "discord", {{"com.discord.Discord"}}),
+       DeckTile::app(3, "GeForce NOW", "com.nvidia.geforcenow", "geforcenow"),
+       DeckTile::app(4, "Epic Games", "com.epicgames.EpicGamesLauncher", "epic"),
+       DeckTile::app(5, "Safari", "com.apple.Safari", "safari"),
+       DeckTile::app(6, "Messages", "com.apple.MobileSMS", "messages"),
+       DeckTile::app(7, "Spotify", "com.spotify.client", "spotify"),
+       DeckTile::app(8, "OBS", "com.obsproject.obs-studio", "obs", {{"com.obsproject.OBS"}}),
+       DeckTile::app(9, "Terminal", "com.apple.Terminal", "terminal"),
+       DeckTile::app(10, "Finder", "com.apple.finder", "finder"),
+       DeckTile::app(11, "Music", "com.apple.Music", "music"),
+       DeckTile::app(12, "Settings", "com.apple.systempreferences", "settings",
+                     {{"com.apple.SystemPreferences"}})}};
+  EXPECT_EQ(DeckTemplates::bundledTemplate(DeckCategoryID::streaming),
+            DeckTemplate("streaming", "Streaming", decks[0]));
+  EXPECT_EQ(DeckTemplates::bundledTemplate(DeckCategoryID::gaming),
+            DeckTemplate("gaming", "Gaming", decks[1]));
   const auto json = DeckTemplates::streamingJSON();
   EXPECT_NE(json.find("\n  \"tiles\": [\n    {\n      \"alternateBundleIds\": ["),
             std::string::npos);

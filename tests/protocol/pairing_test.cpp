@@ -3,6 +3,7 @@
 #include "protocol/json_reader.h"
 #include "protocol/json_writer.h"
 #include "protocol/paired_device.h"
+#include "protocol/pairing_engine.h"
 #include "protocol/pairing_qr_payload.h"
 #include "protocol/pairing_secrets.h"
 
@@ -10,7 +11,11 @@ namespace glintboard {
 namespace {
 
 TEST(PairingSecrets, AreWellFormedAndDiffer) {
-  EXPECT_EQ(PINGenerator::format(7), "000007");
+  const std::pair<std::int64_t, const char*> numbers[] = {
+      {0, "000000"}, {7, "000007"}, {123456, "123456"}, {1234567, "1234567"}, {-7, "-00007"}};
+  for (const auto& [number, text] : numbers) {
+    EXPECT_EQ(PINGenerator::format(number), text);
+  }
   const std::string pin = PINGenerator::generate();
   EXPECT_EQ(pin.size(), 6u);
   EXPECT_EQ(pin.find_first_not_of("0123456789"), std::string::npos);
@@ -18,6 +23,32 @@ TEST(PairingSecrets, AreWellFormedAndDiffer) {
   EXPECT_EQ(code.size(), 43u);
   EXPECT_EQ(code.find_first_of("+/="), std::string::npos);
   EXPECT_NE(code, PairingCodeGenerator::generate());
+}
+
+TEST(PairingEngine, CountsWhatFailsUpToTheFifth) {
+  using namespace PINCheckResult;
+  const struct {
+    const char* pin;
+    PairingEngine::Result result;
+    int failed;
+    int remaining;
+    bool isLockedOut;
+  } checks[] = {{"000000", InvalidPIN{4}, 1, 4, false},  {"12345", InvalidPIN{3}, 2, 3, false},
+                {"1234567", InvalidPIN{2}, 3, 2, false}, {"12345a", InvalidPIN{1}, 4, 1, false},
+                {"123456", Accepted{}, 0, 5, false},     {"", InvalidPIN{4}, 1, 4, false},
+                {"123450", InvalidPIN{3}, 2, 3, false},  {"123450", InvalidPIN{2}, 3, 2, false},
+                {"123450", InvalidPIN{1}, 4, 1, false},  {"123450", Lockout{}, 5, 0, true},
+                {"123456", Lockout{}, 5, 0, true}};
+  PairingEngine engine;
+  for (const auto& [pin, result, failed, remaining, isLockedOut] : checks) {
+    EXPECT_EQ(engine.check(pin, "123456"), result) << pin;
+    EXPECT_EQ(engine.failedAttempts(), failed) << pin;
+    EXPECT_EQ(engine.remainingAttempts(), remaining) << pin;
+    EXPECT_EQ(engine.isLockedOut(), isLockedOut) << pin;
+  }
+  EXPECT_EQ(PairingEngine(7).remainingAttempts(), 0);
+  engine.resetAttempts();
+  EXPECT_EQ(engine, PairingEngine());
 }
 
 TEST(PairingSecret, MatchesOnlyTheSameBytes) {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -103,9 +105,24 @@ class FakeKeychain : public Keychain {
     }
     return status;
   }
+  void watch(std::function<void()> told) override {
+    const std::scoped_lock lock(mutex_);
+    told_ = std::move(told);
+  }
   void recover() {
     hangs = false;
     hangs.notify_all();
+  }
+  // Tells whoever watches.
+  void tell() {
+    const std::scoped_lock lock(mutex_);
+    if (told_) {
+      told_();
+    }
+  }
+  bool isWatched() {
+    const std::scoped_lock lock(mutex_);
+    return told_ != nullptr;
   }
 
  private:
@@ -114,18 +131,25 @@ class FakeKeychain : public Keychain {
     return failure != keychainSuccess || isThere ? failure.load() : keychainItemNotFound;
   }
   static std::string key(const KeychainQuery& query) { return query.service + "/" + query.account; }
+
+  std::mutex mutex_;
+  std::function<void()> told_;
 };
 
 // Remembers what is advertised.
 class FakeBonjour : public BonjourAdvertiser {
  public:
   std::atomic<int> published = 0;
+  std::atomic<int> withdrawn = 0;
   std::atomic<bool> isAdvertised = false;
   void publish(const BonjourService&) override {
     ++published;
     isAdvertised = true;
   }
-  void withdraw() override { isAdvertised = false; }
+  void withdraw() override {
+    ++withdrawn;
+    isAdvertised = false;
+  }
 };
 
 // A user without Shortcuts.

@@ -43,6 +43,12 @@ class KeyringSession {
         " --object-path /org/freedesktop/secrets --method org.freedesktop.Secret.Service.Lock"
         " \"['/org/freedesktop/secrets/aliases/default']\"");
   }
+  // As the user who enters the password when asked.
+  void unlock() const {
+    if (outputOf("/usr/bin/python3 -E " GLINTBOARD_TEST_SUPPORT "/unlock_keyring.py") != "done\n") {
+      throw std::runtime_error("the keyring cannot be unlocked");
+    }
+  }
 
  private:
   void waitForOwner(bool wanted) {
