@@ -31,7 +31,8 @@ PairFailPayload lockoutFailure() {
 // again as long as the store is out of reach; it ends when the service drops it.
 class PairingService::Loading {
  public:
-  explicit Loading(const asio::any_io_executor& executor) : ended_(executor) {
+  Loading(const asio::any_io_executor& executor, std::shared_ptr<const Observers> observers)
+      : ended_(executor), observers_(std::move(observers)) {
     ended_.expires_after(loadDeadline);
   }
 
@@ -46,6 +47,7 @@ class PairingService::Loading {
       if (const auto loading = wanted.lock()) {
         loading->devices_ = std::move(devices);
         loading->ended_.expires_at(asio::steady_timer::time_point::min());
+        loading->observers_->notify();
       }
       if (!isOutOfReach) {
         break;
@@ -68,6 +70,7 @@ class PairingService::Loading {
 
  private:
   asio::steady_timer ended_;
+  const std::shared_ptr<const Observers> observers_;
   std::optional<std::vector<PairedDevice>> devices_;
 };
 
@@ -78,7 +81,7 @@ PairingService::PairingService(asio::any_io_executor executor, asio::any_io_exec
       store_(std::move(store)),
       storeLane_(std::move(storeLane)),
       changes_(this->executor()),
-      loading_(std::make_shared<Loading>(this->executor())) {
+      loading_(std::make_shared<Loading>(this->executor(), observers_)) {
   renewSecrets();
   spawn(this->executor(), Loading::run(loading_, store_, storeLane_, retryPause),
         "loading the pairing");
@@ -145,9 +148,13 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
                                                                Uuid requestId) {
   co_await loaded();
   const auto guard = co_await changes_.acquire();
+  const bool wasLockedOut = engine_.isLockedOut();
   auto refused = refusal(request);
   if (!refused) {
     refused = secretRefusal(request);
+  }
+  if (engine_.isLockedOut() != wasLockedOut) {
+    observers_->notify();
   }
   if (refused) {
     log::info("pairing by ", rawValue(request.method), " refused: ", rawValue(refused->reason));
@@ -157,6 +164,7 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
   pairedDevices_ = {PairedDevice{request.deviceId, std::move(request.deviceName),
                                  DeviceToken{token}, ReferenceDate::now()}};
   loading_.reset();
+  observers_->notify();
   bool saved = false;
   try {
     auto saving = runBefore(changeDeadline, storeLane_, [store = store_, list = pairedDevices_] {
@@ -173,6 +181,7 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
   replacementPairingEnabled_ = false;
   renewSecrets();
   engine_.resetAttempts();
+  observers_->notify();
   log::info("paired by ", rawValue(request.method), " with \"", pairedDevices_.front().name, "\"");
   co_return MessageFactory::pairOK(token, requestId);
 }
@@ -219,6 +228,7 @@ Awaitable<> PairingService::doUnpairAll() {
   pairedDevices_.clear();
   replacementPairingEnabled_ = false;
   loading_.reset();
+  observers_->notify();
   log::info("unpaired");
   auto deleting = runBefore(changeDeadline, storeLane_, [store = store_] {
     store->deleteAll();
@@ -230,6 +240,7 @@ Awaitable<> PairingService::doUnpairAll() {
   }
   renewSecrets();
   engine_.resetAttempts();
+  observers_->notify();
 }
 
 Awaitable<> PairingService::doBeginReplacementPairing() {
@@ -238,6 +249,7 @@ Awaitable<> PairingService::doBeginReplacementPairing() {
   renewSecrets();
   engine_.resetAttempts();
   replacementPairingEnabled_ = true;
+  observers_->notify();
   log::info("another phone may pair");
 }
 
@@ -245,6 +257,7 @@ Awaitable<> PairingService::doEndReplacementPairing() {
   co_await loaded();
   const auto guard = co_await changes_.acquire();
   replacementPairingEnabled_ = false;
+  observers_->notify();
 }
 
 Awaitable<PairingState> PairingService::doState() {
