@@ -5,9 +5,9 @@ import json
 import subprocess
 import time
 
-from stage import (BIN, PARTS, PING, PORT, ROOT, application, eventually, exchange, listens,
-                   paired_agent, processor_seconds, quiet_agent, resident_kib, stage,
-                   start_seconds, wake_ups)
+from stage import (BIN, PARTS, PING, PORT, ROOT, application, by_thread, eventually, exchange,
+                   listens, paired_agent, quiet_agent, resident_kib, stage, start_seconds,
+                   used_since)
 from wire import TURNS, median
 
 # Without its window.
@@ -71,10 +71,10 @@ def quiet_phone(token):
 
 def left_alone(pid, seconds):
     """What the process uses of the processor, in percent, and its wake-ups in 20 s."""
-    used, woken = processor_seconds(pid), wake_ups(pid)
+    before = by_thread(pid)
     time.sleep(seconds)
-    return ((processor_seconds(pid) - used) / seconds * 100,
-            (wake_ups(pid) - woken) * 20 / seconds)
+    used, woken = used_since(before, pid)
+    return used / seconds * 100, woken * 20 / seconds
 
 
 def idle(seconds):
