@@ -13,6 +13,7 @@
 #include "platform/bonjour.h"
 #include "platform/executors.h"
 #include "platform/keychain.h"
+#include "platform/observers.h"
 #include "platform/process_running.h"
 #include "platform/shortcut_icon_client.h"
 #include "platform/sleep_watch.h"
@@ -43,9 +44,11 @@ class LivePlatform {
 
   // The computer's name as its user sees it, or none. Any thread.
   std::optional<std::string> localizedName() const;
+  // Told when that name may have changed, on the service loop.
+  Observers& nameChanges();
   // Whether anybody wants to know which applications run; while nobody does, none are looked for.
-  // Any thread.
-  void watchRunningApplications(bool watch);
+  // `looked` is called on the service loop once the first look has ended. Any thread.
+  void watchRunningApplications(bool watch, std::function<void()> looked);
 
  private:
   struct Parts;

@@ -107,12 +107,12 @@ struct ListenerService::Answer {
     return listener.pong(std::move(request));
   }
   Awaitable<Replies> operator()(Parser::AppLaunch request) {
-    return reply(listener.parts_.appMessageHandler.handleLaunch(
-        std::move(request.message.payload.bundleId), request.message.id));
+    return reply(listener, listener.parts_.appMessageHandler.handleLaunch(
+                               std::move(request.message.payload.bundleId), request.message.id));
   }
   Awaitable<Replies> operator()(Parser::AppFocus request) {
-    return reply(listener.parts_.appMessageHandler.handleFocus(
-        std::move(request.message.payload.bundleId), request.message.id));
+    return reply(listener, listener.parts_.appMessageHandler.handleFocus(
+                               std::move(request.message.payload.bundleId), request.message.id));
   }
   Awaitable<Replies> operator()(WireMessage<ActionRunPayload> request) {
     return listener.runAction(std::move(request));
@@ -130,7 +130,9 @@ struct ListenerService::Answer {
 
  private:
   static Awaitable<Replies> silence() { co_return Replies(); }
-  static Awaitable<Replies> reply(Awaitable<AppMessageResponse> answering) {
+  static Awaitable<Replies> reply(ListenerService& listener,
+                                  Awaitable<AppMessageResponse> answering) {
+    co_await listener.runningKnown();
     const auto response = co_await std::move(answering);
     co_return one(response);
   }
@@ -143,6 +145,12 @@ Awaitable<Replies> ListenerService::dispatch(std::string message,
     co_return Replies();
   }
   co_return co_await answer(std::move(*parsed), std::move(message), std::move(token), {});
+}
+
+Awaitable<> ListenerService::runningKnown() {
+  if (!runningWatch_->ask()) {
+    co_await runningWatch_->known();
+  }
 }
 
 bool ListenerService::isPaired(const std::optional<std::string>& token) {
@@ -194,18 +202,18 @@ Awaitable<std::optional<PairedDevice>> ListenerService::device(
 Awaitable<Replies> ListenerService::pair(WireMessage<PairRequestPayload> request) {
   const auto response =
       co_await parts_.pairingService.handlePairRequest(std::move(request.payload), request.id);
-  // A pairing may have replaced the phone that other connections belong to.
-  co_await dropUnpairedConnections();
   co_return one(response);
 }
 
 Awaitable<Replies> ListenerService::synchronise(Uuid requestId) {
+  co_await runningKnown();
   auto decks = co_await parts_.deckStore.deckSnapshots(parts_.workspace, parts_.iconProvider,
                                                        parts_.shortcutIconProvider);
   co_return one(MessageFactory::decksSnapshot(std::move(decks), requestId));
 }
 
 Awaitable<Replies> ListenerService::pong(WireMessage<PingPayload> request) {
+  co_await runningKnown();
   auto running = co_await parts_.deckStore.runningDeckBundleIds(parts_.workspace);
   co_return one(pongTo(request, std::move(running)));
 }
@@ -227,6 +235,7 @@ Awaitable<Replies> ListenerService::runShortcut(std::string bytes) {
   std::string text = WireCodec::checkedText(**reply);
   if (!shortcutCoachMessage_ && needsUser(text)) {
     shortcutCoachMessage_ = shortcutsHint();
+    observers_.notify();
   }
   co_return Replies{std::move(text)};
 }

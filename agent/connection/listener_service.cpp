@@ -41,7 +41,26 @@ ListenerService::ListenerService(asio::any_io_executor executor, Parts parts, st
       port_(port),
       bounds_(
           std::make_shared<ConnectionBounds>(ConnectionLimits::forDescriptors(descriptorLimit()))),
-      strangersTurn_(this->executor()) {}
+      strangersTurn_(this->executor()),
+      runningWatch_(
+          std::make_shared<RunningWatch>(this->executor(), parts_.watchRunningApplications)),
+      connections_({[this](std::string_view token) {
+                      return parts_.pairingService.isPaired(token).value_or(false);
+                    },
+                    [this](bool mayAsk) { runningWatch_->setWanted(mayAsk); },
+                    [this] { observers_.notify(); }}) {}
+
+std::shared_ptr<ListenerService> ListenerService::create(asio::any_io_executor executor,
+                                                         Parts parts, std::uint16_t port) {
+  std::shared_ptr<ListenerService> listener(
+      new ListenerService(std::move(executor), std::move(parts), port));
+  listener->parts_.pairingService.whenChanged([weak = std::weak_ptr(listener)] {
+    if (const auto self = weak.lock()) {
+      self->connections_.update();
+    }
+  });
+  return listener;
+}
 
 Awaitable<> ListenerService::start() {
   return enter(doStart());
@@ -94,12 +113,12 @@ Awaitable<> ListenerService::doRestart() {
 }
 
 Awaitable<ListenerState> ListenerService::doState() {
-  co_await dropUnpairedConnections();
   co_return ListenerState{isRunning_, lastError_, shortcutCoachMessage_};
 }
 
 Awaitable<> ListenerService::doDismissShortcutCoachMessage() {
   shortcutCoachMessage_.reset();
+  observers_.notify();
   co_return;
 }
 
@@ -111,9 +130,11 @@ void ListenerService::startListener() {
   if (port_ == 0) {
     throw ListenerServiceError(ListenerServiceError::Code::invalidPort);
   }
+  ++starts_;
   listener_ = std::make_unique<WebSocketListener>(executor(), port_, bounds_);
   isRunning_ = false;
   lastError_.reset();
+  observers_.notify();
   listener_->start(
       [weak = weak_from_this()](const WebSocketListenerState& state) {
         if (const auto self = weak.lock()) {
@@ -131,8 +152,8 @@ void ListenerService::stopListener() {
   listener_.reset();
   parts_.bonjour.withdraw();
   isRunning_ = false;
-  pushConnections_.clear();
-  pushConnectionsChanged();
+  connections_.endPushes();
+  observers_.notify();
 }
 
 void ListenerService::handleListenerState(const WebSocketListenerState& state) {
@@ -141,6 +162,7 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
       portConflictRetries_ = 0;
       isRunning_ = true;
       lastError_.reset();
+      observers_.notify();
       log::info("listening on port ", port_);
       advertise();
       return;
@@ -153,24 +175,27 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
     log::warning("not listening on port ", port_, ": ", state.error.message());
   }
   isRunning_ = false;
+  observers_.notify();
   parts_.bonjour.withdraw();
   if (portInUse && portConflictRetries_ < maxPortConflictRetries) {
     ++portConflictRetries_;
     listener_.reset();
-    spawn(executor(), retryStartAfterPortConflict(weak_from_this()), "listener");
+    spawn(executor(), retryStartAfterPortConflict(weak_from_this(), starts_), "listener");
   }
 }
 
-Awaitable<> ListenerService::retryStartAfterPortConflict(std::weak_ptr<ListenerService> weak) {
+Awaitable<> ListenerService::retryStartAfterPortConflict(std::weak_ptr<ListenerService> weak,
+                                                         unsigned start) {
   co_await sleepFor(portConflictPause);
   const auto self = weak.lock();
-  if (!self || self->listener_ || self->isRunning_ || self->isShutDown_) {
+  if (!self || self->listener_ || self->isShutDown_ || self->starts_ != start) {
     co_return;
   }
   try {
     self->startListener();
   } catch (const std::exception& error) {
     self->lastError_ = errorText(error).toStdString();
+    self->observers_.notify();
   }
 }
 
@@ -182,31 +207,28 @@ void ListenerService::advertise() {
 
 Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
                                    ConnectionPointer connection) {
-  self->connections_[connection.get()] = connection;
   auto token = WebSocketAuth::token(connection->handshake().headers);
+  self->connections_.add(connection, token);
   const auto paired = co_await self->device(token);
   if (paired) {
-    connection->setPaired(true);
-    self->pushConnections_[connection.get()] = {connection, *token};
-    self->pushConnectionsChanged();
     log::info("connected: \"", paired->name, "\" from ", connection->handshake().peer);
   } else {
     log::debug("connected: ", token ? "an unknown token" : "no token", " from ",
                connection->handshake().peer);
   }
   try {
-    co_await self->receiveMessages(connection, std::move(token), paired.has_value());
+    co_await self->receiveMessages(connection, std::move(token));
   } catch (const std::exception& error) {
     log::warning("connection: ", error.what());
   }
-  self->removeConnection(connection);
+  self->connections_.remove(connection);
   connection->cancel();
   log::writeIfWanted(paired ? log::Level::info : log::Level::debug,
                      "disconnected: ", connection->handshake().peer);
 }
 
 Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
-                                             std::optional<std::string> token, bool wasPaired) {
+                                             std::optional<std::string> token) {
   // As of the messages that came together.
   std::optional<std::vector<std::string>> running;
   for (;;) {
@@ -221,11 +243,7 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     if (message->empty()) {
       continue;
     }
-    // Which may have changed since the last message, whatever became of the pushes.
-    const bool paired = isPaired(token);
-    if (std::exchange(wasPaired, paired) != paired) {
-      connection->setPaired(paired);
-    }
+    const bool paired = isPaired(token);  // which may have changed since the last message
     std::optional<AsyncLock::Guard> turn;
     if (!paired) {
       running.reset();
@@ -237,10 +255,11 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
     if (!parsed) {
       continue;
     }
-    if (const auto* ping = paired ? std::get_if<WireMessage<PingPayload>>(&*parsed) : nullptr) {
+    const auto* ping = paired ? std::get_if<WireMessage<PingPayload>>(&*parsed) : nullptr;
+    if (ping != nullptr && runningWatch_->ask()) {
       if (!running) {
         const auto asked = ++pingsAsked_;
-        if (pushConnections_.size() > 1) {
+        if (connections_.paired() > 1) {
           // Behind what the others have sent, to answer them all from one look.
           co_await asio::post(executor(), asio::use_awaitable);
         }
@@ -264,50 +283,17 @@ Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
   }
 }
 
-void ListenerService::removeConnection(const ConnectionPointer& connection) {
-  connections_.erase(connection.get());
-  pushConnections_.erase(connection.get());
-  pushConnectionsChanged();
-}
-
-Awaitable<> ListenerService::dropUnpairedConnections() {
-  std::vector<PushConnection> all;
-  all.reserve(pushConnections_.size());
-  for (const auto& [key, pushed] : pushConnections_) {
-    all.push_back(pushed);
-  }
-  for (const auto& pushed : all) {
-    const auto paired = co_await device(pushed.token);
-    if (!paired) {
-      pushed.connection->setPaired(false);
-      pushConnections_.erase(pushed.connection.get());
-    }
-  }
-  pushConnectionsChanged();
-}
-
-void ListenerService::pushConnectionsChanged() {
-  const bool connected = !pushConnections_.empty();
-  if (phoneConnected_.exchange(connected) != connected) {
-    parts_.phoneConnected(connected);
-  }
-}
-
 Awaitable<> ListenerService::doPushDecksSnapshot() {
+  co_await runningKnown();
   auto decks = co_await parts_.deckStore.deckSnapshots(parts_.workspace, parts_.iconProvider,
                                                        parts_.shortcutIconProvider);
   const auto text = std::make_shared<const std::string>(
       WireCodec::encodeString(MessageFactory::decksSnapshot(std::move(decks), randomUuid())));
-  co_await dropUnpairedConnections();
-  for (const auto& [key, pushed] : pushConnections_) {
-    pushed.connection->push(text);
-  }
+  connections_.push(text);
 }
 
 Awaitable<> ListenerService::doCheckAfterSleep() {
-  for (const auto& [key, connection] : connections_) {
-    connection->probe();
-  }
+  connections_.probe();
   if (isRunning_) {
     advertise();
   }
@@ -317,10 +303,7 @@ Awaitable<> ListenerService::doCheckAfterSleep() {
 Awaitable<> ListenerService::doShutDown() {
   isShutDown_ = true;
   stopListener();
-  const auto all = std::exchange(connections_, {});
-  for (const auto& [key, connection] : all) {
-    connection->cancel();
-  }
+  connections_.cancelAll();
   co_return;
 }
 

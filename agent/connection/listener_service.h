@@ -1,8 +1,6 @@
 // The agent's network endpoint.
 #pragma once
 
-#include <atomic>
-#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -10,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "agent/connection/open_connections.h"
+#include "agent/connection/running_watch.h"
 #include "agent/connection/web_socket_listener.h"
 #include "agent/decks/deck_store.h"
 #include "agent/pairing/pairing_service.h"
@@ -21,6 +21,7 @@
 #include "platform/actor.h"
 #include "platform/async_lock.h"
 #include "platform/bonjour.h"
+#include "platform/observers.h"
 #include "platform/user_error.h"
 #include "protocol/glintboard_service.h"
 #include "protocol/wire_message_parser.h"
@@ -45,8 +46,8 @@ struct ListenerState {
 // pushes the decks to the paired ones when they change. A port that is briefly taken is tried
 // again by itself.
 //
-// An actor of the service loop, held by a shared_ptr. What it is given must outlive it and the
-// connections that it made.
+// An actor of the service loop, as its pairing service must be. What it is given must outlive it
+// and the connections that it made.
 class ListenerService : public Actor, public std::enable_shared_from_this<ListenerService> {
  public:
   struct Parts {
@@ -63,14 +64,15 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
     std::function<std::optional<std::string>()> localizedName;
     // Where actions block.
     asio::any_io_executor actionLane;
-    // Told whether a paired phone is connected, when that changes.
-    std::function<void(bool)> phoneConnected;
+    // Follows which applications run, while a phone asks.
+    RunningWatch::Switch watchRunningApplications;
   };
 
   static constexpr int maxPortConflictRetries = 8;
 
-  ListenerService(asio::any_io_executor executor, Parts parts,
-                  std::uint16_t port = GlintboardService::defaultPort);
+  static std::shared_ptr<ListenerService> create(
+      asio::any_io_executor executor, Parts parts,
+      std::uint16_t port = GlintboardService::defaultPort);
 
   // Creates the listener and starts it; isRunning becomes true when it is ready. Throws
   // ListenerServiceError.
@@ -80,8 +82,11 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   // A start from scratch, whatever came before: stop, retries and error forgotten, start.
   Awaitable<> restart();
   Awaitable<ListenerState> state();
-  // Whether a paired phone is connected at this moment. Any thread.
-  bool hasConnectedPhone() const { return phoneConnected_; }
+  // Whether a push reaches a phone at this moment. Any thread.
+  bool hasConnectedPhone() const { return connections_.hasPushes(); }
+  // Calls `told` in the actor's turn at every change of the state or of `hasConnectedPhone`. Any
+  // thread.
+  void whenChanged(std::function<void()> told) { observers_.add(std::move(told)); }
   Awaitable<> dismissShortcutCoachMessage();
   // Sends the decks to every connection of a paired phone.
   Awaitable<> pushDecksSnapshot();
@@ -97,12 +102,9 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
                                                std::optional<std::string> token);
 
  private:
-  using ConnectionPointer = std::shared_ptr<WebSocketConnection>;
-  struct PushConnection {
-    ConnectionPointer connection;
-    std::string token;
-  };
+  using ConnectionPointer = OpenConnections::Connection;
 
+  ListenerService(asio::any_io_executor executor, Parts parts, std::uint16_t port);
   Awaitable<> doStart();
   Awaitable<> doStop();
   Awaitable<> doRestart();
@@ -115,16 +117,14 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   void stopListener();
 
   void handleListenerState(const WebSocketListenerState& state);
-  static Awaitable<> retryStartAfterPortConflict(std::weak_ptr<ListenerService> weak);
+  // Does nothing if there was another start after the one of that number.
+  static Awaitable<> retryStartAfterPortConflict(std::weak_ptr<ListenerService> weak,
+                                                 unsigned start);
   void advertise();
 
   // The life of one connection, from its upgrade to its end.
   static Awaitable<> serve(std::shared_ptr<ListenerService> self, ConnectionPointer connection);
-  Awaitable<> receiveMessages(ConnectionPointer connection, std::optional<std::string> token,
-                              bool wasPaired);
-  void removeConnection(const ConnectionPointer& connection);
-  Awaitable<> dropUnpairedConnections();
-  void pushConnectionsChanged();
+  Awaitable<> receiveMessages(ConnectionPointer connection, std::optional<std::string> token);
 
   // Dispatch by message.
   // A stranger's `turn` is given back as soon as it holds up nobody.
@@ -137,6 +137,9 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   std::optional<std::vector<std::string>> runningSince(std::uint64_t asked);
   static std::string pongAtOnce(const WireMessage<PingPayload>& ping,
                                 std::vector<std::string> running);
+  // Resumes when the running applications are known, which takes up to 300 ms after the watch
+  // began.
+  Awaitable<> runningKnown();
   // As far as is known at once.
   bool isPaired(const std::optional<std::string>& token);
   Awaitable<std::optional<PairedDevice>> device(const std::optional<std::string>& token);
@@ -158,16 +161,17 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   // Held while a message is read that is not a paired phone's, so that many strangers hold up
   // nobody longer than one.
   AsyncLock strangersTurn_;
-  std::map<WebSocketConnection*, PushConnection> pushConnections_;
+  Observers observers_;
+  std::shared_ptr<RunningWatch> runningWatch_;
+  OpenConnections connections_;
   std::uint64_t pingsAsked_ = 0;                     // how many wanted a look
   std::uint64_t lookedAfter_ = 0;                    // how many of them when the last was made
   std::optional<std::vector<std::string>> running_;  // what it found
-  std::map<WebSocketConnection*, ConnectionPointer> connections_;
   bool isRunning_ = false;
   std::optional<std::string> lastError_;
   std::optional<std::string> shortcutCoachMessage_;
   int portConflictRetries_ = 0;
-  std::atomic<bool> phoneConnected_ = false;
+  unsigned starts_ = 0;
   bool isShutDown_ = false;
 };
 

@@ -24,31 +24,31 @@ PairFailPayload lockoutFailure() {
   return failure(PairingFailureReason::lockout, "Too many failed PIN attempts");
 }
 
-// Resumes one coroutine whenever somebody rings.
-class Bell : public std::enable_shared_from_this<Bell> {
+// Wakes one coroutine from any thread.
+class Wakeup : public std::enable_shared_from_this<Wakeup> {
  public:
-  explicit Bell(const asio::any_io_executor& executor) : silence_(executor) {
-    silence_.expires_at(asio::steady_timer::time_point::max());
+  explicit Wakeup(const asio::any_io_executor& executor) : timer_(executor) {
+    timer_.expires_at(asio::steady_timer::time_point::max());
   }
 
   // Any thread.
-  void ring() {
-    asio::post(silence_.get_executor(), [self = shared_from_this()] {
-      self->isRung_ = true;
-      self->silence_.cancel();
+  void notify() {
+    asio::post(timer_.get_executor(), [self = shared_from_this()] {
+      self->isNotified_ = true;
+      self->timer_.cancel();
     });
   }
 
-  // Resumes when it was rung since the last time.
-  static Awaitable<> heard(std::shared_ptr<Bell> bell) {
-    while (!std::exchange(bell->isRung_, false)) {
-      co_await bell->silence_.async_wait(asio::as_tuple(asio::use_awaitable));
+  // Resumes once there was a notification since the last call. On the timer's executor.
+  static Awaitable<> next(std::shared_ptr<Wakeup> wakeup) {
+    while (!std::exchange(wakeup->isNotified_, false)) {
+      co_await wakeup->timer_.async_wait(asio::as_tuple(asio::use_awaitable));
     }
   }
 
  private:
-  asio::steady_timer silence_;
-  bool isRung_ = false;
+  asio::steady_timer timer_;
+  bool isNotified_ = false;
 };
 
 }  // namespace
@@ -57,18 +57,21 @@ class Bell : public std::enable_shared_from_this<Bell> {
 // when a store out of reach tells of a change; it ends when the service drops it.
 class PairingService::Loading {
  public:
-  explicit Loading(const asio::any_io_executor& executor)
-      : ended_(executor), bell_(std::make_shared<Bell>(executor)) {
+  Loading(const asio::any_io_executor& executor, std::shared_ptr<const Observers> observers)
+      : ended_(executor),
+        observers_(std::move(observers)),
+        changed_(std::make_shared<Wakeup>(executor)) {
     ended_.expires_after(loadDeadline);
   }
   Loading(const Loading&) = delete;
   Loading& operator=(const Loading&) = delete;
-  ~Loading() { bell_->ring(); }
+  ~Loading() { changed_->notify(); }
 
   static void start(const std::shared_ptr<Loading>& loading,
                     std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
     spawn(loading->ended_.get_executor(),
-          run(loading, loading->bell_, std::move(store), std::move(lane)), "loading the pairing");
+          run(loading, loading->changed_, std::move(store), std::move(lane)),
+          "loading the pairing");
   }
 
   bool isExpected() const { return ended_.expiry() > std::chrono::steady_clock::now(); }
@@ -83,7 +86,7 @@ class PairingService::Loading {
   std::optional<std::vector<PairedDevice>> take() { return std::exchange(devices_, std::nullopt); }
 
  private:
-  static Awaitable<> run(std::weak_ptr<Loading> wanted, std::shared_ptr<Bell> bell,
+  static Awaitable<> run(std::weak_ptr<Loading> wanted, std::shared_ptr<Wakeup> changed,
                          std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
     bool watches = false;
     while (!wanted.expired()) {
@@ -95,18 +98,19 @@ class PairingService::Loading {
       if (const auto loading = wanted.lock()) {
         loading->devices_ = std::move(devices);
         loading->ended_.expires_at(asio::steady_timer::time_point::min());
+        loading->observers_->notify();
       }
       if (!isOutOfReach) {
         break;
       }
       if (!std::exchange(watches, true)) {
-        co_await watch(store, lane, [weak = std::weak_ptr(bell)] {
+        co_await watch(store, lane, [weak = std::weak_ptr(changed)] {
           if (const auto told = weak.lock()) {
-            told->ring();
+            told->notify();
           }
         });
       }
-      co_await Bell::heard(bell);
+      co_await Wakeup::next(changed);
     }
     if (watches) {
       co_await watch(store, lane, {});
@@ -120,8 +124,9 @@ class PairingService::Loading {
   }
 
   asio::steady_timer ended_;
+  const std::shared_ptr<const Observers> observers_;
   std::optional<std::vector<PairedDevice>> devices_;
-  const std::shared_ptr<Bell> bell_;
+  const std::shared_ptr<Wakeup> changed_;
 };
 
 PairingService::PairingService(asio::any_io_executor executor, asio::any_io_executor storeLane,
@@ -130,7 +135,7 @@ PairingService::PairingService(asio::any_io_executor executor, asio::any_io_exec
       store_(std::move(store)),
       storeLane_(std::move(storeLane)),
       changes_(this->executor()),
-      loading_(std::make_shared<Loading>(this->executor())) {
+      loading_(std::make_shared<Loading>(this->executor(), observers_)) {
   renewSecrets();
   Loading::start(loading_, store_, storeLane_);
 }
@@ -196,9 +201,13 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
                                                                Uuid requestId) {
   co_await loaded();
   const auto guard = co_await changes_.acquire();
+  const bool wasLockedOut = engine_.isLockedOut();
   auto refused = refusal(request);
   if (!refused) {
     refused = secretRefusal(request);
+  }
+  if (engine_.isLockedOut() != wasLockedOut) {
+    observers_->notify();
   }
   if (refused) {
     log::info("pairing by ", rawValue(request.method), " refused: ", rawValue(refused->reason));
@@ -208,6 +217,7 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
   pairedDevices_ = {PairedDevice{request.deviceId, std::move(request.deviceName),
                                  DeviceToken{token}, ReferenceDate::now()}};
   loading_.reset();
+  observers_->notify();
   bool saved = false;
   try {
     auto saving = runBefore(changeDeadline, storeLane_, [store = store_, list = pairedDevices_] {
@@ -224,6 +234,7 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
   replacementPairingEnabled_ = false;
   renewSecrets();
   engine_.resetAttempts();
+  observers_->notify();
   log::info("paired by ", rawValue(request.method), " with \"", pairedDevices_.front().name, "\"");
   co_return MessageFactory::pairOK(token, requestId);
 }
@@ -270,6 +281,7 @@ Awaitable<> PairingService::doUnpairAll() {
   pairedDevices_.clear();
   replacementPairingEnabled_ = false;
   loading_.reset();
+  observers_->notify();
   log::info("unpaired");
   auto deleting = runBefore(changeDeadline, storeLane_, [store = store_] {
     store->deleteAll();
@@ -281,6 +293,7 @@ Awaitable<> PairingService::doUnpairAll() {
   }
   renewSecrets();
   engine_.resetAttempts();
+  observers_->notify();
 }
 
 Awaitable<> PairingService::doBeginReplacementPairing() {
@@ -289,6 +302,7 @@ Awaitable<> PairingService::doBeginReplacementPairing() {
   renewSecrets();
   engine_.resetAttempts();
   replacementPairingEnabled_ = true;
+  observers_->notify();
   log::info("another phone may pair");
 }
 
@@ -296,6 +310,7 @@ Awaitable<> PairingService::doEndReplacementPairing() {
   co_await loaded();
   const auto guard = co_await changes_.acquire();
   replacementPairingEnabled_ = false;
+  observers_->notify();
 }
 
 Awaitable<PairingState> PairingService::doState() {

@@ -11,6 +11,7 @@
 #include "agent/pairing/paired_device_storing.h"
 #include "platform/actor.h"
 #include "platform/async_lock.h"
+#include "platform/observers.h"
 #include "protocol/pairing_engine.h"
 #include "protocol/payloads.h"
 #include "protocol/wire_message.h"
@@ -65,6 +66,9 @@ class PairingService : public Actor {
   Awaitable<> beginReplacementPairing();
   Awaitable<> endReplacementPairing();
   Awaitable<PairingState> state();
+  // Calls `told` in the actor's turn at every change of the state, the arrival of the stored list
+  // included. Any thread.
+  void whenChanged(std::function<void()> told) { observers_->add(std::move(told)); }
 
  private:
   class Loading;
@@ -85,6 +89,8 @@ class PairingService : public Actor {
 
   // Shared with the store lane, where a call may still hang when this is destroyed.
   std::shared_ptr<PairedDeviceStoring> store_;
+  // Shared with the loading, which may outlive this.
+  const std::shared_ptr<Observers> observers_ = std::make_shared<Observers>();
   asio::any_io_executor storeLane_;
   AsyncLock changes_;
   PairingEngine engine_;

@@ -65,7 +65,10 @@ AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
           platform.keychain(),
           platform.bonjourAdvertiser(),
           [&platform] { return platform.localizedName(); },
-          [&platform](bool connected) { platform.watchRunningApplications(connected); },
+          platform.nameChanges(),
+          [&platform](bool on, std::function<void()> looked) {
+            platform.watchRunningApplications(on, std::move(looked));
+          },
           GlintboardService::defaultPort,
           shortcutsExecutable()};
 }

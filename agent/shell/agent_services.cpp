@@ -13,7 +13,7 @@ AgentServices::AgentServices(AgentEnvironment environment, DeckStore& deckStore)
       // By turns with the other, so that a deck's icons are asked for without a way between
       // threads.
       shortcutIconProvider_(appIconProvider_.executor(), environment_.shortcutIcons),
-      listenerService_(std::make_shared<ListenerService>(
+      listenerService_(ListenerService::create(
           environment_.executors.service(),
           ListenerService::Parts{
               pairingService_, AppMessageHandler(AppLauncher(environment_.workspace)),
@@ -22,7 +22,7 @@ AgentServices::AgentServices(AgentEnvironment environment, DeckStore& deckStore)
                   ShortcutsRunner(environment_.shortcutsExecutable, environment_.processRunner))),
               deckStore, appIconProvider_, shortcutIconProvider_, environment_.workspace,
               environment_.bonjour, environment_.localizedName, environment_.executors.volumeLane(),
-              environment_.phoneConnected},
+              environment_.watchRunningApplications},
           environment_.port)) {}
 
 }  // namespace glintboard

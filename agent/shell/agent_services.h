@@ -17,6 +17,7 @@
 #include "platform/bonjour.h"
 #include "platform/executors.h"
 #include "platform/keychain.h"
+#include "platform/observers.h"
 #include "platform/process_running.h"
 #include "platform/shortcut_icon_client.h"
 
@@ -33,8 +34,9 @@ struct AgentEnvironment {
   Keychain& keychain;
   BonjourAdvertiser& bonjour;
   std::function<std::optional<std::string>()> localizedName;
-  // Told whether a paired phone is connected.
-  std::function<void(bool)> phoneConnected;
+  // Told when that name may have changed.
+  Observers& nameChanges;
+  RunningWatch::Switch watchRunningApplications;
   std::uint16_t port = GlintboardService::defaultPort;
   std::string shortcutsExecutable = ShortcutsCatalog::defaultExecutable;
 };

@@ -12,7 +12,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto refreshPeriod = 1s;
+// How often a failed listener is looked after.
+constexpr auto recoveryCheckPause = 1s;
 
 QString text(const std::string& utf8) {
   return QString::fromStdString(utf8);
@@ -29,32 +30,30 @@ AgentViewModel::AgentViewModel(asio::any_io_executor mainThread, AgentEnvironmen
                                DeckStore& deckStore)
     : mainThread_(std::move(mainThread)),
       deckStore_(deckStore),
-      services_(followingPhones(std::move(environment)), deckStore) {
+      services_(std::move(environment), deckStore) {
   connect(this, &AgentViewModel::pairedDevicesChanged, this,
           &AgentViewModel::pairingStatusTextChanged);
   connect(this, &AgentViewModel::isLockedOutChanged, this,
           &AgentViewModel::pairingStatusTextChanged);
-  startRefreshLoop();
+  recoveryCheck_.setSingleShot(true);
+  recoveryCheck_.setInterval(recoveryCheckPause);
+  recoveryCheck_.callOnTimeout(this, &AgentViewModel::refreshSoon);
+  followServices();
   spawn(mainThread_, startListener(), "starting the listener");
 }
 
-AgentViewModel::~AgentViewModel() {
-  *refreshTask_ = false;
-}
-
-// A phone that comes or goes is shown at once, not with the next refresh.
-AgentEnvironment AgentViewModel::followingPhones(AgentEnvironment environment) {
-  environment.phoneConnected = [told = std::move(environment.phoneConnected),
-                                weak = QPointer<AgentViewModel>(this),
-                                mainThread = mainThread_](bool connected) {
-    told(connected);
+void AgentViewModel::followServices() {
+  const auto told = [weak = QPointer<AgentViewModel>(this), mainThread = mainThread_] {
     asio::post(mainThread, [weak] {
       if (weak) {
         weak->refreshConnectedPhone();
+        weak->refreshSoon();
       }
     });
   };
-  return environment;
+  services_.pairingService().whenChanged(told);
+  services_.listenerService().whenChanged(told);
+  services_.environment().nameChanges.add(told);
 }
 
 bool AgentViewModel::refreshConnectedPhone() {
@@ -75,24 +74,16 @@ QString AgentViewModel::pairingStatusText() const {
                       : tr("Waiting for iPhone to scan QR");
 }
 
-void AgentViewModel::startRefreshLoop() {
-  if (refreshTask_) {
-    *refreshTask_ = false;
+void AgentViewModel::refreshSoon() {
+  if (!std::exchange(isRefreshDue_, true)) {
+    spawn(mainThread_, refreshOnce(this), "refresh");
   }
-  refreshTask_ = std::make_shared<bool>(true);
-  spawn(mainThread_, refreshLoop(this, refreshTask_, services_.environment().executors.service()),
-        "refresh");
 }
 
-Awaitable<> AgentViewModel::refreshLoop(QPointer<AgentViewModel> viewModel,
-                                        std::shared_ptr<bool> task, asio::any_io_executor timer) {
-  while (*task && viewModel) {
-    try {
-      co_await viewModel->refresh();
-    } catch (const std::exception& error) {
-      log::warning("refresh: ", error.what());
-    }
-    co_await asio::co_spawn(timer, sleepFor(refreshPeriod), asio::use_awaitable);
+Awaitable<> AgentViewModel::refreshOnce(QPointer<AgentViewModel> viewModel) {
+  if (viewModel) {
+    viewModel->isRefreshDue_ = false;
+    co_await viewModel->refresh();
   }
 }
 
@@ -111,7 +102,7 @@ Awaitable<> AgentViewModel::refresh() {
     co_return;
   }
   setListener(listener);
-  if (!isListenerRunning_ && !listenerError_.isNull()) {
+  if (hasListenerFailed()) {
     co_await attemptAutomaticRecoveryIfNeeded();
   }
 }
@@ -136,6 +127,11 @@ void AgentViewModel::setListener(const ListenerState& listener) {
   refreshConnectedPhone();
   set(shortcutCoachMessage_, text(listener.shortcutCoachMessage),
       &AgentViewModel::shortcutCoachMessageChanged);
+  if (!hasListenerFailed()) {
+    recoveryCheck_.stop();
+  } else if (!recoveryCheck_.isActive()) {
+    recoveryCheck_.start();
+  }
 }
 
 void AgentViewModel::setListenerError(const std::exception& error) {

@@ -4,8 +4,8 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 #include <chrono>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -15,19 +15,18 @@
 
 namespace glintboard {
 
-// A snapshot of the services' state, at most about a second old. A field's signal is emitted only
-// when its value changes. Optional texts are null when absent.
+// A copy of the services' state, made anew whenever they tell of a change. A field's signal is
+// emitted only when its value changes. Optional texts are null when absent.
 //
 // Lives on the main thread; its coroutines run there and await the services.
 class AgentViewModel : public QObject {
   Q_OBJECT
 
  public:
-  // Makes the services, starts the refresh loop and then the listener. `mainThread` is the
-  // executor over the thread that makes this; `deckStore` must outlive it.
+  // Makes the services, follows them and starts the listener. `mainThread` is the executor over the
+  // thread that makes this; `deckStore` must outlive it.
   AgentViewModel(asio::any_io_executor mainThread, AgentEnvironment environment,
                  DeckStore& deckStore);
-  ~AgentViewModel() override;
 
   QString currentPIN() const { return currentPIN_; }
   QString pairingQRString() const { return pairingQRString_; }
@@ -78,14 +77,16 @@ class AgentViewModel : public QObject {
  private:
   template <class T>
   void set(T& field, T value, void (AgentViewModel::*changed)());
-  AgentEnvironment followingPhones(AgentEnvironment environment);
+  // Copies what has changed, as soon as the services answer. Any number of changes that come
+  // meanwhile is one refresh.
+  void refreshSoon();
+  static Awaitable<> refreshOnce(QPointer<AgentViewModel> viewModel);
+  void followServices();
   void setPairing(const PairingState& pairing);
   void setListener(const ListenerState& listener);
   void setListenerError(const std::exception& error);
+  bool hasListenerFailed() const { return !isListenerRunning_ && !listenerError_.isNull(); }
   Awaitable<> restart();
-  void startRefreshLoop();
-  static Awaitable<> refreshLoop(QPointer<AgentViewModel> viewModel, std::shared_ptr<bool> task,
-                                 asio::any_io_executor timer);
 
   asio::any_io_executor mainThread_;
   DeckStore& deckStore_;
@@ -103,7 +104,8 @@ class AgentViewModel : public QObject {
   bool isShowingPairingCode_ = false;
   int pairingCommands_ = 0;  // carried out so far
 
-  std::shared_ptr<bool> refreshTask_;  // set to false, it ends the loop
+  bool isRefreshDue_ = false;
+  QTimer recoveryCheck_;  // runs while the listener has failed
   std::optional<std::chrono::steady_clock::time_point> lastRecoveryAttempt_;
   std::chrono::duration<double> recoveryCooldown_{5.0};
 };

@@ -136,21 +136,25 @@ def resident_kib(pid):
     raise RuntimeError("no such process")
 
 
-def of_tasks(pid, file, field):
-    """The sum over all threads."""
-    return sum(field((task / file).read_text(encoding="ascii"))
-               for task in pathlib.Path(f"/proc/{pid}/task").iterdir())
-
-
-def processor_seconds(pid):
-    return of_tasks(pid, "schedstat", lambda text: int(text.split()[0])) / 1e9
-
-
-def wake_ups(pid):
+def by_thread(pid):
+    """The processor seconds and the wake-ups of each thread."""
     def voluntary(text):
         return next(int(line.split()[1]) for line in text.splitlines()
                     if line.startswith("voluntary_ctxt_switches"))
-    return of_tasks(pid, "status", voluntary)
+    return {task.name: (int((task / "schedstat").read_text(encoding="ascii").split()[0]) / 1e9,
+                        voluntary((task / "status").read_text(encoding="ascii")))
+            for task in pathlib.Path(f"/proc/{pid}/task").iterdir()}
+
+
+def used_since(before, pid):
+    """The processor seconds and the wake-ups since `by_thread`, of the threads that still run."""
+    now = by_thread(pid)
+    return tuple(sum(figures[place] - before.get(thread, (0, 0))[place]
+                     for thread, figures in now.items()) for place in range(2))
+
+
+def processor_seconds(pid):
+    return used_since({}, pid)[0]
 
 
 def start_seconds(desktop, arguments=()):

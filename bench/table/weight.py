@@ -5,13 +5,15 @@ import json
 import subprocess
 import time
 
-from stage import (BIN, PARTS, PING, PORT, ROOT, application, eventually, exchange, listens,
-                   paired_agent, processor_seconds, quiet_agent, resident_kib, stage,
-                   start_seconds, wake_ups)
+from stage import (BIN, PARTS, PING, PORT, ROOT, application, by_thread, eventually, exchange,
+                   listens, paired_agent, quiet_agent, resident_kib, stage, start_seconds,
+                   used_since)
 from wire import TURNS, median
 
 # Without its window.
 AT_LOGIN = ["--background"]
+# Seconds after which the start is over, and after which a phone counts as quiet.
+SETTLED, QUIET = 3, 18
 
 
 def start_display(desktop):
@@ -56,24 +58,49 @@ def tap(times):
             return {"tap_p50": json.loads(done.stdout)["p50"]}
 
 
+@contextlib.contextmanager
+def quiet_phone(token):
+    """A connected phone that asks nothing any more."""
+    with subprocess.Popen([BIN / "glintboard-load", "hold", str(PORT), "1", token],
+                          stdin=subprocess.PIPE, stdout=subprocess.PIPE) as phone:
+        assert phone.stdout.readline() == b"held\n"
+        time.sleep(QUIET)
+        yield
+        phone.stdin.close()
+
+
+def left_alone(pid, seconds):
+    """What the process uses of the processor, in percent, and its wake-ups in 20 s."""
+    before = by_thread(pid)
+    time.sleep(seconds)
+    used, woken = used_since(before, pid)
+    return used / seconds * 100, woken * 20 / seconds
+
+
 def idle(seconds):
-    """One agent with a tray and then one without a display, both left alone."""
+    """An agent without a display, and one with a tray, first without and then with a phone."""
     figures = {}
-    for where in "bare", "tray":
-        with contextlib.ExitStack() as stack:
-            desktop = stack.enter_context(stage())
-            if where == "tray":
-                start_display(desktop)
-            agent = stack.enter_context(quiet_agent(desktop, AT_LOGIN))
+    with stage() as desktop, quiet_agent(desktop, AT_LOGIN) as agent:
+        eventually(lambda: listens(PORT), "A listener")
+        time.sleep(SETTLED)
+        figures["idle_cpu_bare"], _ = left_alone(agent.pid, seconds)
+        figures["idle_rss_bare"] = resident_kib(agent.pid) / 1024
+    with stage() as desktop:
+        start_display(desktop)
+        with quiet_agent(desktop, AT_LOGIN) as agent:
             eventually(lambda: listens(PORT), "A listener")
-            time.sleep(3)
-            used, woken = processor_seconds(agent.pid), wake_ups(agent.pid)
-            time.sleep(seconds)
-            figures |= {
-                f"idle_cpu_{where}": (processor_seconds(agent.pid) - used) / seconds * 100,
-                f"idle_rss_{where}": resident_kib(agent.pid) / 1024,
-                f"idle_wakes_{where}": (wake_ups(agent.pid) - woken) * 20 / seconds}
-    del figures["idle_wakes_bare"]
+            time.sleep(SETTLED)
+            figures["idle_cpu_tray"], figures["idle_wakes_tray"] = left_alone(agent.pid, seconds)
+            figures["idle_rss_tray"] = resident_kib(agent.pid) / 1024
+    with stage() as desktop:
+        with paired_agent(desktop) as (_, token):
+            pass
+        start_display(desktop)
+        with quiet_agent(desktop, AT_LOGIN) as agent:
+            eventually(lambda: listens(PORT), "A listener")
+            with quiet_phone(token):
+                figures["idle_cpu_phone"], figures["idle_wakes_phone"] = left_alone(agent.pid,
+                                                                                    seconds)
     return figures
 
 

@@ -8,6 +8,7 @@
 #include <glib.h>
 #include <sys/eventfd.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/linux/utf8_text.h"
@@ -16,7 +17,9 @@
 namespace glintboard {
 namespace {
 
-constexpr unsigned retryPause = 3000;  // milliseconds
+// Milliseconds.
+constexpr unsigned minRetryPause = 3000;
+constexpr unsigned maxRetryPause = 30'000;
 
 // libdbus ends the process over text that is not UTF-8, and a label of the network holds few bytes.
 std::string networkName(const std::string& name) {
@@ -102,7 +105,8 @@ void AvahiAdvertiser::update() {
 
 void AvahiAdvertiser::tryLater() {
   timeval time{};
-  ::avahi_elapse_time(&time, retryPause, 0);
+  ::avahi_elapse_time(&time, pause_, 0);
+  pause_ = std::min(pause_ * 2, maxRetryPause);
   ::avahi_threaded_poll_get(poll_.get())->timeout_update(nextTry_, &time);
 }
 
@@ -119,6 +123,7 @@ void AvahiAdvertiser::takeWanted() {
   group_.reset();
   collided_ = false;
   refusal_ = AVAHI_OK;
+  pause_ = minRetryPause;
   if (service_) {
     name_ = networkName(service_->name);
   }
@@ -183,6 +188,9 @@ void AvahiAdvertiser::clientChanged(AvahiClient*, AvahiClientState state, void* 
   const bool isAway = state == AVAHI_CLIENT_CONNECTING || state == AVAHI_CLIENT_FAILURE;
   if (std::exchange(advertiser->complained_, isAway) != isAway && isAway) {
     log::info("Bonjour: Avahi does not run; phones do not find this computer by themselves");
+  }
+  if (state == AVAHI_CLIENT_S_RUNNING) {
+    advertiser->pause_ = minRetryPause;
   }
   advertiser->clientState_ = state;
   advertiser->wake();

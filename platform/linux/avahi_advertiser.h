@@ -57,7 +57,8 @@ class AvahiAdvertiser : public BonjourAdvertiser {
   bool collided_ = false;
   bool failed_ = false;
   bool complained_ = false;
-  int refusal_ = 0;  // Avahi's last error about the service, as the log has it
+  int refusal_ = 0;     // Avahi's last error about the service, as the log has it
+  unsigned pause_ = 0;  // before the next try, in milliseconds
 };
 
 }  // namespace glintboard

@@ -3,6 +3,8 @@
 #include <pthread.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <string_view>
 #include <utility>
 
 namespace glintboard {
@@ -13,6 +15,17 @@ constexpr std::chrono::seconds shortestPause{1};
 constexpr std::chrono::seconds longestPause{30};
 
 using Work = std::function<void()>;
+
+// Whether nothing listens at an address: a try would cost GIO a thread. Only for a lone plain path,
+// as nearly all addresses are.
+bool isMissing(const std::string& address) {
+  constexpr std::string_view prefix = "unix:path=";
+  if (!address.starts_with(prefix) || address.find_first_of(",;%") != std::string::npos) {
+    return false;
+  }
+  std::error_code unknown;
+  return !std::filesystem::exists(address.substr(prefix.size()), unknown) && !unknown;
+}
 
 // Gives `source` to `context`, where it runs `work` once. The caller owns the result.
 GSource* start(GMainContext* context, GSource* source, Work work) {
@@ -87,7 +100,7 @@ void DesktopBus::run() {
 
 void DesktopBus::connect() {
   const auto address = address_();
-  if (address.empty()) {
+  if (address.empty() || isMissing(address)) {
     failed();
     tryLater();
     return;

@@ -262,8 +262,8 @@ ApplicationListClient LinuxApplications::listClient() {
   return applicationList(parts_->index);
 }
 
-void LinuxApplications::watchRunningApplications(bool watch) {
-  parts_->running->watch(watch);
+void LinuxApplications::watchRunningApplications(bool watch, std::function<void()> looked) {
+  parts_->running->watch(watch, std::move(looked));
 }
 
 std::shared_ptr<const ApplicationIndex> LinuxApplications::index() const {

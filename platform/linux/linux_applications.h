@@ -39,8 +39,9 @@ class LinuxApplications {
   ApplicationListClient listClient();
   // Opens a folder in the application that has the role of file manager.
   FolderOpener folderOpener();
-  // Whether to look for running applications that this agent did not start. Any thread.
-  void watchRunningApplications(bool watch);
+  // Whether to look for running applications that this agent did not start. `looked` is called on
+  // the service loop after the first look. Any thread.
+  void watchRunningApplications(bool watch, std::function<void()> looked = nullptr);
   // The installed applications, for those who need more of an entry than its file. Any thread.
   std::shared_ptr<const ApplicationIndex> index() const;
 

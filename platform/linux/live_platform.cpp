@@ -29,9 +29,12 @@ struct LivePlatform::Parts {
         keychain(secretService, fileKeychain, std::move(keychainRule)),
         bonjourAdvertiser(
             std::make_shared<RenamingAdvertiser>(std::make_unique<AvahiAdvertiser>(), hostName)),
-        hostNameWatcher(HostNameWatcher::start(
-            executors.service(), HostName::machineInfoFile,
-            [advertiser = bonjourAdvertiser] { advertiser->checkName(); })) {}
+        hostNameWatcher(
+            HostNameWatcher::start(executors.service(), HostName::machineInfoFile,
+                                   [advertiser = bonjourAdvertiser, observers = nameChanges] {
+                                     advertiser->checkName();
+                                     observers->notify();
+                                   })) {}
   ~Parts() { hostNameWatcher->stop(); }
 
   XdgFolders folders;
@@ -42,6 +45,7 @@ struct LivePlatform::Parts {
   FileKeychain fileKeychain;
   TwoPlaceKeychain keychain;
   std::shared_ptr<const HostName> hostName = std::make_shared<const HostName>();
+  std::shared_ptr<Observers> nameChanges = std::make_shared<Observers>();
   std::shared_ptr<RenamingAdvertiser> bonjourAdvertiser;
   std::shared_ptr<HostNameWatcher> hostNameWatcher;
   LogindSleepWatch sleepWatch;
@@ -115,8 +119,12 @@ std::optional<std::string> LivePlatform::localizedName() const {
   return parts_->hostName->localizedName();
 }
 
-void LivePlatform::watchRunningApplications(bool watch) {
-  parts_->applications.watchRunningApplications(watch);
+Observers& LivePlatform::nameChanges() {
+  return *parts_->nameChanges;
+}
+
+void LivePlatform::watchRunningApplications(bool watch, std::function<void()> looked) {
+  parts_->applications.watchRunningApplications(watch, std::move(looked));
 }
 
 }  // namespace glintboard

@@ -58,8 +58,10 @@ void RunningApplications::launched(const std::string& bundleId, pid_t leader) {
   spawn(service_, followSession(weak_from_this(), leader), "launched application");
 }
 
-void RunningApplications::watch(bool on) {
-  asio::post(service_, [self = shared_from_this(), on] { self->startOrStop(on); });
+void RunningApplications::watch(bool on, std::function<void()> looked) {
+  asio::post(service_, [self = shared_from_this(), on, looked = std::move(looked)] {
+    self->startOrStop(on, looked);
+  });
 }
 
 // A launched script may end and leave its application behind: the session lives on in another
@@ -106,7 +108,7 @@ Awaitable<> RunningApplications::followSession(std::weak_ptr<RunningApplications
 }
 
 Awaitable<> RunningApplications::scanRepeatedly(std::shared_ptr<RunningApplications> self,
-                                                unsigned round) {
+                                                unsigned round, std::function<void()> looked) {
   for (;;) {
     auto scanning = runOn(self->workers_, [self] { return self->scan(); });
     auto scanned = co_await std::move(scanning);
@@ -114,6 +116,9 @@ Awaitable<> RunningApplications::scanRepeatedly(std::shared_ptr<RunningApplicati
       co_return;
     }
     self->takeScan(std::move(scanned));
+    if (const auto tell = std::exchange(looked, nullptr)) {
+      tell();
+    }
     self->nextScan_.expires_after(2s);
     co_await self->nextScan_.async_wait(asio::as_tuple(asio::use_awaitable));
     if (round != self->round_) {
@@ -122,7 +127,7 @@ Awaitable<> RunningApplications::scanRepeatedly(std::shared_ptr<RunningApplicati
   }
 }
 
-void RunningApplications::startOrStop(bool on) {
+void RunningApplications::startOrStop(bool on, std::function<void()> looked) {
   if (on == watching_) {
     return;
   }
@@ -130,7 +135,8 @@ void RunningApplications::startOrStop(bool on) {
   ++round_;
   nextScan_.cancel();
   if (on) {
-    spawn(service_, scanRepeatedly(shared_from_this(), round_), "running applications");
+    spawn(service_, scanRepeatedly(shared_from_this(), round_, std::move(looked)),
+          "running applications");
     return;
   }
   takeScan({});

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <boost/asio/posix/stream_descriptor.hpp>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -31,8 +32,10 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
   std::shared_ptr<const Snapshot> current() const;
   // Adds an application that was just launched; `leader` leads a session of its own. Any thread.
   void launched(const std::string& bundleId, pid_t leader);
-  // Any thread. What was found is forgotten when the watching ends.
-  void watch(bool on);
+  // Any thread. What was found is forgotten when the watching ends. `looked` is called on the
+  // service loop once the first scan after the watching began has ended; never if it is ended
+  // before that.
+  void watch(bool on, std::function<void()> looked = nullptr);
 
  private:
   struct Launched {
@@ -48,8 +51,9 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
 
   RunningApplications(Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher);
   static Awaitable<> followSession(std::weak_ptr<RunningApplications> weakSelf, pid_t leader);
-  static Awaitable<> scanRepeatedly(std::shared_ptr<RunningApplications> self, unsigned round);
-  void startOrStop(bool on);
+  static Awaitable<> scanRepeatedly(std::shared_ptr<RunningApplications> self, unsigned round,
+                                    std::function<void()> looked);
+  void startOrStop(bool on, std::function<void()> looked);
   // Looks through all processes. On a worker.
   Snapshot scan();
   // Replaces what the scan before found. On the service loop.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "agent/pairing/keychain_paired_device_store.h"
 #include "platform/run_on.h"
 #include "protocol/message_factory.h"
 #include "tests/support/test_agent.h"
@@ -13,6 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 using phone::PhoneConnection;
 using test::soon;
+using Clock = std::chrono::steady_clock;
 
 class ListenerServiceTest : public testing::Test {
  protected:
@@ -29,7 +31,7 @@ class ListenerServiceTest : public testing::Test {
 
   ListenerState state() { return agent.run(listener.state()); }
   bool pushes() {
-    state();
+    state();  // behind what is under way on the service loop
     return listener.hasConnectedPhone();
   }
 
@@ -91,7 +93,7 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   agent.desktop.installed = {"com.apple.Safari", "com.spotify.client"};
   start();
   auto phone = connect(agent.pair(services));
-  EXPECT_TRUE(test::eventually([&] { return agent.phoneConnected.load(); }));
+  EXPECT_TRUE(test::eventually([&] { return agent.watchesRunning.load(); }));
   const auto farOff = WireDate::parse("9999-12-31T23:59:59Z").value();
   const auto pong = ask(phone, MessageFactory::ping(farOff, id));
   ASSERT_EQ(pong.size(), 1u);
@@ -142,7 +144,13 @@ TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   EXPECT_FALSE(pushes());
   EXPECT_EQ(ask(phone, MessageFactory::deckSync(id)).size(), 1u);
   EXPECT_THROW(connect(), std::exception);
-  start();
+  agent.run(listener.restart());
+  agent.run(services.pairingService().beginReplacementPairing());
+  EXPECT_FALSE(pushes()) << "until the phone connects again";
+  EXPECT_TRUE(agent.watchesRunning) << "it may still ask";
+  agent.run(services.pairingService().unpairAll());
+  EXPECT_FALSE(agent.watchesRunning);
+  ASSERT_TRUE(test::eventually([&] { return state().isRunning; }));
   connect();
 }
 
@@ -157,6 +165,83 @@ TEST_F(ListenerServiceTest, ATakenPortIsTriedEightTimesMoreEach400MillisecondsLa
   EXPECT_FALSE(test::eventually([&] { return state().isRunning; }, 800ms)) << "a ninth time";
   EXPECT_EQ(state().lastError, "Port " + std::to_string(agent.port) +
                                    " is already in use. Quit the other Glintboard Agent first.");
+}
+
+TEST_F(ListenerServiceTest, APhoneThatIsThereBeforeTheStoredListJoinsWhenThatComes) {
+  KeychainPairedDeviceStore(agent.keychain).save({{randomUuid(), "Phone", {"stored"}, {}}});
+  agent.keychain.hangs = true;
+  std::atomic<int> told = 0;
+  AgentServices late(agent.environment(), agent.deckStore);
+  ListenerService& itsListener = late.listenerService();
+  itsListener.whenChanged([&] { told += itsListener.hasConnectedPhone() ? 1 : 0; });
+  agent.run(itsListener.start());
+  auto phone = connect("stored");
+  phone.send(WireCodec::encode(MessageFactory::deckSync(id)), soon());
+  EXPECT_TRUE(WireCodec::decode<AppErrorPayload>(phone.receive(soon()).value_or("")));
+  EXPECT_FALSE(itsListener.hasConnectedPhone());
+  agent.keychain.recover();
+  EXPECT_TRUE(test::eventually([&] { return told > 0; }));
+  EXPECT_TRUE(agent.watchesRunning);
+  agent.run(itsListener.pushDecksSnapshot());
+  EXPECT_TRUE(WireCodec::decode<DecksSnapshotPayload>(phone.receive(soon()).value_or("")));
+  agent.run(itsListener.shutDown());
+}
+
+TEST_F(ListenerServiceTest, TheFirstAnswersWaitForTheFirstLookAtWhatRuns) {
+  agent.desktop.installed = {"com.apple.Safari"};
+  agent.looksAtOnce = false;
+  start();
+  const auto token = agent.pair(services);
+  const std::string questions[] = {
+      WireCodec::encode(MessageFactory::ping(WireDate::now(), id)),
+      WireCodec::encode(MessageFactory::deckSync(id)),
+      WireCodec::encode(MessageFactory::appFocus("com.apple.Safari", id)),
+  };
+  auto stranger = connect();
+  for (const bool looks : {true, false}) {
+    for (const std::string& question : questions) {
+      agent.desktop.running = {};
+      std::optional<PhoneConnection> phone(connect(token));
+      ASSERT_TRUE(test::eventually([&] { return agent.watchesRunning.load(); }));
+      const auto asked = Clock::now();
+      phone->send(question, soon());
+      stranger.send(WireCodec::encode(MessageFactory::deckSync(id)), soon());
+      EXPECT_TRUE(stranger.receive(soon())) << "others are not held up";
+      auto look = runOn(agent.executors.service(), [&] {
+        agent.desktop.running = agent.desktop.installed;
+        if (looks) {
+          agent.looked();
+        }
+      });
+      agent.run(std::move(look));
+      const auto answer = phone->receive(soon()).value_or("");
+      const bool isRight =
+          answer.find(R"("runningBundleIds":["com.apple.Safari")") != std::string::npos ||
+          answer.find("app.ok") != std::string::npos;
+      // A busy computer may need so long for the look that nobody waits for it any more.
+      EXPECT_TRUE(isRight || Clock::now() - asked >= RunningWatch::patience) << answer;
+      phone.reset();
+      ASSERT_TRUE(test::eventually([&] { return !agent.watchesRunning; }));
+    }
+  }
+}
+
+TEST_F(ListenerServiceTest, TheWatchOfWhatRunsRestsWhileNobodyAsks) {
+  std::atomic<bool> isOn = false;
+  const auto watch = std::make_shared<RunningWatch>(
+      agent.executors.service(), [&](bool on, const std::function<void()>&) { isOn = on; },
+      std::chrono::milliseconds(1));
+  const auto onService = [&](auto function) {
+    auto running = runOn(agent.executors.service(), function);
+    return agent.run(std::move(running));
+  };
+  onService([&] { watch->setWanted(true); });
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_TRUE(test::eventually([&] { return !isOn; }));
+    EXPECT_FALSE(onService([&] { return watch->ask(); })) << "what was known is outdated";
+  }
+  onService([&] { watch->setWanted(false); });
+  EXPECT_FALSE(isOn);
 }
 
 }  // namespace

@@ -30,6 +30,9 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_EQ(test::codeIn(window->view()->grabWindow()), address + "\n");
   EXPECT_EQ(PairingQRPayload::parse(address).value().macName, "Test Computer");
   EXPECT_EQ(viewModel->bonjourServiceName(), "Test Computer");
+  agent.name = "Another Name";
+  agent.nameChanges.notify();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return viewModel->bonjourServiceName() == "Another Name"; }));
 
   int changes = 0;
   QObject::connect(viewModel.get(), &AgentViewModel::pairedDevicesChanged, [&] { ++changes; });

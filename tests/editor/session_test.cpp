@@ -13,17 +13,16 @@ using EditorSessionTest = test::EditorWindowTest;
 TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
   test::TestAgent agent;
   agent.desktop.installed = {"calendar", "files"};
-  auto environment = agent.environment();
-  environment.phoneConnected = [&](bool connected) { stage.phone = connected; };
-  AgentServices services(environment, stage.store);
-  agent.run(services.listenerService().start());
-  ASSERT_TRUE(
-      test::eventually([&] { return agent.run(services.listenerService().state()).isRunning; }));
+  AgentServices services(agent.environment(), stage.store);
+  auto& listener = services.listenerService();
+  listener.whenChanged([&] { stage.phone = listener.hasConnectedPhone(); });
+  agent.run(listener.start());
+  ASSERT_TRUE(test::eventually([&] { return agent.run(listener.state()).isRunning; }));
   std::optional<phone::AgentSession> phone(
       std::in_place,
       phone::PhoneConnection({"127.0.0.1", agent.port}, agent.pair(services), test::soon()), 5s);
   phone->sync();
-  stage.onSaved = [&] { return services.listenerService().pushDecksSnapshot(); };
+  stage.onSaved = [&] { return listener.pushDecksSnapshot(); };
 
   storeDeck({}, "Empty");
   open();

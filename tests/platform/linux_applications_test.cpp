@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <csignal>
+#include <future>
 
 #include "platform/file_descriptor.h"
 #include "tests/platform/applications_test.h"
@@ -92,8 +93,10 @@ TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {
                                             std::vector<std::string>{program.string(), "60"});
   start();
   EXPECT_FALSE(workspace_.isRunning("player"));
-  applications_->watchRunningApplications(true);
-  EXPECT_TRUE(becomesRunning("player", true));
+  std::promise<bool> found;
+  applications_->watchRunningApplications(true,
+                                          [&] { found.set_value(workspace_.isRunning("player")); });
+  EXPECT_TRUE(found.get_future().get()) << "known at the end of the first look";
   process.reset();
   EXPECT_TRUE(becomesRunning("player", false, std::chrono::seconds(1))) << "before the next look";
   process.emplace(std::vector<std::string>{program.string(), "60"});

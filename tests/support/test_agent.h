@@ -20,7 +20,11 @@ struct TestAgent {
   FakeRunner processRunner;
   FakeKeychain keychain;
   FakeBonjour bonjour;
-  std::atomic<bool> phoneConnected = false;
+  Observers nameChanges;
+  std::atomic<bool> watchesRunning = false;
+  // Whether the watch's first look ends at once; else it does when `looked` is called.
+  bool looksAtOnce = true;
+  std::function<void()> looked;
   std::optional<std::string> name = "Test Computer";
   std::uint16_t port = freePort();
   Executors executors;
@@ -39,7 +43,14 @@ struct TestAgent {
             keychain,
             bonjour,
             [this] { return name; },
-            [this](bool connected) { phoneConnected = connected; },
+            nameChanges,
+            [this](bool on, std::function<void()> told) {
+              if (on && looksAtOnce) {
+                told();
+              }
+              looked = std::move(told);
+              watchesRunning = on;
+            },
             port,
             "/bin/true"};
   }
