@@ -63,10 +63,20 @@ FocusScope {
         width: parent.width
     }
 
+    DraftOffer {
+        id: offer
+
+        objectName: "offer"
+        y: line.y + line.height
+        width: parent.width
+        editor: view.editor
+        onAnswered: view.forceActiveFocus()
+    }
+
     LibraryPane {
         id: library
 
-        y: line.y + line.height
+        y: offer.y + offer.height
         width: parent.width - phone.width
         height: parent.height - y
         editor: view.editor
