@@ -13,8 +13,8 @@
 namespace glintboard {
 namespace {
 
-constexpr auto writePause = std::chrono::milliseconds(500);
-constexpr mode_t fileMode = 0600;
+constexpr auto keepPause = std::chrono::milliseconds(500);
+constexpr mode_t draftMode = 0600;
 
 }  // namespace
 
@@ -76,7 +76,7 @@ Awaitable<> DeckDrafts::doKeep(DeckCategoryID category, std::optional<DeckDraft>
     co_return;
   }
   if (!isFinishing_) {
-    pause_.expires_after(writePause);
+    pause_.expires_after(keepPause);
     co_await pause_.async_wait(asio::as_tuple(asio::use_awaitable));
   }
   while (!unwritten_.empty()) {
@@ -99,7 +99,7 @@ Awaitable<> DeckDrafts::write(DeckCategoryID category, std::optional<DeckDraft> 
     auto writing = runOn(workers_, [file = fileOf(category), draft = std::move(draft)] {
       if (draft) {
         std::filesystem::create_directories(file.parent_path());
-        writeAtomically(file, jsonText(*draft), fileMode);
+        writeAtomically(file, jsonText(*draft), draftMode);
       } else {
         std::filesystem::remove(file);
       }
