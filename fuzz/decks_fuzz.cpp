@@ -1,5 +1,6 @@
 // The decks file and an earlier version's: whatever is in them, the phone gets its decks, the user
-// can save, and nothing is lost. A draft: what is read of it can be written and reads back the same.
+// can save, and nothing is lost. A draft: what is read of it can be written and reads back the
+// same.
 #include "agent/decks/deck_drafts.h"
 #include "fuzz/fuzz.h"
 #include "platform/atomic_file.h"

@@ -68,7 +68,7 @@ FocusScope {
 
         objectName: "offer"
         y: line.y + line.height
-        width: parent.width
+        width: library.width
         editor: view.editor
         onAnswered: view.forceActiveFocus()
     }
@@ -95,9 +95,9 @@ FocusScope {
         id: phone
 
         anchors.right: parent.right
-        y: library.y
+        y: line.y + line.height
         width: Math.max(328, Math.min(440, Math.round(parent.width * 0.36)))
-        height: library.height
+        height: parent.height - y
         editor: view.editor
         dragged: dragged
     }

@@ -3,7 +3,7 @@ import Glintboard.Editor
 import Glintboard.UI
 
 // Unsaved changes of an earlier window, until they are restored or dismissed. The room for the offer
-// opens and closes slowly, so that nothing jumps.
+// opens and closes slowly, so that nothing jumps. Large text has the buttons below.
 Item {
     id: offer
 
@@ -23,7 +23,13 @@ Item {
         }
     }
 
-    implicitHeight: Math.max(texts.implicitHeight, buttons.implicitHeight) + 2 * Look.Gap8 + line.height
+    readonly property real textWidth: Math.max(title.implicitWidth, offer.showsNote ? note.implicitWidth : 0)
+    readonly property bool fits: texts.x + offer.textWidth + Look.Gap16 <= buttons.x
+    readonly property real buttonsBelow: offer.fits ? 0 : buttons.height + Look.Gap8
+    // Of the middle of the texts.
+    readonly property real middle: Look.Gap8 + Math.max(texts.height, offer.fits ? buttons.height : 0) / 2
+
+    implicitHeight: 2 * offer.middle + offer.buttonsBelow + line.height
     height: offer.isOpen ? offer.implicitHeight : 0
     visible: offer.height > 0
     enabled: offer.isOpen
@@ -57,7 +63,7 @@ Item {
         id: symbol
 
         x: Look.Gap24
-        y: (offer.implicitHeight - line.height - height) / 2
+        y: offer.middle - height / 2
         name: "pencil"
         color: Look.accent
         size: Look.symbolSize + 2
@@ -67,8 +73,8 @@ Item {
         id: texts
 
         x: symbol.x + symbol.width + Look.Gap12
-        y: (offer.implicitHeight - line.height - height) / 2
-        width: buttons.x - x - Look.Gap16
+        y: offer.middle - height / 2
+        width: (offer.fits ? buttons.x - Look.Gap16 : parent.width - Look.Gap24) - x
 
         Text {
             id: title
@@ -99,7 +105,7 @@ Item {
 
         anchors.right: parent.right
         anchors.rightMargin: Look.Gap24
-        y: (offer.implicitHeight - line.height - height) / 2
+        y: offer.fits ? offer.middle - height / 2 : 2 * offer.middle
         spacing: Look.Gap8
 
         PillButton {

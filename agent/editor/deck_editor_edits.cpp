@@ -100,7 +100,8 @@ void DeckEditorModel::addTile(const DeckTile& tile) {
 }
 
 bool DeckEditorModel::drop(const QStringList& items, int index) {
-  const bool accepted = !items.isEmpty() && session_->isEditable() && dropItem(items.front(), index);
+  const bool accepted =
+      !items.isEmpty() && session_->isEditable() && dropItem(items.front(), index);
   setDropTargetIndex(-1);
   return accepted;
 }
@@ -127,9 +128,8 @@ bool DeckEditorModel::dropItem(const QString& item, int index) {
   }
   // A key may stay on the deck when what it stands for is gone; it can still be moved.
   const auto onDeck = [&](DeckTileKind kind) {
-    return std::ranges::find_if(tiles(), [&](const DeckTile& tile) {
-      return tile.kind == kind && tile.derivedId() == id;
-    });
+    return std::ranges::find_if(
+        tiles(), [&](const DeckTile& tile) { return tile.kind == kind && tile.derivedId() == id; });
   };
   for (const auto kind : {DeckTileKind::shortcut, DeckTileKind::app, DeckTileKind::action}) {
     if (const auto tile = onDeck(kind); tile != tiles().end()) {
@@ -163,7 +163,7 @@ bool DeckEditorModel::move(int from, int to) {
     return false;
   }
   session_->setTiles(DeckEdits::moved(tiles(), static_cast<std::size_t>(from),
-                        static_cast<std::size_t>(std::max(to, 0))));
+                                      static_cast<std::size_t>(std::max(to, 0))));
   return true;
 }
 

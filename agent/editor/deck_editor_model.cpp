@@ -69,7 +69,7 @@ void DeckEditorModel::followSession() {
     showKeys();
     for (const auto changed : {&DeckEditorModel::deckChanged, &DeckEditorModel::liveChanged,
                                &DeckEditorModel::historyChanged}) {
-      Q_EMIT (this->*changed)();
+      Q_EMIT(this->*changed)();
     }
   });
   connect(session, &DeckSession::busyChanged, this, &DeckEditorModel::busyChanged);
@@ -222,8 +222,7 @@ QString DeckEditorModel::offerText() const {
   if (!offer) {
     return {};
   }
-  const auto made =
-      QDateTime::fromSecsSinceEpoch(offer->editedAt.time.time_since_epoch().count());
+  const auto made = QDateTime::fromSecsSinceEpoch(offer->editedAt.time.time_since_epoch().count());
   // As the user writes times and dates, whatever language the windows speak.
   const QLocale locale = QLocale::system();
   const QString time = locale.language() == QLocale::C

@@ -104,8 +104,8 @@ void DeckSession::keepDraft() {
   history().unsaved = isEdited ? std::optional(deck_) : std::nullopt;
   std::optional<DeckDraft> wanted = offer_;
   if (isEdited) {
-    wanted = DeckDraft{templateOf(category_, deck_), templateOf(category_, saved_),
-                       WireDate::now()};
+    wanted =
+        DeckDraft{templateOf(category_, deck_), templateOf(category_, saved_), WireDate::now()};
     if (kept_ && kept_->deck == wanted->deck && kept_->base == wanted->base) {
       return;
     }

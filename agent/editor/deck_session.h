@@ -38,8 +38,8 @@ struct DeckSessionParts {
 
 // One deck at a time: as it is stored, as it is edited, and what the user is told about it. Only
 // save(), reset() and undoing a reset change the stored deck. While a deck is loaded or reset,
-// edits and saves are refused, so that no deck ends up in another's place. Unsaved edits are kept as
-// a draft from the moment they are made until they are saved or undone.
+// edits and saves are refused, so that no deck ends up in another's place. Unsaved edits are kept
+// as a draft from the moment they are made until they are saved or undone.
 //
 // Lives on the main thread; its coroutines run there and share it, so that a save goes on when its
 // window is closed.

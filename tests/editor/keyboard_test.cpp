@@ -116,8 +116,9 @@ TEST_F(EditorKeyboardTest, EveryControlHasANameAndARole) {
         "Undo", "Redo", "Reset to default", "1 of 24 keys", "Synced", "Restore", "Dismiss"}) {
     EXPECT_TRUE(names.contains(name)) << name;
   }
-  EXPECT_EQ(names.filter(QRegularExpression("^Unsaved changes from .*1970.* The deck has changed "
-                                            "since then\\.$"))
+  EXPECT_EQ(names
+                .filter(QRegularExpression("^Unsaved changes from .*1970.* The deck has changed "
+                                           "since then\\.$"))
                 .size(),
             1);
   tabTo("offer-dismiss");

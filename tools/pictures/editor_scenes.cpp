@@ -151,17 +151,10 @@ void showTab(EditorStage& stage, const char* tab) {
 
 // What the user has named; a letter stands for an icon.
 QStringList ownTexts() {
-  QStringList own{"Brew tea",
-                  "Tidy the desk",
-                  "Good morning",
-                  "Lights off",
-                  "On Air",
-                  "Everything",
-                  "Game Night",
-                  "Vol \u2212",
-                  "Vol +",
-                  "Mute",
-                  "Glintboard \u2014 Voice in Cursor"};
+  QStringList own{"Brew tea",   "Tidy the desk", "Good morning",
+                  "Lights off", "On Air",        "Streaming",
+                  "Everything", "Game Night",    "Vol \u2212",
+                  "Vol +",      "Mute",          "Glintboard \u2014 Voice in Cursor"};
   for (const auto& sample : samples) {
     own += {QString::fromLatin1(sample.name), QString(QLatin1Char(*sample.name))};
   }
@@ -241,11 +234,11 @@ void keepDraft(EditorStage& stage, bool isOfToday) {
                           DeckEdits::renumbered(usualTiles()));
   tiles.push_back(appTile("mixer", "Mixer"));
   const QDateTime made(isOfToday ? QDate::currentDate() : QDate(2026, 11, 20), QTime(14, 2));
-  stage.drafts.keep(DeckCategoryID::streaming,
-                    DeckDraft{{"streaming", "On Air", DeckEdits::renumbered(tiles)},
-                              base,
-                              {std::chrono::sys_seconds(
-                                  std::chrono::seconds(made.toSecsSinceEpoch()))}});
+  stage.drafts.keep(
+      DeckCategoryID::streaming,
+      DeckDraft{{"streaming", "On Air", DeckEdits::renumbered(tiles)},
+                base,
+                {std::chrono::sys_seconds(std::chrono::seconds(made.toSecsSinceEpoch()))}});
 }
 
 void withDraft(EditorStage& stage) {
