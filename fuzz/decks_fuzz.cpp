@@ -1,5 +1,7 @@
 // The decks file and an earlier version's: whatever is in them, the phone gets its decks, the user
-// can save, and nothing is lost.
+// can save, and nothing is lost. A draft: what is read of it can be written and reads back the
+// same.
+#include "agent/decks/deck_drafts.h"
 #include "fuzz/fuzz.h"
 #include "platform/atomic_file.h"
 #include "protocol/json_writer.h"
@@ -68,6 +70,13 @@ class Decks {
   ShortcutIconProvider shortcutIcons_{executors_.workerStrand(), test::noShortcutIcons()};
 };
 
+void useDraft(std::string_view content) {
+  if (const auto draft = deckDraft(content, Category::gaming)) {
+    fuzz::require(deckDraft(jsonText(*draft), Category::gaming) == draft,
+                  "a draft reads back as the same");
+  }
+}
+
 }  // namespace
 }  // namespace glintboard
 
@@ -77,5 +86,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   for (const char* file : {"decks.json", "deck.json"}) {
     decks.use(file, glintboard::fuzz::textOf(data, size));
   }
+  glintboard::useDraft(glintboard::fuzz::textOf(data, size));
   return 0;
 }

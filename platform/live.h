@@ -60,5 +60,7 @@ std::unique_ptr<AgentInstances> liveAgentInstances();
 
 // The agent's own folder in the user's data folder; not created here.
 std::filesystem::path applicationSupportFolder();
+// The same in the user's state folder, for what outlives the agent but is no document.
+std::filesystem::path applicationStateFolder();
 
 }  // namespace glintboard

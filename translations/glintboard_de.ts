@@ -57,6 +57,21 @@
     </message>
 </context>
 <context>
+    <name>DraftOffer</name>
+    <message>
+        <source>The deck has changed since then.</source>
+        <translation>Das Deck wurde seitdem geändert.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+</context>
+<context>
     <name>EditorHeader</name>
     <message>
         <source>Deck name</source>
@@ -525,12 +540,12 @@
         <translation>Synchronisiert</translation>
     </message>
     <message>
-        <source>Saved on Mac — connect iPhone to update.</source>
-        <translation>Auf dem Computer gespeichert – zum Aktualisieren das iPhone verbinden.</translation>
-    </message>
-    <message>
         <source>Only installed applications can be dropped here.</source>
         <translation>Hier können nur installierte Apps abgelegt werden.</translation>
+    </message>
+    <message>
+        <source>Unsaved changes from %1</source>
+        <translation>Nicht gespeicherte Änderungen, Stand %1</translation>
     </message>
 </context>
 <context>
@@ -538,6 +553,25 @@
     <message>
         <source>Edit Deck</source>
         <translation>Deck bearbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>glintboard::DeckSession</name>
+    <message>
+        <source>Saved on Mac — connect iPhone to update.</source>
+        <translation>Auf dem Computer gespeichert – zum Aktualisieren das iPhone verbinden.</translation>
+    </message>
+    <message>
+        <source>The default deck is in place. Undo brings yours back.</source>
+        <translation>Das Standard-Deck ist eingesetzt. „Rückgängig“ bringt Ihres zurück.</translation>
+    </message>
+    <message>
+        <source>The reset is undone: your deck is saved. Connect iPhone to update.</source>
+        <translation>Das Zurücksetzen ist rückgängig gemacht: Ihr Deck ist gespeichert. Zum Aktualisieren das iPhone verbinden.</translation>
+    </message>
+    <message>
+        <source>The reset is undone: your deck is saved and on the iPhone again.</source>
+        <translation>Das Zurücksetzen ist rückgängig gemacht: Ihr Deck ist gespeichert und wieder auf dem iPhone.</translation>
     </message>
 </context>
 <context>

@@ -57,6 +57,21 @@
     </message>
 </context>
 <context>
+    <name>DraftOffer</name>
+    <message>
+        <source>The deck has changed since then.</source>
+        <translation>El deck ha cambiado desde entonces.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Descartar</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Restaurar</translation>
+    </message>
+</context>
+<context>
     <name>EditorHeader</name>
     <message>
         <source>Deck name</source>
@@ -525,12 +540,12 @@
         <translation>Sincronizado</translation>
     </message>
     <message>
-        <source>Saved on Mac — connect iPhone to update.</source>
-        <translation>Guardado en el ordenador: conecta el iPhone para actualizarlo.</translation>
-    </message>
-    <message>
         <source>Only installed applications can be dropped here.</source>
         <translation>Aquí solo se pueden soltar apps instaladas.</translation>
+    </message>
+    <message>
+        <source>Unsaved changes from %1</source>
+        <translation>Cambios sin guardar (%1)</translation>
     </message>
 </context>
 <context>
@@ -538,6 +553,25 @@
     <message>
         <source>Edit Deck</source>
         <translation>Editar el deck</translation>
+    </message>
+</context>
+<context>
+    <name>glintboard::DeckSession</name>
+    <message>
+        <source>Saved on Mac — connect iPhone to update.</source>
+        <translation>Guardado en el ordenador: conecta el iPhone para actualizarlo.</translation>
+    </message>
+    <message>
+        <source>The default deck is in place. Undo brings yours back.</source>
+        <translation>El deck predeterminado está puesto. «Deshacer» recupera el tuyo.</translation>
+    </message>
+    <message>
+        <source>The reset is undone: your deck is saved. Connect iPhone to update.</source>
+        <translation>El restablecimiento se ha deshecho: tu deck está guardado. Conecta el iPhone para actualizarlo.</translation>
+    </message>
+    <message>
+        <source>The reset is undone: your deck is saved and on the iPhone again.</source>
+        <translation>El restablecimiento se ha deshecho: tu deck está guardado y de nuevo en el iPhone.</translation>
     </message>
 </context>
 <context>

@@ -57,6 +57,21 @@
     </message>
 </context>
 <context>
+    <name>DraftOffer</name>
+    <message>
+        <source>The deck has changed since then.</source>
+        <translation>Le deck a changé depuis.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Abandonner</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Restaurer</translation>
+    </message>
+</context>
+<context>
     <name>EditorHeader</name>
     <message>
         <source>Deck name</source>
@@ -525,12 +540,12 @@
         <translation>Synchronisé</translation>
     </message>
     <message>
-        <source>Saved on Mac — connect iPhone to update.</source>
-        <translation>Enregistré sur l’ordinateur — connectez l’iPhone pour le mettre à jour.</translation>
-    </message>
-    <message>
         <source>Only installed applications can be dropped here.</source>
         <translation>Seules les apps installées peuvent être déposées ici.</translation>
+    </message>
+    <message>
+        <source>Unsaved changes from %1</source>
+        <translation>Modifications non enregistrées (%1)</translation>
     </message>
 </context>
 <context>
@@ -538,6 +553,25 @@
     <message>
         <source>Edit Deck</source>
         <translation>Modifier le deck</translation>
+    </message>
+</context>
+<context>
+    <name>glintboard::DeckSession</name>
+    <message>
+        <source>Saved on Mac — connect iPhone to update.</source>
+        <translation>Enregistré sur l’ordinateur — connectez l’iPhone pour le mettre à jour.</translation>
+    </message>
+    <message>
+        <source>The default deck is in place. Undo brings yours back.</source>
+        <translation>Le deck par défaut est en place. Annulez la modification pour retrouver le vôtre.</translation>
+    </message>
+    <message>
+        <source>The reset is undone: your deck is saved. Connect iPhone to update.</source>
+        <translation>La réinitialisation est annulée : votre deck est enregistré. Connectez l’iPhone pour le mettre à jour.</translation>
+    </message>
+    <message>
+        <source>The reset is undone: your deck is saved and on the iPhone again.</source>
+        <translation>La réinitialisation est annulée : votre deck est enregistré et de nouveau sur l’iPhone.</translation>
     </message>
 </context>
 <context>

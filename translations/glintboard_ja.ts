@@ -57,6 +57,21 @@
     </message>
 </context>
 <context>
+    <name>DraftOffer</name>
+    <message>
+        <source>The deck has changed since then.</source>
+        <translation>その後、デッキは変更されています。</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>復元</translation>
+    </message>
+</context>
+<context>
     <name>EditorHeader</name>
     <message>
         <source>Deck name</source>
@@ -524,12 +539,12 @@
         <translation>同期済み</translation>
     </message>
     <message>
-        <source>Saved on Mac — connect iPhone to update.</source>
-        <translation>コンピューターに保存しました — iPhoneを接続すると更新されます。</translation>
-    </message>
-    <message>
         <source>Only installed applications can be dropped here.</source>
         <translation>ここにドロップできるのはインストール済みのアプリだけです。</translation>
+    </message>
+    <message>
+        <source>Unsaved changes from %1</source>
+        <translation>保存していない変更（%1）</translation>
     </message>
 </context>
 <context>
@@ -537,6 +552,25 @@
     <message>
         <source>Edit Deck</source>
         <translation>デッキを編集</translation>
+    </message>
+</context>
+<context>
+    <name>glintboard::DeckSession</name>
+    <message>
+        <source>Saved on Mac — connect iPhone to update.</source>
+        <translation>コンピューターに保存しました — iPhoneを接続すると更新されます。</translation>
+    </message>
+    <message>
+        <source>The default deck is in place. Undo brings yours back.</source>
+        <translation>初期設定のデッキになりました。元に戻すと自分のデッキが戻ります。</translation>
+    </message>
+    <message>
+        <source>The reset is undone: your deck is saved. Connect iPhone to update.</source>
+        <translation>リセットを取り消し、自分のデッキを保存しました。iPhoneを接続すると更新されます。</translation>
+    </message>
+    <message>
+        <source>The reset is undone: your deck is saved and on the iPhone again.</source>
+        <translation>リセットを取り消し、自分のデッキを保存しました。iPhoneにも戻りました。</translation>
     </message>
 </context>
 <context>

@@ -63,10 +63,20 @@ FocusScope {
         width: parent.width
     }
 
+    DraftOffer {
+        id: offer
+
+        objectName: "offer"
+        y: line.y + line.height
+        width: library.width
+        editor: view.editor
+        onAnswered: view.forceActiveFocus()
+    }
+
     LibraryPane {
         id: library
 
-        y: line.y + line.height
+        y: offer.y + offer.height
         width: parent.width - phone.width
         height: parent.height - y
         editor: view.editor
@@ -85,9 +95,9 @@ FocusScope {
         id: phone
 
         anchors.right: parent.right
-        y: library.y
+        y: line.y + line.height
         width: Math.max(328, Math.min(440, Math.round(parent.width * 0.36)))
-        height: library.height
+        height: parent.height - y
         editor: view.editor
         dragged: dragged
     }

@@ -42,27 +42,6 @@ std::filesystem::path launcherPath(const QString& item) {
 
 }  // namespace
 
-void DeckEditorModel::setDeckName(const QString& name) {
-  if (name == deck_.name) {
-    return;
-  }
-  if (isEditable()) {
-    history_.record(deck_, true);
-    deck_.name = name;
-  }
-  // Also when it is refused, so that a field takes back what was typed.
-  Q_EMIT deckChanged();
-}
-
-void DeckEditorModel::edit(Tiles tiles) {
-  if (tiles == deck_.tiles) {
-    return;
-  }
-  history_.record(deck_, false);
-  deck_.tiles = std::move(tiles);
-  showDeck();
-}
-
 std::optional<DeckTile> DeckEditorModel::appTile(const std::string& bundleId) const {
   const auto* app = apps_->app(bundleId);
   return app == nullptr ? std::nullopt
@@ -107,21 +86,22 @@ void DeckEditorModel::add(const QString& payload) {
 }
 
 void DeckEditorModel::addTile(const DeckTile& tile) {
-  if (!isEditable() || isFull()) {
+  if (!session_->isEditable() || isFull()) {
     return;
   }
-  if (DeckEdits::placeOf(deck_.tiles, tile)) {
-    setMessages(duplicateText(tile), infoMessage_);
+  if (DeckEdits::placeOf(tiles(), tile)) {
+    setError(duplicateText(tile));
     return;
   }
-  dropTile(tile, static_cast<int>(deck_.tiles.size()));
+  dropTile(tile, static_cast<int>(tiles().size()));
   if (tile.kind != DeckTileKind::app) {
-    setMessages(errorMessage_, QString());
+    setInfo(QString());
   }
 }
 
 bool DeckEditorModel::drop(const QStringList& items, int index) {
-  const bool accepted = !items.isEmpty() && isEditable() && dropItem(items.front(), index);
+  const bool accepted =
+      !items.isEmpty() && session_->isEditable() && dropItem(items.front(), index);
   setDropTargetIndex(-1);
   return accepted;
 }
@@ -132,8 +112,8 @@ bool DeckEditorModel::dropDesktopFile(const QList<QUrl>& urls, int index) {
     items.append(url.toString(QUrl::FullyEncoded));
   }
   const bool accepted = drop(items, index);
-  if (!accepted && isEditable() && !isFull()) {
-    setMessages(tr("Only installed applications can be dropped here."), infoMessage_);
+  if (!accepted && session_->isEditable() && !isFull()) {
+    setError(tr("Only installed applications can be dropped here."));
   }
   return accepted;
 }
@@ -148,12 +128,11 @@ bool DeckEditorModel::dropItem(const QString& item, int index) {
   }
   // A key may stay on the deck when what it stands for is gone; it can still be moved.
   const auto onDeck = [&](DeckTileKind kind) {
-    return std::ranges::find_if(deck_.tiles, [&](const DeckTile& tile) {
-      return tile.kind == kind && tile.derivedId() == id;
-    });
+    return std::ranges::find_if(
+        tiles(), [&](const DeckTile& tile) { return tile.kind == kind && tile.derivedId() == id; });
   };
   for (const auto kind : {DeckTileKind::shortcut, DeckTileKind::app, DeckTileKind::action}) {
-    if (const auto tile = onDeck(kind); tile != deck_.tiles.end()) {
+    if (const auto tile = onDeck(kind); tile != tiles().end()) {
       return dropTile(DeckTile(*tile), index);
     }
   }
@@ -163,58 +142,35 @@ bool DeckEditorModel::dropItem(const QString& item, int index) {
 
 bool DeckEditorModel::dropTile(const DeckTile& tile, int index) {
   const auto place = static_cast<std::size_t>(std::max(index, 0));
-  if (const auto from = DeckEdits::placeOf(deck_.tiles, tile)) {
-    edit(DeckEdits::moved(deck_.tiles, *from, place));
+  if (const auto from = DeckEdits::placeOf(tiles(), tile)) {
+    session_->setTiles(DeckEdits::moved(tiles(), *from, place));
     return true;
   }
   if (isFull()) {
     return false;
   }
-  if (tile.kind == DeckTileKind::shortcut && !DeckEdits::holdsShortcut(deck_.tiles)) {
+  if (tile.kind == DeckTileKind::shortcut && !DeckEdits::holdsShortcut(tiles())) {
     showFirstShortcutTip_ = true;
     Q_EMIT tipChanged();
   }
-  edit(DeckEdits::inserted(deck_.tiles, tile, place));
-  setMessages(QString(), infoMessage_);
+  session_->setTiles(DeckEdits::inserted(tiles(), tile, place));
+  setError(QString());
   return true;
 }
 
 bool DeckEditorModel::move(int from, int to) {
-  if (!isEditable() || from < 0 || static_cast<std::size_t>(from) >= deck_.tiles.size()) {
+  if (!session_->isEditable() || from < 0 || static_cast<std::size_t>(from) >= tiles().size()) {
     return false;
   }
-  edit(DeckEdits::moved(deck_.tiles, static_cast<std::size_t>(from),
-                        static_cast<std::size_t>(std::max(to, 0))));
+  session_->setTiles(DeckEdits::moved(tiles(), static_cast<std::size_t>(from),
+                                      static_cast<std::size_t>(std::max(to, 0))));
   return true;
 }
 
 void DeckEditorModel::remove(int index) {
-  if (isEditable() && index >= 0 && static_cast<std::size_t>(index) < deck_.tiles.size()) {
-    edit(DeckEdits::removed(deck_.tiles, static_cast<std::size_t>(index)));
+  if (session_->isEditable() && index >= 0 && static_cast<std::size_t>(index) < tiles().size()) {
+    session_->setTiles(DeckEdits::removed(tiles(), static_cast<std::size_t>(index)));
   }
-}
-
-void DeckEditorModel::undo() {
-  if (isEditable()) {
-    restore(history_.undo(deck_));
-  }
-}
-
-void DeckEditorModel::redo() {
-  if (isEditable()) {
-    restore(history_.redo(deck_));
-  }
-}
-
-void DeckEditorModel::restore(std::optional<DeckState> state) {
-  if (!state) {
-    return;
-  }
-  deck_ = std::move(*state);
-  refreshShortcutLabels();
-  // The message was about what has been undone.
-  setMessages(QString(), infoMessage_);
-  showDeck();
 }
 
 }  // namespace glintboard

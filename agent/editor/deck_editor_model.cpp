@@ -1,6 +1,8 @@
 #include "agent/editor/deck_editor_model.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QLocale>
 #include <algorithm>
 #include <array>
 
@@ -35,6 +37,9 @@ std::shared_ptr<DeckEditorModel> DeckEditorModel::create(DeckEditorInputs inputs
 
 DeckEditorModel::DeckEditorModel(DeckEditorInputs inputs)
     : inputs_(std::move(inputs)),
+      session_(std::make_shared<DeckSession>(DeckSessionParts{
+          inputs_.mainThread, inputs_.deckStore, inputs_.deckDrafts, inputs_.histories,
+          inputs_.workspace, inputs_.isPhoneConnected, inputs_.onSaved})),
       icons_(std::make_shared<EditorIcons>()),
       apps_(std::make_shared<AppsLibrary>(inputs_.mainThread, inputs_.appsCatalog,
                                           inputs_.workspace, icons_)),
@@ -50,35 +55,55 @@ DeckEditorModel::DeckEditorModel(DeckEditorInputs inputs)
   }
   actionCards_.setEntries(std::move(actions));
 
+  followSession();
+  followLibraries();
+}
+
+void DeckEditorModel::followSession() {
+  auto* const session = session_.get();
+  connect(session, &DeckSession::deckReplaced, this, &DeckEditorModel::dismissFirstShortcutTip);
+  connect(session, &DeckSession::deckChanged, this, [this] {
+    if (!DeckEdits::holdsShortcut(tiles())) {
+      dismissFirstShortcutTip();
+    }
+    showKeys();
+    for (const auto changed : {&DeckEditorModel::deckChanged, &DeckEditorModel::liveChanged,
+                               &DeckEditorModel::historyChanged}) {
+      Q_EMIT(this->*changed)();
+    }
+  });
+  connect(session, &DeckSession::busyChanged, this, &DeckEditorModel::busyChanged);
+  connect(session, &DeckSession::busyChanged, this, &DeckEditorModel::historyChanged);
+  connect(session, &DeckSession::liveChanged, this, &DeckEditorModel::liveChanged);
+  connect(session, &DeckSession::offerChanged, this, &DeckEditorModel::offerChanged);
+  connect(session, &DeckSession::messagesChanged, this, &DeckEditorModel::messagesChanged);
+  connect(session, &DeckSession::closeRequested, this, &DeckEditorModel::closeRequested);
+}
+
+void DeckEditorModel::followLibraries() {
   connect(apps_.get(), &AppsLibrary::changed, this, &DeckEditorModel::showKeys);
   connect(apps_.get(), &AppsLibrary::changed, this, &DeckEditorModel::suggestedWarningsChanged);
   connect(apps_.get(), &AppsLibrary::iconsChanged, this, &DeckEditorModel::showKeys);
-  connect(shortcuts_.get(), &ShortcutsLibrary::changed, this, [this] {
-    refreshShortcutLabels();
-    showDeck();
-  });
+  connect(shortcuts_.get(), &ShortcutsLibrary::changed, this,
+          [this] { session_->setCatalog(shortcuts_->catalogShortcuts()); });
   connect(shortcuts_.get(), &ShortcutsLibrary::loaded, this, [this](bool anyIcon) {
     const QString note =
         tr("Shortcut icons need Automation access: System Settings \u2192 Privacy & Security "
            "\u2192 Automation \u2192 Glintboard Agent \u2192 Shortcuts Events.");
     if (!anyIcon && !shortcuts_->catalogShortcuts().empty()) {
-      setMessages(errorMessage_, note);
-    } else if (infoMessage_ == note) {
-      setMessages(errorMessage_, QString());
+      setInfo(note);
+    } else if (infoMessage() == note) {
+      setInfo(QString());
     }
   });
-  connect(shortcuts_.get(), &ShortcutsLibrary::failedToOpen, this,
-          [this](const QString& message) { setMessages(message, infoMessage_); });
-  connect(this, &DeckEditorModel::deckChanged, this, &DeckEditorModel::liveChanged);
-  connect(this, &DeckEditorModel::deckChanged, this, &DeckEditorModel::historyChanged);
-  connect(this, &DeckEditorModel::busyChanged, this, &DeckEditorModel::historyChanged);
+  connect(shortcuts_.get(), &ShortcutsLibrary::failedToOpen, this, &DeckEditorModel::setError);
 }
 
 DeckEditorModel::~DeckEditorModel() = default;
 
 void DeckEditorModel::open() {
   isOpen_ = true;
-  loadDeck();
+  session_->load(session_->category());
   apps_->load();
   shortcuts_->load();
   spawn(inputs_.mainThread, followLive(weak_from_this(), inputs_.timers), "what runs");
@@ -105,17 +130,15 @@ Awaitable<> DeckEditorModel::followLive(std::weak_ptr<DeckEditorModel> weak,
 }
 
 QString DeckEditorModel::selectedCategory() const {
-  return text(rawValue(selectedCategory_));
+  return text(rawValue(session_->category()));
 }
 
 void DeckEditorModel::setSelectedCategory(const QString& category) {
   const auto chosen = fromRawValue<DeckCategoryID>(category.toStdString());
-  if (!chosen || *chosen == selectedCategory_) {
-    return;
+  if (chosen && *chosen != session_->category()) {
+    session_->load(*chosen);
+    Q_EMIT selectedCategoryChanged();
   }
-  selectedCategory_ = *chosen;
-  Q_EMIT selectedCategoryChanged();
-  loadDeck();
 }
 
 QVariantList DeckEditorModel::categories() {
@@ -186,7 +209,7 @@ QString DeckEditorModel::suggestedWarnings() const {
 
 std::set<std::string> DeckEditorModel::missingShortcutIDs() const {
   return shortcuts_->isKnown()
-             ? DeckEdits::missingShortcutIDs(deck_.tiles, shortcuts_->catalogShortcuts())
+             ? DeckEdits::missingShortcutIDs(tiles(), shortcuts_->catalogShortcuts())
              : std::set<std::string>();
 }
 
@@ -194,23 +217,26 @@ QString DeckEditorModel::syncLabel() const {
   return hasUnsavedChanges() ? tr("Unsaved") : tr("Synced");
 }
 
-bool DeckEditorModel::syncIsLive() const {
-  return isPhoneConnected_ && isHandedOver_ && !isLoading_ && !isSaving_ && !isResetting_ &&
-         !hasUnsavedChanges();
+QString DeckEditorModel::offerText() const {
+  const auto& offer = session_->offer();
+  if (!offer) {
+    return {};
+  }
+  const auto made = QDateTime::fromSecsSinceEpoch(offer->editedAt.time.time_since_epoch().count());
+  // As the user writes times and dates, whatever language the windows speak.
+  const QLocale locale = QLocale::system();
+  const QString time = locale.language() == QLocale::C
+                           ? made.time().toString(QStringLiteral("HH:mm"))
+                           : locale.toString(made.time(), QLocale::ShortFormat);
+  const QString date = locale.toString(made.date(), QLocale::ShortFormat);
+  const bool isOfToday = made.date() == QDate::currentDate();
+  return tr("Unsaved changes from %1").arg(isOfToday ? time : date + QStringLiteral(", ") + time);
 }
 
 void DeckEditorModel::setDropTargetIndex(int index) {
   if (index != dropTargetIndex_) {
     dropTargetIndex_ = index;
     Q_EMIT dragChanged();
-  }
-}
-
-void DeckEditorModel::setMessages(const QString& error, const QString& info) {
-  if (error != errorMessage_ || info != infoMessage_) {
-    errorMessage_ = error;
-    infoMessage_ = info;
-    Q_EMIT messagesChanged();
   }
 }
 
@@ -221,32 +247,9 @@ void DeckEditorModel::dismissFirstShortcutTip() {
   }
 }
 
-bool DeckEditorModel::refreshPhone() {
-  const bool connected = inputs_.isPhoneConnected();
-  isHandedOver_ = isHandedOver_ || !connected;
-  if (connected != isPhoneConnected_) {
-    isPhoneConnected_ = connected;
-    Q_EMIT liveChanged();
-  }
-  return isPhoneConnected_;
-}
-
 void DeckEditorModel::refreshLive() {
-  refreshPhone();
+  session_->refreshPhone();
   showKeys();
-}
-
-void DeckEditorModel::refreshShortcutLabels() {
-  deck_.tiles =
-      DeckEdits::withShortcutNames(std::move(deck_.tiles), shortcuts_->catalogShortcuts());
-}
-
-void DeckEditorModel::showDeck() {
-  if (!DeckEdits::holdsShortcut(deck_.tiles)) {
-    dismissFirstShortcutTip();
-  }
-  showKeys();
-  Q_EMIT deckChanged();
 }
 
 void DeckEditorModel::showKeys() {
@@ -254,7 +257,7 @@ void DeckEditorModel::showKeys() {
   std::vector<DeckKey> keys;
   std::array<QSet<QString>, 3> payloads;
   std::set<std::string> bundleIds;
-  for (const auto& tile : deck_.tiles) {
+  for (const auto& tile : tiles()) {
     keys.push_back(keyOf(tile, missing));
     payloads.at(static_cast<std::size_t>(tile.kind)).insert(text(tile.derivedId()));
     bundleIds.insert(tile.bundleId);

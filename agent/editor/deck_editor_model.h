@@ -10,11 +10,10 @@
 #include <optional>
 #include <set>
 
-#include "agent/decks/deck_store.h"
 #include "agent/editor/apps_library.h"
 #include "agent/editor/deck_library_model.h"
+#include "agent/editor/deck_session.h"
 #include "agent/editor/deck_tiles_model.h"
-#include "agent/editor/edit_history.h"
 #include "agent/editor/editor_icons.h"
 #include "agent/editor/shortcuts_library.h"
 
@@ -26,14 +25,17 @@ struct DeckEditorInputs {
   asio::any_io_executor timers;  // the service loop
   asio::any_io_executor workers;
   DeckStore& deckStore;
+  DeckDrafts& deckDrafts;
   WorkspaceClient workspace;
   InstalledAppsCatalog appsCatalog;
   ShortcutsCatalog shortcutsCatalog;
   ShortcutIconProvider& shortcutIconProvider;
   // Whether a phone is connected at this moment. Called on the main thread.
   std::function<bool()> isPhoneConnected;
-  // Run after every successful save or reset; throws when the phone could not be told.
+  // Run after every change of the stored deck; throws when the phone could not be told.
   std::function<Awaitable<>()> onSaved;
+  // Shared by all editors made of these inputs.
+  std::shared_ptr<DeckHistories> histories = std::make_shared<DeckHistories>();
 };
 
 enum class LibraryTab { apps, actions, shortcuts };
@@ -46,10 +48,9 @@ struct EnumText<LibraryTab> {
   }};
 };
 
-// One opening of the editor: the window that shows it and every operation under way share it, so
-// that a save goes on when the window is closed. Nothing but save() and reset() reaches the store.
-// While a deck is being loaded or reset, edits and saves are refused, so that no deck ends up in
-// another's place. Messages are null when absent.
+// One opening of the editor: the libraries, the rules by which keys come to the deck, and what the
+// window shows of the session, which goes on with a save when the window is closed. Messages are
+// null when absent.
 //
 // Lives on the main thread; its coroutines run there.
 class DeckEditorModel : public QObject, public std::enable_shared_from_this<DeckEditorModel> {
@@ -82,6 +83,8 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
 
   Q_PROPERTY(QString errorMessage READ errorMessage NOTIFY messagesChanged)
   Q_PROPERTY(QString infoMessage READ infoMessage NOTIFY messagesChanged)
+  Q_PROPERTY(QString offerText READ offerText NOTIFY offerChanged)
+  Q_PROPERTY(bool isOfferOutdated READ isOfferOutdated NOTIFY offerChanged)
   Q_PROPERTY(bool showFirstShortcutTip READ showFirstShortcutTip NOTIFY tipChanged)
   Q_PROPERTY(int dropTargetIndex READ dropTargetIndex WRITE setDropTargetIndex NOTIFY dragChanged)
   Q_PROPERTY(bool isDeckDragActive READ isDeckDragActive NOTIFY dragChanged)
@@ -95,11 +98,11 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
 
   // The window appears: loads the deck and the libraries, and follows what runs until close().
   void open();
-  // The window is gone. Unsaved edits are too, but what is being saved will be saved.
+  // The window is gone. Unsaved edits stay a draft, and what is being saved will be saved.
   void close();
 
   QString selectedCategory() const;
-  // Loads that deck; unsaved edits of the other are discarded. Ignores an unknown category.
+  // Loads that deck; unsaved edits of the other stay its draft. Ignores an unknown category.
   void setSelectedCategory(const QString& category);
   // Each with `id` and `name`, in their order.
   static QVariantList categories();
@@ -118,28 +121,30 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   // Empty when nothing is missing, and until the applications are known.
   QString suggestedWarnings() const;
 
-  QString deckName() const { return deck_.name; }
-  void setDeckName(const QString& name);
-  const Tiles& tiles() const { return deck_.tiles; }
-  const Tiles& savedTiles() const { return saved_.tiles; }
-  QString savedDeckName() const { return saved_.name; }
+  QString deckName() const { return session_->deck().name; }
+  void setDeckName(const QString& name) { session_->setName(name); }
+  const Tiles& tiles() const { return session_->deck().tiles; }
+  const Tiles& savedTiles() const { return session_->saved().tiles; }
+  QString savedDeckName() const { return session_->saved().name; }
   std::set<std::string> missingShortcutIDs() const;
   DeckTilesModel* tilesModel() { return &tilesModel_; }
   static int slotCount() { return static_cast<int>(deckCapacity); }
-  bool isFull() const { return deck_.tiles.size() >= deckCapacity; }
-  bool canUndo() const { return isEditable() && history_.canUndo(); }
-  bool canRedo() const { return isEditable() && history_.canRedo(); }
-  bool isLoading() const { return isLoading_; }
-  bool isSaving() const { return isSaving_; }
-  bool isResetting() const { return isResetting_; }
-  bool hasUnsavedChanges() const { return !(deck_ == saved_); }
+  bool isFull() const { return tiles().size() >= deckCapacity; }
+  bool canUndo() const { return session_->canGo(EditHistory::Direction::undo); }
+  bool canRedo() const { return session_->canGo(EditHistory::Direction::redo); }
+  bool isLoading() const { return session_->isLoading(); }
+  bool isSaving() const { return session_->isSaving(); }
+  bool isResetting() const { return session_->isResetting(); }
+  bool hasUnsavedChanges() const { return session_->hasUnsavedChanges(); }
   QString syncLabel() const;
-  // Whether a phone is connected and was given the deck as it is shown.
-  bool syncIsLive() const;
-  bool isPhoneConnected() const { return isPhoneConnected_; }
+  bool syncIsLive() const { return session_->isLive(); }
+  bool isPhoneConnected() const { return session_->isPhoneConnected(); }
 
-  QString errorMessage() const { return errorMessage_; }
-  QString infoMessage() const { return infoMessage_; }
+  QString errorMessage() const { return session_->errorMessage(); }
+  QString infoMessage() const { return session_->infoMessage(); }
+  // From when the unsaved changes are that can be restored. Empty when there are none.
+  QString offerText() const;
+  bool isOfferOutdated() const { return session_->isOfferOutdated(); }
   bool showFirstShortcutTip() const { return showFirstShortcutTip_; }
   // -1 when no slot is under a drag.
   int dropTargetIndex() const { return dropTargetIndex_; }
@@ -164,12 +169,13 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   // Moves a key as a drop at `to` does. False when there is no key at `from`.
   Q_INVOKABLE bool move(int from, int to);
   Q_INVOKABLE void remove(int index);
-  Q_INVOKABLE void undo();
-  Q_INVOKABLE void redo();
+  Q_INVOKABLE void undo() { session_->go(EditHistory::Direction::undo); }
+  Q_INVOKABLE void redo() { session_->go(EditHistory::Direction::redo); }
 
-  Q_INVOKABLE void save();
-  // Puts the built-in deck in place of the user's, on disk too.
-  Q_INVOKABLE void reset();
+  Q_INVOKABLE void save() { session_->save(); }
+  Q_INVOKABLE void reset() { session_->reset(); }
+  Q_INVOKABLE void restoreOffer() { session_->restoreOffer(); }
+  Q_INVOKABLE void dismissOffer() { session_->dismissOffer(); }
   Q_INVOKABLE void cancel() { Q_EMIT closeRequested(); }
   Q_INVOKABLE void dismissFirstShortcutTip();
 
@@ -188,55 +194,35 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   void busyChanged();
   void liveChanged();
   void messagesChanged();
+  void offerChanged();
   void tipChanged();
   void dragChanged();
   // Cancelled, or saved to a connected phone.
   void closeRequested();
 
  private:
-  using Self = std::shared_ptr<DeckEditorModel>;
-
   explicit DeckEditorModel(DeckEditorInputs inputs);
+  void followSession();
+  void followLibraries();
 
   // Edits.
-  bool isEditable() const { return !isLoading_ && !isResetting_; }
-  void edit(Tiles tiles);
   void addTile(const DeckTile& tile);
   bool dropItem(const QString& item, int index);
   bool dropTile(const DeckTile& tile, int index);
-  void restore(std::optional<DeckState> state);
   // What a key of that identifier would be; none when there is no such thing.
   std::optional<DeckTile> appTile(const std::string& bundleId) const;
   std::optional<DeckTile> shortcutTile(const std::string& identifier) const;
 
-  // To be called after every change of the deck.
-  void showDeck();
-  // To be called after every change of what its keys stand for.
+  // To be called after every change of what the keys stand for.
   void showKeys();
-  void refreshShortcutLabels();
   DeckKey keyOf(const DeckTile& tile, const std::set<std::string>& missing) const;
-  void setMessages(const QString& error, const QString& info);
-
-  // The store.
-  void loadDeck();
-  static Awaitable<> runLoad(Self self);
-  struct Shown {
-    DeckCategoryID category;
-    DeckState deck;
-    int generation;
-  };
-  static Awaitable<> runSave(Self self, Shown shown);
-  static Awaitable<> runReset(Self self, DeckCategoryID category, int generation);
-  // Why the phone could not be told; null when it was.
-  static Awaitable<QString> announceSaved(Self self);
-  // Takes over whether a phone is connected at this moment.
-  bool refreshPhone();
-  void storeChanged();
-  void showStored(const DeckTemplate& deck);
+  void setError(const QString& error) { session_->setMessages(error, infoMessage()); }
+  void setInfo(const QString& info) { session_->setMessages(errorMessage(), info); }
 
   static Awaitable<> followLive(std::weak_ptr<DeckEditorModel> weak, asio::any_io_executor timers);
 
   DeckEditorInputs inputs_;
+  std::shared_ptr<DeckSession> session_;
   std::shared_ptr<EditorIcons> icons_;
   std::shared_ptr<AppsLibrary> apps_;
   DeckLibraryModel actionCards_;
@@ -244,24 +230,8 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   DeckTilesModel tilesModel_;
 
   bool isOpen_ = false;
-  DeckCategoryID selectedCategory_ = DeckTemplates::categoryOrder.front();
   LibraryTab libraryTab_ = LibraryTab::apps;
   QString searchText_;
-
-  DeckState deck_;
-  DeckState saved_;
-  EditHistory history_;
-  int generation_ = 0;  // of the deck shown: a result for an earlier one is late
-  bool isLoading_ = false;
-  bool isSaving_ = false;
-  bool isStoring_ = false;  // the part of saving or resetting that the store does
-  bool isResetting_ = false;
-  bool isPhoneConnected_ = false;
-  // Whether the phone was given what is stored. One that comes asks for it by itself.
-  bool isHandedOver_ = true;
-
-  QString errorMessage_;
-  QString infoMessage_;
   bool showFirstShortcutTip_ = false;
   int dropTargetIndex_ = -1;
 };

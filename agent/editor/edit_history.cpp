@@ -4,37 +4,36 @@
 
 namespace glintboard {
 
-void EditHistory::record(DeckState state, bool ofName) {
+void EditHistory::record(EditStep step, bool ofName) {
   if (!(ofName && editsName_)) {
-    undone_.push_back(std::move(state));
+    undone_.push_back(std::move(step));
+    if (undone_.size() > capacity) {
+      undone_.pop_front();
+    }
   }
   redone_.clear();
   editsName_ = ofName;
 }
 
-std::optional<DeckState> EditHistory::undo(DeckState current) {
-  return step(undone_, redone_, std::move(current));
+const EditStep* EditHistory::next(Direction direction) const {
+  const Steps& steps = direction == Direction::undo ? undone_ : redone_;
+  return steps.empty() ? nullptr : &steps.back();
 }
 
-std::optional<DeckState> EditHistory::redo(DeckState current) {
-  return step(redone_, undone_, std::move(current));
-}
-
-void EditHistory::clear() {
-  undone_.clear();
-  redone_.clear();
-  editsName_ = false;
-}
-
-std::optional<DeckState> EditHistory::step(States& from, States& to, DeckState current) {
+std::optional<EditStep> EditHistory::go(Direction direction, EditStep current) {
+  Steps& from = direction == Direction::undo ? undone_ : redone_;
+  Steps& to = direction == Direction::undo ? redone_ : undone_;
   editsName_ = false;
   if (from.empty()) {
     return std::nullopt;
   }
-  to.push_back(std::move(current));
-  DeckState state = std::move(from.back());
+  EditStep step = std::move(from.back());
   from.pop_back();
-  return state;
+  if (!step.stored) {
+    current.stored.reset();
+  }
+  to.push_back(std::move(current));
+  return step;
 }
 
 }  // namespace glintboard

@@ -1,7 +1,8 @@
-// Undo and redo of edits.
+// Undo and redo of what happens to a deck.
 #pragma once
 
 #include <QString>
+#include <deque>
 #include <optional>
 #include <vector>
 
@@ -16,27 +17,36 @@ struct DeckState {
   bool operator==(const DeckState&) const = default;
 };
 
-// The states before each edit, and those that undoing left behind.
+// One place in a history.
+struct EditStep {
+  DeckState shown;
+  // The stored deck that belongs to it; none for an edit, which stores nothing.
+  std::optional<DeckState> stored;
+  bool operator==(const EditStep&) const = default;
+};
+
+// The steps before each change, and those that undoing left behind.
 class EditHistory {
  public:
-  // An edit is about to change `state`. Edits of the name that follow one another are one.
-  void record(DeckState state, bool ofName);
-  // The next edit of the name stands for itself.
-  void endNameEdit() { editsName_ = false; }
-  // The state before the last edit, or none; `current` is what redo() will bring back.
-  std::optional<DeckState> undo(DeckState current);
-  std::optional<DeckState> redo(DeckState current);
-  void clear();
+  enum class Direction { undo, redo };
+  // The oldest steps beyond these are forgotten.
+  static constexpr std::size_t capacity = 100;
 
-  bool canUndo() const { return !undone_.empty(); }
-  bool canRedo() const { return !redone_.empty(); }
+  // A change is about to leave this step. Changes of the name that follow one another are one.
+  void record(EditStep step, bool ofName = false);
+  // The next change of the name stands for itself.
+  void endNameEdit() { editsName_ = false; }
+  // Where that direction leads, or null. Valid until the next change.
+  const EditStep* next(Direction direction) const;
+  // Goes there from `current`, to which the other direction leads from now on: to its stored deck
+  // too if the step has one. None when there is no such step.
+  std::optional<EditStep> go(Direction direction, EditStep current);
 
  private:
-  using States = std::vector<DeckState>;
-  std::optional<DeckState> step(States& from, States& to, DeckState current);
+  using Steps = std::deque<EditStep>;
 
-  States undone_;
-  States redone_;
+  Steps undone_;
+  Steps redone_;
   bool editsName_ = false;
 };
 

@@ -90,6 +90,7 @@ class AgentApp {
   AgentApp(bool hasDisplay, bool background)
       : platform_(executors_, pairedDevicesMergeRule()),
         deckStore_(executors_.service(), executors_.workers()),
+        deckDrafts_(executors_.service(), executors_.workers()),
         viewModel_(mainThread_.executor(), environment(executors_, platform_), deckStore_) {
     if (hasDisplay) {
       showOnDesktop();
@@ -116,6 +117,8 @@ class AgentApp {
       std::this_thread::sleep_for(stopDeadline);
       std::_Exit(EXIT_SUCCESS);
     }).detach();
+    // Begins beside the goodbye to the phones.
+    spawn(executors_.service(), deckDrafts_.finish(), "finishing the drafts");
     spawn(executors_.service(), leave(this), "stopping");
   }
 
@@ -147,6 +150,7 @@ class AgentApp {
         .timers = executors_.service(),
         .workers = executors_.workers(),
         .deckStore = deckStore_,
+        .deckDrafts = deckDrafts_,
         .workspace = desktop.workspace,
         .appsCatalog = InstalledAppsCatalog(executors_.workers(), platform_.applicationListClient(),
                                             desktop.applicationIcons),
@@ -179,6 +183,7 @@ class AgentApp {
   static Awaitable<> leave(AgentApp* app) {
     co_await app->viewModel_.services().listenerService().shutDown();
     co_await app->deckStore_.finishChanges();
+    co_await app->deckDrafts_.finish();
     std::_Exit(EXIT_SUCCESS);
   }
 
@@ -186,6 +191,7 @@ class AgentApp {
   Executors executors_;
   LivePlatform platform_;
   DeckStore deckStore_;
+  DeckDrafts deckDrafts_;
   AgentViewModel viewModel_;
   // With a display.
   std::unique_ptr<MenuBarController> menu_;

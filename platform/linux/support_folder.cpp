@@ -7,4 +7,8 @@ std::filesystem::path applicationSupportFolder() {
   return xdgFoldersOfEnvironment().dataHome / "GlintboardAgent";
 }
 
+std::filesystem::path applicationStateFolder() {
+  return xdgFoldersOfEnvironment().stateHome / "GlintboardAgent";
+}
+
 }  // namespace glintboard

@@ -57,6 +57,7 @@ XdgFolders xdgFoldersOfEnvironment() {
                      ":/var/lib/flatpak/exports/share:/usr/local/share:/usr/share"
                      ":/var/lib/snapd/desktop";
   folders.dataDirs = listFrom("XDG_DATA_DIRS", usual.c_str());
+  folders.stateHome = folderFrom("XDG_STATE_HOME", folders.home / ".local/state");
   folders.configHome = folderFrom("XDG_CONFIG_HOME", folders.home / ".config");
   folders.configDirs = listFrom("XDG_CONFIG_DIRS", "/etc/xdg");
   const char* desktop = std::getenv("XDG_CURRENT_DESKTOP");

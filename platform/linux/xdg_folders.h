@@ -12,6 +12,7 @@ struct XdgFolders {
   std::filesystem::path home;
   std::filesystem::path dataHome;
   std::vector<std::filesystem::path> dataDirs;
+  std::filesystem::path stateHome;
   std::filesystem::path configHome;
   std::vector<std::filesystem::path> configDirs;
   // The names of the running desktop, as XDG_CURRENT_DESKTOP has them; may be empty.

@@ -32,6 +32,18 @@ class EditorTest : public testing::Test, protected EditorStage {
     model->save();
     ASSERT_TRUE(turnUntil([&] { return !model->isSaving(); }));
   }
+  // A reset, or undoing or redoing one.
+  void replace(void (DeckEditorModel::*change)()) {
+    (model.get()->*change)();
+    ASSERT_TRUE(turnUntil([&] { return !model->isResetting(); }));
+  }
+  // The agent ends and another one starts, which knows what is on disk.
+  void startAgain() {
+    model->close();
+    await(executors.service(), drafts.finish());
+    histories = std::make_shared<DeckHistories>();
+    open();
+  }
   void loadDeck(const QString& category) {
     model->setSelectedCategory(category);
     ASSERT_TRUE(turnUntil([&] { return !model->isLoading(); }));

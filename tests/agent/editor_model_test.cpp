@@ -216,20 +216,153 @@ TEST_F(DeckEditorTest, KeysTellWhatRuns) {
   EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), false);
 }
 
-TEST_F(DeckEditorTest, AResetShowsAndStoresTheBuiltInDeck) {
+TEST_F(DeckEditorTest, AResetIsUndoneInTheStoreToo) {
+  const std::string builtIn = "1 Discord, 2 Safari, 3 Music";
   open();
   model->setDeckName("Mine");
   save();
   model->remove(0);
-  model->addApp("com.apple.Music");
-  model->reset();
-  ASSERT_TRUE(turnUntil([&] { return announcements == 2; }));
-  EXPECT_EQ(keys(), "1 Discord, 2 Safari, 3 Music");
-  EXPECT_EQ(model->deckName(), "Streaming");
+  replace(&DeckEditorModel::reset);
+  EXPECT_EQ(keys(), builtIn);
   EXPECT_EQ(storedName(DeckCategoryID::streaming), "Streaming");
   EXPECT_EQ(model->syncLabel(), "Synced");
-  EXPECT_TRUE(model->errorMessage().isNull());
+  EXPECT_EQ(model->infoMessage(), "The default deck is in place. Undo brings yours back.");
+
+  ASSERT_TRUE(turnUntil([&] { return announcements == 2; }));
+
+  phone = true;
+  model->refreshLive();
+  for (int round = 0; round < 2; ++round) {
+    announcements = 0;
+    replace(&DeckEditorModel::undo);
+    EXPECT_EQ(keys(), "1 Safari, 2 Music") << "with what was not saved";
+    EXPECT_EQ(model->deckName(), "Mine");
+    EXPECT_EQ(model->syncLabel(), "Unsaved");
+    EXPECT_EQ(storedName(DeckCategoryID::streaming), "Mine");
+    EXPECT_EQ(model->savedTiles().size(), 3u);
+    ASSERT_TRUE(turnUntil([&] { return announcements == 1; }));
+    EXPECT_TRUE(turnUntil([&] {
+      return model->infoMessage() ==
+             "The reset is undone: your deck is saved and on the iPhone again.";
+    }));
+    model->undo();
+    EXPECT_EQ(keys(), builtIn) << "the edit before the reset";
+    EXPECT_EQ(model->deckName(), "Mine");
+    EXPECT_EQ(model->syncLabel(), "Synced");
+    model->redo();
+    replace(&DeckEditorModel::redo);
+    EXPECT_EQ(storedName(DeckCategoryID::streaming), "Streaming");
+    ASSERT_TRUE(turnUntil([&] { return announcements == 2; }));
+  }
+
+  // Undo waits for a save under way, reaches over it, and into another window.
+  model->save();
   EXPECT_FALSE(model->canUndo());
+  ASSERT_TRUE(turnUntil([&] { return !model->isSaving(); }));
+  model->close();
+  open();
+  loadDeck("gaming");
+  EXPECT_FALSE(model->canUndo());
+  loadDeck("streaming");
+  replace(&DeckEditorModel::undo);
+  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Mine");
+
+  // What cannot be stored comes back unsaved.
+  replace(&DeckEditorModel::redo);
+  std::filesystem::remove_all(desktop.root / "agent");
+  desktop.root.write("agent", "");
+  replace(&DeckEditorModel::undo);
+  EXPECT_FALSE(model->errorMessage().isNull());
+  EXPECT_EQ(keys(), "1 Safari, 2 Music");
+  EXPECT_EQ(model->savedDeckName(), "Streaming");
+}
+
+TEST(EditHistory, ForgetsTheOldestSteps) {
+  EditHistory history;
+  for (std::size_t i = 0; i < EditHistory::capacity + 5; ++i) {
+    history.record({{QString::number(i), {}}, std::nullopt});
+  }
+  QString last;
+  while (const auto step = history.go(EditHistory::Direction::undo, {})) {
+    last = step->shown.name;
+  }
+  EXPECT_EQ(last, "5");
+}
+
+TEST_F(DeckEditorTest, UnsavedEditsAreKeptAsADraft) {
+  open();
+  EXPECT_EQ(model->offerText(), "");
+  model->remove(0);
+  startAgain();
+  EXPECT_EQ(keys(), "1 Discord, 2 Safari, 3 Music") << "never over the stored deck by itself";
+  EXPECT_EQ(model->syncLabel(), "Synced");
+  EXPECT_TRUE(model->offerText().startsWith("Unsaved changes from "));
+  EXPECT_FALSE(model->isOfferOutdated());
+  EXPECT_FALSE(model->canUndo());
+  startAgain();
+  EXPECT_NE(model->offerText(), "") << "until it is answered";
+
+  model->restoreOffer();
+  EXPECT_EQ(keys(), "1 Safari, 2 Music");
+  EXPECT_EQ(model->syncLabel(), "Unsaved");
+  EXPECT_EQ(model->offerText(), "");
+  model->undo();
+  EXPECT_EQ(model->syncLabel(), "Synced");
+  model->redo();
+  loadDeck("gaming");
+  EXPECT_EQ(model->offerText(), "") << "one a deck";
+  model->setDeckName("Night");
+  loadDeck("streaming");
+  EXPECT_NE(model->offerText(), "") << "going to another deck keeps it too";
+  model->undo();
+  EXPECT_EQ(keys(), "1 Safari, 2 Music") << "and can be undone";
+  save();
+  startAgain();
+  EXPECT_EQ(model->offerText(), "") << "saved";
+  loadDeck("gaming");
+  model->dismissOffer();
+  startAgain();
+  loadDeck("gaming");
+  EXPECT_EQ(model->offerText(), "") << "dismissed";
+  EXPECT_EQ(model->deckName(), "Gaming");
+
+  // Another deck is stored than the one that was changed.
+  model->setDeckName("Late");
+  model->close();
+  deck(DeckCategoryID::gaming, "Elsewhere", {});
+  startAgain();
+  loadDeck("gaming");
+  EXPECT_TRUE(model->isOfferOutdated());
+  model->save();
+  ASSERT_TRUE(turnUntil([&] { return !model->isSaving(); }));
+  EXPECT_EQ(model->offerText(), "") << "a save removes it";
+  model->setDeckName("Undone");
+  model->undo();
+  startAgain();
+  loadDeck("gaming");
+  EXPECT_EQ(model->offerText(), "") << "nothing is left to restore";
+}
+
+TEST_F(DeckEditorTest, WhatIsNoDraftOfTheDeckIsIgnored) {
+  const auto file = desktop.folders.stateHome / "streaming.json";
+  open();
+  model->setDeckName("Draft");
+  startAgain();
+  ASSERT_NE(model->offerText(), "");
+  const std::string draft = readWholeFile(file);
+  std::string other = draft;
+  other.replace(other.rfind("streaming"), 9, "gaming");
+  std::string later = draft;
+  later.replace(later.rfind(":1}"), 3, ":2}");
+  for (const auto& content : {std::string(), draft.substr(0, draft.size() / 2), other, later}) {
+    writeAtomically(file, content, 0600);
+    startAgain();
+    EXPECT_EQ(model->offerText(), "") << content;
+    EXPECT_EQ(model->deckName(), "Streaming");
+  }
+  writeAtomically(file, draft, 0600);
+  startAgain();
+  EXPECT_NE(model->offerText(), "");
 }
 
 TEST_F(DeckEditorTest, WhatHappensDuringASaveGoesToNoOtherDeck) {

@@ -1,5 +1,6 @@
 """The agent on displays that work, that cannot be reached, and that die under it."""
 
+import json
 import pathlib
 import signal
 import socket
@@ -37,6 +38,42 @@ class Display(DesktopTest):
     def menu_is_open(self):
         return self.desktop.output_of("xdotool", "search", "--onlyvisible", "--name",
                                       "Glintboard Agent") != ""
+
+    def type(self, window, *keys):
+        found = eventually(lambda: self.desktop.output_of(
+            "xdotool", "search", "--onlyvisible", "--name", window).split(), window)
+        self.desktop.output_of("xdotool", "windowfocus", "--sync", found[0], "key", *keys)
+
+    def draft(self):
+        """The name of the deck that was not saved."""
+        file = pathlib.Path(self.desktop.env["XDG_STATE_HOME"],
+                            "GlintboardAgent/drafts/streaming.json")
+        return json.loads(file.read_text())["deck"]["name"] if file.exists() else ""
+
+    def test_unsaved_edits_outlive_the_display_and_the_agent(self):
+        display = self.start_x_server()
+        agent = self.desktop.start_agent()
+        self.type("Glintboard Agent", "Down", "Return")
+        eventually(self.desktop.decks_file.exists, "The deck")
+        # The second control is the name, once the deck is loaded.
+        self.type("Edit Deck", "Tab", "Tab")
+
+        def edited():
+            self.type("Edit Deck", "x")
+            return "x" in self.draft()
+
+        eventually(edited, "A draft")
+        self.type("Edit Deck", "y")
+        time.sleep(0.2)
+        self.assertEqual(agent.end(signal.SIGTERM)[0], 0)
+        self.assertIn("y", self.draft())
+        name = self.draft()
+        agent = self.desktop.start_agent()
+        eventually(lambda: self.has_display(agent), "Windows")
+        display.kill()
+        eventually(lambda: "Ready for iPhone" in agent.menu(), "A text menu")
+        self.assertEqual(self.draft(), name)
+        self.assertNotIn(name, self.desktop.decks_file.read_text())
 
     async def test_serves_again_when_its_display_dies(self):
         agent = self.start_agent()

@@ -89,6 +89,8 @@ TEST_F(EditorKeyboardTest, TheNameIsEditedInPlaceAndUndoneWithTheRest) {
 
 TEST_F(EditorKeyboardTest, EveryControlHasANameAndARole) {
   storeDeck({app("files", "Files")});
+  stage.drafts.keep(DeckCategoryID::streaming,
+                    DeckDraft{{"streaming", "Draft", {}}, {"streaming", "Other", {}}, {}});
   open();
   QAccessible::setActive(true);
   QStringList names;
@@ -111,9 +113,19 @@ TEST_F(EditorKeyboardTest, EveryControlHasANameAndARole) {
   for (const auto* name :
        {"Deck", "Deck name", "Cancel", "Save to iPhone", "App Library", "Action Library",
         "Shortcuts Library", "Search installed apps", "Calendar", "Keys on the iPhone", "Files",
-        "Undo", "Redo", "Reset to default", "1 of 24 keys", "Synced"}) {
+        "Undo", "Redo", "Reset to default", "1 of 24 keys", "Synced", "Restore", "Dismiss"}) {
     EXPECT_TRUE(names.contains(name)) << name;
   }
+  EXPECT_EQ(names
+                .filter(QRegularExpression("^Unsaved changes from .*1970.* The deck has changed "
+                                           "since then\\.$"))
+                .size(),
+            1);
+  tabTo("offer-dismiss");
+  press(Qt::Key_Space);
+  settle();
+  EXPECT_FALSE(item("offer")->isVisible());
+  EXPECT_EQ(shown(), "Files");
 }
 
 }  // namespace

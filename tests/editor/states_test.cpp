@@ -129,6 +129,14 @@ TEST_F(EditorStatesTest, TheNextWindowStartsAfreshAndAnOpenOneComesToTheFront) {
   open();
   EXPECT_EQ(model->libraryTab(), "apps");
   EXPECT_EQ(shown(), "Files");
+
+  // But for what Escape took.
+  EXPECT_TRUE(item("offer")->isVisible());
+  expect({model->offerText()});
+  click("offer-restore");
+  EXPECT_EQ(shown(), "");
+  EXPECT_FALSE(item("offer")->isVisible());
+  EXPECT_TRUE(window->rootObject()->hasActiveFocus()) << "the keys go on working";
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ struct DesktopFolders {
   XdgFolders folders{.home = root / "home",
                      .dataHome = root / "home/data",
                      .dataDirs = {root / "local", root / "system"},
+                     .stateHome = root / "home/state",
                      .configHome = root / "home/config",
                      .configDirs = {root / "etc"},
                      .currentDesktop = ""};

@@ -23,6 +23,7 @@ class EditorStage {
   // What is under way elsewhere lets go of the applications while its executors are there.
   ~EditorStage() {
     presenter.reset();
+    await(executors.service(), drafts.finish());
     if (applications) {
       const std::weak_ptr index = applications->index();
       applications.reset();
@@ -83,13 +84,15 @@ class EditorStage {
             .timers = executors.service(),
             .workers = executors.workers(),
             .deckStore = store,
+            .deckDrafts = drafts,
             .workspace = workspace,
             .appsCatalog = InstalledAppsCatalog(executors.workers(), applications->listClient(),
                                                 applications->iconClient()),
             .shortcutsCatalog = ShortcutsCatalog(desktop.root / "shortcuts", *runner),
             .shortcutIconProvider = *shortcutIcons,
             .isPhoneConnected = [this] { return phone.load(); },
-            .onSaved = [this] { return saved(); }};
+            .onSaved = [this] { return saved(); },
+            .histories = histories};
   }
   Awaitable<> saved() {
     ++announcements;
@@ -144,6 +147,9 @@ class EditorStage {
   std::function<Awaitable<>()> onSaved;
   Executors executors;
   DeckStore store{executors.service(), executors.workers(), desktop.root / "agent/decks.json"};
+  DeckDrafts drafts{executors.service(), executors.workers(), desktop.folders.stateHome};
+  // As long as the agent runs.
+  std::shared_ptr<DeckHistories> histories = std::make_shared<DeckHistories>();
   std::optional<LinuxApplications> applications;
   std::optional<FoundationProcessRunner> runner;
   std::optional<ShortcutIconProvider> shortcutIcons;

@@ -1,4 +1,5 @@
 // The deck editor in its states.
+#include <QDateTime>
 #include <QQuickItem>
 #include <QTest>
 
@@ -150,17 +151,10 @@ void showTab(EditorStage& stage, const char* tab) {
 
 // What the user has named; a letter stands for an icon.
 QStringList ownTexts() {
-  QStringList own{"Brew tea",
-                  "Tidy the desk",
-                  "Good morning",
-                  "Lights off",
-                  "On Air",
-                  "Everything",
-                  "Game Night",
-                  "Vol \u2212",
-                  "Vol +",
-                  "Mute",
-                  "Glintboard \u2014 Voice in Cursor"};
+  QStringList own{"Brew tea",   "Tidy the desk", "Good morning",
+                  "Lights off", "On Air",        "Streaming",
+                  "Everything", "Game Night",    "Vol \u2212",
+                  "Vol +",      "Mute",          "Glintboard \u2014 Voice in Cursor"};
   for (const auto& sample : samples) {
     own += {QString::fromLatin1(sample.name), QString(QLatin1Char(*sample.name))};
   }
@@ -232,6 +226,44 @@ void openCategories(EditorStage& stage) {
   QTest::mouseClick(window, Qt::LeftButton, {}, centreOf(stage, QStringLiteral("category")));
 }
 
+// What a window of this day or of an earlier one left behind.
+void keepDraft(EditorStage& stage, bool isOfToday) {
+  usual(stage);
+  auto tiles = usualTiles();
+  const DeckTemplate base("streaming", isOfToday ? "On Air" : "Off Air",
+                          DeckEdits::renumbered(usualTiles()));
+  tiles.push_back(appTile("mixer", "Mixer"));
+  const QDateTime made(isOfToday ? QDate::currentDate() : QDate(2026, 11, 20), QTime(14, 2));
+  stage.drafts.keep(
+      DeckCategoryID::streaming,
+      DeckDraft{{"streaming", "On Air", DeckEdits::renumbered(tiles)},
+                base,
+                {std::chrono::sys_seconds(std::chrono::seconds(made.toSecsSinceEpoch()))}});
+}
+
+void withDraft(EditorStage& stage) {
+  keepDraft(stage, true);
+}
+
+void withOutdatedDraft(EditorStage& stage) {
+  keepDraft(stage, false);
+}
+
+// The built-in deck holds nothing that is installed here.
+void reset(EditorStage& stage) {
+  auto model = stage.presenter->model();
+  model->reset();
+  test::turnUntil([&] { return !model->isResetting(); });
+  EditorStage::turnFor(300);
+}
+
+void undoReset(EditorStage& stage) {
+  reset(stage);
+  auto model = stage.presenter->model();
+  model->undo();
+  test::turnUntil([&] { return !model->isResetting(); });
+}
+
 void emptyDeck(EditorStage& stage) {
   furnish(stage);
   stage.deck(DeckCategoryID::streaming, "On Air", {});
@@ -254,6 +286,12 @@ std::vector<Scene> editorScenes() {
       {"editor-full", 1, dark, drawn(full)},
       {"editor-empty", 1, dark, drawn(emptyDeck)},
       {"editor-unsaved", 1, light, drawn(usual, edit)},
+      {"editor-draft-light", 1, light, drawn(withDraft)},
+      {"editor-draft-dark", 1, dark, drawn(withOutdatedDraft)},
+      {"editor-draft-contrast", 1, contrast, drawn(withDraft)},
+      {"editor-reset-light", 1, light, drawn(usual, reset)},
+      {"editor-reset-undone-light", 1, light, drawn(usual, undoReset)},
+      {"editor-reset-undone-dark", 1, dark, drawn(usual, undoReset)},
       {"editor-drag-light", 1, light, drawn(usual, drag)},
       {"editor-drag-dark", 1, dark, drawn(usual, drag)},
       {"editor-actions", 1, light, drawn(usual, showActions)},
@@ -271,8 +309,12 @@ std::vector<Scene> editorScenes() {
       {"editor-large-text", 1, large, drawn(usual)},
       {"editor-200", 2, light, drawn(usual)},
       {"editor-large-narrow", 1, large, drawn(almostEmpty, addShortcut, narrow)},
+      {"editor-large-draft", 1, large, drawn(withOutdatedDraft)},
+      {"editor-large-narrow-draft", 1, large, drawn(withOutdatedDraft, nothing, narrow)},
+      {"editor-large-reset-undone", 1, large, drawn(usual, undoReset)},
       {"editor-large-failed", 1, large, drawn(failing, showShortcuts)},
       {"editor-german", 1, light, drawn(usual), "de"},
+      {"editor-german-draft", 1, light, drawn(withOutdatedDraft, nothing, narrow), "de"},
       {"editor-japanese", 1, dark, drawn(usual), "ja"},
   };
 }
