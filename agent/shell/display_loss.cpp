@@ -1,10 +1,12 @@
 #include "agent/shell/display_loss.h"
 
+#include <dlfcn.h>
 #include <pthread.h>
 #include <signal.h>
 #include <unistd.h>
 
 #include <linux/close_range.h>
+#include <QtGlobal>
 #include <atomic>
 #include <cstdlib>
 
@@ -39,10 +41,28 @@ void startAgain() {
   glintboard::log::warning("the agent cannot be started again");
 }
 
+QtMessageHandler qtMessages = nullptr;
+
+// Qt aborts after a fatal message.
+void startAgainAfterFatal(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  qtMessages(type, context, text);
+  if (type == QtFatalMsg) {
+    startAgain();
+  }
+}
+
 }  // namespace
 
-// Stands in for the C library's own. Qt leaves with it when a Wayland compositor dies, and then no
-// handler that was registered for the end runs.
+// These two replace the C library's functions of the same name, in every library. Xlib, libICE and
+// Qt's xcb plugin end the process with `exit`; GTK and Qt's Wayland plugin end it with `_exit`.
+// `exit` runs handlers that destroy what other threads still use, so it is caught before them.
+extern "C" void exit(int status) noexcept {
+  startAgain();
+  const auto exitOfLibrary = reinterpret_cast<void (*)(int)>(::dlsym(RTLD_NEXT, "exit"));
+  exitOfLibrary(status);
+  std::_Exit(status);
+}
+
 extern "C" void _exit(int status) {
   startAgain();
   std::_Exit(status);
@@ -57,11 +77,12 @@ DisplayLoss::DisplayLoss(std::vector<std::string> command) : command_(std::move(
   arguments_.push_back(nullptr);
   owner = ::getpid();
   commandToRun = arguments_.data();
-  std::atexit(startAgain);
+  qtMessages = qInstallMessageHandler(startAgainAfterFatal);
 }
 
 DisplayLoss::~DisplayLoss() {
   commandToRun = nullptr;
+  qInstallMessageHandler(qtMessages);
 }
 
 }  // namespace glintboard

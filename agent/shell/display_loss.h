@@ -6,10 +6,12 @@
 
 namespace glintboard {
 
-// While this exists, a library that ends the process, as Qt and Xlib do when their display is
-// gone, starts the program again in its place instead: the same process with a new command line.
-// Everything that is open is closed by that, and what was being written is as after a crash. One
-// at a time, on the main thread; the agent itself ends with std::_Exit meanwhile.
+// While this exists, `exit`, `_exit` and a fatal message of Qt, on any thread, do not end the
+// process but execute the program again in it, with another command line. Qt and Xlib end a process
+// in these ways when the display is gone. Nothing is torn down before: no exit handler or
+// destructor runs, and what was being written is left as by a crash. All descriptors but the
+// standard ones are closed. Child processes end as usual. One at a time, on the main thread; the
+// agent itself ends with std::_Exit meanwhile.
 class DisplayLoss {
  public:
   // `command` is the whole command line, with the program's name first.

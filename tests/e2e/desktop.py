@@ -181,6 +181,8 @@ class Agent:
         return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
     def close(self):
+        if self._menu.closed:
+            return
         if self.running():
             self._process.kill()
         self._process.wait()
