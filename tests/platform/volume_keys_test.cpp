@@ -47,7 +47,9 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
     return ::system(("pactl " + command + " >/dev/null 2>&1").c_str()) == 0;
   }
   static void addSink(const std::string& name) {
-    pactl("load-module module-null-sink channels=2 sink_name=" + name);
+    // Since version 1.4 PipeWire keeps the volume of a device that is not in use as it is.
+    pactl("load-module module-null-sink channels=2 sink_name=" + name +
+          " sink_properties=node.always-process=true");
     ASSERT_TRUE(test::eventually([&] { return pactl("get-sink-volume " + name); }));
   }
   static void removeSink(const std::string& name) {
