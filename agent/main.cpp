@@ -1,4 +1,4 @@
-#include "agent/shell/agent_app.h"
+#include "agent/app/agent_app.h"
 
 int main(int argc, char** argv) {
   return glintboard::runAgent(argc, argv);

@@ -5,7 +5,7 @@
 #include <QTest>
 #include <cstdio>
 
-#include "agent/shell/menu_window.h"
+#include "agent/menu/menu_window.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // The entries of applications, and the files of Shortcuts, which have the same form.
 #include "fuzz/fuzz.h"
-#include "platform/linux/application_shortcuts.h"
-#include "platform/linux/desktop_entry.h"
-#include "platform/linux/shortcut_file.h"
+#include "platform/linux/applications/desktop_entry.h"
+#include "platform/linux/shortcuts/application_shortcuts.h"
+#include "platform/linux/shortcuts/shortcut_file.h"
 #include "tests/support/temporary_folder.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

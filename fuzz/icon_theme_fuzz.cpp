@@ -1,6 +1,6 @@
 // The index of an icon theme.
 #include "fuzz/fuzz.h"
-#include "platform/linux/icon_theme.h"
+#include "platform/linux/applications/icon_theme.h"
 #include "tests/support/temporary_folder.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -23,7 +23,7 @@ struct PortHolder {
 };
 
 // What comes in there: packets of a protocol, "tcp" or "udp", for a port.
-struct Gate {
+struct PortRule {
   std::string protocol;
   std::uint16_t port = 0;
 };
@@ -48,7 +48,7 @@ class LocalNetwork {
   virtual std::optional<PortHolder> holder(std::uint16_t port) = 0;
   // The one that may keep others from the gate. None where there is none, or where it was seen to
   // let everybody in, for which root sees more than others. Asks programs, for seconds at most.
-  virtual std::optional<Firewall> firewall(const Gate& gate) = 0;
+  virtual std::optional<Firewall> firewall(const PortRule& gate) = 0;
   // Whether a program of that name is installed.
   virtual bool hasProgram(const std::string& name) = 0;
 

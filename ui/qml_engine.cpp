@@ -13,12 +13,12 @@ void prepareEngine(QQmlEngine& engine, const Appearance& appearance) {
   qml_register_types_Glintboard_UI();
   DeckTypography::registerFonts();
   engine.addImportPath(QStringLiteral("qrc:/"));
-  lookOf(engine).setAppearance(appearance);
+  themeOf(engine).setAppearance(appearance);
 }
 
-Look& lookOf(QQmlEngine& engine) {
-  const int type = qmlTypeId("Glintboard.UI", 1, 0, "Look");
-  return *engine.singletonInstance<Look*>(type);
+Theme& themeOf(QQmlEngine& engine) {
+  const int type = qmlTypeId("Glintboard.UI", 1, 0, "Theme");
+  return *engine.singletonInstance<Theme*>(type);
 }
 
 }  // namespace glintboard

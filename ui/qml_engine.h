@@ -1,7 +1,7 @@
 // Makes the module usable from an engine.
 #pragma once
 
-#include "ui/design/look.h"
+#include "ui/design/theme.h"
 
 class QQmlEngine;
 
@@ -12,6 +12,6 @@ namespace glintboard {
 void prepareEngine(QQmlEngine& engine, const Appearance& appearance);
 
 // The look of a prepared engine's views, for changes of the appearance.
-Look& lookOf(QQmlEngine& engine);
+Theme& themeOf(QQmlEngine& engine);
 
 }  // namespace glintboard

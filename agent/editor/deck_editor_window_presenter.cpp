@@ -65,7 +65,7 @@ void DeckEditorWindowPresenter::close() {
 void DeckEditorWindowPresenter::setAppearance(const Appearance& appearance) {
   appearance_ = appearance;
   if (window_ != nullptr) {
-    lookOf(*window_->engine()).setAppearance(appearance_);
+    themeOf(*window_->engine()).setAppearance(appearance_);
   }
 }
 
@@ -90,7 +90,7 @@ void DeckEditorWindowPresenter::open() {
   window_->installEventFilter(this);
   window_->setTitle(tr("Edit Deck"));
   window_->setResizeMode(QQuickView::SizeRootObjectToView);
-  window_->setColor(lookOf(engine).windowBottom());
+  window_->setColor(themeOf(engine).windowBottom());
   place(*window_);
   window_->setInitialProperties({{QStringLiteral("editor"), QVariant::fromValue(model_.get())}});
   window_->setSource(QUrl(QStringLiteral("qrc:/Glintboard/Editor/DeckEditorView.qml")));

@@ -4,14 +4,14 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/linux/application_icons.h"
-#include "platform/linux/application_index.h"
-#include "platform/linux/application_launcher.h"
-#include "platform/linux/application_list.h"
-#include "platform/linux/glib_pointers.h"
-#include "platform/linux/running_applications.h"
-#include "platform/linux/wayland_windows.h"
-#include "platform/linux/x11_windows.h"
+#include "platform/linux/applications/application_icons.h"
+#include "platform/linux/applications/application_index.h"
+#include "platform/linux/applications/application_launcher.h"
+#include "platform/linux/applications/application_list.h"
+#include "platform/linux/applications/running_applications.h"
+#include "platform/linux/base/glib_pointers.h"
+#include "platform/linux/windows/wayland_windows.h"
+#include "platform/linux/windows/x11_windows.h"
 #include "platform/run_on.h"
 #include "platform/user_error.h"
 
@@ -28,9 +28,9 @@ struct LinuxApplications::Parts {
 };
 
 // What was known of all applications at one moment.
-class LinuxApplications::Moment {
+class LinuxApplications::Snapshot {
  public:
-  explicit Moment(const Parts& parts)
+  explicit Snapshot(const Parts& parts)
       : installed_(parts.index->current()), running_(parts.running->current()) {
     for (const auto& system : parts.windows) {
       if (auto applications = system->applications(); !applications->empty()) {
@@ -232,16 +232,16 @@ WorkspaceClient LinuxApplications::workspaceClient() {
   };
   client.runningApplication =
       [parts = parts_](const std::string& bundleId) -> std::optional<RunningApplicationClient> {
-    if (!Moment(*parts).isRunning(bundleId)) {
+    if (!Snapshot(*parts).isRunning(bundleId)) {
       return std::nullopt;
     }
     return RunningApplicationClient{[parts, bundleId] {
       return onService(parts->service,
-                       bringForward(parts, bundleId, Moment(*parts).hasWindow(bundleId)));
+                       bringForward(parts, bundleId, Snapshot(*parts).hasWindow(bundleId)));
     }};
   };
   client.currentStates = [parts = parts_] {
-    const auto moment = std::make_shared<const Moment>(*parts);
+    const auto moment = std::make_shared<const Snapshot>(*parts);
     return ApplicationStates{
         [moment](const std::string& bundleId) { return moment->entry(bundleId) != nullptr; },
         [moment](const std::string& bundleId) { return moment->isRunning(bundleId); }};

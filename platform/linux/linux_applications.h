@@ -7,8 +7,8 @@
 #include "platform/application_icon_client.h"
 #include "platform/application_list_client.h"
 #include "platform/executors.h"
-#include "platform/linux/shortcuts_application.h"
-#include "platform/linux/xdg_folders.h"
+#include "platform/linux/base/xdg_folders.h"
+#include "platform/linux/shortcuts/shortcuts_application.h"
 #include "platform/workspace_client.h"
 
 namespace glintboard {
@@ -47,7 +47,7 @@ class LinuxApplications {
 
  private:
   struct Parts;
-  class Moment;
+  class Snapshot;
 
   std::shared_ptr<Parts> parts_;
   ApplicationIconClient icons_;

@@ -1,4 +1,4 @@
-#include "agent/shell/desktop_shell.h"
+#include "agent/menu/desktop_shell.h"
 
 #include <gtest/gtest.h>
 #include <sys/un.h>
@@ -7,8 +7,8 @@
 #include <QGuiApplication>
 #include <QThread>
 
+#include "agent/menu/tray_icon.h"
 #include "agent/pairing/keychain_paired_device_store.h"
-#include "agent/shell/tray_icon.h"
 #include "platform/main_thread.h"
 #include "tests/platform/x_server.h"
 #include "tests/support/session_bus.h"
@@ -164,7 +164,7 @@ TEST(DesktopShellTest, ABusThatHangsHoldsUpNothing) {
         return false;
       },
       3s);
-  EXPECT_LT(longest, test::patience * 1s);
+  EXPECT_LT(longest, test::slowdown * 1s);
 }
 
 TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
@@ -175,7 +175,7 @@ TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
   const auto clicked = [&](int times) {
     return turnUntil([&] {
       test::outputOf("xdotool mousemove 12 14 click 1 2>&1");
-      return turnUntil([&] { return shell.menu.toggled >= times; }, test::patience * 1s);
+      return turnUntil([&] { return shell.menu.toggled >= times; }, test::slowdown * 1s);
     });
   };
   const std::vector<std::string> trayer{"trayer",      "--edge",  "top",      "--align", "left",

@@ -5,8 +5,8 @@
 
 #include <QTest>
 
-#include "agent/shell/menu_bar_controller.h"
-#include "agent/shell/menu_window.h"
+#include "agent/menu/menu_bar_controller.h"
+#include "agent/menu/menu_window.h"
 #include "platform/main_thread.h"
 #include "protocol/message_factory.h"
 #include "tests/support/child_process.h"

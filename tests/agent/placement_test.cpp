@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "agent/editor/window_placement.h"
-#include "agent/shell/popover_placement.h"
+#include "agent/menu/popover_placement.h"
 
 namespace glintboard {
 namespace {

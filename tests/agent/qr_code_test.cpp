@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "agent/shell/qr_code_image.h"
-#include "agent/shell/qr_text.h"
+#include "agent/menu/qr_code_image.h"
+#include "agent/menu/qr_text.h"
 #include "protocol/pairing_qr_payload.h"
 #include "tests/agent/menu_fixture.h"
 

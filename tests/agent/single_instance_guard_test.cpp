@@ -1,10 +1,10 @@
-#include "agent/connection/single_instance_guard.h"
+#include "agent/app/single_instance_guard.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
-#include "platform/linux/linux_agent_instances.h"
-#include "platform/linux/process_identity.h"
+#include "platform/linux/process/linux_agent_instances.h"
+#include "platform/linux/process/process_identity.h"
 #include "tests/support/child_process.h"
 #include "tests/support/test_agent.h"
 
@@ -53,15 +53,15 @@ TEST(SingleInstanceGuard, WaitsForThePortAsLongAsItMayAndAloneNotAtAll) {
   const test::TemporaryFolder folder;
   LinuxAgentInstances alone(folder.path());
   EXPECT_LT(timed([&] { EXPECT_TRUE(SingleInstanceGuard::enforce(alone, port)); }),
-            test::patience * 90ms);
+            test::slowdown * 90ms);
   EXPECT_LT(timed([&] { SingleInstanceGuard::waitForPortRelease(0, port); }),
-            test::patience * 90ms);
+            test::slowdown * 90ms);
   EXPECT_GE(timed([&] { SingleInstanceGuard::waitForPortRelease(3, port); }), 300ms);
   std::thread release([&] {
     std::this_thread::sleep_for(150ms);
     held.reset();
   });
-  EXPECT_LT(timed([&] { SingleInstanceGuard::waitForPortRelease(50, port); }), test::patience * 2s);
+  EXPECT_LT(timed([&] { SingleInstanceGuard::waitForPortRelease(50, port); }), test::slowdown * 2s);
   release.join();
 }
 

@@ -1,5 +1,5 @@
 // From an empty deck to one that a phone has received.
-#include "agent/shell/agent_services.h"
+#include "agent/services/agent_services.h"
 #include "tests/editor/editor_window.h"
 #include "tests/support/test_agent.h"
 #include "tools/phone/agent_session.h"

@@ -1,4 +1,4 @@
-#include "platform/linux/application_icons.h"
+#include "platform/linux/applications/application_icons.h"
 
 #include <gtest/gtest.h>
 

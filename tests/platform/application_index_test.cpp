@@ -1,4 +1,4 @@
-#include "platform/linux/application_index.h"
+#include "platform/linux/applications/application_index.h"
 
 #include <gmock/gmock.h>
 

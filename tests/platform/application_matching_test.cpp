@@ -1,9 +1,9 @@
 // Which application a process, a window or a well-known identifier belongs to.
 #include <gmock/gmock.h>
 
-#include "platform/linux/application_matcher.h"
-#include "platform/linux/identifier_table.h"
-#include "platform/linux/window_matcher.h"
+#include "platform/linux/applications/application_matcher.h"
+#include "platform/linux/applications/identifier_table.h"
+#include "platform/linux/windows/window_matcher.h"
 #include "tests/platform/desktop_folders.h"
 
 namespace glintboard {

@@ -5,10 +5,10 @@
 #include <set>
 
 #include "platform/executors.h"
-#include "platform/linux/avahi_advertiser.h"
-#include "platform/linux/avahi_browser.h"
-#include "platform/linux/host_name_watcher.h"
-#include "platform/linux/renaming_advertiser.h"
+#include "platform/linux/network/avahi_advertiser.h"
+#include "platform/linux/network/avahi_browser.h"
+#include "platform/linux/network/host_name_watcher.h"
+#include "platform/linux/network/renaming_advertiser.h"
 #include "tests/support/child_process.h"
 #include "tests/support/temporary_folder.h"
 

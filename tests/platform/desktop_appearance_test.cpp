@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/appearance_settings.h"
+#include "platform/linux/desktop/appearance_settings.h"
 #include "tests/platform/desktop_folders.h"
 #include "tests/support/child_process.h"
 #include "tests/support/session_bus.h"

@@ -4,7 +4,7 @@
 #include <sys/stat.h>
 
 #include "platform/atomic_file.h"
-#include "platform/linux/xdg_folders.h"
+#include "platform/linux/base/xdg_folders.h"
 #include "tests/support/eventually.h"
 #include "tests/support/temporary_folder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/linux/firewalls.h"
+#include "platform/linux/network/firewalls.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/host_name.h"
+#include "platform/linux/base/host_name.h"
 
 #include <gtest/gtest.h>
 

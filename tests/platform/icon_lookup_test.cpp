@@ -1,4 +1,4 @@
-#include "platform/linux/icon_lookup.h"
+#include "platform/linux/applications/icon_lookup.h"
 
 #include <gtest/gtest.h>
 

@@ -8,9 +8,9 @@
 #include <semaphore>
 
 #include "platform/atomic_file.h"
-#include "platform/linux/file_keychain.h"
-#include "platform/linux/secret_service_keychain.h"
-#include "platform/linux/two_place_keychain.h"
+#include "platform/linux/keychain/file_keychain.h"
+#include "platform/linux/keychain/secret_service_keychain.h"
+#include "platform/linux/keychain/two_place_keychain.h"
 #include "tests/support/keyring.h"
 
 namespace glintboard {
@@ -146,7 +146,7 @@ TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIs
   session.lock();
   EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
   EXPECT_EQ(statuses(), always(keychainInteractionNotAllowed));
-  EXPECT_LT(slowest, test::patience * 2500ms);
+  EXPECT_LT(slowest, test::slowdown * 2500ms);
   EXPECT_TRUE(test::eventually([&] { return std::filesystem::exists(prompts); }));
   EXPECT_THAT(readWholeFile(prompts), testing::MatchesRegex("BeginPrompting [^\n]*\n"));
 
@@ -163,7 +163,7 @@ TEST_F(SecretServiceKeychainTest, NoDefaultCollectionIsMade) {
   EXPECT_EQ(statuses(),
             (std::vector<KeychainStatus>{keychainItemNotFound, keychainItemNotFound,
                                          keychainNoSuchKeychain, keychainItemNotFound}));
-  EXPECT_LT(slowest, test::patience * 2500ms);
+  EXPECT_LT(slowest, test::slowdown * 2500ms);
 }
 
 TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppears) {
@@ -173,7 +173,7 @@ TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppea
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
   session.kill();
   EXPECT_EQ(statuses(), always(keychainNotAvailable));
-  EXPECT_LT(slowest, test::patience * 2s);
+  EXPECT_LT(slowest, test::slowdown * 2s);
 }
 
 TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheDeadline) {
@@ -181,7 +181,7 @@ TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheD
   ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   session.signal(SIGSTOP);
   EXPECT_EQ(statuses(), always(keychainTimedOut));
-  EXPECT_LT(slowest, test::patience * 4s);
+  EXPECT_LT(slowest, test::slowdown * 4s);
   session.signal(SIGCONT);
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
 
@@ -227,7 +227,7 @@ TEST_F(SecretServiceKeychainTest, WhatBecomesReadableIsToldAtOnce) {
     std::counting_semaphore<> told(0);
     keychain.watch([&] { told.release(); });
     auto reading = std::async(std::launch::async, [&] {
-      while (told.try_acquire_for(test::patience * 5s)) {
+      while (told.try_acquire_for(test::slowdown * 5s)) {
         if (keychain.copyMatching(item, data) == keychainSuccess) {
           return true;
         }

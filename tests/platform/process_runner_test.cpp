@@ -9,8 +9,8 @@
 #include <filesystem>
 
 #include "platform/executors.h"
-#include "platform/linux/foundation_process_runner.h"
-#include "platform/linux/locked_data.h"
+#include "platform/linux/process/foundation_process_runner.h"
+#include "platform/linux/process/locked_data.h"
 #include "platform/user_error.h"
 #include "tests/support/await.h"
 #include "tests/support/child_process.h"
@@ -55,7 +55,7 @@ TEST_F(ProcessRunner, TellsHowAProcessEndedAndWhatItPrinted) {
   };
   for (const auto& [script, expected] : cases) {
     EXPECT_EQ(shell(script), expected) << script;
-    EXPECT_LT(took_, test::patience * 1s) << script;
+    EXPECT_LT(took_, test::slowdown * 1s) << script;
   }
 }
 
@@ -69,7 +69,7 @@ TEST_F(ProcessRunner, KeepsTheFirstMebibyteOfEachStreamAndDropsTheRest) {
 
 TEST_F(ProcessRunner, ADescendantThatPrintsWithoutEndHoldsNothingUp) {
   const auto result = shell("yes & echo $!");
-  EXPECT_LT(took_, test::patience * 1s);
+  EXPECT_LT(took_, test::slowdown * 1s);
   EXPECT_EQ(result.exitCode, 0);
   ::kill(std::stoi(result.stdoutText.substr(result.stdoutText.find_first_of("0123456789"))),
          SIGKILL);
@@ -152,7 +152,7 @@ TEST_F(ProcessRunner, RunsManyAtOnceAndLeavesNeitherZombiesNorDescriptors) {
                    [](const std::exception_ptr&) {});
   }
   EXPECT_TRUE(test::eventually([&] { return ran == 20; }));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, test::patience * 3s);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, test::slowdown * 3s);
   EXPECT_TRUE(test::eventually([&] { return test::openDescriptors() == before; }));
   EXPECT_FALSE(hasChild());
 }

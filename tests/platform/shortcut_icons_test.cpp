@@ -1,11 +1,11 @@
-#include "platform/linux/shortcut_icons.h"
+#include "platform/linux/shortcuts/shortcut_icons.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 
-#include "platform/linux/shortcut_folder.h"
-#include "platform/linux/shortcut_tile.h"
+#include "platform/linux/shortcuts/shortcut_folder.h"
+#include "platform/linux/shortcuts/shortcut_tile.h"
 #include "tests/platform/desktop_folders.h"
 #include "tests/support/painted.h"
 

@@ -73,7 +73,7 @@ class Windows : public test::ApplicationsTest {
   void start() { ApplicationsTest::start(system_.displays()); }
   // Whether the agent soon sees what the desktop shows.
   bool follows(const std::string& bundleId, bool running) {
-    return becomesRunning(bundleId, running, test::patience * 1s);
+    return becomesRunning(bundleId, running, test::slowdown * 1s);
   }
   // Starts XCalc or XTerm and waits until it has the focus and the agent has seen its window.
   std::unique_ptr<test::ChildProcess> show(const std::string& name) {
@@ -143,15 +143,15 @@ TYPED_TEST(Windows, OfAServerThatHangsHoldUpNobody) {
     const auto before = Clock::now();
     EXPECT_TRUE(this->workspace_.isRunning(calculator));
     EXPECT_FALSE(this->activate(calculator));
-    EXPECT_LT(Clock::now() - before, test::patience * limit);
+    EXPECT_LT(Clock::now() - before, test::slowdown * limit);
   }
   // Connecting waits no longer.
   LinuxApplications other(*this->executors_, this->desktop_.folders, this->system_.displays());
   std::this_thread::sleep_for(2500ms);
   this->system_.server.process().signal(SIGCONT);
-  EXPECT_TRUE(test::eventually([&] { return this->activate(calculator); }, test::patience * 2s));
+  EXPECT_TRUE(test::eventually([&] { return this->activate(calculator); }, test::slowdown * 2s));
   EXPECT_TRUE(test::eventually([&] { return other.workspaceClient().isRunning(calculator); },
-                               test::patience * 5s));
+                               test::slowdown * 5s));
 }
 
 TYPED_TEST(Windows, ALaunchedProgramIsToldThatTheUserAskedForIt) {
@@ -189,7 +189,7 @@ TEST_F(X11Windows, AllComeForwardAndTheOneUsedLastIsFocused) {
     return std::stoul(list.substr(list.find("0x")), nullptr, 16);
   };
   EXPECT_TRUE(test::eventually([&] { return lowest() == std::stoul(windowOf("XTerm")); },
-                               test::patience * 2s));
+                               test::slowdown * 2s));
 }
 
 TEST_F(X11Windows, SurviveTheirManagersRestart) {
@@ -261,7 +261,7 @@ TEST_F(WithoutWaylandsList, X11TellsOfItsWindowsAndProcessesOfTheRest) {
       ASSERT_TRUE(becomesRunning("painter", true));
       const auto before = Clock::now();
       EXPECT_FALSE(activate("painter")) << "nobody can bring it forward";
-      EXPECT_LT(Clock::now() - before, test::patience * 500ms);
+      EXPECT_LT(Clock::now() - before, test::slowdown * 500ms);
       compositor->process().signal(SIGKILL);
       EXPECT_TRUE(becomesRunning("painter", false));
       EXPECT_TRUE(activate("xcalc"));

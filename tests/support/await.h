@@ -14,7 +14,7 @@ namespace glintboard::test {
 // when it takes longer than `limit`.
 template <class T>
 T await(const asio::any_io_executor& executor, Awaitable<T> work,
-        std::chrono::seconds limit = patience * std::chrono::seconds(20)) {
+        std::chrono::seconds limit = slowdown * std::chrono::seconds(20)) {
   auto result = asio::co_spawn(executor, std::move(work), asio::use_future);
   if (result.wait_for(limit) != std::future_status::ready) {
     throw std::runtime_error("the awaited operation did not end in time");

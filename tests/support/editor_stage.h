@@ -7,8 +7,8 @@
 #include <QPainter>
 
 #include "agent/editor/deck_editor_window_presenter.h"
-#include "platform/linux/foundation_process_runner.h"
 #include "platform/linux/linux_applications.h"
+#include "platform/linux/process/foundation_process_runner.h"
 #include "platform/main_thread.h"
 #include "tests/platform/desktop_folders.h"
 #include "tests/support/await.h"

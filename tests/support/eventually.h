@@ -8,15 +8,15 @@ namespace glintboard::test {
 
 // How many times longer than a release build this build may take.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-inline constexpr int patience = 10;
+inline constexpr int slowdown = 10;
 #else
-inline constexpr int patience = 1;
+inline constexpr int slowdown = 1;
 #endif
 
 // Whether `holds` becomes true within `limit`; asks every few milliseconds.
 template <class Condition>
 bool eventually(Condition holds,
-                std::chrono::milliseconds limit = patience * std::chrono::seconds(10)) {
+                std::chrono::milliseconds limit = slowdown * std::chrono::seconds(10)) {
   const auto deadline = std::chrono::steady_clock::now() + limit;
   while (!holds()) {
     if (std::chrono::steady_clock::now() > deadline) {
@@ -29,7 +29,7 @@ bool eventually(Condition holds,
 
 // A deadline that only a fault misses.
 inline std::chrono::steady_clock::time_point soon() {
-  return std::chrono::steady_clock::now() + patience * std::chrono::seconds(5);
+  return std::chrono::steady_clock::now() + slowdown * std::chrono::seconds(5);
 }
 
 }  // namespace glintboard::test

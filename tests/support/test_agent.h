@@ -2,7 +2,7 @@
 #pragma once
 
 #include "agent/decks/deck_store.h"
-#include "agent/shell/agent_services.h"
+#include "agent/services/agent_services.h"
 #include "tests/support/await.h"
 #include "tests/support/eventually.h"
 #include "tests/support/fake_desktop.h"

@@ -13,7 +13,7 @@ namespace glintboard::test {
 
 // Runs the event loop until `holds`, or gives up after `limit`.
 inline bool turnUntil(const std::function<bool()>& holds,
-                      std::chrono::milliseconds limit = patience * std::chrono::seconds(10)) {
+                      std::chrono::milliseconds limit = slowdown * std::chrono::seconds(10)) {
   const auto end = std::chrono::steady_clock::now() + limit;
   while (!holds()) {
     if (std::chrono::steady_clock::now() > end) {

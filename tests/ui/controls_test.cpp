@@ -21,8 +21,8 @@ Item {
     GlintTextField { inPlace: true; width: parent.width; text: "Streaming"; accessibleName: "Deck name" }
     Divider { width: parent.width }
     Spinner { objectName: "spinner" }
-    Symbol { name: "lock.fill"; color: Look.dangerText; size: 20 }
-    GlassPanel { width: 300; height: 60; raised: true; Text { text: "panel"; color: Look.text; font: Look.fonts.ui(Look.Body) } }
+    Symbol { name: "lock.fill"; color: Theme.dangerText; size: 20 }
+    GlassPanel { width: 300; height: 60; raised: true; Text { text: "panel"; color: Theme.text; font: Theme.fonts.ui(Theme.Body) } }
   }
 })";
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "ui/design/deck_brand_palette.h"
-#include "ui/design/look.h"
+#include "ui/design/theme.h"
 #include "ui/design/wcag_contrast.h"
 
 namespace glintboard {
@@ -32,8 +32,8 @@ TEST(WCAGContrast, FollowsThePublishedFormula) {
   EXPECT_NEAR(WCAGContrast::relativeLuminance({0, 1, 0}), 0.7152, 1e-12);
 }
 
-TEST(Look, WritesLegiblyOnEveryGroundInEveryAppearance) {
-  Look look;
+TEST(Theme, WritesLegiblyOnEveryGroundInEveryAppearance) {
+  Theme look;
   for (const bool dark : {false, true}) {
     for (const bool increasedContrast : {false, true}) {
       look.setAppearance({dark, increasedContrast, false, 1});
@@ -67,16 +67,16 @@ TEST(Look, WritesLegiblyOnEveryGroundInEveryAppearance) {
   }
 }
 
-TEST(Look, ReplacesMovementByFadesUnderReducedMotion) {
-  Look look;
+TEST(Theme, ReplacesMovementByFadesUnderReducedMotion) {
+  Theme look;
   int changes = 0;
-  QObject::connect(&look, &Look::appearanceChanged, [&] { ++changes; });
+  QObject::connect(&look, &Theme::appearanceChanged, [&] { ++changes; });
   look.setAppearance({false, false, true, 1});
   look.setAppearance({false, false, true, 1});
   EXPECT_EQ(changes, 1);
   EXPECT_EQ(look.moveTime(), 0);
   EXPECT_EQ(look.pressTime(), 0);
-  EXPECT_GT(Look::fadeTime(), 0);
+  EXPECT_GT(Theme::fadeTime(), 0);
 }
 
 }  // namespace

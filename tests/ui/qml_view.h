@@ -38,7 +38,7 @@ class QmlView {
     if (root->size().isEmpty()) {
       root->setSize({root->implicitWidth(), root->implicitHeight()});
     }
-    window.setColor(lookOf(engine).windowTop());
+    window.setColor(themeOf(engine).windowTop());
     window.resize(root->size().toSize());
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));

@@ -51,10 +51,10 @@ std::vector<Finding> examineDiscovery(BonjourBrowser& browser, LocalNetwork& net
                                       std::chrono::milliseconds timeout);
 
 // The ways in by which a phone connects to the agent, and finds it.
-Gate connectionGate();
-Gate discoveryGate();
+PortRule connectionPortRule();
+PortRule discoveryPortRule();
 // The command that lets everybody through the gate.
-std::string openingCommand(const Firewall& firewall, const Gate& gate);
+std::string openingCommand(const Firewall& firewall, const PortRule& gate);
 // What is to be said where that command may not be right to the letter; else empty.
 std::string openingCaveat(const Firewall& firewall);
 

@@ -106,7 +106,7 @@ std::vector<Finding> examineVisits(const std::vector<Visit>& visits,
       findings.push_back({"connect",
                           where + " cannot be connected to: a firewall is in the way" +
                               openingCaveat(obstacle) + ".",
-                          "blocked", openingCommand(obstacle, connectionGate()),
+                          "blocked", openingCommand(obstacle, connectionPortRule()),
                           ExitCode::unreachable});
     } else {
       findings.push_back({"connect",
@@ -152,15 +152,15 @@ Finding examinePairing(const PhoneStateFile& file, const LocalAddress& address,
   return {"pairing", failure.what(), "local", {}, ExitCode::local};
 }
 
-Gate connectionGate() {
+PortRule connectionPortRule() {
   return {"tcp", port};
 }
 
-Gate discoveryGate() {
+PortRule discoveryPortRule() {
   return {"udp", 5353};
 }
 
-std::string openingCommand(const Firewall& firewall, const Gate& gate) {
+std::string openingCommand(const Firewall& firewall, const PortRule& gate) {
   const std::string number = std::to_string(gate.port);
   switch (firewall.kind) {
     case Firewall::Kind::ufw:

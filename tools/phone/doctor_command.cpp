@@ -59,11 +59,11 @@ class Report {
           "Nothing is wrong on this computer itself. Whether its firewall lets phones in, only a "
           "phone can tell. If none connects" +
           openingCaveat(*firewall) + ":";
-      record["command"] = openingCommand(*firewall, connectionGate());
+      record["command"] = openingCommand(*firewall, connectionPortRule());
     }
     output_.line(text);
     if (firewall) {
-      output_.line("        " + openingCommand(*firewall, connectionGate()));
+      output_.line("        " + openingCommand(*firewall, connectionPortRule()));
     }
     record["message"] = text;
     output_.record(record);
@@ -89,7 +89,7 @@ void doctorCommand(const CommandContext& context) {
   const Finding agent = examineAgent(holder, visits);
   report.add(agent);
   report.add(examineDiscovery(*context.browser, network, addresses, agent.wentWell(), timeout));
-  const auto firewall = network.firewall(connectionGate());
+  const auto firewall = network.firewall(connectionPortRule());
   if (agent.wentWell()) {
     report.add(examineVisits(visits, firewall));
     const auto reached = std::ranges::find_if(visits, [](const Visit& v) { return !v.failure; });

@@ -67,12 +67,12 @@ Finding examineAdvertisement(const Instances& own, LocalNetwork& network,
                 "/etc/avahi/avahi-daemon.conf says publish-addresses=no, start Avahi anew:",
             "not_resolved", "sudo systemctl restart avahi-daemon", ExitCode::unreachable};
   }
-  const Firewall firewall = network.firewall(discoveryGate()).value_or(Firewall());
+  const Firewall firewall = network.firewall(discoveryPortRule()).value_or(Firewall());
   return {"advertisement",
           "The advertisement does not reach the network: a firewall drops mDNS (UDP port 5353), or "
           "/etc/avahi/avahi-daemon.conf leaves the network out. For the firewall" +
               openingCaveat(firewall) + ":",
-          "not_advertised", openingCommand(firewall, discoveryGate()), ExitCode::unreachable};
+          "not_advertised", openingCommand(firewall, discoveryPortRule()), ExitCode::unreachable};
 }
 
 Finding examineName(const Found& found) {

@@ -18,18 +18,18 @@ constexpr const char* controls = R"(
 Rectangle {
   width: 680; height: 520
   gradient: Gradient {
-    GradientStop { position: 0; color: Look.windowTop }
-    GradientStop { position: 1; color: Look.windowBottom }
+    GradientStop { position: 0; color: Theme.windowTop }
+    GradientStop { position: 1; color: Theme.windowBottom }
   }
   GlassPanel {
     x: 24; y: 24; width: 300; height: 472; raised: true
     Column {
       x: 16; y: 16; width: 268; spacing: 12
-      Text { text: "Glintboard Agent"; font: Look.fonts.ui(Look.Headline, Look.Semibold); color: Look.text }
-      Text { text: "STREAMING"; font: Look.fonts.hero(Look.Title); color: Look.text }
-      Text { text: Look.teachingCaption; font: Look.fonts.handCaption(Look.Title3); color: Look.accent }
-      Text { text: "482 913"; font: Look.fonts.mono(Look.Title2, Look.Semibold); color: Look.text }
-      Text { text: "Scan with iPhone"; font: Look.fonts.ui(Look.Footnote); color: Look.secondaryText }
+      Text { text: "Glintboard Agent"; font: Theme.fonts.ui(Theme.Headline, Theme.Semibold); color: Theme.text }
+      Text { text: "STREAMING"; font: Theme.fonts.hero(Theme.Title); color: Theme.text }
+      Text { text: Theme.teachingCaption; font: Theme.fonts.handCaption(Theme.Title3); color: Theme.accent }
+      Text { text: "482 913"; font: Theme.fonts.mono(Theme.Title2, Theme.Semibold); color: Theme.text }
+      Text { text: "Scan with iPhone"; font: Theme.fonts.ui(Theme.Footnote); color: Theme.secondaryText }
       Row { spacing: 8; PillButton { text: "Cancel" }
         PillButton { id: first; kind: PillButton.Primary; text: "Save to iPhone" } }
       Row { spacing: 8; PillButton { text: "Add"; symbolName: "plus" }
@@ -45,11 +45,11 @@ Rectangle {
   Grid {
     x: 348; y: 24; columns: 8; spacing: 12
     Repeater { model: symbolNames
-      Symbol { required property string modelData; name: modelData; color: Look.text; size: 28 } }
+      Symbol { required property string modelData; name: modelData; color: Theme.text; size: 28 } }
   }
-  Spinner { x: 348; y: 300; size: 32; color: Look.accent }
+  Spinner { x: 348; y: 300; size: 32; color: Theme.accent }
   Row { x: 348; y: 360; spacing: 12
-    Repeater { model: [Look.success, Look.warning, Look.dangerVivid, Look.inactive, Look.accent]
+    Repeater { model: [Theme.success, Theme.warning, Theme.dangerVivid, Theme.inactive, Theme.accent]
       Rectangle { required property color modelData; width: 24; height: 24; radius: 12; color: modelData } } }
   Component.onCompleted: first.forceActiveFocus(Qt.TabFocusReason)
   property var symbolNames
@@ -59,8 +59,8 @@ constexpr const char* tiles = R"(
 Rectangle {
   width: 848; height: 560
   gradient: Gradient {
-    GradientStop { position: 0; color: Look.windowTop }
-    GradientStop { position: 1; color: Look.windowBottom }
+    GradientStop { position: 0; color: Theme.windowTop }
+    GradientStop { position: 1; color: Theme.windowBottom }
   }
   property var keys
   property var sampleIcon

@@ -3,7 +3,7 @@
 #include <QTest>
 #include <QtMath>
 
-#include "agent/shell/menu_view.h"
+#include "agent/menu/menu_view.h"
 #include "protocol/pairing_qr_payload.h"
 #include "tools/pictures/scene.h"
 

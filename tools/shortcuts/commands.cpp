@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <iostream>
 
-#include "platform/linux/application_scan.h"
-#include "platform/linux/application_shortcuts.h"
-#include "platform/linux/shortcut_folder.h"
-#include "platform/linux/shortcut_text.h"
+#include "platform/linux/applications/application_scan.h"
+#include "platform/linux/shortcuts/application_shortcuts.h"
+#include "platform/linux/shortcuts/shortcut_folder.h"
+#include "platform/linux/shortcuts/shortcut_text.h"
 #include "tools/shortcuts/arguments.h"
 #include "tools/shortcuts/help.h"
 #include "tools/shortcuts/run_shortcut.h"

@@ -13,8 +13,8 @@
 #include <system_error>
 
 #include "platform/file_descriptor.h"
-#include "platform/linux/application_launcher.h"
-#include "platform/linux/pidfd.h"
+#include "platform/linux/applications/application_launcher.h"
+#include "platform/linux/process/pidfd.h"
 #include "tools/shortcuts/command_errors.h"
 
 namespace glintboard::shortcuts {

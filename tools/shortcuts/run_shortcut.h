@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "platform/linux/shortcut.h"
+#include "platform/linux/shortcuts/shortcut.h"
 
 namespace glintboard::shortcuts {
 

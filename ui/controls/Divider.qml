@@ -6,6 +6,6 @@ import Glintboard.UI
 Rectangle {
     implicitWidth: 100
     implicitHeight: 1 / Screen.devicePixelRatio
-    color: Look.stroke
+    color: Theme.stroke
     Accessible.role: Accessible.Separator
 }

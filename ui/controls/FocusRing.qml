@@ -9,14 +9,14 @@ Rectangle {
 
     required property T.Control target
     property bool shown: ring.target.visualFocus
-    property real cornerRadius: Look.FieldRadius
+    property real cornerRadius: Theme.FieldRadius
 
     anchors.fill: parent
     anchors.margins: -4
     radius: ring.cornerRadius + 4
     color: "transparent"
     border.width: 2
-    border.color: Look.accent
+    border.color: Theme.accent
     opacity: ring.shown ? 1 : 0
 
     Behavior on opacity {

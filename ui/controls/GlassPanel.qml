@@ -6,11 +6,11 @@ import Glintboard.UI
 Item {
     id: panel
 
-    property real radius: Look.PanelRadius
+    property real radius: Theme.PanelRadius
     // Without a window's ground behind it a panel must be opaque to be legible.
-    property bool opaque: Look.increasedContrast
+    property bool opaque: Theme.increasedContrast
     property bool raised: false
-    property color fill: panel.opaque ? Look.solidSurface : Look.surface
+    property color fill: panel.opaque ? Theme.solidSurface : Theme.surface
     default property alias content: body.data
 
     implicitWidth: body.childrenRect.width
@@ -25,7 +25,7 @@ Item {
         radius: panel.radius
         blur: 24
         fall: 8
-        color: Look.shadow
+        color: Theme.shadow
     }
 
     Rectangle {
@@ -33,7 +33,7 @@ Item {
         radius: panel.radius
         color: panel.fill
         border.width: 1 / Screen.devicePixelRatio
-        border.color: Look.stroke
+        border.color: Theme.stroke
     }
 
     Item {

@@ -16,16 +16,16 @@ T.TextField {
 
     implicitWidth: Math.max(contentWidth + leftPadding + rightPadding, placeholder.implicitWidth + leftPadding + rightPadding, 120)
     implicitHeight: Math.max(contentHeight + topPadding + bottomPadding, 32)
-    leftPadding: (control.symbolName !== "" ? Look.symbolSize + Look.Gap8 : 0) + Look.Gap12
-    rightPadding: Look.Gap12 + (clear.visible ? clear.width : 0)
-    topPadding: Look.Gap4
-    bottomPadding: Look.Gap4
+    leftPadding: (control.symbolName !== "" ? Theme.symbolSize + Theme.Gap8 : 0) + Theme.Gap12
+    rightPadding: Theme.Gap12 + (clear.visible ? clear.width : 0)
+    topPadding: Theme.Gap4
+    bottomPadding: Theme.Gap4
     verticalAlignment: TextInput.AlignVCenter
-    font: Look.fonts.uiSized(14)
-    color: Look.text
-    placeholderTextColor: Look.secondaryText
-    selectionColor: Look.accent
-    selectedTextColor: Look.onAccent
+    font: Theme.fonts.uiSized(14)
+    color: Theme.text
+    placeholderTextColor: Theme.secondaryText
+    selectionColor: Theme.accent
+    selectedTextColor: Theme.onAccent
     selectByMouse: true
     hoverEnabled: true
 
@@ -40,18 +40,18 @@ T.TextField {
     }
 
     background: Rectangle {
-        radius: Look.FieldRadius
-        color: control.inPlace && !control.activeFocus ? (control.hovered ? Look.hover : "transparent") : Look.surface
+        radius: Theme.FieldRadius
+        color: control.inPlace && !control.activeFocus ? (control.hovered ? Theme.hover : "transparent") : Theme.surface
         border.width: control.activeFocus ? 2 : 1 / Screen.devicePixelRatio
-        border.color: control.activeFocus ? Look.accent : control.inPlace ? "transparent" : Look.stroke
+        border.color: control.activeFocus ? Theme.accent : control.inPlace ? "transparent" : Theme.stroke
 
         Symbol {
-            x: Look.Gap12
+            x: Theme.Gap12
             anchors.verticalCenter: parent.verticalCenter
             visible: control.symbolName !== ""
             name: control.symbolName
-            color: Look.secondaryText
-            size: Look.symbolSize
+            color: Theme.secondaryText
+            size: Theme.symbolSize
         }
     }
 
@@ -87,7 +87,7 @@ T.TextField {
             Symbol {
                 anchors.centerIn: parent
                 name: "xmark"
-                color: Look.secondaryText
+                color: Theme.secondaryText
                 size: 12
             }
         }

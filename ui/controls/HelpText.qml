@@ -12,26 +12,26 @@ T.ToolTip {
     visible: tip.target.hovered && tip.text !== ""
     delay: 700
     x: tip.parent ? (tip.parent.width - tip.implicitWidth) / 2 : 0
-    y: -tip.implicitHeight - Look.Gap4
+    y: -tip.implicitHeight - Theme.Gap4
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    horizontalPadding: Look.Gap8
-    verticalPadding: Look.Gap4
-    margins: Look.Gap4
+    horizontalPadding: Theme.Gap8
+    verticalPadding: Theme.Gap4
+    margins: Theme.Gap4
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
 
     contentItem: Text {
         text: tip.text
-        font: Look.fonts.ui(Look.Caption)
-        color: Look.text
+        font: Theme.fonts.ui(Theme.Caption)
+        color: Theme.text
         textFormat: Text.PlainText
     }
 
     background: Rectangle {
-        radius: Look.FieldRadius
-        color: Look.solidSurface
+        radius: Theme.FieldRadius
+        color: Theme.solidSurface
         border.width: 1 / Screen.devicePixelRatio
-        border.color: Look.stroke
+        border.color: Theme.stroke
     }
 
     enter: Transition {
@@ -39,7 +39,7 @@ T.ToolTip {
             property: "opacity"
             from: 0
             to: 1
-            duration: Look.fadeTime
+            duration: Theme.fadeTime
         }
     }
 }

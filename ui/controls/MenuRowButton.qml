@@ -10,15 +10,15 @@ GlintButton {
     property string symbolName: ""
     // Shown at the end of the row; it is the caller who makes the keys work.
     property string shortcutText: ""
-    readonly property color ink: control.destructive ? Look.dangerText : Look.text
+    readonly property color ink: control.destructive ? Theme.dangerText : Theme.text
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Math.max(implicitContentHeight + topPadding + bottomPadding, 32)
-    leftPadding: Look.Gap8
-    rightPadding: Look.Gap8
-    topPadding: Look.Gap4
-    bottomPadding: Look.Gap4
-    font: Look.fonts.uiSized(14, Look.Medium)
+    leftPadding: Theme.Gap8
+    rightPadding: Theme.Gap8
+    topPadding: Theme.Gap4
+    bottomPadding: Theme.Gap4
+    font: Theme.fonts.uiSized(14, Theme.Medium)
     opacity: control.enabled ? 1 : 0.5
 
     contentItem: MenuRowLabel {
@@ -30,8 +30,8 @@ GlintButton {
     }
 
     background: Rectangle {
-        radius: Look.FieldRadius
-        color: control.down ? Look.pressed : control.hovered && control.enabled ? Look.hover : "transparent"
+        radius: Theme.FieldRadius
+        color: control.down ? Theme.pressed : control.hovered && control.enabled ? Theme.hover : "transparent"
 
         Behavior on color {
             ColorAnimation {
@@ -42,7 +42,7 @@ GlintButton {
         FocusRing {
             target: control
             anchors.margins: 0
-            radius: Look.FieldRadius
+            radius: Theme.FieldRadius
         }
     }
 }

@@ -7,11 +7,11 @@ Item {
 
     property alias text: title.text
     property alias font: title.font
-    property color color: Look.text
+    property color color: Theme.text
     property string symbolName: ""
     property string shortcutText: ""
 
-    implicitWidth: title.x + title.implicitWidth + keys.implicitWidth + Look.Gap16
+    implicitWidth: title.x + title.implicitWidth + keys.implicitWidth + Theme.Gap16
     implicitHeight: title.implicitHeight
 
     Symbol {
@@ -21,14 +21,14 @@ Item {
         visible: label.symbolName !== ""
         name: label.symbolName
         color: label.color
-        size: Look.symbolSize
+        size: Theme.symbolSize
     }
 
     Text {
         id: title
 
-        x: symbol.visible ? symbol.width + Look.Gap8 : 0
-        width: parent.width - x - (keys.visible ? keys.width + Look.Gap8 : 0)
+        x: symbol.visible ? symbol.width + Theme.Gap8 : 0
+        width: parent.width - x - (keys.visible ? keys.width + Theme.Gap8 : 0)
         anchors.verticalCenter: parent.verticalCenter
         color: label.color
         wrapMode: Text.Wrap
@@ -42,7 +42,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         visible: label.shortcutText !== ""
         text: label.shortcutText
-        font: Look.fonts.ui(Look.Caption)
-        color: Look.secondaryText
+        font: Theme.fonts.ui(Theme.Caption)
+        color: Theme.secondaryText
     }
 }

@@ -14,19 +14,19 @@ GlintButton {
 
     property int kind: PillButton.Kind.Secondary
     readonly property bool primary: control.kind === PillButton.Kind.Primary
-    readonly property color ink: control.primary ? Look.onAccent : Look.text
+    readonly property color ink: control.primary ? Theme.onAccent : Theme.text
     // A symbol before the text.
     property string symbolName: ""
 
     implicitWidth: Math.max(implicitContentWidth + leftPadding + rightPadding, 64)
     implicitHeight: Math.max(implicitContentHeight + topPadding + bottomPadding, 32)
-    leftPadding: Look.Gap16
-    rightPadding: Look.Gap16
-    topPadding: Look.Gap4
-    bottomPadding: Look.Gap4
-    font: Look.fonts.uiSized(14, Look.Semibold)
+    leftPadding: Theme.Gap16
+    rightPadding: Theme.Gap16
+    topPadding: Theme.Gap4
+    bottomPadding: Theme.Gap4
+    font: Theme.fonts.uiSized(14, Theme.Semibold)
     opacity: control.enabled ? 1 : 0.5
-    scale: control.down && !Look.reducedMotion ? 0.97 : 1
+    scale: control.down && !Theme.reducedMotion ? 0.97 : 1
 
     contentItem: PillLabel {
         text: control.text
@@ -38,14 +38,14 @@ GlintButton {
 
     background: Rectangle {
         radius: height / 2
-        color: control.primary ? Look.accent : Look.surface
+        color: control.primary ? Theme.accent : Theme.surface
         border.width: control.primary ? 0 : 1 / Screen.devicePixelRatio
-        border.color: Look.stroke
+        border.color: Theme.stroke
 
         Rectangle {
             anchors.fill: parent
             radius: parent.radius
-            color: control.primary ? Look.onAccent : Look.text
+            color: control.primary ? Theme.onAccent : Theme.text
             opacity: control.down ? 0.16 : control.hovered && control.enabled ? 0.08 : 0
 
             Behavior on opacity {
@@ -63,7 +63,7 @@ GlintButton {
 
     Behavior on scale {
         ScaleAnimator {
-            duration: control.down ? Look.pressTime : Look.releaseTime
+            duration: control.down ? Theme.pressTime : Theme.releaseTime
             easing.type: Easing.OutCubic
         }
     }

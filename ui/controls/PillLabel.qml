@@ -7,7 +7,7 @@ Item {
 
     property alias text: title.text
     property alias font: title.font
-    property color color: Look.text
+    property color color: Theme.text
     property string symbolName: ""
     property bool busy: false
 
@@ -20,7 +20,7 @@ Item {
         id: row
 
         anchors.centerIn: parent
-        spacing: Look.Gap8
+        spacing: Theme.Gap8
         opacity: label.busy ? 0 : 1
 
         Symbol {
@@ -30,7 +30,7 @@ Item {
             visible: label.symbolName !== ""
             name: label.symbolName
             color: label.color
-            size: Look.symbolSize
+            size: Theme.symbolSize
         }
 
         Text {

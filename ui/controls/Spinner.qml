@@ -5,7 +5,7 @@ import Glintboard.UI
 Item {
     id: spinner
 
-    property color color: Look.secondaryText
+    property color color: Theme.secondaryText
     property real size: 20
     property bool running: true
 
@@ -46,7 +46,7 @@ Item {
 
     Behavior on opacity {
         NumberAnimation {
-            duration: Look.fadeTime
+            duration: Theme.fadeTime
         }
     }
 }

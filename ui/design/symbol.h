@@ -7,7 +7,7 @@
 
 namespace glintboard {
 
-// In QML: `Symbol { name: "lock.fill"; color: Look.text; size: 16 }`.
+// In QML: `Symbol { name: "lock.fill"; color: Theme.text; size: 16 }`.
 class Symbol : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT

@@ -18,7 +18,7 @@ Item {
         id: host
 
         anchors.fill: parent
-        isActive: modifier.isActive && !Look.reducedMotion
+        isActive: modifier.isActive && !Theme.reducedMotion
         seed: modifier.seed
     }
 }

@@ -9,7 +9,7 @@ GlintButton {
 
     implicitWidth: 22
     implicitHeight: 22
-    scale: badge.down && !Look.reducedMotion ? 0.9 : 1
+    scale: badge.down && !Theme.reducedMotion ? 0.9 : 1
 
     Accessible.name: badge.explanation
 
@@ -56,7 +56,7 @@ GlintButton {
 
     Behavior on scale {
         ScaleAnimator {
-            duration: Look.pressTime
+            duration: Theme.pressTime
         }
     }
 }

@@ -10,8 +10,8 @@ GlassTile {
 
     implicitWidth: tile.faceSize
     implicitHeight: tile.faceSize + (tile.showsLabel ? tile.captionGap + caption.implicitHeight : 0)
-    labelColor: Look.text
-    labelMutedColor: Look.secondaryText
+    labelColor: Theme.text
+    labelMutedColor: Theme.secondaryText
 
     Accessible.role: Accessible.Graphic
     Accessible.name: tile.displayLabel
@@ -23,11 +23,11 @@ GlassTile {
         width: tile.faceSize
         height: tile.faceSize
         anchors.horizontalCenter: parent.horizontalCenter
-        scale: tile.tileIsPressed && !Look.reducedMotion ? 0.94 : 1
+        scale: tile.tileIsPressed && !Theme.reducedMotion ? 0.94 : 1
 
         Behavior on scale {
             ScaleAnimator {
-                duration: tile.tileIsPressed ? Look.pressTime : Look.releaseTime
+                duration: tile.tileIsPressed ? Theme.pressTime : Theme.releaseTime
                 easing.type: Easing.OutCubic
             }
         }
@@ -38,7 +38,7 @@ GlassTile {
             anchors.margins: -blur
             radius: tile.cornerRadius
             blur: tile.faceSize * 0.2
-            color: Look.accentVivid
+            color: Theme.accentVivid
             opacity: tile.isLive ? 1 : 0
 
             Rectangle {
@@ -47,12 +47,12 @@ GlassTile {
                 radius: tile.cornerRadius + 3
                 color: "transparent"
                 border.width: 2
-                border.color: Look.accentVivid
+                border.color: Theme.accentVivid
             }
 
             Behavior on opacity {
                 OpacityAnimator {
-                    duration: Look.fadeTime
+                    duration: Theme.fadeTime
                 }
             }
         }
@@ -65,14 +65,14 @@ GlassTile {
             radius: tile.cornerRadius
             blur: tile.faceSize * 0.18
             fall: tile.faceSize * 0.07
-            color: Look.dark ? Look.shadow : Look.faded(Look.shadow, 2)
+            color: Theme.dark ? Theme.shadow : Theme.faded(Theme.shadow, 2)
         }
 
         GlassFace {
             anchors.fill: parent
             radius: tile.cornerRadius
-            upper: tile.showsIcon ? tile.iconAccent : tile.appearance.gradient[0] ?? Look.inactive
-            lower: tile.appearance.gradient[1] ?? Look.inactive
+            upper: tile.showsIcon ? tile.iconAccent : tile.appearance.gradient[0] ?? Theme.inactive
+            lower: tile.appearance.gradient[1] ?? Theme.inactive
             behindIcon: tile.showsIcon
             missing: tile.isMissing
         }
@@ -100,7 +100,7 @@ GlassTile {
 
             Behavior on opacity {
                 OpacityAnimator {
-                    duration: Look.fadeTime
+                    duration: Theme.fadeTime
                 }
             }
         }
@@ -114,7 +114,7 @@ GlassTile {
 
             Behavior on opacity {
                 OpacityAnimator {
-                    duration: Look.fadeTime
+                    duration: Theme.fadeTime
                 }
             }
         }
@@ -142,7 +142,7 @@ GlassTile {
             clip: true
 
             Behavior on width {
-                enabled: tile.didSucceed && !Look.reducedMotion
+                enabled: tile.didSucceed && !Theme.reducedMotion
 
                 NumberAnimation {
                     duration: 200
@@ -173,7 +173,7 @@ GlassTile {
                 anchors.centerIn: parent
                 anchors.verticalCenterOffset: -parent.height * 0.04
                 name: "exclamationmark.triangle.fill"
-                color: Look.warning
+                color: Theme.warning
                 size: parent.width * 0.64
             }
         }
@@ -186,7 +186,7 @@ GlassTile {
             height: tile.dotSize
             radius: tile.dotSize / 2
             visible: tile.showsRunningDot && tile.isRunning && !tile.isMissing
-            color: Look.success
+            color: Theme.success
 
             // Keeps the dot apart from a face of its own colour.
             Rectangle {
@@ -207,7 +207,7 @@ GlassTile {
         width: Math.max(tile.width, tile.faceSize)
         visible: tile.showsLabel
         text: tile.displayLabel
-        font: Look.fonts.uiSized(tile.captionSize, tile.isRunning ? Look.Semibold : Look.Medium, false)
+        font: Theme.fonts.uiSized(tile.captionSize, tile.isRunning ? Theme.Semibold : Theme.Medium, false)
         color: tile.isRunning ? tile.labelColor : tile.labelMutedColor
         horizontalAlignment: Text.AlignHCenter
         elide: Text.ElideRight

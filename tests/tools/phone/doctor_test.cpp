@@ -9,15 +9,15 @@ namespace {
 
 TEST(Doctor, OpensEachFirewallForWhatIsMissing) {
   using Kind = Firewall::Kind;
-  const auto tcp = connectionGate();
-  const auto udp = discoveryGate();
+  const auto tcp = connectionPortRule();
+  const auto udp = discoveryPortRule();
   const std::string ufw = "sudo ufw allow ";
   const std::string nft = "sudo nft insert rule ";
   const auto firewalld = [](const char* what) {
     return std::string("sudo firewall-cmd --permanent --add-") + what +
            " && sudo firewall-cmd --reload";
   };
-  const std::tuple<Firewall, Gate, std::string> cases[] = {
+  const std::tuple<Firewall, PortRule, std::string> cases[] = {
       {{Kind::ufw, true, {}}, tcp, ufw + "glintboard-agent"},
       {{Kind::ufw, true, {}}, udp, ufw + "glintboard-agent"},
       {{Kind::ufw, false, {}}, tcp, ufw + "9847/tcp"},

@@ -1,0 +1,188 @@
+import QtQuick
+import Glintboard.Editor
+import Glintboard.UI
+
+// What is being dragged, under the pointer: the card that was lifted, and over the phone the key
+// that it will be. It has no size, so that its place is the pointer's.
+Item {
+    id: dragged
+
+    // What the drag carries; the rest is how it looks.
+    property string payload: ""
+    property bool lifted: false
+    // The card or key that was lifted; it keeps its place until the drop.
+    property Item owner: null
+    property bool overPhone: false
+    // Whether it would be taken where it is.
+    property bool welcome: true
+    property real keySize: 52
+    property var look: ({})
+    property point origin
+    property point grip
+    property size cardSize
+    readonly property bool isKey: dragged.look.isKey === true
+    readonly property bool showsKey: dragged.isKey || dragged.overPhone
+
+    // The pointer has been pressed there; a drag may begin.
+    function place(from: Item, x: real, y: real): void {
+        if (back.running)
+            back.complete();
+        const point = dragged.parent.mapFromItem(from, x, y);
+        dragged.x = point.x;
+        dragged.y = point.y;
+        dragged.origin = point;
+    }
+    function lift(what: var, who: Item, face: Item): void {
+        const corner = dragged.parent.mapFromItem(face, 0, 0);
+        dragged.grip = Qt.point(corner.x - dragged.origin.x, corner.y - dragged.origin.y);
+        dragged.cardSize = Qt.size(face.width, face.height);
+        dragged.look = what;
+        dragged.payload = what.payload;
+        dragged.owner = who;
+        dragged.overPhone = false;
+        dragged.welcome = true;
+        dragged.lifted = true;
+        dragged.Drag.active = true;
+    }
+    function drop(who: Item): void {
+        if (!dragged.lifted || dragged.owner !== who)
+            return;
+        if (dragged.Drag.drop() === Qt.IgnoreAction)
+            dragged.goBack();
+        else
+            dragged.letGo();
+    }
+    function cancel(): void {
+        if (dragged.lifted) {
+            dragged.Drag.cancel();
+            dragged.goBack();
+        }
+    }
+    // What was lifted is no longer there.
+    function giveUp(who: Item): void {
+        if (dragged.owner === who) {
+            if (dragged.lifted)
+                dragged.Drag.cancel();
+            dragged.letGo();
+        }
+    }
+    function goBack(): void {
+        dragged.Drag.active = false;
+        dragged.lifted = false;
+        if (Theme.reducedMotion)
+            dragged.letGo();
+        else
+            back.start();
+    }
+    function letGo(): void {
+        dragged.Drag.active = false;
+        dragged.lifted = false;
+        dragged.owner = null;
+        dragged.overPhone = false;
+    }
+
+    visible: dragged.owner !== null
+    Drag.dragType: Drag.Internal
+    Drag.mimeData: ({
+            "text/plain": dragged.payload
+        })
+
+    Item {
+        x: dragged.grip.x
+        y: dragged.grip.y
+        width: dragged.cardSize.width
+        height: dragged.cardSize.height
+        visible: !dragged.isKey
+        opacity: dragged.showsKey ? 0 : 1
+        scale: dragged.showsKey ? 0.5 : dragged.lifted && !Theme.reducedMotion ? 1.05 : 1
+        transformOrigin: Item.Center
+
+        SoftShadow {
+            anchors.fill: parent
+            anchors.margins: -blur
+            anchors.topMargin: fall - blur
+            anchors.bottomMargin: -fall - blur
+            radius: Theme.CardRadius
+            blur: 32
+            fall: 14
+            color: Theme.shadow
+        }
+
+        CardFace {
+            anchors.fill: parent
+            color: Theme.solidSurface
+            label: dragged.look.label ?? ""
+            subtitle: dragged.look.subtitle ?? ""
+            symbolName: dragged.look.iconSymbol ?? ""
+            iconSource: dragged.look.iconSource ?? ""
+            accent: dragged.look.accent ?? Theme.accent
+            isInDeck: dragged.look.isInDeck ?? false
+            tinted: true
+        }
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: 120
+            }
+        }
+        Behavior on scale {
+            NumberAnimation {
+                duration: Theme.moveTime
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+
+    GlassDeckKeyView {
+        x: dragged.isKey ? dragged.grip.x : -width / 2
+        y: dragged.isKey ? dragged.grip.y : -tileFaceSize / 2
+        tileFaceSize: dragged.keySize
+        showsLabel: false
+        kind: dragged.look.kind ?? "app"
+        label: dragged.look.label ?? ""
+        iconName: dragged.look.iconName ?? ""
+        iconSymbol: dragged.look.iconSymbol ?? ""
+        iconSource: dragged.look.iconSource ?? ""
+        accent: dragged.look.accent ?? Theme.accent
+        isMissingShortcut: dragged.look.isMissingShortcut ?? false
+        opacity: dragged.showsKey ? dragged.welcome ? 1 : 0.5 : 0
+        scale: !dragged.showsKey ? 0.6 : dragged.lifted && !Theme.reducedMotion ? 1.12 : 1
+        transformOrigin: Item.Center
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: 120
+            }
+        }
+        Behavior on scale {
+            NumberAnimation {
+                duration: Theme.moveTime
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+
+    SequentialAnimation {
+        id: back
+
+        ParallelAnimation {
+            NumberAnimation {
+                target: dragged
+                property: "x"
+                to: dragged.origin.x
+                duration: 200
+                easing.type: Easing.OutCubic
+            }
+            NumberAnimation {
+                target: dragged
+                property: "y"
+                to: dragged.origin.y
+                duration: 200
+                easing.type: Easing.OutCubic
+            }
+        }
+        ScriptAction {
+            script: dragged.letGo()
+        }
+    }
+}

@@ -1,0 +1,27 @@
+#include "agent/menu/panel_background.h"
+
+#include <QPainter>
+
+namespace glintboard {
+
+PanelBackground::PanelBackground(QQuickItem* parent) : QQuickPaintedItem(parent) {
+  connect(this, &PanelBackground::changed, this, [this] { update(); });
+}
+
+void PanelBackground::paint(QPainter* painter) {
+  const qreal hairline = 1 / painter->device()->devicePixelRatio();
+  QLinearGradient ground(0, 0, 0, height());
+  ground.setColorAt(0, top_);
+  ground.setColorAt(1, bottom_);
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(ground);
+  painter->drawRoundedRect(boundingRect(), radius_, radius_);
+  const qreal half = hairline / 2;
+  painter->setPen(QPen(stroke_, hairline));
+  painter->setBrush(Qt::NoBrush);
+  painter->drawRoundedRect(boundingRect().adjusted(half, half, -half, -half), radius_ - half,
+                           radius_ - half);
+}
+
+}  // namespace glintboard

@@ -1,0 +1,39 @@
+// The installed applications, kept up to date.
+#pragma once
+
+#include <memory>
+#include <mutex>
+
+#include "platform/executors.h"
+#include "platform/linux/applications/installed_applications.h"
+#include "platform/linux/base/directory_watcher.h"
+#include "platform/linux/base/xdg_folders.h"
+
+namespace glintboard {
+
+class ApplicationIndex : public std::enable_shared_from_this<ApplicationIndex> {
+ public:
+  // Reads the applications folders of `folders` (a few milliseconds), so that the first question
+  // is answered rightly, and follows their changes until `stop`. The service loop of `executors`
+  // keeps the index alive until then.
+  static std::shared_ptr<ApplicationIndex> open(Executors& executors, const XdgFolders& folders);
+
+  // What is installed, as of the last change and about 100 ms. At once, on any thread.
+  std::shared_ptr<const InstalledApplications> current() const;
+  // Any thread.
+  void stop();
+
+ private:
+  ApplicationIndex(Executors& executors, const XdgFolders& folders);
+  static Awaitable<> follow(std::shared_ptr<ApplicationIndex> self);
+  void scan();
+
+  const asio::any_io_executor service_;
+  const asio::any_io_executor workers_;
+  const XdgFolders folders_;
+  DirectoryWatcher watcher_;
+  mutable std::mutex mutex_;
+  std::shared_ptr<const InstalledApplications> current_;
+};
+
+}  // namespace glintboard

@@ -1,0 +1,85 @@
+// Which applications run, as far as their processes tell.
+#pragma once
+
+#include <sys/types.h>
+
+#include <boost/asio/posix/stream_descriptor.hpp>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string>
+
+#include "platform/executors.h"
+#include "platform/linux/applications/application_matcher.h"
+
+namespace glintboard {
+
+// Knows at once what this agent launched, until the last process of the launched program's session
+// has ended; finds the rest among the user's processes every two seconds while it is told to
+// watch, and learns of their ends at once. Does nothing while nobody watches and nothing launched
+// runs.
+class RunningApplications : public std::enable_shared_from_this<RunningApplications> {
+ public:
+  // The processes of each running application, by bundle identifier.
+  using Snapshot = std::map<std::string, std::set<pid_t>>;
+
+  static std::shared_ptr<RunningApplications> create(
+      Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher);
+
+  // At once, on any thread.
+  std::shared_ptr<const Snapshot> current() const;
+  // Adds an application that was just launched; `leader` leads a session of its own. Any thread.
+  void launched(const std::string& bundleId, pid_t leader);
+  // Any thread. What was found is forgotten when the watching ends. `looked` is called on the
+  // service loop once the first scan after the watching began has ended; never if it is ended
+  // before that.
+  void watch(bool on, std::function<void()> looked = nullptr);
+
+ private:
+  struct Launched {
+    std::string bundleId;
+    // A living process of the session.
+    pid_t process = 0;
+  };
+
+  struct Followed {
+    pid_t process = 0;
+    asio::posix::stream_descriptor end;
+  };
+
+  RunningApplications(Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher);
+  static Awaitable<> followSession(std::weak_ptr<RunningApplications> weakSelf, pid_t leader);
+  static Awaitable<> scanRepeatedly(std::shared_ptr<RunningApplications> self, unsigned round,
+                                    std::function<void()> looked);
+  void startOrStop(bool on, std::function<void()> looked);
+  // Looks through all processes. On a worker.
+  Snapshot scan();
+  // Replaces what the scan before found. On the service loop.
+  void takeScan(Snapshot scanned);
+  // Follows one of an application's processes to its end, and forgets those that have ended.
+  void followOneOf(const std::string& bundleId, std::set<pid_t>& processes);
+  void ended(const std::string& bundleId, pid_t process);
+  // Merges what is known into a new snapshot; with `mutex_` held.
+  void publish();
+
+  const asio::any_io_executor service_;
+  const asio::any_io_executor workers_;
+  const std::shared_ptr<CurrentApplicationMatcher> matcher_;
+
+  // Touched on the service loop alone.
+  asio::steady_timer nextScan_;
+  bool watching_ = false;
+  unsigned round_ = 0;
+  // Of each application that was found, one of its processes.
+  std::map<std::string, Followed> followed_;
+
+  mutable std::mutex mutex_;
+  // By the leader of the session.
+  std::map<pid_t, Launched> launched_;
+  Snapshot scanned_;
+  std::shared_ptr<const Snapshot> current_ = std::make_shared<const Snapshot>();
+};
+
+}  // namespace glintboard

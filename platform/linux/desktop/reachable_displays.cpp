@@ -1,0 +1,81 @@
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <wayland-client.h>
+#include <xcb/xcb.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <sstream>
+#include <string_view>
+
+#include "platform/display.h"
+
+namespace glintboard {
+namespace {
+
+constexpr unsigned displayTimeout = 2;  // seconds
+
+std::string variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+// The libraries wait for ever for a server that does not answer. So a process of its own asks, and
+// the alarm ends that.
+template <class Question>
+bool answersInTime(Question question) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::signal(SIGALRM, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    ::alarm(displayTimeout);
+    std::_Exit(question() ? EXIT_SUCCESS : EXIT_FAILURE);
+  }
+  int status = 0;
+  while (child > 0 && ::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  }
+  return child > 0 && WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
+}
+
+bool xServerAnswers() {
+  const auto display = variable("DISPLAY");
+  return !display.empty() && answersInTime([&] {
+    return xcb_connection_has_error(xcb_connect(display.c_str(), nullptr)) == 0;
+  });
+}
+
+bool compositorAnswers() {
+  const auto display = variable("WAYLAND_DISPLAY");
+  return !display.empty() && answersInTime([&] {
+    // A socket that was inherited can be used only once, and not for a question.
+    ::unsetenv("WAYLAND_SOCKET");
+    wl_display* connection = wl_display_connect(display.c_str());
+    return connection != nullptr && wl_display_roundtrip(connection) >= 0;
+  });
+}
+
+}  // namespace
+
+std::vector<std::string> reachableDisplays() {
+  std::string wanted = variable("QT_QPA_PLATFORM");
+  if (wanted.empty()) {
+    wanted = "wayland;xcb";
+  }
+  std::vector<std::string> reachable;
+  std::istringstream names(wanted);
+  for (std::string name; std::getline(names, name, ';');) {
+    const std::string_view kind = std::string_view(name).substr(0, name.find(':'));
+    const bool showsNothing = kind.empty() || kind == "offscreen" || kind.starts_with("minimal");
+    if (showsNothing || (kind == "xcb" && !xServerAnswers()) ||
+        (kind.starts_with("wayland") && !compositorAnswers())) {
+      continue;
+    }
+    reachable.push_back(name);
+  }
+  return reachable;
+}
+
+}  // namespace glintboard

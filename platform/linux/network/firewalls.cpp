@@ -1,0 +1,159 @@
+#include "platform/linux/network/firewalls.h"
+
+#include <sys/utsname.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+namespace glintboard {
+namespace {
+
+// Whether the file can be read, and has a line that begins so.
+bool hasLine(const std::string& path, std::string_view beginning) {
+  std::ifstream file(path);
+  for (std::string line; std::getline(file, line);) {
+    if (line.starts_with(beginning)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+// What a command prints. None where it fails or is not there.
+std::optional<std::string> printed(const std::string& command) {
+  const std::string line = "PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C timeout 2 " + command +
+                           " </dev/null 2>/dev/null";
+  std::FILE* const pipe = ::popen(line.c_str(), "re");
+  if (pipe == nullptr) {
+    return std::nullopt;
+  }
+  std::string text;
+  std::array<char, 4096> part{};
+  while (const auto length = std::fread(part.data(), 1, part.size(), pipe)) {
+    text.append(part.data(), length);
+  }
+  return ::pclose(pipe) == 0 ? std::optional(text) : std::nullopt;
+}
+
+// Whether the kernel has something that could hold rules. One that does not tell may.
+bool canFilter() {
+  utsname kernel{};
+  ::uname(&kernel);
+  const std::string builtIn = "/lib/modules/" + std::string(kernel.release) + "/modules.builtin";
+  return !std::ifstream("/proc/modules") || hasLine("/proc/modules", "nf_tables ") ||
+         hasLine("/proc/modules", "ip_tables ") ||
+         hasLine(builtIn, "kernel/net/netfilter/nf_tables.ko");
+}
+
+// Whether "22", "{ 22, 80-90 }" and the like hold the port. None where other words are in there.
+std::optional<bool> holds(const std::string& ports, std::uint16_t port) {
+  static const std::regex plain(R"([{} ,\d-]+)");
+  static const std::regex range(R"((\d+)(?:-(\d+))?)");
+  if (!std::regex_match(ports, plain)) {
+    return std::nullopt;
+  }
+  return std::any_of(std::sregex_iterator(ports.begin(), ports.end(), range), {},
+                     [port](const std::smatch& found) {
+                       const int first = std::stoi(found[1]);
+                       const int last = found[2].matched ? std::stoi(found[2]) : first;
+                       return first <= port && port <= last;
+                     });
+}
+
+enum class Effect { none, admits, hinders };
+
+// What a rule does to a stranger's first packet for the gate.
+Effect effectOf(const std::string& rule, const PortRule& gate) {
+  static const std::regex port(R"((?:^|\s)(tcp|udp|th) dport (\{[^}]*\}|\S+))");
+  static const std::regex acceptance(
+      R"((?:ct state new )?(?:\w+ dport (?:\{[^}]*\}|\S+) )?(?:ct state new )?(?:counter packets \d+ bytes \d+ )?)"
+      R"(accept(?: comment .*)?)");
+  static const std::regex hindrance(R"(\b(drop|reject|queue|jump|goto|vmap)\b)");
+  const bool isNegated = rule.find("!=") != rule.npos;
+  const bool isOfOthers = (rule.starts_with("ct state ") && rule.find("new") == rule.npos) ||
+                          rule.starts_with("iif \"lo\"") || rule.starts_with("iifname \"lo\"");
+  if (isOfOthers && !isNegated) {
+    return Effect::none;
+  }
+  std::optional<bool> isMeant = true;
+  if (std::smatch found; std::regex_search(rule, found, port)) {
+    const bool isProtocol = found[1] == gate.protocol || found[1] == "th";
+    isMeant = isProtocol ? holds(found[2], gate.port) : false;
+  }
+  if (isMeant == false) {
+    return Effect::none;
+  }
+  if (isMeant && std::regex_match(rule, acceptance)) {
+    return Effect::admits;
+  }
+  return std::regex_search(rule, hindrance) ? Effect::hinders : Effect::none;
+}
+
+}  // namespace
+
+bool ufwIsOn() {
+  return hasLine("/etc/ufw/ufw.conf", "ENABLED=yes");
+}
+
+bool ufwAdmits(const PortRule& gate) {
+  // To any address, from any port of any address.
+  const std::string target = std::to_string(gate.port) + " 0.0.0.0/0 any 0.0.0.0/0 ";
+  return hasLine("/etc/ufw/user.rules", "### tuple ### allow " + gate.protocol + " " + target) ||
+         hasLine("/etc/ufw/user.rules", "### tuple ### allow any " + target);
+}
+
+bool firewalldAdmits(const PortRule& gate) {
+  return printed("firewall-cmd --query-service=glintboard-agent") ||
+         printed("firewall-cmd --query-port=" + std::to_string(gate.port) + "/" + gate.protocol);
+}
+
+std::optional<Firewall> packetFilter(const PortRule& gate) {
+  const auto ruleset = printed("nft list ruleset");
+  if (!ruleset) {
+    return canFilter() ? std::optional(Firewall()) : std::nullopt;
+  }
+  auto chain = chainInTheWay(*ruleset, gate);
+  return chain ? std::optional(Firewall{Firewall::Kind::nftables, false, *chain}) : std::nullopt;
+}
+
+std::optional<std::string> chainInTheWay(const std::string& ruleset, const PortRule& gate) {
+  std::istringstream lines(ruleset);
+  std::string table;
+  std::string chain;
+  bool isForIncoming = false;
+  auto effect = Effect::none;
+  auto policy = Effect::admits;
+  for (std::string line; std::getline(lines, line);) {
+    line.erase(0, line.find_first_not_of(" \t"));
+    std::istringstream words(line);
+    std::string kind;
+    std::string name;
+    words >> kind >> name;
+    if (kind == "table") {
+      words >> table;
+      table = name.append(1, ' ').append(table);
+    } else if (kind == "chain" && name != "{") {
+      chain = name;
+      isForIncoming = false;
+      effect = Effect::none;
+    } else if (kind == "type") {
+      isForIncoming = line.find(" hook input ") != line.npos;
+      policy = line.find("policy drop") != line.npos ? Effect::hinders : Effect::admits;
+    } else if (line == "}") {
+      effect = effect == Effect::none ? policy : effect;
+      if (isForIncoming && effect == Effect::hinders) {
+        return table.append(1, ' ').append(chain);
+      }
+      isForIncoming = false;
+    } else if (isForIncoming && effect == Effect::none) {
+      effect = effectOf(line, gate);
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace glintboard

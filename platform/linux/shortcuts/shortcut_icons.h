@@ -1,0 +1,16 @@
+// The icons of Shortcuts, from their files, the applications' entries and the icon theme.
+#pragma once
+
+#include <memory>
+
+#include "platform/linux/applications/application_index.h"
+#include "platform/linux/base/xdg_folders.h"
+#include "platform/shortcut_icon_client.h"
+
+namespace glintboard {
+
+// Every Shortcut has an icon: one that names none, or none that can be drawn, has a tile.
+ShortcutIconClient shortcutIcons(std::shared_ptr<const ApplicationIndex> index,
+                                 const XdgFolders& folders);
+
+}  // namespace glintboard
