@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the wire handlers share: raw bytes in, raw bytes out.
 #pragma once
 

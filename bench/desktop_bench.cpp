@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How long after the window system itself the agent knows that a window opened or closed, and how
 // long a deck's icons of a real theme take to draw. Starts an X server and a compositor of its own.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How long the deck editor takes to open with 2,000 applications, and its frames while 24 keys
 // wobble and while the library scrolls. Draws in memory unless QT_QPA_PLATFORM says otherwise, and
 // at one pixel a point unless QT_SCALE_FACTOR does.

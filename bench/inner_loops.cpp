@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The inner loops by themselves: codec, decks, filter, look-ups.
 #include <benchmark/benchmark.h>
 

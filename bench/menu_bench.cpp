@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How long the menu takes to open, and what memory it takes: run it on a display.
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How long a save takes until 50 phones have the new decks: the services of the agent in this
 // process, over doubles of the desktop and a real decks file, and the phones in another thread.
 //   glintboard-save-bench TIMES

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The decks file and an earlier version's: whatever is in them, the phone gets its decks, the user
 // can save, and nothing is lost. A draft: what is read of it can be written and reads back the
 // same.

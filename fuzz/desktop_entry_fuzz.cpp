@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The entries of applications, and the files of Shortcuts, which have the same form.
 #include "fuzz/fuzz.h"
 #include "platform/linux/applications/desktop_entry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the agent answers: each line of the input is a message, from a stranger and from the paired
 // phone.
 #include "fuzz/fuzz.h"

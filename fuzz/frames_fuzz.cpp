@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frames of a WebSocket connection: however the bytes arrive, the same messages are found.
 #include <algorithm>
 #include <vector>

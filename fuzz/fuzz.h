@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the fuzz targets share. Each defines LLVMFuzzerTestOneInput, which is called once for every
 // input, and ends the process where something that must hold does not.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The index of an icon theme.
 #include "fuzz/fuzz.h"
 #include "platform/linux/applications/icon_theme.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any text: the scanner takes for JSON what another parser takes for it, and finds the same in it.
 #include <boost/json.hpp>
 #include <map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The messages of both sides: what is read can be written, and reads back as the same.
 #include "fuzz/fuzz.h"
 #include "protocol/wire_codec.h"

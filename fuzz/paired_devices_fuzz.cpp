@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The stored list of paired devices, in the keychain and in the file that stands in for it.
 #include "agent/pairing/keychain_paired_device_store.h"
 #include "fuzz/fuzz.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The address in the QR code.
 #include "fuzz/fuzz.h"
 #include "protocol/pairing_qr_payload.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the command-line tool behind Shortcut keys prints.
 #include "agent_core/shortcuts/shortcuts_catalog.h"
 #include "fuzz/fuzz.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A byte stream against the WebSocket endpoint, which sends every message back. Input that is no
 // upgrade request follows a good one.
 #include <boost/asio/io_context.hpp>

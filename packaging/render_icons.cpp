@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the application's icon at the sizes that desktops look for: render-icons SVG FOLDER SIZE...
 // writes FOLDER/SIZE.png.
 #include <QImage>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The other running copies of this agent.
 #pragma once
 

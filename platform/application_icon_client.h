@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The icons of installed applications.
 #pragma once
 

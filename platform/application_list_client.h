@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The applications that the user may choose from.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The few Asio names that the system writes everywhere.
 #pragma once
 

@@ -1,2 +1,3 @@
+// SPDX-License-Identifier: MIT
 #include <boost/asio/impl/src.hpp>
 #include <boost/beast/src.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/async_lock.h"
 
 namespace glintboard {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mutual exclusion between coroutines of one executor.
 #pragma once
 

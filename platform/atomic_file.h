@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files that are never seen half written.
 #pragma once
 

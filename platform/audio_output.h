@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sound device that the user hears.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Service discovery on the local network.
 #pragma once
 

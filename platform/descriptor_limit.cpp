@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/descriptor_limit.h"
 
 #include <sys/resource.h>

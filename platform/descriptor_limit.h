@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How many descriptors (open files, sockets) this process may have.
 #pragma once
 

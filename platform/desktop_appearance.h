@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the user wants windows to look.
 #pragma once
 

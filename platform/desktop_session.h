@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a desktop with a display offers a program beyond windows.
 #pragma once
 

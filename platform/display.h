@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screen that windows can be shown on.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The threads of the agent and the executors over them.
 #pragma once
 

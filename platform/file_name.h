@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts from outside that become part of a path.
 #pragma once
 

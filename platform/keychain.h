@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Secrets that only this user may read.
 #pragma once
 

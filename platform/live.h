@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The desktop that the agent really runs on.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the network looks like from this computer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines for whoever looks after the agent; the user sees none of them. They go to the journal where
 // that takes standard error, else to standard error itself. A line may never hold a token, a PIN or
 // a pairing code. Any thread.

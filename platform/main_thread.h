@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Qt's event loop as an executor, so that what lives on the main thread awaits actors as any other
 // coroutine does.
 #pragma once

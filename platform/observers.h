@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Those who want to be told of changes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Programs that run to their end, with a deadline.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Blocking calls, made where they hold up nobody.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The icons of the user's Shortcuts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sleep of the whole computer.
 #pragma once
 

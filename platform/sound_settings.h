@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the library that talks to the sound server is set up in this process.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/spawn.h"
 
 #include <boost/asio/error.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Work that nobody awaits.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An item in the desktop's tray.
 #pragma once
 

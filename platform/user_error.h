@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An error that a person reads.
 #pragma once
 

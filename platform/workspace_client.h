@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The installed and running applications of the desktop.
 #pragma once
 

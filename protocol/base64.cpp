@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/base64.h"
 
 #include <openssl/evp.h>

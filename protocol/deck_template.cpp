@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/deck_template.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A deck fitted to the applications of this computer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/deck_templates.h"
 
 #include "protocol/json_writer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The built-in decks.
 #pragma once
 

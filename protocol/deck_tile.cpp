@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/deck_tile.h"
 
 namespace glintboard {

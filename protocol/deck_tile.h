@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The keys of a deck. In files and on the wire a key is an object of these members.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Enumerations that travel as text.
 #pragma once
 

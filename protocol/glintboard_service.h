@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The constants that agent and phone share.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Plain structs from JSON text, in one pass over it.
 #pragma once
 

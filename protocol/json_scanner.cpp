@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/json_scanner.h"
 
 #include "protocol/utf8.h"

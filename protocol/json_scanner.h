@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Walks through a JSON text without building anything.
 #pragma once
 

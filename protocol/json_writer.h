@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JSON text from plain structs, straight into one string.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/mac_icon_sync_policy.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which icons a client that keeps icons locally should ask for.
 #pragma once
 

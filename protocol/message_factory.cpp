@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/message_factory.h"
 
 namespace glintboard::MessageFactory {

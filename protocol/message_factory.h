@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The builder of every message.
 #pragma once
 

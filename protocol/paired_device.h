@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The phone that this computer trusts.
 #pragma once
 

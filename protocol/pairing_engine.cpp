@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/pairing_engine.h"
 
 #include <algorithm>

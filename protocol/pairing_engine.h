@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rule that judges PINs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/pairing_qr_payload.h"
 
 #include <algorithm>

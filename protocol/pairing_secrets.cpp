@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/pairing_secrets.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The secrets that a phone shows to be paired.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The payload of every message. Each record is a JSON object on the wire whose keys are the
 // members' names; an optional member may be missing or null when read and is left out when absent.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What nearly every file of the protocol includes; compiled once.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the JSON codec knows about plain structs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/secure_random.h"
 
 #include <sys/random.h>

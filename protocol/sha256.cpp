@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/sha256.h"
 
 #include <openssl/sha.h>

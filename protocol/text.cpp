@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/text.h"
 
 namespace glintboard {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Small operations on ASCII text.
 #pragma once
 

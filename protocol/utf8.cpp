@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/utf8.h"
 
 #include <cstdint>

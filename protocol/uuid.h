@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Identifiers of messages, devices and Shortcuts.
 #pragma once
 

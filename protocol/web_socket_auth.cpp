@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/web_socket_auth.h"
 
 #include "protocol/glintboard_service.h"

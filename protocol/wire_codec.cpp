@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/wire_codec.h"
 
 #include "protocol/utf8.h"

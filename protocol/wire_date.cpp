@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/wire_date.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Moments in time, as the wire and as stored pairings write them.
 #pragma once
 

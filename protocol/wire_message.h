@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The envelope of every message.
 #pragma once
 

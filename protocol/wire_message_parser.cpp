@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "protocol/wire_message_parser.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a phone sent.
 #pragma once
 

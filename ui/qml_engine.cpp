@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/qml_engine.h"
 
 #include <QQmlEngine>

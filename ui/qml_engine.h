@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes the module usable from an engine.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/app/agent_app.h"
 
 #include <signal.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/app/agent_arguments.h"
 
 #include <map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/app/display_loss.h"
 
 #include <dlfcn.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A service that outlives the display it was started on.
 #pragma once
 

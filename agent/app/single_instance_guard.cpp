@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/app/single_instance_guard.h"
 
 #include <arpa/inet.h>

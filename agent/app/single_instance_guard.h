@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One agent for each user of a computer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How many connections there may be, and which of them go when there are more.
 #pragma once
 

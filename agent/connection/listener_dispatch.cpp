@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What becomes of one message.
 #include <QCoreApplication>
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/connection/listener_service.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The agent's network endpoint.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/connection/open_connections.h"
 
 #include <utility>

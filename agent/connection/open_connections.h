@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The open connections, and whose they are.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/connection/running_watch.h"
 
 #include <utility>

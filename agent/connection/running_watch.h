@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The watch of running applications, as long as phones ask what runs.
 #pragma once
 

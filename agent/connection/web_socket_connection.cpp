@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/connection/web_socket_connection.h"
 
 #include <sys/socket.h>

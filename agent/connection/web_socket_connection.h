@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // WebSockets, wrapped once: the rest of the agent never sees the library behind them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frames of the WebSocket protocol (RFC 6455), a server's side.
 #pragma once
 

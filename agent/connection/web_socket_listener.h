@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The agent's listening socket.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/connection/web_socket_upgrade.h"
 
 #include <openssl/sha.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How an HTTP connection becomes a WebSocket (RFC 6455, section 4.2).
 #pragma once
 

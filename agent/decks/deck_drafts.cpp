@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/decks/deck_drafts.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Unsaved changes that outlive the editor.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/decks/decks_file.h"
 
 #include "agent/decks/deck_store_error.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The decks on disk.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/apps_library.h"
 
 #include <algorithm>

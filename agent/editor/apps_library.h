@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The installed applications in the editor.
 #pragma once
 

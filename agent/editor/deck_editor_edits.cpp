@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user does to the deck.
 #include <algorithm>
 

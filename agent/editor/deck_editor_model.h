@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The deck editor's state and rules.
 #pragma once
 

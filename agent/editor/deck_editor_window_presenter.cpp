@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/deck_editor_window_presenter.h"
 
 #include <QCursor>

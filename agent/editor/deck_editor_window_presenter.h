@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window of the deck editor.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rules by which a deck is edited, without a window.
 #pragma once
 

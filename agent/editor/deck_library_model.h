@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cards of one library tab.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/deck_session.h"
 
 namespace glintboard {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The deck that is being edited, and its way to the store and back.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How decks come to a session and go from it.
 #include "agent/editor/deck_session.h"
 #include "agent/language/error_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The keys of the deck that is being edited.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/edit_history.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Undo and redo of what happens to a deck.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/editor_icons.h"
 
 namespace glintboard {

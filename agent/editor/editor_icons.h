@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The icons that the editor's views show.
 #pragma once
 

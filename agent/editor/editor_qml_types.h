@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The editor's models as QML knows them.
 #pragma once
 

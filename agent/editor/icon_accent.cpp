@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The colour that an icon lends to its card and key.
 #include "agent/editor/icon_accent.h"
 

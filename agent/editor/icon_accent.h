@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The colour of cards and keys whose icon lends them none.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The applications that can be put on a deck.
 #pragma once
 

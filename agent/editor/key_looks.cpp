@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/key_looks.h"
 
 #include <QQmlEngine>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the keys of the edited deck look.
 #pragma once
 

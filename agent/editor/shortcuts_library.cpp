@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/shortcuts_library.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/window_placement.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a window opens.
 #pragma once
 

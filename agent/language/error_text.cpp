@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/language/error_text.h"
 
 #include <locale.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a view says of an error.
 #pragma once
 

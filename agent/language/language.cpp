@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/language/language.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The language of the views.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 import QtQuick
 
 // A text of the menu, read out as it stands; names that phones chose are never markup.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/agent_view_model.h"
 
 #include <QStringList>

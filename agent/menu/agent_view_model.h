@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user interface shows and commands.
 #pragma once
 

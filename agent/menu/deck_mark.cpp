@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/deck_mark.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The agent's mark in its windows.
 #pragma once
 

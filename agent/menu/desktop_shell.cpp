@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/desktop_shell.h"
 
 #include <QTimer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The agent's place on a desktop with a display.
 #pragma once
 

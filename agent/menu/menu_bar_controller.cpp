@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/menu_bar_controller.h"
 
 namespace glintboard {

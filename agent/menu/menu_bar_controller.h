@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Joins the menu to the agent.
 #pragma once
 

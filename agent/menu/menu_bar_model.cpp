@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/menu_bar_model.h"
 
 #include "ui/design/deck_brand_palette.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the menu's view shows and offers.
 #pragma once
 

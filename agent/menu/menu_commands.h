@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the menu's buttons do, whatever draws them.
 #pragma once
 

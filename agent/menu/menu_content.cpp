@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/menu_content.h"
 
 #include <QCoreApplication>

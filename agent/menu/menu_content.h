@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the menu says, whatever draws it.
 #pragma once
 

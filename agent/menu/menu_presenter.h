@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window that the menu opens in.
 #pragma once
 

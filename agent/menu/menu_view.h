@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One window with the menu in it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/panel_background.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ground of a popover.
 #pragma once
 

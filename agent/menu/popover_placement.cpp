@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/popover_placement.h"
 
 #include <algorithm>

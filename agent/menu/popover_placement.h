@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a popover opens.
 #pragma once
 

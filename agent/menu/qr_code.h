@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text as the modules of a QR code.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/qr_code_image.h"
 
 #include <cmath>

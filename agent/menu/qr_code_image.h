@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // QR codes as pictures.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A QR code in a view.
 #pragma once
 

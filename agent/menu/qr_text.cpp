@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/qr_text.h"
 
 #include "agent/menu/qr_code.h"

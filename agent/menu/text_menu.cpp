@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/text_menu.h"
 
 #include <unistd.h>

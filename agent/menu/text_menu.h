@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The menu of an agent without windows.
 #pragma once
 

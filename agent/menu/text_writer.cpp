@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/text_writer.h"
 
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the menu in text is printed.
 #pragma once
 

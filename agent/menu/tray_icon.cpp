@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/menu/tray_icon.h"
 
 #include <QPainter>

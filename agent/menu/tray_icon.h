@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The grid of keys that stands for the agent: in the tray, where the desktop has no picture of it
 // installed, and in its own windows.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/pairing/in_memory_paired_device_store.h"
 
 namespace glintboard {

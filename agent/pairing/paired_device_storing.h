@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the trusted phones are remembered.
 #pragma once
 

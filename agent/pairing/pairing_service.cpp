@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/pairing/pairing_service.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one owner of this computer's pairing.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/services/agent_services.h"
 
 #include "agent/pairing/keychain_paired_device_store.h"

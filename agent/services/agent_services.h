@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The long-lived services, made and wired once.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/actions/action_handlers.h"
 
 #include "platform/log.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Action requests to replies.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/actions/core_audio_volume_controller.h"
 
 #include <algorithm>

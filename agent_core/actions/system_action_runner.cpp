@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/actions/system_action_runner.h"
 
 #include "agent_core/actions/core_audio_volume_controller.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a built-in action key does.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The volume of what the user hears.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Application requests to replies.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an application key does.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/apps/listener_service_stub.h"
 
 namespace glintboard {

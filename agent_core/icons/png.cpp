@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/icons/png.h"
 
 #include <QBuffer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/icons/shortcut_icon_provider.h"
 
 #include "agent_core/icons/app_icon_provider.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/shortcuts/shortcut_handlers.h"
 
 #include "agent_core/shortcuts/shortcuts_catalog.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Shortcut requests to replies.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/shortcuts/shortcuts_runner.h"
 
 #include <array>

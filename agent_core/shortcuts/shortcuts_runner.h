@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a Shortcut key does.
 #pragma once
 

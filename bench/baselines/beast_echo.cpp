@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The floor for a server built on Beast: sends every message back, and does nothing else.
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What someone would write instead: parses the ping and answers with a pong. Reads no file."""
 
 import asyncio

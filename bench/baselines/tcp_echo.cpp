@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The least that a server can do: sends back what it reads.
 #include <array>
 #include <boost/asio/io_context.hpp>

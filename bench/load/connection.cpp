@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/load/connection.h"
 
 #include <arpa/inet.h>

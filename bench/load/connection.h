@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A client that costs next to nothing, so that what is measured is the server.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Asks a server the same thing many times and prints what that took, as a line of JSON.
 //   glintboard-load exchange PORT CONNECTIONS IN-FLIGHT REQUESTS REPLIES SERVER-PID TOKEN MESSAGE
 //       REPLIES: of one request. p50 and p99 are microseconds, cpu those of the server per request.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a process has used of the processor.
 #pragma once
 

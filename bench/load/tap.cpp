@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How long a tap takes until the window is active.
 //   glintboard-tap PORT TOKEN TIMES APPLICATION APPLICATION
 // Shows a window for each of the two applications on $DISPLAY, which must have a window manager,

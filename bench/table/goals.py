@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What is measured, and what it should come to."""
 
 import dataclasses

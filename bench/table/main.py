@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Prints the table of speed and weight; see bench/run."""
 
 import argparse

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The desktop that the agent is measured on, the servers beside it and the load."""
 
 import contextlib

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the agent takes of the computer, and how it grows."""
 
 import contextlib

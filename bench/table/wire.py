@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a phone waits for."""
 
 import json

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The applications of this desktop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/connection/connection_bounds.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/decks/deck_store.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent/editor/installed_apps_catalog.h"
 
 #include <gmock/gmock.h>

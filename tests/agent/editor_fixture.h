@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A deck editor without its window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The real menu over a real view model and listener, drawn in memory.
 #pragma once
 

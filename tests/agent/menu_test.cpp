@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/agent/menu_fixture.h"
 
 #include <QAccessible>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The menu's window on an X server with a window manager.
 #include <xcb/xcb.h>
 

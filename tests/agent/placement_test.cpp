@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where windows open.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs inside tests/support/private-network.sh, where it may mount folders of its own.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "agent_core/apps/app_launcher.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The agent on a whole desktop, as `desktop run` makes it: a phone pairs and its keys do things."""
 
 import json

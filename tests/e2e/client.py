@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A phone that shares no code with the agent."""
 
 import asyncio

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Each daemon of the desktop hangs or dies under the agent, which goes on serving and recovers."""
 
 import asyncio

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A desktop that one test has for itself: a home, applications, a bus, sound, and the agent.
 
 Everything lies in the folder that private-namespace.sh provides.

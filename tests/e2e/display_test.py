@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The agent on displays that work, that cannot be reached, and that die under it."""
 
 import asyncio

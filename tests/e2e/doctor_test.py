@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """glintboard-phone doctor on a computer with a network, whose every hop is broken in turn."""
 
 import collections

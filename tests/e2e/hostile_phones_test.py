@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Connections that mean no good, while a paired phone goes on tapping its keys.
 
 `hostile_phones_test.py attack NAME TOKEN` carries out one attack until it is killed.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The agent in the user's language, and the lists of texts that it takes that from."""
 
 import os

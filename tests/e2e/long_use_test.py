@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """An agent that runs for long: the desktop changes under it, and nothing piles up in it."""
 
 import asyncio

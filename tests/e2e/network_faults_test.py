@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the network and the machine do to the agent, and that it serves again after that."""
 
 import asyncio

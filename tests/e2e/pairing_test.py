@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Pairings over time: renewed, replaced, ended, kept over restarts, damaged."""
 
 import stat

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The phone's program against an agent that follows a script: what the real one does not do."""
 
 import asyncio

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a phone goes through: it pairs, fetches decks and icons, and uses every kind of key."""
 
 import os

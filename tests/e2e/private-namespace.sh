@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Runs a command where port 9847, the process list and /usr/bin are its own, so that it disturbs
 # nobody's agent, and other runs of this script can go on beside it. Needs no special rights.
 #   private-namespace.sh COMMAND [ARGUMENT…]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The agent as a process: how it ends, and that there is only one."""
 
 import contextlib

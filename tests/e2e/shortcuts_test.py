@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The tool that keeps and runs Shortcuts, by itself and under the agent's keys."""
 
 import concurrent.futures

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Shortcuts that fail, one that never ends, and what goes on meanwhile."""
 
 import asyncio

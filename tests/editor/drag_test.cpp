@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cards and keys under the pointer.
 #include "tests/editor/editor_window.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The editor's window, driven as a person drives it: with the pointer and the keyboard.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The editor without a pointer.
 #include "tests/editor/editor_window.h"
 

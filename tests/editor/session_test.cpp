@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From an empty deck to one that a phone has received.
 #include "agent/services/agent_services.h"
 #include "tests/editor/editor_window.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the window says in its states.
 #include "tests/editor/editor_window.h"
 

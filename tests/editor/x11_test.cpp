@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The editor on a real window system.
 #include <QDrag>
 #include <QMimeData>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the programs' help, manual pages and completions tell is what they take.
 
 command_lines_test.py PACKAGING VERSION PROGRAM…

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # cmake --install puts everything below the prefix, from where the programs run.
 #   install_test.sh BUILD VERSION
 set -eu

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which application a process, a window or a well-known identifier belongs to.
 #include <gmock/gmock.h>
 

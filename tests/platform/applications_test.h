@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The applications of a desktop that a test made.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/desktop_session.h"
 
 #include <gtest/gtest.h>

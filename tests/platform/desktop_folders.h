@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A user's folders and desktop entries, made by a test.
 #pragma once
 

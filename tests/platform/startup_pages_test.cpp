@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/startup_pages.h"
 
 #include <gtest/gtest.h>

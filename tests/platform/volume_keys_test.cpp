@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The volume keys on the sound servers that desktops have.
 #include <gtest/gtest.h>
 #include <stdlib.h>

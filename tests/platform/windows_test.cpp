@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the agent knows of windows and does with them, on both window systems.
 #include <gmock/gmock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An X server and a window manager that a test has for itself.
 #pragma once
 

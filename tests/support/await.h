@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Coroutines from a test's own thread.
 #pragma once
 

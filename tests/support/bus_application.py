@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """An application, or a keyring's prompter, on the session bus: writes down what it is asked to do.
 
 bus_application.py NAME FILE [PATH]      appends it to FILE

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Programs that a test starts for itself.
 #pragma once
 

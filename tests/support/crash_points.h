@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a program leaves behind that is killed in the middle of its work.
 #pragma once
 

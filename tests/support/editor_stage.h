@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A deck editor's window over real files: desktop entries with icons, a decks file and a stand-in
 // for the tool that lists Shortcuts.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Waiting for what other threads and programs do.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A desktop of lambdas, for tests of logic.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Doubles of the platform's interfaces, for tests of the logic above them.
 #pragma once
 

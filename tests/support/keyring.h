@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // GNOME's keyring, for a test alone.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures of one colour.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ports of this computer.
 #pragma once
 

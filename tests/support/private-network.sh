@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # Runs its arguments in namespaces of their own: a network with nothing but a loopback device that
 # can multicast, an empty /run, X displays, a host name, and a list of processes that all end with
 # the first. Works for root, in a chroot too, and for ordinary users where the system lets them have

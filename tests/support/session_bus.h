@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A session bus that a test has for itself.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The settings of a desktop portal: dark and large at first, light and at rest once it is told.
 
 The theme of icons is what stands in the file FILE, if there is one.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A StatusNotifier tray, without anything to see.
 #pragma once
 

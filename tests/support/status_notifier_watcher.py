@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A tray's half of the StatusNotifier protocol: takes items, and says so on standard output.
 
 With "late" as its argument it answers them when SIGUSR1 comes.

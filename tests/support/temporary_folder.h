@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A folder that lives as long as a test.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The agent's services over doubles of the desktop, on a port of their own.
 #pragma once
 

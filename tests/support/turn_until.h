@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Waiting in a test that has Qt's event loop to turn.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Unlocks the default collection of a private keyring, whose password is the line "secret"."""
 
 from gi.repository import Gio, GLib

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Views need an application object; these draw in memory, the same on every machine. Their windows
 // come and go.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A piece of QML in a window of its own, drawn in memory.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/phone/agent_session.h"
 
 #include "protocol/message_factory.h"

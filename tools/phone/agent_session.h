@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A conversation with the agent in messages of the protocol.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/phone/commands.h"
 
 #include <algorithm>

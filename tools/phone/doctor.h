@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The steps of the way from a phone to this computer's agent.
 #pragma once
 

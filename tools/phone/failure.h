@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a command can fail.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the agent is.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/phone/command_context.h"
 
 namespace glintboard::phone {

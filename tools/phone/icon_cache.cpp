@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/phone/icon_cache.h"
 
 #include <system_error>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The icons that the phone has.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/phone/phone_connection.h"
 
 #include <boost/asio/io_context.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The WebSocket to the agent.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/phone/phone_state.h"
 
 #include <sys/stat.h>

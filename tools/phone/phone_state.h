@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the phone keeps between two runs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The deck editor in its states.
 #include <QDateTime>
 #include <QQuickItem>

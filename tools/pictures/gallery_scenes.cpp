@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <QPainter>
 #include <QQmlComponent>
 #include <QQmlEngine>

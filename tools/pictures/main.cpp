@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the documents' pictures: glintboard-pictures FOLDER [LANGUAGE].
 #include <QGuiApplication>
 #include <QProcess>

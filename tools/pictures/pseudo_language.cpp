@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/pictures/pseudo_language.h"
 
 #include <QQuickItem>

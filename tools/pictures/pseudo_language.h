@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A language that nobody speaks, for finding texts that no other can be given or that are cut.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pictures of the documents.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/shortcuts/arguments.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/shortcuts/command_errors.h"
 
 #include <iostream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a Shortcut's command says on standard error.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Shortcuts tool: everything but main.
 #pragma once
 

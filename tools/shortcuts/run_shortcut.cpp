@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/shortcuts/run_shortcut.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What "run" does.
 #pragma once
 

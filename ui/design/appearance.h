@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user asks of every window's look. The agent hands it in; nothing here asks a desktop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/design/bundle_finder.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the module's resources lie.
 #pragma once
 

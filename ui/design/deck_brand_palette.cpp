@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/design/deck_brand_palette.h"
 
 namespace glintboard::DeckBrandPalette {

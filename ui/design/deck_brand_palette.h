@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The brand's colours, all in sRGB.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The brand's type: three families, and the system's monospaced font.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/design/shadow_painter.h"
 
 #include <QImage>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Soft shadows without shader effects.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/design/soft_shadow.h"
 
 #include <QPainter>

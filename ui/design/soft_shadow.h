@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shadow of a rounded rectangle.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/design/spinner_arc.h"
 
 #include <QConicalGradient>

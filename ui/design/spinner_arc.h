@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The open ring of a progress spinner.
 #pragma once
 

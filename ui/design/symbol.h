@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A symbol in a view, sharp at every scale factor.
 #pragma once
 

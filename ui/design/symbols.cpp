@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/design/symbols.h"
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The drawings of the symbols that keys and views name.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The look of every window as one QML singleton: colours, fonts, distances, times.
 #pragma once
 

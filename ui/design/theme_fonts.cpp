@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/design/theme_fonts.h"
 
 #include "ui/design/deck_typography.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fonts of the views, at the user's text scale. In QML: `Theme.fonts.ui(Theme.Body)`.
 #pragma once
 

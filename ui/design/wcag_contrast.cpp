@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/design/wcag_contrast.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How well two colours are told apart, by the formula of WCAG 2.0.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/jiggle/jiggle_timing.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a key wobbles.
 #pragma once
 

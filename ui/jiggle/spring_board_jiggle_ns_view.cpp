@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/jiggle/spring_board_jiggle_ns_view.h"
 
 #include <cmath>

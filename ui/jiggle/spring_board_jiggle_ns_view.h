@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When a key wobbles and when it lies still. SpringBoardJiggleHost.qml moves it.
 #pragma once
 

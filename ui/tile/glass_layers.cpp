@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/tile/glass_layers.h"
 
 #include <QPainter>

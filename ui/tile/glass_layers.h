@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The painted layers of a glass tile, each an item so that light and press can move apart.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the layers of a glass tile are painted. Any thread.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The band of glass along the edge of a tile.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/tile/glass_tile.h"
 
 #include <algorithm>

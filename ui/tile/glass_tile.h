@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a glass tile is given, and the sizes that follow from it. GlassDeckTileView.qml draws it.
 #pragma once
 

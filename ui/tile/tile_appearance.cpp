@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/tile/tile_appearance.h"
 
 #include <QTextBoundaryFinder>

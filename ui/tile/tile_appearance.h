@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a key looks: what is drawn on its face, and the face's colours.
 #pragma once
 

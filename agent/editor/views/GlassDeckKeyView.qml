@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 import QtQuick
 import Glintboard.Editor
 import Glintboard.UI

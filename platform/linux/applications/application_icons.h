@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The icons of installed applications, from their entries and the icon theme.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The installed applications, kept up to date.
 #pragma once
 

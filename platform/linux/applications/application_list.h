@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The installed applications as menus offer them.
 #pragma once
 

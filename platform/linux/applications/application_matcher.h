@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tells which applications a process belongs to.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finds what is installed, once.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The applications that the user or the desktop prefers.
 #pragma once
 

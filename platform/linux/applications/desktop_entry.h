@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The desktop entry file of one application.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/applications/desktop_icon_theme.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which icon theme the user has chosen.
 #pragma once
 

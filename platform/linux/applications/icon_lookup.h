@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finds the files of icons that are given by name.
 #pragma once
 

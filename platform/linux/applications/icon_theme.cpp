@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/applications/icon_theme.h"
 
 #include <algorithm>

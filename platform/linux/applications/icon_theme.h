@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One icon theme, as its index file describes it.
 #pragma once
 

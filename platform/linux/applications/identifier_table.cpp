@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/applications/identifier_table.h"
 
 #include <algorithm>

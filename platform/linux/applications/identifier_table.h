@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The identifiers that mean the same application on every computer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is installed, at one moment.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The startup notification of a launched program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which applications run, as far as their processes tell.
 #pragma once
 

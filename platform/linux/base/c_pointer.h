@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a C library allocated with malloc.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Waiting for something to change, on one executor.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/base/desktop_bus.h"
 
 #include <pthread.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A message bus, for what listens to it all the time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/base/directory_watcher.h"
 
 #include <sys/inotify.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Notices that something changed in some folders, without looking at them again and again.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/base/file_stamps.h"
 
 #include <algorithm>

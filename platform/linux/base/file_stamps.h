@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Remembers when some files and folders were last modified.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/base/gio_call.h"
 
 #include <cstdlib>

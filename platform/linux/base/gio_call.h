@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // GIO's asynchronous calls, awaited on a thread that may block.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ownership of GLib's objects, strings and errors.
 #pragma once
 

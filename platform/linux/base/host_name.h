@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The name that people know this computer by.
 #pragma once
 

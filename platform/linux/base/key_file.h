@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files of `[group]` and `key=value` lines, as desktop entries and icon themes are.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/base/runtime_folder.h"
 
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The folder for what lives as long as the user's session.
 #pragma once
 

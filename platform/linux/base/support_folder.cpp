@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/base/xdg_folders.h"
 #include "platform/live.h"
 

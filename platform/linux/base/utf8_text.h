@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // UTF-8 text that comes from outside or must fit into a limit.
 #pragma once
 

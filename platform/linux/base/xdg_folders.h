@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The base folders of the freedesktop rules.
 #pragma once
 

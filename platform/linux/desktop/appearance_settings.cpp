@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/desktop/appearance_settings.h"
 
 #include <algorithm>

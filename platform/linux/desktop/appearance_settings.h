@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a desktop's settings say about the look of windows.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/compositing.h"
 
 #include <xcb/xcb.h>

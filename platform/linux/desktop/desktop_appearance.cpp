@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/desktop/desktop_appearance.h"
 
 #include <utility>

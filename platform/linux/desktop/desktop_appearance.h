@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The look that the desktop's settings ask for, as it changes.
 #pragma once
 

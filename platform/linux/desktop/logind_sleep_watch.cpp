@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/desktop/logind_sleep_watch.h"
 
 #include <utility>

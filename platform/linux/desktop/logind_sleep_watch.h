@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sleep, as logind tells of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/desktop/status_notifier_item.h"
 
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The agent's item in trays that speak the StatusNotifier protocol.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The agent's item in whatever tray the desktop has.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/desktop/x11_tray_item.h"
 
 #include <glib-unix.h>

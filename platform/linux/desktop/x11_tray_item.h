@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The agent's item in a tray of the older kind, which embeds windows.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/keychain/file_keychain.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A keychain for sessions that have none.
 #pragma once
 

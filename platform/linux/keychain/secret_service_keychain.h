@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The keychain of a desktop session.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tells when the session's Secret Service may answer what it could not before.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/keychain/secret_session.h"
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A conversation with the session's Secret Service.
 #pragma once
 

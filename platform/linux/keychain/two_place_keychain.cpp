@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/keychain/two_place_keychain.h"
 
 #include <utility>

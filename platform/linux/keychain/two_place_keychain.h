@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A keychain that outlasts the coming and going of the desktop's own.
 #pragma once
 

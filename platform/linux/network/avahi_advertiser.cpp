@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/network/avahi_advertiser.h"
 
 #include <avahi-common/alternative.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Advertising through the Avahi daemon.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/network/avahi_browser.h"
 
 #include <avahi-common/address.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Looking for services through the Avahi daemon.
 #pragma once
 

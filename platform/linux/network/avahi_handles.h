@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Owners of Avahi's objects.
 #pragma once
 

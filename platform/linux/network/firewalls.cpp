@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/network/firewalls.h"
 
 #include <sys/utsname.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What firewalls do to packets that come in, as far as they tell.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/network/host_name_watcher.h"
 
 #include <fcntl.h>

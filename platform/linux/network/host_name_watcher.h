@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Notices when the computer may have been given another name.
 #pragma once
 

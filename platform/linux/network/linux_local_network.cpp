@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/network/linux_local_network.h"
 
 #include <ifaddrs.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The network as the kernel tells it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/network/renaming_advertiser.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Advertising under the name that the computer has at the time.
 #pragma once
 

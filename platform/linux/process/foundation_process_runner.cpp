@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/process/foundation_process_runner.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/process/linux_agent_instances.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Copies of the agent that know each other through a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/process/locked_data.h"
 
 #include "platform/linux/base/utf8_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The collector of one output stream of a process.
 #pragma once
 

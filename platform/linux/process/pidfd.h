@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Process descriptors. The C library's own header (glibc 2.36) lacks the linkage for C++.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/process/process_identity.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Processes that cannot be mistaken for one another.
 #pragma once
 

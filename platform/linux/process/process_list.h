@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The processes of this user, read from /proc.
 #pragma once
 

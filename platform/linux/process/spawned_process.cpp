@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/process/spawned_process.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The start and the end of a child process.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/shortcuts/application_shortcuts.h"
 
 #include <boost/uuid/name_generator_sha1.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Shortcuts that installed applications bring.
 #pragma once
 

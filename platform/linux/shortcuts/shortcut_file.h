@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The file of one Shortcut that the user made.
 #pragma once
 

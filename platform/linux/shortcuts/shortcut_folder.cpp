@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/shortcuts/shortcut_folder.h"
 
 #include <fcntl.h>

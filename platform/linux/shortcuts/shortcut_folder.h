@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The Shortcuts that the user made.
 #pragma once
 

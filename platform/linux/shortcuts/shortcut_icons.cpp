@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/shortcuts/shortcut_icons.h"
 
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The icons of Shortcuts, from their files, the applications' entries and the icon theme.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Small operations on the texts of Shortcuts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The picture of a Shortcut that names no icon.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/shortcuts/shortcuts_application.h"
 
 namespace glintboard {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The application in which the user sees the Shortcuts.
 #pragma once
 

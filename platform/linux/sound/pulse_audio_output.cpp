@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/sound/pulse_audio_output.h"
 
 #include <pulse/def.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sound device of PulseAudio, or of PipeWire, which speaks the same protocol.
 #pragma once
 

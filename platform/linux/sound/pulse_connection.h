@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One short conversation with the sound server.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/sound_settings.h"
 
 #include <stdlib.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A window system over a connection that may come and go.
 #pragma once
 

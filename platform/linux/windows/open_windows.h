@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The windows that are open, by application.
 #pragma once
 

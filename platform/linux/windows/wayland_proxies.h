@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ownership of Wayland's objects.
 #pragma once
 

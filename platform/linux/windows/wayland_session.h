@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is told and asked over one connection to a Wayland compositor.
 #pragma once
 

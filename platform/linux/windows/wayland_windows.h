@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The windows of a Wayland session.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/windows/window_matcher.h"
 
 #include <algorithm>

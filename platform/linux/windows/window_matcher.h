@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tells which application a window belongs to.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window system of the user's session, as far as applications are concerned.
 #pragma once
 

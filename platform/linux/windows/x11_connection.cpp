@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/windows/x11_connection.h"
 
 #include <X11/Xauth.h>

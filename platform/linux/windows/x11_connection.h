@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A connection to an X server.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Properties of X11 windows, read without waiting for the server.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/windows/x11_session.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/linux/windows/x11_windows.h"
 
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The windows of an X11 session.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/phone/arguments.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/phone/find_agent.h"
 
 #include <gtest/gtest.h>
