@@ -30,8 +30,8 @@ std::optional<std::int64_t> integer(std::string_view digits) {
   return number;
 }
 
-// The decoded query items that have a value; none when a name occurs twice. The library's own walk
-// over the items reads past the end when the last one is empty, so the items are told apart here.
+// The decoded query items that have a value; none when a name occurs twice. The items are separated
+// here, because the iterator of Boost.URL 1.81 reads past the end when the last one is empty.
 std::optional<std::map<std::string, std::string>> queryItems(const urls::url_view& url) {
   std::map<std::string, std::string> items;
   std::string_view rest = url.encoded_query();

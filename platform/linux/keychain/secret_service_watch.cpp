@@ -5,12 +5,11 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/linux/keychain/secret_service_names.h"
+
 namespace glintboard {
 namespace {
 
-constexpr const char* busName = "org.freedesktop.secrets";
-constexpr const char* servicePath = "/org/freedesktop/secrets";
-constexpr const char* serviceInterface = "org.freedesktop.Secret.Service";
 constexpr std::chrono::milliseconds firstPause{50};
 constexpr std::chrono::milliseconds longestPause{3200};
 
@@ -31,11 +30,12 @@ class SecretServiceWatch::Client : public DesktopBus::Client {
     bus_ = bus;
     subscriptions_ = {
         subscribe("org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged",
-                  "/org/freedesktop/DBus", busName, ownerChanged),
+                  "/org/freedesktop/DBus", SecretServiceNames::bus, ownerChanged),
         // Collections that are unlocked, and those that come with a database that is opened.
-        subscribe(busName, serviceInterface, nullptr, servicePath, nullptr, changed),
-        subscribe(busName, "org.freedesktop.DBus.Properties", "PropertiesChanged", nullptr, nullptr,
-                  changed)};
+        subscribe(SecretServiceNames::bus, SecretServiceNames::interface, nullptr,
+                  SecretServiceNames::path, nullptr, changed),
+        subscribe(SecretServiceNames::bus, "org.freedesktop.DBus.Properties", "PropertiesChanged",
+                  nullptr, nullptr, changed)};
     // What has changed before the subscriptions is found by the first question.
     askAnew();
   }
@@ -93,7 +93,8 @@ class SecretServiceWatch::Client : public DesktopBus::Client {
         static_cast<Client*>(self)->answered(error.get());
       }
     };
-    g_dbus_connection_call(bus_, busName, servicePath, serviceInterface, "ReadAlias",
+    g_dbus_connection_call(bus_, SecretServiceNames::bus, SecretServiceNames::path,
+                           SecretServiceNames::interface, "ReadAlias",
                            g_variant_new("(s)", "default"), nullptr, G_DBUS_CALL_FLAGS_NONE,
                            G_MAXINT, cancellable_.get(), answered, this);
   }

@@ -3,11 +3,11 @@
 
 #include <memory>
 
+#include "platform/linux/keychain/secret_service_names.h"
+
 namespace glintboard {
 namespace {
 
-constexpr const char* busName = "org.freedesktop.secrets";
-constexpr const char* servicePath = "/org/freedesktop/secrets";
 constexpr const char* label = "Glintboard Agent paired devices";
 
 // Items are found by their attributes alone, whoever wrote them.
@@ -94,8 +94,8 @@ SecretSession::SecretSession(std::chrono::milliseconds deadline) : calls_(deadli
   // Not the shared service object of this process: that one keeps its state between calls.
   service_.reset(call(
       [](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        secret_service_open(SECRET_TYPE_SERVICE, busName, SECRET_SERVICE_OPEN_SESSION, cancellable,
-                            callback, data);
+        secret_service_open(SECRET_TYPE_SERVICE, SecretServiceNames::bus,
+                            SECRET_SERVICE_OPEN_SESSION, cancellable, callback, data);
       },
       [](GAsyncResult* result, GError** failure) {
         return secret_service_open_finish(result, failure);
@@ -181,7 +181,7 @@ void SecretSession::remove(SecretItem* item) {
 
 bool SecretSession::unlock(const std::string& path) {
   const char* const paths[] = {path.c_str()};
-  const auto reply = callBus(servicePath, "org.freedesktop.Secret.Service", "Unlock",
+  const auto reply = callBus(SecretServiceNames::path, SecretServiceNames::interface, "Unlock",
                              g_variant_new("(@ao)", g_variant_new_objv(paths, 1)), "(aoo)");
   const char* prompt = nullptr;
   g_variant_get_child(reply.get(), 1, "&o", &prompt);
@@ -197,9 +197,9 @@ GLibPointer<GVariant> SecretSession::callBus(const char* path, const char* inter
                                              const char* reply) {
   return GLibPointer<GVariant>(call(
       [&](GCancellable* cancellable, GAsyncReadyCallback callback, void* data) {
-        g_dbus_connection_call(bus_.get(), busName, path, interface, method, arguments,
-                               G_VARIANT_TYPE(reply), G_DBUS_CALL_FLAGS_NONE, -1, cancellable,
-                               callback, data);
+        g_dbus_connection_call(bus_.get(), SecretServiceNames::bus, path, interface, method,
+                               arguments, G_VARIANT_TYPE(reply), G_DBUS_CALL_FLAGS_NONE, -1,
+                               cancellable, callback, data);
       },
       [this](GAsyncResult* result, GError** error) {
         return g_dbus_connection_call_finish(bus_.get(), result, error);

@@ -57,12 +57,14 @@ std::optional<bool> holds(const std::string& ports, std::uint16_t port) {
   if (!std::regex_match(ports, plain)) {
     return std::nullopt;
   }
-  return std::any_of(std::sregex_iterator(ports.begin(), ports.end(), range), {},
-                     [port](const std::smatch& found) {
-                       const int first = std::stoi(found[1]);
-                       const int last = found[2].matched ? std::stoi(found[2]) : first;
-                       return first <= port && port <= last;
-                     });
+  for (std::sregex_iterator found(ports.begin(), ports.end(), range), end; found != end; ++found) {
+    const int first = std::stoi(found->str(1));
+    const std::string last = found->str(2);
+    if (first <= port && port <= (last.empty() ? first : std::stoi(last))) {
+      return true;
+    }
+  }
+  return false;
 }
 
 enum class Effect { none, admits, hinders };
