@@ -32,7 +32,7 @@ Awaitable<> RunningWatch::known() {
 
 void RunningWatch::switchOn() {
   isOn_ = true;
-  look_ = std::make_shared<asio::steady_timer>(executor_, patience);
+  look_ = std::make_shared<asio::steady_timer>(executor_, timeout);
   switchOffWhenQuiet();
   desktop_(true, [weak = weak_from_this(), look = std::weak_ptr(look_)] {
     const auto self = weak.lock();

@@ -18,7 +18,7 @@ class RunningWatch : public std::enable_shared_from_this<RunningWatch> {
  public:
   // Switches the desktop's watch; calls `looked` on the executor once its first look has ended.
   using Switch = std::function<void(bool on, std::function<void()> looked)>;
-  static constexpr std::chrono::milliseconds patience{300};
+  static constexpr std::chrono::milliseconds timeout{300};
 
   // `quietTime` is for how long nobody has asked when the watch ends.
   RunningWatch(asio::any_io_executor executor, Switch desktop,
@@ -35,7 +35,7 @@ class RunningWatch : public std::enable_shared_from_this<RunningWatch> {
     }
     return look_ == nullptr;
   }
-  // Resumes when what runs is known, after `patience` at the latest.
+  // Resumes when what runs is known, after `timeout` at the latest.
   Awaitable<> known();
 
  private:
