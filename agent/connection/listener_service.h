@@ -71,6 +71,7 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
 
   static constexpr int maxPortConflictRetries = 8;
 
+  // Follows the pairing service from now on, and listens from `start` on. Any thread.
   static std::shared_ptr<ListenerService> create(
       asio::any_io_executor executor, Parts parts,
       std::uint16_t port = GlintboardService::defaultPort);
