@@ -76,7 +76,7 @@ std::string uuidText(const Uuid& uuid) {
 
 Uuid randomUuid() {
   Uuid uuid;
-  secureRandomBytes(std::as_writable_bytes(std::span(uuid.data)));
+  secureRandomBytes(std::as_writable_bytes(std::span(uuid.begin(), uuid.end())));
   uuid.data[6] = static_cast<std::uint8_t>((uuid.data[6] & 0x0F) | 0x40);
   uuid.data[8] = static_cast<std::uint8_t>((uuid.data[8] & 0x3F) | 0x80);
   return uuid;

@@ -169,6 +169,9 @@ TEST(DesktopShellTest, ABusThatHangsHoldsUpNothing) {
 }
 
 TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
+  if (test::outputOf("command -v trayer").empty()) {
+    GTEST_SKIP() << "trayer, which Debian has no more since 14, is not installed";
+  }
   ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
   const test::XServer server;
   Shell shell("xcb");

@@ -35,6 +35,12 @@ def takes(program, command, option):
 
 
 class CommandLines(unittest.TestCase):
+    def test_packages_of_other_distributions_have_the_same_version(self):
+        for recipe, pattern in (("arch/PKGBUILD", r"^pkgver=(.*)$"),
+                                ("rpm/glintboard-agent.spec", r"^Version: *(.*)$")):
+            text = pathlib.Path(PACKAGING, recipe).read_text()
+            self.assertEqual(re.search(pattern, text, re.M)[1], VERSION, recipe)
+
     def test_a_value_behind_an_equals_sign_is_no_command(self):
         phone = next(program for program in PROGRAMS if program.endswith("phone"))
         commands = completed(phone)

@@ -55,7 +55,7 @@ void pingCommand(const CommandContext& context) {
 }
 
 void rawCommand(const CommandContext& context) {
-  boost::json::error_code error;
+  boost::system::error_code error;
   boost::json::parse(context.arguments.payload, error);
   if (error) {
     throw usageFailure("PAYLOAD must be JSON (" + error.message() + ").");
