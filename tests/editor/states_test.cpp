@@ -84,6 +84,7 @@ TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
     settle();
   }
   click(card("Brew"));
+  settle();
   click("tip-done");
   EXPECT_FALSE(item("tip")->isVisible());
   click(card("Tidy up"));
