@@ -1,3 +1,4 @@
+// Revisions of icons.
 #pragma once
 
 #include <string>
@@ -5,7 +6,7 @@
 
 namespace glintboard {
 
-// The SHA-256 digest of `bytes` as 64 lower-case hexadecimal digits.
+// The SHA-256 digest of `bytes` as 64 lower-case hexadecimal digits. Any thread.
 std::string sha256Hex(std::string_view bytes);
 
 }  // namespace glintboard
