@@ -1,4 +1,4 @@
-// The entries of applications, and the files of Shortcuts, which have the same form.
+// Desktop entries of applications, and Shortcut files, which have the same format.
 #include "fuzz/fuzz.h"
 #include "platform/linux/application_shortcuts.h"
 #include "platform/linux/desktop_entry.h"

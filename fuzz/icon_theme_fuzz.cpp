@@ -1,4 +1,4 @@
-// The index of an icon theme.
+// The index file of an icon theme.
 #include "fuzz/fuzz.h"
 #include "platform/linux/icon_theme.h"
 #include "tests/support/temporary_folder.h"

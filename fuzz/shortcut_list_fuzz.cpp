@@ -1,4 +1,4 @@
-// What the command-line tool behind Shortcut keys prints.
+// The output of `shortcuts list`.
 #include "agent_core/shortcuts/shortcuts_catalog.h"
 #include "fuzz/fuzz.h"
 

@@ -1,4 +1,4 @@
-"""What the agent takes of the computer, and how it grows."""
+"""Memory, processor time and start of the agent, and their growth with the input."""
 
 import contextlib
 import json
@@ -10,19 +10,19 @@ from stage import (BIN, PARTS, PING, PORT, ROOT, application, eventually, exchan
                    start_seconds, wake_ups)
 from wire import TURNS, median
 
-# Without its window.
+# Starts without its window.
 AT_LOGIN = ["--background"]
 
 
 def start_display(desktop):
-    """An X server with a window manager, a bus with a tray and an open keyring."""
+    """Starts an X server with a window manager, and a bus with a tray and an unlocked keyring."""
     folder = desktop.root / "display"
     folder.mkdir()
     desktop.start("env", "GLINTBOARD_PRIVATE_NETWORK=1", PARTS / "x-server", folder)
     number = eventually(lambda: (folder / "display").exists()
                         and (folder / "display").read_text().strip(), "The display")
     desktop.env |= {"DISPLAY": f":{number}", "XDG_SESSION_TYPE": "x11"}
-    # It finds its theme among the computer's own data.
+    # The window manager needs the installed themes.
     desktop.start("env", "XDG_DATA_DIRS=/usr/share", PARTS / "window-manager", folder)
     eventually((folder / "manager-ready").exists, "The window manager")
     desktop.start_bus()
@@ -34,9 +34,9 @@ def start_display(desktop):
 
 
 def starts(times):
-    """Each alone on its desktop."""
+    """Times to start, without and with a display."""
     with stage() as desktop:
-        start_seconds(desktop)  # reads the program from the disk
+        start_seconds(desktop)  # fills the page cache
         bare = median([start_seconds(desktop)[0] for _ in range(times)])
         start_display(desktop)
         tray = median([start_seconds(desktop, AT_LOGIN)[0] for _ in range(times)])
@@ -57,7 +57,7 @@ def tap(times):
 
 
 def idle(seconds):
-    """One agent with a tray and then one without a display, both left alone."""
+    """Idle agents: one with a tray, then one without a display."""
     figures = {}
     for where in "bare", "tray":
         with contextlib.ExitStack() as stack:
@@ -78,14 +78,14 @@ def idle(seconds):
 
 
 def held(connections=1000):
-    """Paired phones that have asked nothing yet."""
+    """Memory for each idle connection of a paired phone."""
     with stage() as desktop, paired_agent(desktop) as (agent, token):
-        time.sleep(4)  # until it has given back what its start took
+        time.sleep(4)  # until it has released the memory of its start
         before = resident_kib(agent.pid)
         with subprocess.Popen([BIN / "glintboard-load", "hold", str(PORT), str(connections), token],
                               stdin=subprocess.PIPE, stdout=subprocess.PIPE) as phones:
             assert phones.stdout.readline() == b"held\n"
-            # Until the agent has taken note of the last of them, and has pinged them all once.
+            # Until the agent has accepted them all and has pinged each once.
             time.sleep(10)
             after = resident_kib(agent.pid)
             phones.stdin.close()
