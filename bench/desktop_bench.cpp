@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How long after the window system itself the agent knows that a window opened or closed, and how
-// long a deck's icons of a real theme take to draw. Starts an X server and a compositor of its own.
+// Measures the delay from a window's opening or closing until the agent's window list shows it, and
+// the time to draw a deck's icons from a real theme. Starts its own X server and compositor.
 #include <algorithm>
 #include <cstdio>
 #include <thread>
@@ -16,7 +16,7 @@ using namespace glintboard;
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-// From when `shown` says so, asked again and again, to when `known` does.
+// The time from when `shown` is true to when `known` is; polls both.
 template <class Shown, class Known>
 double lag(Shown shown, Known known) {
   Clock::time_point knownAt;

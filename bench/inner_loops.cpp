@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The inner loops by themselves: codec, decks, filter, look-ups.
+// Microbenchmarks: codec, decks file, deck filter, lookups.
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
@@ -84,7 +84,7 @@ void registerMessage(const Message& message) {
   add("decode/", [](auto& state, const auto& each) { decode(state, each); });
 }
 
-// As the listener does it: the envelope, then the payload of its type.
+// As the listener does: the envelope, then the payload of its type.
 template <class Message>
 void registerRequest(const Message& message) {
   registerMessage(message);
@@ -134,7 +134,7 @@ void filter(benchmark::State& state) {
 }
 BENCHMARK(filter);
 
-// Real desktop entries, as many as the argument says, the first 48 of them on the decks.
+// Installs that many desktop entries, the first 48 of which are on the decks.
 struct Desktop {
   explicit Desktop(int applications) {
     QImage icon(128, 128, QImage::Format_ARGB32);
@@ -174,7 +174,7 @@ void readDecksFile(benchmark::State& state) {
 }
 BENCHMARK(readDecksFile);
 
-// Runs `times` operations on the service loop, so that the way there does not count.
+// Runs the operations on the service loop, so that the switch to its thread is not measured.
 template <class Operation>
 Awaitable<> repeat(benchmark::State& state, Operation operation) {
   for (auto _ : state) {

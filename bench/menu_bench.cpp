@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How long the menu takes to open, and what memory it takes: run it on a display.
+// Measures how long the menu takes to open and how much memory it uses. Needs a display.
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
@@ -24,7 +24,7 @@ double residentMegabytes() {
   return 0;
 }
 
-// Milliseconds until the first frame is on the screen, or -1.
+// Milliseconds until the first frame is shown; -1 on failure.
 double timeToOpen(MenuWindow& menu) {
   QElapsedTimer timer;
   timer.start();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How long a save takes until 50 phones have the new decks: the services of the agent in this
-// process, over doubles of the desktop and a real decks file, and the phones in another thread.
+// Measures the time from a save until 50 phones have the new decks. The agent's services run in
+// this process on a simulated desktop with a real decks file, the phones in another thread.
 //   glintboard-save-bench TIMES
 
 #include <QGuiApplication>
@@ -62,7 +62,7 @@ int main(int argc, char** argv) {
   for (int i = 0; i < phones; ++i) {
     all.push_back(
         std::make_unique<bench::Connection>(agent.port, bench::Framing::webSocket, token));
-    // Asks, so that it is known to be among those that are pushed to.
+    // A request ensures that the connection is in the push set.
     all.back()->send(bench::clientFrame(WireCodec::encode(MessageFactory::deckSync(randomUuid()))));
     while (all.back()->receive() == 0) {
     }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The decks file and an earlier version's: whatever is in them, the phone gets its decks, the user
-// can save, and nothing is lost. A draft: what is read of it can be written and reads back the
-// same.
+// The decks file and the single deck of an earlier version. For any content the phone gets its
+// decks, the user can save, and no deck is lost. A draft that can be read is written back the same.
 #include "agent/decks/deck_drafts.h"
 #include "fuzz/fuzz.h"
 #include "platform/atomic_file.h"
@@ -13,7 +12,7 @@ namespace {
 
 using Category = DeckCategoryID;
 
-// Two of the applications that the built-in decks know are installed.
+// Two applications of the built-in decks are installed.
 class Decks {
  public:
   Decks() { desktop_.installed = {"com.spotify.client", "com.apple.Safari"}; }
@@ -36,14 +35,14 @@ class Decks {
     try {
       run(store.saveDeck(Category::gaming, deck.name, deck.tiles, workspace_));
     } catch (const std::runtime_error&) {
-      return;  // a deck that breaks the rules of saving
+      return;  // the deck violates a rule of saving
     }
     const auto saved = run(store.loadDeck(Category::gaming, workspace_));
     fuzz::require(saved == DeckRules::validated(deck), "what was saved is what is loaded");
   }
 
  private:
-  // Whether some file of the folder has the content, or a deck of it was taken over.
+  // Whether a file in the folder has the content, or one of its decks was adopted.
   bool isKept(const test::TemporaryFolder& folder, std::string_view content) {
     for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
       if (readWholeFile(entry.path()) == content) {
@@ -82,7 +81,7 @@ void useDraft(std::string_view content) {
 }  // namespace glintboard
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  // Its threads end with the process.
+  // Never destroyed: its threads end with the process.
   static auto& decks = *new glintboard::Decks();
   for (const char* file : {"decks.json", "deck.json"}) {
     decks.use(file, glintboard::fuzz::textOf(data, size));

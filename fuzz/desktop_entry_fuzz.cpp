@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The entries of applications, and the files of Shortcuts, which have the same form.
+// Desktop entries of applications, and Shortcut files, which have the same format.
 #include "fuzz/fuzz.h"
 #include "platform/linux/applications/desktop_entry.h"
 #include "platform/linux/shortcuts/application_shortcuts.h"

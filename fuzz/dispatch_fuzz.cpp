@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the agent answers: each line of the input is a message, from a stranger and from the paired
-// phone.
+// The dispatch of messages. Each line of the input is a message, sent by a stranger and by the
+// paired phone. No stranger's message may have an effect.
 #include "fuzz/fuzz.h"
 #include "platform/run_on.h"
 #include "protocol/utf8.h"
@@ -54,7 +54,7 @@ class Desk {
     }
   }
 
-  // Nothing of the agent before, which may have ended while it read its list, uses the desk now.
+  // The previous agent may have ended while loading; it no longer uses the desk now.
   Awaitable<> settled() {
     auto keychain = runOn(agent_.executors.keychainLane(), [] {});
     co_await std::move(keychain);
@@ -67,7 +67,7 @@ class Desk {
 }  // namespace glintboard
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  // Its threads end with the process.
+  // Never destroyed: its threads end with the process.
   static auto& desk = *new glintboard::Desk();
   desk.send(glintboard::fuzz::textOf(data, size));
   return 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The frames of a WebSocket connection: however the bytes arrive, the same messages are found.
+// WebSocket frames. The same messages are read however the bytes are split.
 #include <algorithm>
 #include <vector>
 
@@ -13,7 +13,7 @@ using WebSocketFrames::Received;
 
 constexpr std::size_t maxMessage = 1024;
 
-// What is found in the bytes when they arrive in parts of that size.
+// What is read from the bytes if they arrive in parts of that size.
 std::vector<Received> received(std::string_view bytes, std::size_t part) {
   WebSocketFrames::Reader reader(maxMessage);
   std::vector<Received> all;

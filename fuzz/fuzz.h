@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the fuzz targets share. Each defines LLVMFuzzerTestOneInput, which is called once for every
-// input, and ends the process where something that must hold does not.
+// Helpers of the fuzz targets. Each target defines LLVMFuzzerTestOneInput, which is called once for
+// every input and aborts if a rule is violated.
 #pragma once
 
 #include <sys/mman.h>
@@ -22,7 +22,7 @@ inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
-// Ends the process unless `holds`; `rule` is what should have held.
+// Aborts the process unless `holds`; `rule` describes what must hold.
 inline void require(bool holds, const char* rule) {
   if (!holds) {
     std::fprintf(stderr, "BROKEN RULE: %s\n", rule);
@@ -30,7 +30,7 @@ inline void require(bool holds, const char* rule) {
   }
 }
 
-// A regular file that never touches a disk.
+// A regular file in memory.
 class MemoryFile {
  public:
   void write(std::string_view content) const {

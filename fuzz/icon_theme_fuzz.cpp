@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The index of an icon theme.
+// The index file of an icon theme.
 #include "fuzz/fuzz.h"
 #include "platform/linux/applications/icon_theme.h"
 #include "tests/support/temporary_folder.h"

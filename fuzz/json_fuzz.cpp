@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Any text: the scanner takes for JSON what another parser takes for it, and finds the same in it.
+// The JSON scanner. It accepts exactly what Boost.JSON accepts and finds the same values.
 #include <boost/json.hpp>
 #include <map>
 
@@ -23,20 +23,20 @@ void requireSame(JsonScanner& scanner, const boost::json::array& array) {
 
 void requireSame(JsonScanner& scanner, const boost::json::object& object) {
   fuzz::require(scanner.enter('{'), "an object is found");
-  std::map<std::string, JsonScanner::Place, std::less<>> last;
+  std::map<std::string, JsonScanner::Checkpoint, std::less<>> last;
   std::string_view key;
   for (bool isFirst = true; scanner.nextMember(isFirst, key);) {
-    last.insert_or_assign(std::string(key), scanner.place());
+    last.insert_or_assign(std::string(key), scanner.checkpoint());
     fuzz::require(scanner.skip(), "a member can be skipped");
   }
   fuzz::require(last.size() == object.size(), "an object has the same members");
-  const auto end = scanner.place();
-  for (const auto& [name, place] : last) {
+  const auto end = scanner.checkpoint();
+  for (const auto& [name, checkpoint] : last) {
     fuzz::require(object.contains(name), "an object has the same keys");
-    scanner.goBack(place);
+    scanner.rewind(checkpoint);
     requireSame(scanner, object.at(name));
   }
-  scanner.goBack(end);
+  scanner.rewind(end);
 }
 
 void requireSame(JsonScanner& scanner, const boost::json::value& value) {
@@ -66,7 +66,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   boost::system::error_code error;
   const auto value = boost::json::parse(text, error);
   if (error == boost::json::error::exponent_overflow) {
-    return 0;  // The scanner leaves the size of numbers to its caller.
+    return 0;  // The scanner does not judge the magnitude of numbers.
   }
   JsonScanner skipping(text);
   fuzz::require((skipping.skip() && skipping.isAtEnd()) == !error, "JSON is what is taken for it");

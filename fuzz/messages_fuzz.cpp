@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The messages of both sides: what is read can be written, and reads back as the same.
+// The messages of both sides. What can be read can be written, and reads back as equal.
 #include "fuzz/fuzz.h"
 #include "protocol/wire_codec.h"
 #include "protocol/wire_message_parser.h"

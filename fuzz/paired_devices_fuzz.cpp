@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The stored list of paired devices, in the keychain and in the file that stands in for it.
+// The stored list of paired devices, as in the keychain and in the file used without one.
 #include "agent/pairing/keychain_paired_device_store.h"
 #include "fuzz/fuzz.h"
 #include "tests/support/fakes.h"

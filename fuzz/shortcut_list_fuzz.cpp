@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the command-line tool behind Shortcut keys prints.
+// The output of `shortcuts list`.
 #include "agent_core/shortcuts/shortcuts_catalog.h"
 #include "fuzz/fuzz.h"
 

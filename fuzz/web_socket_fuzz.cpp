@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A byte stream against the WebSocket endpoint, which sends every message back. Input that is no
-// upgrade request follows a good one.
+// A byte stream sent to the WebSocket endpoint, which echoes every message. Input that does not
+// begin with an upgrade request is sent after a valid one.
 #include <boost/asio/io_context.hpp>
 
 #include "agent/connection/web_socket_listener.h"
@@ -17,7 +17,7 @@ constexpr std::string_view upgrade =
     "GET / HTTP/1.1\r\nHost: a\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
     "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n";
 
-// Server and peer on one thread, so that an input always does the same.
+// Server and peer share one thread, so that runs are reproducible.
 class Endpoint {
  public:
   Endpoint() {
@@ -38,7 +38,7 @@ class Endpoint {
     if (!bytes.starts_with("GET ")) {
       exchange(peer, upgrade);
     }
-    // Every other input arrives in two parts, as a network may deliver any.
+    // Every other input arrives in two parts.
     const auto half = bytes.size() % 2 * (bytes.size() / 2);
     exchange(peer, bytes.substr(0, half));
     exchange(peer, bytes.substr(half));
@@ -58,7 +58,7 @@ class Endpoint {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(port_);
-    // Each address has ports of its own, which a closed connection occupies for a while.
+    // Uses several addresses, because a closed connection occupies its port for a while.
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK + next_++ % 0xFFFF);
     fuzz::require(
         ::connect(peer.get(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0,
@@ -72,7 +72,7 @@ class Endpoint {
     drain(peer);
   }
 
-  // Takes what was sent to the peer. False when the server has closed the connection.
+  // Reads what was sent to the peer. False if the server has closed the connection.
   static bool drain(const FileDescriptor& peer) {
     char buffer[4096];
     for (;;) {

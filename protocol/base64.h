@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Binary data in JSON texts.
 #pragma once
 
 #include <optional>
@@ -7,10 +8,12 @@
 
 namespace glintboard {
 
-// Standard Base64 (RFC 4648, section 4) with padding and without line breaks.
+// Encodes as standard Base64 (RFC 4648, section 4) with padding and without line breaks. Any
+// thread.
 std::string base64Encode(std::string_view bytes);
 
-// The bytes of standard Base64, or none when the text is not that.
+// The bytes of standard Base64; none if the length is no multiple of four or a character is not of
+// the alphabet. Any thread.
 std::optional<std::string> base64Decode(std::string_view text);
 
 }  // namespace glintboard

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Decks as the decks file stores them.
 #pragma once
 
 #include <string>
@@ -8,13 +9,17 @@
 
 namespace glintboard {
 
-// The most keys that a deck may hold. Enforced where decks are saved.
+// The most keys that a deck may hold. The deck store enforces it on saving; reading accepts more.
 inline constexpr std::size_t deckCapacity = 24;
 
-// A named deck. In files an object of these members, all required.
+// A named deck. Stored as a JSON object of these members, all required. Not on the wire: phones get
+// a `DeckSnapshotPayload`.
 struct DeckTemplate {
-  std::string id;  // of a built-in or stored deck: its category's raw value
+  // The raw value of the deck's `DeckCategoryID`.
+  std::string id;
+  // The name shown to the user.
   std::string name;
+  // In the order of the file, which need not be that of the slots.
   std::vector<DeckTile> tiles;
 
   DeckTemplate() = default;

@@ -7,7 +7,7 @@
 namespace glintboard {
 namespace {
 
-// The number that the text stands for, if this type can hold exactly that.
+// Parses all of the text as a number; none if it is not of that form or out of range.
 template <class Number>
 std::optional<Number> numberOf(std::string_view text) {
   Number number{};
@@ -24,7 +24,7 @@ bool JsonReader::read(std::string& output) {
     output.clear();
     return refuse("not a text");
   }
-  if (output.size() == text.size()) {  // as when the same is read again
+  if (output.size() == text.size()) {  // as when an unchanged text is read again
     std::memcpy(output.data(), text.data(), text.size());
   } else {
     output = text;

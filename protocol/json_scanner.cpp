@@ -137,7 +137,7 @@ bool JsonScanner::takeWord(std::string_view word) {
   return true;
 }
 
-// Recursion is bounded by the depth that `enter` allows.
+// `enter` bounds the recursion by `maxDepth`.
 bool JsonScanner::skip() {  // NOLINT(misc-no-recursion)
   std::string_view ignored;
   bool isFirst = true;

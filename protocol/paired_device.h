@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The phone that this computer trusts.
+// The phone that this computer trusts, as the keychain item or file of paired devices stores it.
 #pragma once
 
 #include <string>
@@ -10,8 +10,10 @@
 
 namespace glintboard {
 
-// The bearer credential of one paired phone. Stored as an object with the one key "value".
+// The bearer credential of one paired phone: whoever presents it is that phone, so it is never
+// logged or shown. Stored as an object with the one key "value".
 struct DeviceToken {
+  // A random UUID in upper case when the agent made it; compared as text.
   std::string value;
   bool operator==(const DeviceToken&) const = default;
 };
@@ -19,9 +21,12 @@ BOOST_DESCRIBE_STRUCT(DeviceToken, (), (value))
 
 // Stored as an object of these members, all required.
 struct PairedDevice {
-  Uuid id{};  // the phone's own, the same across pairings
+  // The phone's own identity, the same across pairings.
+  Uuid id{};
+  // The name that the phone gave itself.
   std::string name;
   DeviceToken token;
+  // By the computer's clock, in seconds since 2001.
   ReferenceDate pairedAt;
   bool operator==(const PairedDevice&) const = default;
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The pairing address in the QR code.
 #pragma once
 
 #include <cstdint>
@@ -10,15 +11,21 @@
 
 namespace glintboard {
 
-// What the QR code carries, as the address glintboard://pair?v=1&name=Studio%20Mac&code=C.
+// What the QR code carries: glintboard://pair?v=1&name=Studio%20Mac&code=C, the values
+// percent-encoded UTF-8. The protocol was made for a Mac, hence `macName`.
 struct PairingQRPayload {
-  std::string macName;  // the computer's display name
-  std::string code;     // the current pairing code
+  // The computer's display name (`name`).
+  std::string macName;
+  // The current pairing code (`code`), 43 characters.
+  std::string code;
+  // Of the address's format (`v`). The agent writes 1; other versions are read too.
   std::int64_t version = 1;
 
-  // The pairing address, or none when none can be formed (a name that is not UTF-8).
+  // The pairing address; none if the name or the code is not UTF-8.
   std::optional<std::string> encodedURL() const;
-  // The payload of a scanned address, white space around it ignored; none for anything else.
+  // The payload of a scanned address, white space around it ignored. None if the scheme or host is
+  // another, if `v`, `name` or `code` is missing or occurs twice, if name or code is empty or not
+  // UTF-8, or if `v` is no integer.
   static std::optional<PairingQRPayload> parse(std::string_view text);
 
   bool operator==(const PairingQRPayload&) const = default;

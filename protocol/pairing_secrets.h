@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The secrets that a phone shows to be paired.
+// The secrets that a phone presents to be paired, and their comparison. Stateless; any thread.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,8 @@ namespace glintboard {
 namespace PINGenerator {
 // A new random PIN of six digits. Throws SecureRandomError.
 std::string generate();
-// The number in decimal, padded with zeros to the length of a PIN.
+// The number in decimal, padded with zeros to `pinLength`. Not checked: it should be in 0 to
+// 999,999.
 std::string format(std::int64_t number);
 }  // namespace PINGenerator
 
@@ -22,7 +23,8 @@ std::string generate();
 }  // namespace PairingCodeGenerator
 
 namespace PairingSecret {
-// Whether the two are equal, in a time that depends on their lengths alone.
+// Whether the two are equal. The time depends on their lengths alone, so that it tells nothing
+// about the expected secret.
 bool matches(std::string_view provided, std::string_view expected);
 }  // namespace PairingSecret
 

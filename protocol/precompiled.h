@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What nearly every file of the protocol includes; compiled once.
+// Precompiled header of the protocol library: what nearly all of its files include.
 #pragma once
 
 #include <boost/describe.hpp>
-#include <boost/json.hpp>
 #include <boost/mp11.hpp>
 #include <boost/system/result.hpp>
 #include <boost/uuid/uuid.hpp>

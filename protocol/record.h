@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the JSON codec knows about plain structs.
+// What the JSON codec knows about plain structs. A struct takes part by BOOST_DESCRIBE_STRUCT and
+// needs no code of its own.
 #pragma once
 
 #include <boost/describe.hpp>
@@ -8,7 +9,8 @@
 
 namespace glintboard {
 
-// A struct whose members are described, and whose JSON form is an object of them.
+// A struct whose members are described. Its JSON form is an object whose keys are the members'
+// names.
 template <class T>
 concept Record = boost::describe::has_describe_members<T>::value;
 
@@ -28,7 +30,8 @@ template <class T>
 struct RecordRules {
   // Whether a member that is missing or null keeps its default value instead of failing the read.
   static constexpr bool mayBeAbsent(std::string_view) { return false; }
-  // Derives what was absent. `isPresent(name)` tells which members were read.
+  // Called after a successful read to derive what was absent. `isPresent(name)` tells whether the
+  // member had a value; `name` must be a member's.
   template <class IsPresent>
   static void complete(T&, IsPresent) {}
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Revisions of icons.
 #pragma once
 
 #include <string>
@@ -6,7 +7,7 @@
 
 namespace glintboard {
 
-// The SHA-256 digest of `bytes` as 64 lower-case hexadecimal digits.
+// The SHA-256 digest of `bytes` as 64 lower-case hexadecimal digits. Any thread.
 std::string sha256Hex(std::string_view bytes);
 
 }  // namespace glintboard

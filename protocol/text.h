@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Small operations on ASCII text.
+// Small operations on ASCII text; bytes of UTF-8 pass unchanged. Any thread.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace glintboard {
 
-// Without white space and line breaks at both ends.
+// Without spaces, tabs and line breaks at both ends. Refers to the same memory as `text`.
 std::string_view trimmed(std::string_view text);
 
 // With the letters A to Z in lower case; everything else unchanged.

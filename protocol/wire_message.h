@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The envelope of every message.
+// The envelope of every message and the closed set of message types.
 #pragma once
 
 #include <string>
@@ -10,40 +10,52 @@
 
 namespace glintboard {
 
-// On the wire: an object with these three members, all required. The type is a plain text, so that
-// a message of a type that this side does not know can be represented.
+// On the wire: one JSON object in one text frame, with these three members, all required:
+// {"id":"0F8FAD5B-…","payload":{…},"type":"ping"}. `Payload` is a record of `protocol/payloads.h`.
 template <class Payload>
 struct WireMessage {
+  // A raw value of `MessageType`. A text, so that an unknown type can be represented too.
   std::string type;
+  // Fresh for a request, a push and an `app.icon`; a reply has its request's.
   Uuid id{};
+  // The record that belongs to the type; {} for `deck.sync`.
   Payload payload;
 
   bool operator==(const WireMessage&) const = default;
   BOOST_DESCRIBE_CLASS(WireMessage, (), (type, id, payload), (), ())
 };
 
-// The part of a message that is read before its payload.
+// The part of a message that is read first; `type` decides which payload is decoded then. An object
+// without `type` or `id`, or with an `id` that is no UUID, is not a message.
 struct MessageEnvelope {
   std::string type;
   Uuid id{};
 };
 BOOST_DESCRIBE_STRUCT(MessageEnvelope, (), (type, id))
 
+// Every type of the protocol. The sender and the payload of each are with its record in
+// `protocol/payloads.h`; what the agent accepts is in `protocol/wire_message_parser.h`.
 enum class MessageType {
+  // Pairing.
   pairRequest,
   pairOK,
   pairFail,
+  // Decks. `deckSnapshot`, of a single deck, is defined but never sent.
   deckSync,
   deckSnapshot,
   decksSnapshot,
+  // Applications: requests of the phone, then the agent's replies.
   appLaunch,
   appFocus,
   appOK,
   appError,
+  // Round trip.
   ping,
   pong,
+  // Icons of applications and Shortcuts.
   appIconRequest,
   appIcon,
+  // Actions of the computer, then Shortcuts: request, success, failure.
   actionRun,
   actionOK,
   actionError,
@@ -52,6 +64,7 @@ enum class MessageType {
   shortcutError,
 };
 
+// The `type` of a message on the wire.
 template <>
 struct EnumText<MessageType> {
   static constexpr EnumTable<20, MessageType> table{{

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a phone sent.
+// Reads the messages that phones send. Stateless; any thread.
 #pragma once
 
 #include <string_view>
@@ -11,27 +11,29 @@
 
 namespace glintboard::WireMessageParser {
 
-// A message of a type that the agent does not accept.
+// A message of a type that the agent does not accept: one that only the agent sends, or none of the
+// protocol. It gets no reply.
 struct Unknown {
   std::string type;
   Uuid id{};
 };
 
-// One alternative for each type that the agent accepts. `app.launch` and `app.focus` carry the
-// same payload, hence the two wrappers.
+// Wrappers that tell the two types with the same payload apart.
 struct AppLaunch {
   WireMessage<AppActionPayload> message;
 };
 struct AppFocus {
   WireMessage<AppActionPayload> message;
 };
+// One alternative for each type that the agent accepts, and `Unknown`.
 using ParsedMessage =
     std::variant<WireMessage<PairRequestPayload>, WireMessage<EmptyPayload>,
                  WireMessage<PingPayload>, AppLaunch, AppFocus, WireMessage<ActionRunPayload>,
                  WireMessage<ShortcutRunPayload>, WireMessage<AppIconRequestPayload>, Unknown>;
 
-// Reads `type` and `id` first, then the payload of that type. Fails when either does not decode;
-// a type that is not accepted is no failure.
+// Reads `type` and `id` first, then the payload of that type. Fails if either does not decode, or
+// if the text has more values than any phone needs, which bounds the memory that a message can
+// take. A type that is not accepted is no failure. Never throws but std::bad_alloc.
 Decoded<ParsedMessage> parse(std::string_view bytes);
 
 }  // namespace glintboard::WireMessageParser

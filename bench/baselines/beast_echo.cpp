@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: MIT
-// The floor for a server built on Beast: sends every message back, and does nothing else.
-#include <boost/asio/io_context.hpp>
-#include <boost/asio/ip/tcp.hpp>
+// The floor for a server built on Beast: sends each message back as it comes, and does nothing
+// else.
 #include <boost/beast/core/flat_buffer.hpp>
 #include <boost/beast/websocket.hpp>
-#include <cstdlib>
 #include <memory>
+
+#include "bench/baselines/echo_server.h"
 
 namespace {
 
-namespace asio = boost::asio;
+using namespace glintboard::bench;
 namespace beast = boost::beast;
-using boost::system::error_code;
-using Socket = asio::basic_stream_socket<asio::ip::tcp, asio::io_context::executor_type>;
 
 class Session : public std::enable_shared_from_this<Session> {
  public:
@@ -49,23 +47,8 @@ class Session : public std::enable_shared_from_this<Session> {
   beast::flat_buffer buffer_;
 };
 
-using Acceptor = asio::basic_socket_acceptor<asio::ip::tcp, asio::io_context::executor_type>;
-
-void accept(Acceptor& acceptor) {
-  acceptor.async_accept([&acceptor](error_code error, Socket socket) {
-    if (!error) {
-      socket.set_option(asio::ip::tcp::no_delay(true));
-      std::make_shared<Session>(std::move(socket))->accept();
-    }
-    accept(acceptor);
-  });
-}
-
 }  // namespace
 
 int main(int, char** argv) {
-  asio::io_context context(1);
-  Acceptor acceptor(context, {asio::ip::tcp::v4(), static_cast<std::uint16_t>(std::atoi(argv[1]))});
-  accept(acceptor);
-  context.run();
+  serve(argv[1], [](Socket socket) { std::make_shared<Session>(std::move(socket))->accept(); });
 }

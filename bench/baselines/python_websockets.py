@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What someone would write instead: parses the ping and answers with a pong. Reads no file."""
+"""A minimal server in Python: parses the ping and replies with a pong. Reads no file."""
 
 import asyncio
 import contextlib

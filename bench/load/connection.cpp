@@ -150,7 +150,7 @@ bool Connection::takeFrame(int& messages) {
     if (opcode != 0) {
       latest_.clear();
     }
-    latest_ += payload;  // the rest of a message may come in further frames
+    latest_ += payload;  // a message may be fragmented
     messages += (byte(0) & 0x80U) != 0 ? 1 : 0;
   }
   taken_ += 2 + more + length;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A client that costs next to nothing, so that what is measured is the server.
+// A minimal client, cheap enough that the measurement shows the server.
 #pragma once
 
 #include <cstdint>
@@ -10,31 +10,31 @@
 
 namespace glintboard::bench {
 
-// How the bytes of a connection are divided into messages.
+// How messages are delimited.
 enum class Framing { webSocket, none };
 
-// One client's frame of that payload; built once and sent again and again.
+// A masked text frame with that payload, to be built once and sent many times.
 std::string clientFrame(std::string_view payload);
 
-// A connection to a server on this computer. Blocks; throws std::system_error and
-// std::runtime_error. Not for several threads.
+// A connection to a server on this computer. Blocks; one thread. Throws std::system_error, and
+// std::runtime_error if the server closes the connection.
 class Connection {
  public:
-  // Connects, and upgrades with the token unless that is empty. Without framing, replies are as
-  // long as `rawLength`.
+  // Connects. With WebSockets it upgrades, with the token in the header unless that is empty.
+  // Without framing, `rawLength` is the length of each reply in bytes.
   Connection(std::uint16_t port, Framing framing, const std::string& token,
              std::size_t rawLength = 0);
 
   int descriptor() const { return socket_.get(); }
   void send(std::string_view bytes) const;
-  // Reads once; returns how many messages that completed. Answers pings of the server.
+  // Reads once and returns the number of messages completed. Answers ping frames of the server.
   int receive();
-  // The last message that was completed. Only kept for WebSockets.
+  // The last completed message; only with WebSockets.
   const std::string& latest() const { return latest_; }
 
  private:
   void upgrade(const std::string& token);
-  // Takes one frame off the front of what was received. False when there is no whole one.
+  // Consumes one received frame. False if none is complete.
   bool takeFrame(int& messages);
 
   FileDescriptor socket_;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Asks a server the same thing many times and prints what that took, as a line of JSON.
+// Load generator.
 //   glintboard-load exchange PORT CONNECTIONS IN-FLIGHT REQUESTS REPLIES SERVER-PID TOKEN MESSAGE
-//       REPLIES: of one request. p50 and p99 are microseconds, cpu those of the server per request.
-//       A token of "raw" asks without WebSockets.
+//       Sends the message REQUESTS times, waits for REPLIES replies to each and prints a line of
+//       JSON: p50, p99 and max of the round trip and the server's processor time per request, in
+//       microseconds, and the length of a reply. With the token "raw" it does not use WebSockets.
 //   glintboard-load hold PORT CONNECTIONS TOKEN
-//       opens the connections, prints "held" and keeps them until its input ends
+//       Opens the connections, prints "held" and keeps them until its input ends.
 #include <poll.h>
 #include <sys/epoll.h>
 #include <unistd.h>
@@ -27,7 +28,7 @@ using namespace glintboard;
 using bench::Connection;
 using Clock = std::chrono::steady_clock;
 
-// Connections, and which of them have something to read.
+// The connections and an epoll instance for them.
 class Connections {
  public:
   Connections(std::uint16_t port, int count, const std::string& token, std::size_t rawLength) {
@@ -42,7 +43,7 @@ class Connections {
   }
 
   std::size_t size() const { return all_.size(); }
-  Connection& at(std::size_t place) { return *all_[place]; }
+  Connection& at(std::size_t index) { return *all_[index]; }
   void watch(int descriptor, std::uint32_t number) const {
     epoll_event event{};
     event.events = EPOLLIN;
@@ -50,7 +51,7 @@ class Connections {
     ::epoll_ctl(poll_.get(), EPOLL_CTL_ADD, descriptor, &event);
   }
 
-  // Waits, and calls `function(number)` for each that can be read.
+  // Waits for input and calls `function(number)` for each readable connection.
   template <class Function>
   void await(Function function) {
     epoll_event events[64];
@@ -79,10 +80,10 @@ struct Exchange {
   std::string message;
 };
 
-// What is under way on one connection.
+// The requests in flight on one connection.
 struct Pending {
   std::deque<Clock::time_point> sent;
-  int replies = 0;  // to the oldest of them
+  int replies = 0;  // received for the oldest
 };
 
 class Measurement {
@@ -97,11 +98,11 @@ class Measurement {
     taken_.clear();
     taken_.reserve(static_cast<std::size_t>(requests));
     left_ = requests;
-    for (std::size_t place = 0; place < connections_.size(); ++place) {
-      ask(place, given_.inFlight);
+    for (std::size_t index = 0; index < connections_.size(); ++index) {
+      ask(index, given_.inFlight);
     }
     while (taken_.size() < static_cast<std::size_t>(requests)) {
-      connections_.await([this](std::size_t place) { receive(place); });
+      connections_.await([this](std::size_t index) { receive(index); });
     }
   }
 
@@ -113,20 +114,20 @@ class Measurement {
   std::size_t replyLength() { return connections_.at(0).latest().size(); }
 
  private:
-  void ask(std::size_t place, int count) {
+  void ask(std::size_t index, int count) {
     std::string all;
-    auto& pending = pending_[place];
+    auto& pending = pending_[index];
     const auto now = Clock::now();
     for (; count > 0 && left_ > 0; --count, --left_) {
       all += bytes_;
       pending.sent.push_back(now);
     }
-    connections_.at(place).send(all);
+    connections_.at(index).send(all);
   }
 
-  void receive(std::size_t place) {
-    auto& pending = pending_[place];
-    pending.replies += connections_.at(place).receive();
+  void receive(std::size_t index) {
+    auto& pending = pending_[index];
+    pending.replies += connections_.at(index).receive();
     const auto now = Clock::now();
     int answered = 0;
     for (; pending.replies >= given_.replies; pending.replies -= given_.replies) {
@@ -135,7 +136,7 @@ class Measurement {
       pending.sent.pop_front();
       ++answered;
     }
-    ask(place, answered);
+    ask(index, answered);
   }
 
   const Exchange& given_;
@@ -149,7 +150,7 @@ class Measurement {
 void exchange(const Exchange& given) {
   Measurement measurement(given);
   if (given.requests >= 1000) {
-    measurement.run(given.requests / 20);  // until everything is warm
+    measurement.run(given.requests / 20);  // warms up caches
   }
   const double before = bench::processorMicroseconds(given.server);
   measurement.run(given.requests);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a process has used of the processor.
+// The processor time of a process.
 #pragma once
 
 #include <sys/types.h>
@@ -10,7 +10,7 @@
 
 namespace glintboard::bench {
 
-// Of all living threads of the process, to the nanosecond.
+// Of all live threads of the process, in microseconds with nanosecond resolution.
 inline double processorMicroseconds(pid_t process) {
   double nanoseconds = 0;
   const std::string tasks = "/proc/" + std::to_string(process) + "/task";

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// How long a tap takes until the window is active.
+// Measures the time from a tap to the active window.
 //   glintboard-tap PORT TOKEN TIMES APPLICATION APPLICATION
-// Shows a window for each of the two applications on $DISPLAY, which must have a window manager,
-// taps one after the other and prints the median in milliseconds. Both must be installed.
+// Shows a window for each of the two applications, which must be installed, on $DISPLAY, which must
+// have a window manager. Taps them alternately and prints the median in milliseconds.
 #include <poll.h>
 #include <xcb/xcb.h>
 
@@ -38,7 +38,7 @@ class Screen {
     ::xcb_change_window_attributes(x_, screen_->root, XCB_CW_EVENT_MASK, &events);
   }
 
-  // Resumes when the window is active.
+  // Shows a window of the application and returns when it is active.
   xcb_window_t show(const std::string& application) {
     const xcb_window_t window = ::xcb_generate_id(x_);
     ::xcb_create_window(x_, XCB_COPY_FROM_PARENT, window, screen_->root, 0, 0, 200, 100, 0,

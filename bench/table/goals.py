@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What is measured, and what it should come to."""
+"""The rows of the table and their goals."""
 
 import dataclasses
 
@@ -9,7 +9,7 @@ class Row:
     name: str
     text: str
     unit: str
-    goal: float = None  # none: for comparison only
+    goal: float = None  # None: for comparison only
 
 
 ROWS = [

@@ -15,7 +15,7 @@ import wire
 from goals import ROWS, shown
 from stage import BIN
 
-SHORT_FACTOR = 3  # how far above a goal the short form lets pass
+SHORT_FACTOR = 3  # the short form fails above this multiple of a goal
 
 
 def save(times):
@@ -25,7 +25,7 @@ def save(times):
 
 
 def scenes(short, servers):
-    """Every measurement, by the rows that it fills."""
+    """Every measurement by name. Each returns the figures of its rows."""
     size = 0.2 if short else 1
     return {
         "ping": lambda: wire.pings(servers()),
@@ -44,12 +44,12 @@ def scenes(short, servers):
 
 
 def measure(wanted, rounds, short):
-    """The figures of all rounds."""
+    """The figures of all rounds, by row."""
     figures = {}
     for number in range(1, rounds + 1):
         for name in wanted or scenes(short, None):
             print(f"round {number} of {rounds}: {name}", file=sys.stderr)
-            # Servers live no longer than what is measured on them: there is one port.
+            # Servers end after each measurement, because all agents use the same port.
             with contextlib.ExitStack() as stack:
                 def servers(stack=stack):
                     return wire.Servers(stack, 0.2 if short else 1)
@@ -66,7 +66,7 @@ def computer():
 
 
 def print_table(figures, factor):
-    """False when a figure is above `factor` times its goal."""
+    """Returns False if a figure is above `factor` times its goal."""
     passed = True
     print(f"{computer()}\n\n| What | Figure | Least–most | Goal | |\n|---|---|---|---|---|")
     for row in ROWS:

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The desktop that the agent is measured on, the servers beside it and the load."""
+"""The measured desktop, the servers and the load generator."""
 
 import contextlib
 import json
@@ -33,7 +33,7 @@ def icon_request(keys):
 
 
 def drawing(number):
-    """An icon as applications draw theirs: shapes, gradients and a shadow."""
+    """A typical application icon: shapes, gradients and a shadow."""
     hue = number * 37 % 360
     shapes = "".join(
         f'<path d="M{12 + 8 * i} {20 + i} c 10 {i} 30 40 {20 + i} 60 s -40 10 -50 {-20 - i} z"'
@@ -46,7 +46,7 @@ def drawing(number):
 
 
 def installed(desktop, count):
-    """Applications with icons by turns from an SVG and from a PNG theme."""
+    """Installs applications, whose icons are alternately SVG and PNG files."""
     icons = desktop.root / "share" / "icons"
     icons.mkdir(parents=True, exist_ok=True)
     (icons / "Adwaita").symlink_to("/usr/share/icons/Adwaita")
@@ -65,7 +65,7 @@ def installed(desktop, count):
 
 
 def set_decks(desktop, *both):
-    """Writes the file as the agent would."""
+    """Writes the decks file in the agent's format."""
     desktop.set_decks(*both)
     decks = json.loads(desktop.decks_file.read_text())
     desktop.write(desktop.decks_file, json.dumps(decks, sort_keys=True, separators=(",", ":")))
@@ -73,7 +73,7 @@ def set_decks(desktop, *both):
 
 @contextlib.contextmanager
 def stage(applications=60, keys=24):
-    """A desktop with applications of which `keys` are on either deck."""
+    """A desktop with installed applications, `keys` of them on each deck."""
     desktop = Desktop()
     try:
         installed(desktop, applications)
@@ -86,7 +86,7 @@ def stage(applications=60, keys=24):
 
 @contextlib.contextmanager
 def quiet_agent(desktop, arguments=()):
-    """The agent; what it logs is not printed unless it fails."""
+    """A running agent. Its log is printed only if it fails."""
     agent = Agent(desktop, arguments=arguments)
     try:
         yield agent
@@ -98,7 +98,7 @@ def quiet_agent(desktop, arguments=()):
 
 @contextlib.contextmanager
 def paired_agent(desktop):
-    """The serving agent and the token of a phone."""
+    """A listening agent and the token of a paired phone."""
     with quiet_agent(desktop) as agent:
         token = Phone(desktop, "Bench").pair(agent.serving().pin())["token"]
         yield agent, token
@@ -111,7 +111,7 @@ def listens(port):
 
 @contextlib.contextmanager
 def server(port, *command):
-    """A program that listens on the port, which is its last argument."""
+    """Starts a server with the port as its last argument and waits until it listens."""
     with subprocess.Popen([str(word) for word in (*command, port)]) as process:
         try:
             eventually(lambda: listens(port), str(command))
@@ -121,7 +121,7 @@ def server(port, *command):
 
 
 def exchange(port, token, message, *, connections=1, in_flight=1, requests=1, replies=1, pid=None):
-    """Asks and is answered; see bench/load/main.cpp."""
+    """Runs `glintboard-load exchange`; see bench/load/main.cpp."""
     done = subprocess.run(
         [BIN / "glintboard-load", "exchange", *map(str, (port, connections, in_flight, requests,
                                                         replies, pid or os.getpid())),
@@ -130,7 +130,7 @@ def exchange(port, token, message, *, connections=1, in_flight=1, requests=1, re
 
 
 def resident_kib(pid):
-    """What the process holds of the memory, its part of what it shares counted in full."""
+    """The resident set of the process in KiB, shared pages included."""
     for line in pathlib.Path(f"/proc/{pid}/status").read_text(encoding="ascii").splitlines():
         if line.startswith("VmRSS:"):
             return int(line.split()[1])
@@ -159,7 +159,7 @@ def processor_seconds(pid):
 
 
 def start_seconds(desktop, arguments=()):
-    """The time until a new agent listens, and the processor time it took."""
+    """Starts an agent; the seconds until it listens, and its processor time until then."""
     start = time.monotonic()
     with quiet_agent(desktop, arguments) as agent:
         eventually(lambda: listens(PORT), "A listener")

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the agent takes of the computer, and how it grows."""
+"""Memory, processor time and start of the agent, and their growth with the input."""
 
 import contextlib
 import json
@@ -11,21 +11,21 @@ from stage import (BIN, PARTS, PING, PORT, ROOT, application, by_thread, eventua
                    used_since)
 from wire import TURNS, median
 
-# Without its window.
+# Starts without its window.
 AT_LOGIN = ["--background"]
 # Seconds after which the start is over, and after which a phone counts as quiet.
 SETTLED, QUIET = 3, 18
 
 
 def start_display(desktop):
-    """An X server with a window manager, a bus with a tray and an open keyring."""
+    """Starts an X server with a window manager, and a bus with a tray and an unlocked keyring."""
     folder = desktop.root / "display"
     folder.mkdir()
     desktop.start("env", "GLINTBOARD_PRIVATE_NETWORK=1", PARTS / "x-server", folder)
     number = eventually(lambda: (folder / "display").exists()
                         and (folder / "display").read_text().strip(), "The display")
     desktop.env |= {"DISPLAY": f":{number}", "XDG_SESSION_TYPE": "x11"}
-    # It finds its theme among the computer's own data.
+    # The window manager needs the installed themes.
     desktop.start("env", "XDG_DATA_DIRS=/usr/share", PARTS / "window-manager", folder)
     eventually((folder / "manager-ready").exists, "The window manager")
     desktop.start_bus()
@@ -37,9 +37,9 @@ def start_display(desktop):
 
 
 def starts(times):
-    """Each alone on its desktop."""
+    """Times to start, without and with a display."""
     with stage() as desktop:
-        start_seconds(desktop)  # reads the program from the disk
+        start_seconds(desktop)  # fills the page cache
         bare = median([start_seconds(desktop)[0] for _ in range(times)])
         start_display(desktop)
         tray = median([start_seconds(desktop, AT_LOGIN)[0] for _ in range(times)])
@@ -79,7 +79,7 @@ def left_alone(pid, seconds):
 
 
 def idle(seconds):
-    """An agent without a display, and one with a tray, first without and then with a phone."""
+    """Idle agents: one without a display, and one with a tray, without and with a phone."""
     figures = {}
     with stage() as desktop, quiet_agent(desktop, AT_LOGIN) as agent:
         eventually(lambda: listens(PORT), "A listener")
@@ -106,14 +106,14 @@ def idle(seconds):
 
 
 def held(connections=1000):
-    """Paired phones that have asked nothing yet."""
+    """Memory for each idle connection of a paired phone."""
     with stage() as desktop, paired_agent(desktop) as (agent, token):
-        time.sleep(4)  # until it has given back what its start took
+        time.sleep(4)  # until it has released the memory of its start
         before = resident_kib(agent.pid)
         with subprocess.Popen([BIN / "glintboard-load", "hold", str(PORT), str(connections), token],
                               stdin=subprocess.PIPE, stdout=subprocess.PIPE) as phones:
             assert phones.stdout.readline() == b"held\n"
-            # Until the agent has taken note of the last of them, and has pinged them all once.
+            # Until the agent has accepted them all and has pinged each once.
             time.sleep(10)
             after = resident_kib(agent.pid)
             phones.stdin.close()

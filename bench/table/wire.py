@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What a phone waits for."""
+"""Round trips of a phone and the processor time of a request."""
 
 import json
 import signal
@@ -11,8 +11,8 @@ from stage import (BASELINES, BIN, IDENTIFIER, PARTS, PING, PORT, SYNC, Phone, a
                    shortcut, stage)
 
 TCP_PORT, BEAST_PORT, NODE_PORT, PYTHON_PORT = 9850, 9851, 9852, 9853
-# How often baseline and agent take turns within one round. The turn that other work on the computer
-# has disturbed least counts, of either.
+# Baseline and agent are measured alternately this often in one round. The lowest figure of each
+# counts, because it is the one that other load has disturbed least.
 TURNS = 8
 
 
@@ -22,10 +22,10 @@ def median(values):
 
 
 class Servers:
-    """The baselines and the agent, all there at once so that they can be measured by turns."""
+    """The baselines and the agent, running side by side to be measured alternately."""
 
     def __init__(self, stack, size):
-        self.size = size  # of the samples, 1 for the whole table
+        self.size = size  # factor for the number of requests; 1 for the full table
         desktop = stack.enter_context(stage())
         agent, self.token = stack.enter_context(paired_agent(desktop))
         self.pids = {PORT: agent.pid}
@@ -43,7 +43,7 @@ class Servers:
 
 
 def pings(servers):
-    """One connection, one in flight."""
+    """Round trips with one connection and one request in flight."""
     ports = {"tcp": TCP_PORT, "beast": BEAST_PORT, "node": NODE_PORT, "python": PYTHON_PORT,
              "ping": PORT}
     p50 = {name: [] for name in ports}
@@ -58,7 +58,7 @@ def pings(servers):
 
 
 def by_turns(servers, name, requests, **load):
-    """Processor time per request, of the bare echo and of the agent."""
+    """Processor time per request of the bare echo and the agent, measured alternately."""
     echo, ping = [], []
     for _ in range(TURNS):
         echo.append(servers.ask(BEAST_PORT, requests, **load)["cpu"])
@@ -76,7 +76,7 @@ def deep(servers):
 
 
 def sync(size):
-    """48 keys, of which eight are Shortcuts with icons."""
+    """deck.sync of 48 keys, eight of them Shortcuts with icons."""
     with stage() as desktop:
         identifiers = [f"{number}{IDENTIFIER[1:]}" for number in range(1, 9)]
         for number, identifier in enumerate(identifiers):
@@ -107,7 +107,7 @@ def icons():
 
 
 def hanging_keyring(desktop):
-    """A bus whose Secret Service never answers."""
+    """Starts a bus whose Secret Service never replies."""
     desktop.start_bus()
     keyring = desktop.start(PARTS / "keyring", "unlocked")
     owner = ["gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path", "/",
@@ -119,17 +119,17 @@ def hanging_keyring(desktop):
 
 
 def busy(seconds):
-    """Pings while a keychain hangs, a Shortcut hangs and another phone fetches icons cold."""
+    """Pings while keychain and a Shortcut hang and another phone fetches icons that are not cached."""
     with stage(applications=240) as desktop:
         with paired_agent(desktop) as (_, token):
-            pass  # leaves its pairing in the file, which is read beside the keyring
+            pass  # stores its pairing in the file, which is read in addition to the keyring
         hanging_keyring(desktop)
         desktop.set_shortcuts("*) sleep 600;;")
         with quiet_agent(desktop) as agent:
             started = time.monotonic()
             agent.serving()
             exchange(PORT, token, PING)
-            # The next call to the keychain comes ten seconds after the first was given up.
+            # The agent calls the keychain again ten seconds after the first call timed out.
             time.sleep(started + 11 - time.monotonic())
             run = json.dumps({"type": "shortcut.run", "id": IDENTIFIER,
                               "payload": {"shortcutIdentifier": IDENTIFIER}})

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A conversation with the agent in messages of the protocol.
+// Requests to the agent and their replies.
 #pragma once
 
 #include <chrono>
@@ -20,9 +20,9 @@ struct ReceivedMessage {
   std::string text;
 };
 
-// Requests and their replies, each waited for no longer than the session's timeout. Every operation
-// throws PhoneFailure when the connection breaks, the time is up or the agent sends what the
-// protocol does not know.
+// Sends requests and waits for each reply up to the session's timeout. Blocks; one thread. Every
+// operation throws PhoneFailure if the connection breaks, the timeout passes or the agent violates
+// the protocol.
 class AgentSession {
  public:
   AgentSession(PhoneConnection connection, std::chrono::milliseconds timeout)
@@ -36,11 +36,11 @@ class AgentSession {
   }
   void sendText(std::string text) { connection_.send(std::move(text), deadline()); }
 
-  // The next message, or none by the deadline.
+  // The next message; none if there is none by the deadline.
   std::optional<ReceivedMessage> receive(Deadline deadline);
 
   using Others = std::function<void(const ReceivedMessage&)>;
-  // The reply to the request of that id; what arrives before it goes to `others`.
+  // The reply to the request of that id. Messages that arrive before it are passed to `others`.
   ReceivedMessage replyTo(Uuid id, const Others& others = {});
 
   // Sends a request and waits for its reply.
@@ -50,7 +50,7 @@ class AgentSession {
     return replyTo(request.id);
   }
 
-  // The decks as they are now. A phone that the agent does not know fails with "unauthorized".
+  // The current decks. Throws PhoneFailure "unauthorized" if the agent does not know this phone.
   DecksSnapshotPayload sync();
 
  private:
@@ -58,7 +58,7 @@ class AgentSession {
   std::chrono::milliseconds timeout_;
 };
 
-// The payload of a message, or PhoneFailure ("protocol").
+// The payload of a message. Throws PhoneFailure "protocol" if it does not decode.
 template <class Payload>
 Payload payloadOf(const ReceivedMessage& message) {
   auto decoded = WireCodec::decode<Payload>(message.text);
@@ -71,9 +71,9 @@ Payload payloadOf(const ReceivedMessage& message) {
 }
 
 bool isOfType(const ReceivedMessage& message, MessageType type);
-// Throws the refusal that a `pair.fail`, `app.error`, `action.error` or `shortcut.error` carries,
-// and "protocol" for a message that does not belong here. Call it for anything but the ok hoped
-// for.
+// Throws PhoneFailure with the code of a `pair.fail`, `app.error`, `action.error` or
+// `shortcut.error`, and with "protocol" for any other message. For replies that are not the
+// expected success.
 [[noreturn]] void throwRefusal(const ReceivedMessage& message);
 
 }  // namespace glintboard::phone

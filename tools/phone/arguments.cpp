@@ -39,7 +39,7 @@ void requireText(const std::string& what, const std::string& text) {
   }
 }
 
-// An option and the commands that it makes sense for; none listed means all.
+// An option and the commands that accept it; an empty list means all.
 struct Option {
   std::string_view name;
   std::vector<Command> commands;
@@ -50,7 +50,7 @@ const std::vector<Option>& valueOptions() {
   static const std::vector<Option> options = {
       {"--host",
        {Command::pair, Command::decks, Command::icons, Command::tap, Command::focus, Command::ping,
-        Command::watch, Command::forget, Command::raw},  // doctor examines the computer it is on
+        Command::watch, Command::forget, Command::raw},  // not doctor, which checks this computer
        [](Arguments& arguments, const std::string& value) {
          arguments.host = parseAddress(value);
          if (!arguments.host) {
@@ -103,7 +103,7 @@ const std::vector<Option>& valueOptions() {
   return options;
 }
 
-// The words sorted out: options with their values, and everything else in order.
+// The command line, split into options with their values and operands in order.
 struct SortedWords {
   std::vector<std::pair<const Option*, std::string>> options;
   std::vector<std::string> operands;

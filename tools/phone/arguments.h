@@ -59,11 +59,11 @@ struct Arguments {
   bool json = false;
 };
 
-// Reads the words after the program's name. Throws PhoneFailure (usage).
+// Parses the words after the program's name. Throws PhoneFailure "usage".
 Arguments parseArguments(const std::vector<std::string>& words);
 
-// HOST, HOST:PORT, [IPV6]:PORT or a bare IPv6 address; the protocol's port where none is given.
-// None when the text is not that.
+// Parses HOST, HOST:PORT, [IPV6]:PORT or a bare IPv6 address; without a port it is `defaultPort`.
+// None for any other text.
 std::optional<AgentAddress> parseAddress(std::string_view text);
 
 }  // namespace glintboard::phone

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the commands share.
+// The commands, and what they share.
 #pragma once
 
 #include <string>
@@ -22,7 +22,8 @@ struct CommandContext {
   LocalNetwork* network;    // null for tests without doctor
   PhoneStateFile stateFile;
 
-  // The agent of the command line, else the one that `wanted` or the network tells.
+  // The agent given by --host, else the one that service discovery finds, preferably of the name
+  // `wanted`. Blocks for two seconds at most. Throws PhoneFailure "several_agents".
   FoundAgent chooseAgent(const std::optional<std::string>& wanted) const;
   // Connects to the first address that answers. Throws PhoneFailure.
   AgentSession open(const FoundAgent& agent, const std::optional<std::string>& token) const;
@@ -30,7 +31,8 @@ struct CommandContext {
   AgentSession openPaired() const;
 };
 
-// The commands. Each throws PhoneFailure or std::system_error; what it returns has gone well.
+// The commands. Each prints its result to `output` and throws PhoneFailure or std::system_error if
+// it fails.
 void pairCommand(const CommandContext& context);
 void forgetCommand(const CommandContext& context);
 void decksCommand(const CommandContext& context);

@@ -55,7 +55,7 @@ void parseAndPerform(const std::vector<std::string>& words, std::ostream& out, O
 
 int runPhone(const std::vector<std::string>& words, std::ostream& out, std::ostream& error,
              const Surroundings& surroundings) {
-  // A command line that cannot be read is reported in the form that it asks for all the same.
+  // Errors in the command line are reported as JSON too if it contains --json.
   Output output(out, error, std::ranges::count(words, "--json") != 0);
   try {
     parseAndPerform(words, out, output, surroundings);
@@ -64,7 +64,7 @@ int runPhone(const std::vector<std::string>& words, std::ostream& out, std::ostr
     output.failure(failure);
     return static_cast<int>(failure.exitCode);
   } catch (const std::exception& failure) {
-    // A file that cannot be read or written; the text names it and says why.
+    // A file cannot be read or written; the message names it and the reason.
     output.failure({ExitCode::local, "local", failure.what()});
     return static_cast<int>(ExitCode::local);
   }

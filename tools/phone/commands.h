@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the program does.
+// The entry point of the program.
 #pragma once
 
 #include <ostream>
@@ -11,14 +11,14 @@
 
 namespace glintboard::phone {
 
-// What the program knows of the network. `doctor` needs both.
+// Access to the network; tests replace it. `doctor` needs both.
 struct Surroundings {
-  BonjourBrowser* browser = nullptr;  // null finds no agent
+  BonjourBrowser* browser = nullptr;  // with null, no agent is found
   LocalNetwork* network = nullptr;
 };
 
-// Runs the command line `words` (without the program's name) and returns the exit code. Nothing is
-// thrown.
+// Runs the command line `words` (without the program's name) and returns an `ExitCode`. Catches
+// every std::exception.
 int runPhone(const std::vector<std::string>& words, std::ostream& out, std::ostream& error,
              const Surroundings& surroundings);
 

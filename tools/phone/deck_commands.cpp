@@ -23,7 +23,7 @@ void printDecks(Output& output, const DecksSnapshotPayload& snapshot) {
       {{"ok", true}, {"decks", boost::json::parse(jsonText(snapshot)).as_object().at("decks")}});
 }
 
-// The key that the command line names, as the agent has it now.
+// The key in the slot given on the command line, from the current decks.
 DeckTile findTile(const Arguments& arguments, AgentSession& session) {
   const std::string deckId(rawValue(arguments.deck));
   const auto snapshot = session.sync();
@@ -40,8 +40,8 @@ DeckTile findTile(const Arguments& arguments, AgentSession& session) {
 }
 
 void report(Output& output, const DeckTile& tile, const ReceivedMessage& reply,
-            MessageType hopedFor) {
-  if (!isOfType(reply, hopedFor)) {
+            MessageType expected) {
+  if (!isOfType(reply, expected)) {
     throwRefusal(reply);
   }
   output.line(tile.label + ": done.");
@@ -60,7 +60,7 @@ void decksCommand(const CommandContext& context) {
 
 void watchCommand(const CommandContext& context) {
   auto session = context.openPaired();
-  // A phone that is not known gets no push and no word of it; syncing finds out.
+  // An unknown phone gets neither pushes nor an error; `sync` detects it.
   session.sync();
   context.output.note("Watching the decks. Stop with Ctrl-C.");
   context.output.record({{"ok", true}, {"watching", true}});

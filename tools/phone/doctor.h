@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The steps of the way from a phone to this computer's agent.
+// The checks of `glintboard-phone doctor`: can a phone find and reach the agent of this computer?
 #pragma once
 
 #include <chrono>
@@ -14,49 +14,50 @@
 
 namespace glintboard::phone {
 
-// What was found out about one step. `step` and `code` are what --json calls them.
+// The result of one check. `step` and `code` are printed by --json.
 struct Finding {
   std::string step;
   std::string text;
-  std::string code;              // of the failure; empty where the step went well
-  std::string command;           // mends it, or helps where the step went well; may be empty
-  ExitCode exit = ExitCode::ok;  // of a program that ends with this failure
+  std::string code;              // of the failure; empty if the check passed
+  std::string command;           // a fix, or a next step if the check passed; may be empty
+  ExitCode exit = ExitCode::ok;  // of the program if this is the first failure
 
   bool wentWell() const { return code.empty(); }
 };
 
-// How a stranger's visit to one address went.
+// The result of connecting to one address without a token.
 struct Visit {
   LocalAddress at;
   std::chrono::duration<double> time{};
   std::optional<PhoneFailure> failure;
 };
 
-// Connects to all addresses at once, upgrades, and asks as a stranger, whom an agent refuses.
-// Takes three times `timeout` at most.
+// Connects to all addresses in parallel, upgrades, and sends a `deck.sync` without a token; the
+// refusal shows that an agent answers. Blocks for three times `timeout` at most.
 std::vector<Visit> visitAll(const std::vector<LocalAddress>& addresses,
                             std::chrono::milliseconds timeout);
 
-// Whether the agent runs and has its port. Without a failure the visits are worth reporting.
+// Checks that the agent runs and holds its port. If this fails, the visits say nothing more.
 Finding examineAgent(const std::optional<PortHolder>& holder, const std::vector<Visit>& visits);
-// One for each address; and whether a phone could have any of them. `firewall`: what may keep it
-// out.
+// One result for each address, and a failure if all are loopback addresses. `firewall` is the one
+// that may block them.
 std::vector<Finding> examineVisits(const std::vector<Visit>& visits,
                                    const std::optional<Firewall>& firewall);
-// Whether the agent at `address` knows the phone of that state.
+// Checks that the agent at `address` accepts the token in `state`.
 Finding examinePairing(const PhoneStateFile& state, const LocalAddress& address,
                        std::chrono::milliseconds timeout);
-// Whether phones find the agent by themselves. `isServed`: whether an agent is there to be found.
+// Checks Avahi, and if `isServed` (an agent runs) its advertisement and its name. Blocks for
+// `timeout`.
 std::vector<Finding> examineDiscovery(BonjourBrowser& browser, LocalNetwork& network,
                                       const std::vector<LocalAddress>& addresses, bool isServed,
                                       std::chrono::milliseconds timeout);
 
-// The ways in by which a phone connects to the agent, and finds it.
+// The ports that phones need: for the connection (TCP), and for service discovery (mDNS, UDP).
 PortRule connectionPortRule();
 PortRule discoveryPortRule();
-// The command that lets everybody through the gate.
-std::string openingCommand(const Firewall& firewall, const PortRule& gate);
-// What is to be said where that command may not be right to the letter; else empty.
+// The command that opens the port in this firewall.
+std::string openingCommand(const Firewall& firewall, const PortRule& rule);
+// A remark for the user if that command contains a placeholder; else empty.
 std::string openingCaveat(const Firewall& firewall);
 
 }  // namespace glintboard::phone

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <future>
 #include <system_error>
 
@@ -9,6 +7,7 @@
 #include "protocol/message_factory.h"
 #include "tools/phone/agent_session.h"
 #include "tools/phone/doctor.h"
+#include "tools/phone/output.h"
 
 namespace glintboard::phone {
 namespace {
@@ -37,12 +36,6 @@ Visit visit(const LocalAddress& at, std::chrono::milliseconds timeout) {
 
 bool failedWith(const Visit& visit, std::string_view code) {
   return visit.failure && visit.failure->code == code;
-}
-
-std::string milliseconds(std::chrono::duration<double> time) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%.2f ms", time.count() * 1000);
-  return text.data();
 }
 
 }  // namespace

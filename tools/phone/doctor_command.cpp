@@ -8,10 +8,10 @@
 namespace glintboard::phone {
 namespace {
 
-// Longest wait for each of the steps, which together take some ten seconds at most.
+// The timeout of each step; all together take about ten seconds at most.
 constexpr std::chrono::milliseconds longestStep{2000};
 
-// Prints the findings, and keeps count.
+// Prints and counts the findings.
 class Report {
  public:
   explicit Report(Output& output) : output_(output) {}
@@ -45,13 +45,13 @@ class Report {
     }
   }
 
-  // Throws PhoneFailure, with the first failure's code, unless all went well. `firewall`: what may
-  // keep phones out all the same, for what comes from this computer itself passes it.
+  // Prints the summary, or throws PhoneFailure with the first failure's code. `firewall` may still
+  // block phones, since connections from this computer itself pass it.
   void close(const std::optional<Firewall>& firewall) const {
     if (first_) {
       throw PhoneFailure(first_->exit, first_->code,
                          std::to_string(failures_) + " of " + std::to_string(steps_) +
-                             " steps failed. Mend the first, then ask the doctor again.");
+                             " steps failed. Fix the first, then run the doctor again.");
     }
     boost::json::object record{{"ok", true}, {"steps", steps_}};
     std::string text = "All is well: phones can find this computer and connect.";

@@ -9,7 +9,7 @@ namespace {
 
 using Instances = std::vector<BonjourInstance>;
 
-// The name that `name` was made of where another computer had that: without " #2".
+// `name` without the suffix " #2" that Avahi adds if the name is taken.
 std::string originalName(const std::string& name) {
   const auto number = name.rfind(" #");
   return number == std::string::npos ? name : name.substr(0, number);
@@ -44,21 +44,21 @@ Finding examineAvahi(bool answers, LocalNetwork& network) {
 Finding examineAdvertisement(const Instances& own, LocalNetwork& network,
                              const std::vector<LocalAddress>& addresses) {
   const bool isOnNetwork = !std::ranges::all_of(addresses, &LocalAddress::loopback);
-  std::string places;
+  std::string listed;
   for (const auto& instance : own) {
     const auto at = std::ranges::find(addresses, instance.address, &LocalAddress::address);
     if (at != addresses.end() && !(isOnNetwork && at->loopback)) {
-      places += (places.empty() ? "" : ", ") + instance.address;
+      listed += (listed.empty() ? "" : ", ") + instance.address;
     }
   }
-  if (!places.empty()) {
+  if (!listed.empty()) {
     return {
-        "advertisement", "Advertised as \"" + own.front().name + "\" at " + places + ".", {}, {}};
+        "advertisement", "Advertised as \"" + own.front().name + "\" at " + listed + ".", {}, {}};
   }
   if (own.empty()) {
     return {"advertisement",
             "Avahi advertises no agent of this computer. Unless /etc/avahi/avahi-daemon.conf says "
-            "disable-publishing or disable-user-service-publishing, a new agent mends it:",
+            "disable-publishing or disable-user-service-publishing, restarting the agent fixes it:",
             "not_advertised", "glintboard-agent", ExitCode::unreachable};
   }
   if (std::ranges::any_of(own, [](const auto& found) { return found.address.empty(); })) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a command can fail.
+// Failures of commands and their exit codes.
 #pragma once
 
 #include <stdexcept>
@@ -18,7 +18,7 @@ enum class ExitCode {
   local = 5,        // a file of the phone's own cannot be read or written
 };
 
-// The end of a command: a text for people that names the next step, and a code for scripts.
+// Ends a command. The message names the user's next step; `code` is for scripts.
 class PhoneFailure : public std::runtime_error {
  public:
   PhoneFailure(ExitCode exit, std::string reason, const std::string& message)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the agent is.
+// Service discovery of agents.
 #pragma once
 
 #include <chrono>
@@ -12,15 +12,15 @@
 
 namespace glintboard::phone {
 
-// One agent, with the addresses to try in turn.
+// An agent and its addresses, to be tried in order.
 struct FoundAgent {
-  std::optional<std::string> name;  // under which it advertises itself
+  std::optional<std::string> name;  // of its advertisement
   std::vector<AgentAddress> addresses;
 };
 
-// The agent that the local network's service discovery knows: the one called `wanted`, else the
-// only one there is. Without any, this computer's own port is worth a try. Throws PhoneFailure when
-// the choice is the user's. Blocks for `timeout` at most; `browser` may be null.
+// Searches the local network by service discovery for `timeout` at most. Returns the agent named
+// `wanted`, else the only one found, else 127.0.0.1 and the default port. Throws PhoneFailure
+// "several_agents" if the user must choose. `browser` may be null: nothing is found.
 FoundAgent findAgent(BonjourBrowser* browser, const std::optional<std::string>& wanted,
                      std::chrono::milliseconds timeout);
 

@@ -10,7 +10,7 @@
 namespace glintboard::phone {
 namespace {
 
-// Leaves room for an ending below the 255 bytes that file systems allow.
+// File systems allow 255 bytes; the rest is for the extension and temporary suffixes.
 constexpr std::size_t longestName = 200;
 
 bool isPlain(char c) {
@@ -29,7 +29,7 @@ std::string fileName(const std::string& key) {
     const auto byte = static_cast<unsigned char>(c);
     name.append(1, '%').append(1, digits[byte >> 4U]).append(1, digits[byte & 0xFU]);
   }
-  // No escaped name begins with "%-".
+  // Cannot collide: no escaped name begins with "%-".
   return !name.empty() && name.size() <= longestName ? name : "%-" + sha256Hex(key);
 }
 

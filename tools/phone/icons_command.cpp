@@ -16,7 +16,7 @@ PhoneFailure badIcon(const std::string& key, const std::string& why) {
   return {ExitCode::refused, "bad_icon", "The agent sent an icon of " + key + " that " + why + "."};
 }
 
-// The PNG of a message, once it is what it claims to be.
+// The PNG of a message. Throws PhoneFailure "bad_icon" if it is damaged or of another revision.
 std::string checkedImage(const AppIconPayload& icon) {
   const auto png = base64Decode(icon.pngBase64);
   if (!png) {
@@ -31,8 +31,8 @@ std::string checkedImage(const AppIconPayload& icon) {
   return *png;
 }
 
-// Asks for one batch. Nothing is sent for a key that has no icon, so a ping is sent after the
-// request: a connection's messages are answered in order, and its pong marks the end.
+// Requests one batch. A key without an icon gets no reply, so a ping follows the request: messages
+// are answered in order, and the pong marks the end of the replies.
 void fetchBatch(AgentSession& session, const IconCache& cache,
                 const std::vector<std::string>& batch, std::set<std::string>& fetched) {
   session.send(MessageFactory::appIconRequest(batch, randomUuid()));

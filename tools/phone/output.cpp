@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 
@@ -38,8 +40,8 @@ std::size_t width(std::string_view text) {
   return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, isContinuation));
 }
 
-// The serializer escapes what JSON demands; a terminal also obeys the rest of the control
-// characters, which occur in strings alone and can therefore be escaped as well.
+// The serializer escapes the control characters that JSON requires. Terminals obey others too,
+// which are escaped here; they occur only within strings.
 std::string escapeHighControls(std::string_view json) {
   std::string escaped;
   constexpr std::string_view digits = "0123456789abcdef";
@@ -70,11 +72,17 @@ std::string printable(std::string_view text) {
   return kept;
 }
 
+std::string milliseconds(std::chrono::duration<double> time) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.2f ms", time.count() * 1000);
+  return text.data();
+}
+
 bool Output::canMark() const {
   if (&out_ != &std::cout || ::isatty(STDOUT_FILENO) == 0) {
     return false;
   }
-  // As the C library decides: the first that is set.
+  // The first variable that is set decides, as in the C library.
   for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
     if (const char* value = std::getenv(variable); value != nullptr && *value != '\0') {
       const std::string_view locale = value;

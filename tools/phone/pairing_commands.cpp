@@ -19,7 +19,7 @@ std::string hostName() {
   return name.data();
 }
 
-// The token goes into a header of every later connection: nothing but visible ASCII may be in it.
+// The token becomes the value of an HTTP header, so only visible ASCII is accepted.
 void requireUsableToken(const std::string& token) {
   if (token.empty() || !std::ranges::all_of(token, [](char c) { return c > ' ' && c < '\x7F'; })) {
     throw PhoneFailure(ExitCode::refused, "protocol", "The agent issued an unusable token.");
@@ -40,7 +40,7 @@ void pairCommand(const CommandContext& context) {
   } else if (secret.find(':') != std::string::npos) {
     throw usageFailure("This is not a whole pairing address. Copy it once more, in quotes.");
   }
-  context.stateFile.save(state);  // The device id must last even if this pairing fails.
+  context.stateFile.save(state);  // Keeps the device id even if this pairing fails.
 
   const FoundAgent agent = context.chooseAgent(wanted);
   auto session = context.open(agent, std::nullopt);

@@ -21,9 +21,9 @@ namespace beast = boost::beast;
 namespace websocket = beast::websocket;
 using tcp = asio::ip::tcp;
 
-// Room for a snapshot or an icon many times the usual size.
+// Many times the usual size of a snapshot or an icon.
 constexpr std::size_t largestMessage = std::size_t{16} * 1024 * 1024;
-constexpr auto farewell = std::chrono::milliseconds(500);
+constexpr auto closeTimeout = std::chrono::milliseconds(500);
 
 PhoneFailure unreachable(const AgentAddress& address, const std::string& why) {
   return {ExitCode::unreachable, "unreachable",
@@ -54,8 +54,8 @@ struct Resolution {
   tcp::resolver::results_type endpoints;
 };
 
-// Looking a name up cannot be interrupted, so a thread that may outlast the deadline does it; it
-// owns all that it uses.
+// A name lookup cannot be interrupted, so it runs on a detached thread that may outlast the
+// deadline and owns everything that it uses.
 Resolution resolve(const AgentAddress& address, Deadline deadline) {
   std::promise<Resolution> promise;
   auto resolution = promise.get_future();
@@ -77,17 +77,17 @@ struct PhoneConnection::Parts {
   websocket::stream<beast::tcp_stream> stream{context};
   beast::flat_buffer incoming;
   std::string outgoing;
-  std::shared_ptr<std::optional<error_code>> reading;  // the receive that is under way
+  std::shared_ptr<std::optional<error_code>> reading;  // the pending read
   bool open = false;
 
-  // Runs the context until `result` is there or the time is up.
+  // Runs the context until `result` is set or the deadline has passed.
   void runUntil(const std::optional<error_code>& result, Deadline deadline) {
     context.restart();
     while (!result && context.run_one_until(deadline) != 0) {
     }
   }
 
-  // Starts an operation with the handler given to `start`; none when the time is up before it ends.
+  // Starts an operation with the handler passed to `start` and waits; none after the deadline.
   template <class Start>
   std::optional<error_code> await(Deadline deadline, Start start) {
     auto result = std::make_shared<std::optional<error_code>>();
@@ -144,7 +144,7 @@ PhoneConnection::PhoneConnection(PhoneConnection&&) noexcept = default;
 
 PhoneConnection::~PhoneConnection() {
   if (parts_ && parts_->open) {
-    parts_->await(std::chrono::steady_clock::now() + farewell, [this](auto handler) {
+    parts_->await(std::chrono::steady_clock::now() + closeTimeout, [this](auto handler) {
       parts_->stream.async_close(websocket::close_code::normal, handler);
     });
   }

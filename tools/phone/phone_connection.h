@@ -13,21 +13,22 @@ namespace glintboard::phone {
 
 using Deadline = std::chrono::steady_clock::time_point;
 
-// An open connection. Every call returns or fails by its deadline; all belong to one thread. Pings
-// of the agent's are answered while a call runs. After a PhoneFailure only destruction is left.
+// An open connection, used by one thread. Every call blocks until its deadline at most. Ping frames
+// of the agent are answered only while a call runs. After a PhoneFailure the connection can only be
+// destroyed.
 class PhoneConnection {
  public:
-  // Connects and upgrades, presenting `token` where there is one. Throws PhoneFailure.
+  // Connects and upgrades, with `token` in its header if there is one. Throws PhoneFailure.
   PhoneConnection(const AgentAddress& address, const std::optional<std::string>& token,
                   Deadline deadline);
   PhoneConnection(PhoneConnection&&) noexcept;
-  // Says good-bye, waiting half a second at most.
+  // Performs the closing handshake, waiting half a second at most.
   ~PhoneConnection();
 
   // Sends one text frame. Throws PhoneFailure.
   void send(std::string text, Deadline deadline);
-  // The next message, or none when there is none by the deadline; it can then still be received
-  // by another call. Throws PhoneFailure when the connection is lost.
+  // The next message; none if there is none by the deadline, and a later call can still receive it.
+  // Throws PhoneFailure if the connection is lost.
   std::optional<std::string> receive(Deadline deadline);
 
  private:

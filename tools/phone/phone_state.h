@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the phone keeps between two runs.
+// The phone's stored identity and pairing.
 #pragma once
 
 #include <filesystem>
@@ -13,9 +13,9 @@ namespace glintboard::phone {
 
 // On disk: phone.json, an object of these members; optional ones may be absent.
 struct PhoneState {
-  Uuid deviceId{};                       // made once, kept across pairings
+  Uuid deviceId{};                       // created once, kept across pairings
   std::optional<std::string> token;      // of the current pairing
-  std::optional<std::string> agentName;  // under which the paired agent advertises itself
+  std::optional<std::string> agentName;  // of the paired agent's advertisement
 
   bool operator==(const PhoneState&) const = default;
 };
@@ -26,11 +26,12 @@ class PhoneStateFile {
  public:
   explicit PhoneStateFile(const std::filesystem::path& folder) : folder_(folder) {}
 
-  // The stored state, or a new device without a pairing where nothing is stored. Throws
-  // PhoneFailure for a file that is not a phone's state, so that its device id is never replaced
-  // unasked, and std::system_error for one that cannot be read.
+  // The stored state; a new device id without a pairing if there is no file. Throws PhoneFailure
+  // "state" for a damaged file, so that the device id is never replaced silently, and
+  // std::system_error if the file cannot be read.
   PhoneState load() const;
-  // Creates the folder, for the user alone, where it is missing. Throws std::system_error.
+  // Writes atomically, readable by the user alone; creates the folder with mode 0700. Throws
+  // std::system_error.
   void save(const PhoneState& state) const;
 
   std::filesystem::path path() const { return folder_ / "phone.json"; }
@@ -39,8 +40,8 @@ class PhoneStateFile {
   std::filesystem::path folder_;
 };
 
-// $XDG_STATE_HOME/glintboard-phone, or the same below ~/.local/state. Throws PhoneFailure for a
-// user without a home.
+// $XDG_STATE_HOME/glintboard-phone, else ~/.local/state/glintboard-phone. Throws PhoneFailure
+// "state" if the user has no home folder.
 std::filesystem::path defaultStateFolder();
 
 }  // namespace glintboard::phone

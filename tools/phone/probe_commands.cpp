@@ -1,19 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 #include "protocol/message_factory.h"
 #include "tools/phone/command_context.h"
 
 namespace glintboard::phone {
 namespace {
-
-std::string milliseconds(double seconds) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "%.2f ms", seconds * 1000);
-  return text.data();
-}
 
 std::string joined(const std::vector<std::string>& items) {
   std::string text;
@@ -27,17 +19,17 @@ std::string joined(const std::vector<std::string>& items) {
 
 void pingCommand(const CommandContext& context) {
   auto session = context.openPaired();
-  // A phone that is not known gets no pong and no word of it; syncing finds out.
+  // An unknown phone gets neither pongs nor an error; `sync` detects it.
   session.sync();
-  std::vector<double> times;
+  std::vector<std::chrono::duration<double>> times;
   for (int number = 0; number < context.arguments.count; ++number) {
     const auto start = std::chrono::steady_clock::now();
     const auto reply = session.ask(MessageFactory::ping(WireDate::now(), randomUuid()));
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     const auto pong = payloadOf<PongPayload>(reply);
     const auto running = pong.runningBundleIds.value_or(std::vector<std::string>{});
-    times.push_back(time.count());
-    context.output.line(milliseconds(time.count()) + ", running: " + joined(running));
+    times.push_back(time);
+    context.output.line(milliseconds(time) + ", running: " + joined(running));
     boost::json::object record{
         {"ok", true}, {"seconds", time.count()}, {"running", boost::json::value_from(running)}};
     if (pong.rtt) {
@@ -66,8 +58,8 @@ void rawCommand(const CommandContext& context) {
                    context.arguments.payload + R"(,"type":)" +
                    boost::json::serialize(boost::json::string(context.arguments.messageType)) +
                    "}");
-  // Of all requests only this one is answered to paired and unknown phones alike, and only after
-  // whatever the message was answered with.
+  // `deck.sync` is the only request that paired and unknown phones alike get a reply to. Messages
+  // are answered in order, so its reply marks the end of the replies to the message.
   const auto marker = MessageFactory::deckSync(randomUuid());
   session.send(marker);
   int replies = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The deck editor in its states.
+// The states of the deck editor.
 #include <QDateTime>
 #include <QQuickItem>
 #include <QTest>
@@ -19,7 +19,7 @@ struct Sample {
   int hue;
 };
 
-// A desktop as anybody might have one.
+// A typical desktop.
 constexpr Sample samples[] = {
     {"calculator", "Calculator", "slider.horizontal.3", 30},
     {"calendar", "Calendar", "rectangle.grid.2x2", 10},
@@ -94,7 +94,7 @@ void full(EditorStage& stage) {
                                  DeckTile::action(0, BuiltinAction::volumeUp),
                                  DeckTile::action(0, BuiltinAction::volumeMute),
                                  shortcutTile("Brew tea", EditorStage::briefId)};
-  // Some cards are left over, which the deck has no room for.
+  // More cards than the deck has slots.
   for (std::size_t i = 0; tiles.size() < deckCapacity; ++i) {
     if (i % 6 != 1) {
       tiles.push_back(appTile(samples[i].id, samples[i].name));
@@ -133,7 +133,7 @@ QPoint centreOf(EditorStage& stage, const QString& name, QPointF inside = {-1, -
   return item->mapToScene(point).toPoint();
 }
 
-// A press on the third card of the first row, and the pointer over a key of the phone.
+// Drags the third card of the first row over a key of the phone.
 void drag(EditorStage& stage) {
   auto* window = stage.presenter->window();
   const QPoint from = centreOf(stage, QStringLiteral("page-apps"), {230, 60});
@@ -150,7 +150,7 @@ void showTab(EditorStage& stage, const char* tab) {
   stage.presenter->model()->setLibraryTab(QString::fromLatin1(tab));
 }
 
-// What the user has named; a letter stands for an icon.
+// The user's texts, and the letters that stand for icons.
 QStringList ownTexts() {
   QStringList own{"Brew tea",   "Tidy the desk", "Good morning",
                   "Lights off", "On Air",        "Streaming",
@@ -166,7 +166,7 @@ using Step = std::function<void(EditorStage&)>;
 
 void nothing(EditorStage& /*stage*/) {}
 
-// `prepare` runs before the window opens, `act` when everything has loaded.
+// `prepare` runs before the window opens, `act` after everything has loaded.
 std::function<QImage(const Appearance&)> drawn(Step prepare, Step act = nothing,
                                                QSize size = {1120, 780}) {
   return [=](const Appearance& appearance) {
@@ -174,7 +174,7 @@ std::function<QImage(const Appearance&)> drawn(Step prepare, Step act = nothing,
     prepare(stage);
     stage.open(appearance);
     auto* window = stage.presenter->window();
-    // The screen in memory is smaller than the window.
+    // The offscreen display is smaller than the window.
     window->setMinimumSize({});
     window->setGeometry({QPoint(0, 0), size});
     test::turnUntil([&] { return stage.isLoaded(); });

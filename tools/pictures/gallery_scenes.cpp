@@ -81,7 +81,7 @@ Rectangle {
           HomeScreenMinusBadge { x: -8; y: -8 } } } }
     Item { width: 72; height: 72
       GlassDeckTileView { anchors.centerIn: parent; appearance: sized; displayLabel: "Small"; isRunning: true; tileFaceSize: 48 } }
-    // Last, since it is wider than its column.
+    // Last, because it is wider than its column.
     GlassDeckTileView { appearance: sized; displayLabel: "Large"; isRunning: true; tileFaceSize: 112 }
   }
 })";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Draws the documents' pictures: glintboard-pictures FOLDER [LANGUAGE].
+// Draws the pictures in the documents: glintboard-pictures FOLDER [LANGUAGE].
 #include <QGuiApplication>
 #include <QProcess>
 #include <algorithm>
@@ -17,7 +17,7 @@ const QString pseudo = QStringLiteral("pseudo");
 bool speaksPseudo = false;
 int faults = 0;
 
-// Everything that can be drawn; more windows add their scenes here.
+// All scenes. Further windows add theirs here.
 std::vector<Scene> allScenes() {
   std::vector<Scene> scenes = menuScenes();
   std::ranges::move(editorScenes(), std::back_inserter(scenes));
@@ -44,21 +44,21 @@ bool draw(const Scene& scene, const QString& folder, const QString& language) {
   return saved;
 }
 
-// Most of the time passes in waiting for animations to end: several processes share the scenes.
+// The scenes mostly wait for animations to end, so several processes share them.
 constexpr std::size_t shares = 4;
 
 bool drawShare(const QString& folder, const QString& language, double scale, std::size_t share) {
   const auto scenes = allScenes();
   bool good = true;
-  for (std::size_t place = share; place < scenes.size(); place += shares) {
-    if (scenes[place].scale == scale) {
-      good = draw(scenes[place], folder, language) && good;
+  for (std::size_t index = share; index < scenes.size(); index += shares) {
+    if (scenes[index].scale == scale) {
+      good = draw(scenes[index], folder, language) && good;
     }
   }
   return good && faults == 0;
 }
 
-// A process has one scale factor.
+// One process for each scale factor, which Qt fixes at the start.
 bool drawAll(const QString& program, const QString& folder, const QString& language) {
   std::set<double> scales;
   for (const Scene& scene : allScenes()) {
@@ -72,7 +72,7 @@ bool drawAll(const QString& program, const QString& folder, const QString& langu
       process.start(program, {folder, language, QString::number(scale), QString::number(share)});
     }
   }
-  // Each is waited for, so that all faults are told of.
+  // Waits for all, so that all faults are reported.
   return std::ranges::count_if(processes, [](const auto& process) {
            process->waitForFinished(-1);
            return process->error() == QProcess::FailedToStart ||

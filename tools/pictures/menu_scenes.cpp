@@ -25,7 +25,7 @@ QImage drawMenu(const MenuState& state, const Appearance& appearance) {
   MenuBarModel model([](MenuCommand) {});
   model.setState(state);
   MenuView view(model, MenuStyle::translucentPopover, appearance);
-  // A desktop, so that the shadow and what shines through can be seen.
+  // A coloured desktop makes the shadow and the translucency visible.
   const QColor desktop(appearance.dark ? 0x3A2A44 : 0xE9DCE8);
   view.setColor(desktop);
   view.open(std::nullopt);
@@ -36,7 +36,7 @@ QImage drawMenu(const MenuState& state, const Appearance& appearance) {
   QTest::qWait(settling);
   checkTexts(view, {"482", "913", "Ann's iPhone"});
   QImage popover = view.grabWindow();
-  // At a fractional scale factor the last pixel of a window may lie outside of its content.
+  // At a fractional scale factor the window may be one pixel larger than its content.
   const qreal ratio = view.devicePixelRatio();
   popover = popover.copy(0, 0, qFloor(view.width() * ratio), qFloor(view.height() * ratio));
   const int frame = qRound(desktopFrame * popover.devicePixelRatio());
@@ -47,7 +47,7 @@ QImage drawMenu(const MenuState& state, const Appearance& appearance) {
   return picture;
 }
 
-// The state is made when it is drawn, in the language of that time.
+// Builds the state when drawing, because it holds texts in the current language.
 std::function<QImage(const Appearance&)> menu(MenuState (*state)()) {
   return [state](const Appearance& appearance) { return drawMenu(state(), appearance); };
 }

@@ -16,13 +16,13 @@ QString accented(const QString& english) {
   QString text;
   for (qsizetype at = 0; at < english.size(); ++at) {
     const QChar letter = english[at];
-    // Places and their numbers stay as they are.
+    // Placeholders and their numbers stay unchanged.
     if (letter == QLatin1Char('%') && at + 1 < english.size()) {
       text += english.mid(at++, 2);
       continue;
     }
-    const auto place = plain.indexOf(letter);
-    text += place < 0 ? letter : accents[place];
+    const auto index = plain.indexOf(letter);
+    text += index < 0 ? letter : accents[index];
     if (QStringLiteral("aeiou").contains(letter)) {
       text += text.back();
     }
@@ -35,15 +35,15 @@ QString accented(const QString& english) {
 
 struct ShownText {
   QString text;
-  QRectF place;  // what is drawn, in the window
+  QRectF bounds;  // of the drawn lines, in the window
   QQuickItem* item;
 };
 
-QRectF placeOf(const QQuickItem& item) {
+QRectF boundsOf(const QQuickItem& item) {
   return item.mapRectToScene({0, 0, item.width(), item.height()});
 }
 
-// What the lines cover, at the alignment that they have.
+// The rectangle that the lines cover, by their alignment.
 QRectF drawn(const QQuickItem& item) {
   const double width = item.property("contentWidth").toDouble();
   const double height = item.property("contentHeight").toDouble();
@@ -74,7 +74,7 @@ void collect(QQuickItem& root, QList<ShownText>& texts) {
   }
 }
 
-// Everything in front of the window's own content: tips, menus, what is dragged.
+// Whether the item is in front of the window's content: tooltips, menus, a dragged key.
 bool isAbove(const QQuickItem* item) {
   for (; item != nullptr; item = item->parentItem()) {
     if (item->z() > 0 || item->inherits("QQuickPopupItem")) {
@@ -96,18 +96,18 @@ QString fault(const ShownText& shown, const QQuickWindow& window) {
   if (shown.item->property("truncated").toBool()) {
     return QStringLiteral("is cut short");
   }
-  if (!(placeOf(*shown.item) + tolerance).contains(shown.place)) {
-    return QStringLiteral("is larger than its place");
+  if (!(boundsOf(*shown.item) + tolerance).contains(shown.bounds)) {
+    return QStringLiteral("is larger than its item");
   }
   const QRectF whole({0, 0}, window.size());
-  if (!scrolls(shown.item) && !(whole + tolerance).contains(shown.place)) {
+  if (!scrolls(shown.item) && !(whole + tolerance).contains(shown.bounds)) {
     return QStringLiteral("reaches out of the window");
   }
   for (const auto* item = shown.item->parentItem(); item != nullptr; item = item->parentItem()) {
-    const QRectF room = placeOf(*item) + tolerance;
+    const QRectF room = boundsOf(*item) + tolerance;
     if (item->inherits("QQuickControl") &&
-        (room.left() > shown.place.left() || room.right() < shown.place.right() ||
-         room.height() < shown.place.height())) {
+        (room.left() > shown.bounds.left() || room.right() < shown.bounds.right() ||
+         room.height() < shown.bounds.height())) {
       return QStringLiteral("reaches out of its control");
     }
   }
@@ -147,7 +147,7 @@ int faultyTexts(QQuickWindow& window, const QStringList& own) {
     }
     for (const auto& other : texts) {
       if (other.item != shown.item && !isAbove(other.item) && !isAbove(shown.item) &&
-          other.place.intersects(shown.place - QMarginsF(1, 1, 1, 1))) {
+          other.bounds.intersects(shown.bounds - QMarginsF(1, 1, 1, 1))) {
         report(shown.text, "lies on \"" + other.text + '"');
       }
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A language that nobody speaks, for finding texts that no other can be given or that are cut.
+// A pseudo-language that reveals untranslated and truncated texts.
 #pragma once
 
 #include <QTranslator>
@@ -8,8 +8,8 @@ class QQuickWindow;
 
 namespace glintboard {
 
-// Says every text that is known to translators in English letters with accents, two fifths longer
-// and between brackets; a text without them is not translated.
+// Translates every known text into its English letters with accents, 40 % longer and in brackets. A
+// text without brackets is not translated.
 class PseudoLanguage : public QTranslator {
  public:
   PseudoLanguage();
@@ -17,8 +17,9 @@ class PseudoLanguage : public QTranslator {
                     int count) const override;
 };
 
-// Reports on the error output every text of the window that is cut, lies on another or does not
-// speak the pseudo-language, and returns how many there are. `own` are the user's texts.
+// Reports on standard error each text of the window that is truncated, overlaps another or is not
+// in the pseudo-language, and returns their number. `own` are the user's texts, which are not
+// translated.
 int faultyTexts(QQuickWindow& window, const QStringList& own);
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pictures of the documents.
+// The pictures in the documents.
 #pragma once
 
 #include <QImage>
@@ -13,25 +13,25 @@ class QQuickWindow;
 
 namespace glintboard {
 
-// One picture. `draw` gets the appearance, and runs at the scale factor of the scene.
+// One picture. `draw` is called with the appearance in a process of the scene's scale factor.
 struct Scene {
-  const char* name;  // of the file, without its ending
+  const char* name;  // of the file, without its extension
   double scale = 1;
   Appearance appearance;
   std::function<QImage(const Appearance&)> draw;
-  const char* language = nullptr;  // instead of the one that the pictures are drawn in
+  const char* language = nullptr;  // overrides the language of the run
 };
 
-// To be called by a scene when its window stands: in the pseudo-language each text that is cut,
-// lies on another or is not translated is reported, and counts against the pictures. `own` are the
-// user's texts.
+// Called by a scene when its window is shown. In the pseudo-language it reports each text that is
+// truncated, overlaps another or is not translated, and makes the run fail. `own` are the user's
+// texts.
 void checkTexts(QQuickWindow& window, const QStringList& own);
 
-// The menu in its states.
+// The states of the menu.
 std::vector<Scene> menuScenes();
-// The deck editor in its states.
+// The states of the deck editor.
 std::vector<Scene> editorScenes();
-// What the windows share: every control, symbol and tile in its states.
+// The states of every shared control, symbol and tile.
 std::vector<Scene> galleryScenes();
 
 }  // namespace glintboard

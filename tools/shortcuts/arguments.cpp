@@ -54,10 +54,10 @@ const Command& commandNamed(std::string name) {
   return *found;
 }
 
-// Reads the option at `place` with its value and moves `place` to the last word of both.
-void readOption(const Command& command, const std::vector<std::string>& words, std::size_t& place,
+// Reads the option at `index` with its value and moves `index` to the last word of both.
+void readOption(const Command& command, const std::vector<std::string>& words, std::size_t& index,
                 Arguments& arguments) {
-  const std::string& word = words[place];
+  const std::string& word = words[index];
   const auto equals = word.find('=');
   const std::string name = word.substr(2, equals == std::string::npos ? equals : equals - 2);
   const auto option = std::ranges::find(command.options, name, &Option::name);
@@ -67,10 +67,10 @@ void readOption(const Command& command, const std::vector<std::string>& words, s
   std::string value;
   if (equals != std::string::npos) {
     value = word.substr(equals + 1);
-  } else if (option->takesValue && ++place < words.size()) {
-    value = words[place];
+  } else if (option->takesValue && ++index < words.size()) {
+    value = words[index];
   }
-  if (place == words.size() || (equals != std::string::npos && !option->takesValue)) {
+  if (index == words.size() || (equals != std::string::npos && !option->takesValue)) {
     throw UsageError("The option \"--" + name + "\" takes " +
                      (option->takesValue ? "a value." : "no value."));
   }
@@ -89,15 +89,15 @@ Arguments parseArguments(const std::vector<std::string>& words) {
   const Command& command = commandNamed(words.front());
   arguments.command = command.name;
   bool optionsEnded = false;
-  for (std::size_t place = 1; place < words.size(); ++place) {
-    if (!optionsEnded && words[place] == "--") {
+  for (std::size_t index = 1; index < words.size(); ++index) {
+    if (!optionsEnded && words[index] == "--") {
       optionsEnded = true;
-    } else if (!optionsEnded && asksForHelp(words[place])) {
+    } else if (!optionsEnded && asksForHelp(words[index])) {
       return {"help", {}, {}};
-    } else if (!optionsEnded && words[place].starts_with("--")) {
-      readOption(command, words, place, arguments);
+    } else if (!optionsEnded && words[index].starts_with("--")) {
+      readOption(command, words, index, arguments);
     } else {
-      arguments.operands.push_back(words[place]);
+      arguments.operands.push_back(words[index]);
     }
   }
   if (arguments.operands.size() != command.operands) {

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view shell = "sh: ";
 
-// The program that a line such as "sh: 1: kettle: not found" misses, or empty.
+// The missing program in a line such as "sh: 1: kettle: not found"; empty for any other line.
 std::string_view missingProgram(std::string_view line) {
   line = line.substr(0, line.find_last_not_of("\r\n") + 1);
   const auto reason = line.rfind(": ");

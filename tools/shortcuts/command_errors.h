@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a Shortcut's command says on standard error.
+// The standard error of a Shortcut's command.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace glintboard::shortcuts {
 
-// Passes it on to this process's standard error as it comes, with one change: the shell's "not
-// found" about a missing program gets other words, because whoever runs Shortcuts takes those for a
+// Copies it to this process's standard error as it arrives, with one change: the shell's "not
+// found" for a missing program is reworded, because callers of this tool take "not found" for a
 // missing Shortcut.
 class CommandErrors {
  public:

@@ -80,8 +80,8 @@ class Tool {
     }
   }
 
-  // The Shortcut of an identifier in any letter case, or else of an exact name. The user's own come
-  // before those of applications.
+  // The Shortcut with that identifier in any letter case, else with exactly that name. The user's
+  // own precede those of applications.
   Shortcut find(const std::string& asked) const {
     const auto files = folder_.read();
     const auto identifier = upperCase(asked);

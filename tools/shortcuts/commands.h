@@ -8,9 +8,9 @@
 
 namespace glintboard::shortcuts {
 
-// Obeys the words after the program's name, for the user and the applications that the environment
-// names, and returns the exit code: 0 done, 1 it could not be done, 2 wrong usage; "run" returns
-// the command's own. For a process of one thread.
+// Executes the command line `words` (without the program's name) in the XDG folders of the
+// environment and returns the exit code: 0 success, 1 failure, 2 usage error; "run" returns the
+// command's own. The process must have one thread.
 int runTool(const std::vector<std::string>& words, std::ostream& out, std::ostream& err);
 
 }  // namespace glintboard::shortcuts

@@ -3,7 +3,7 @@
 
 namespace glintboard::shortcuts {
 
-// What "help" prints.
+// The text of "help".
 const char* helpText();
 
 }  // namespace glintboard::shortcuts

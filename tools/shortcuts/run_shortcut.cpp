@@ -22,7 +22,7 @@ namespace glintboard::shortcuts {
 
 namespace {
 
-// Leaves interrupts from the keyboard to the command, as shells do.
+// Ignores interrupts from the keyboard while the command runs, as shells do.
 class WaitForCommand {
  public:
   WaitForCommand() {
@@ -46,8 +46,7 @@ struct Pipe {
   FileDescriptor in;
 };
 
-// For the command's standard error; none where a person reads it at a terminal, who is to have it
-// as it is.
+// A pipe for the command's standard error; none if it is a terminal, where it stays unchanged.
 std::optional<Pipe> pipeForErrors() {
   std::array<int, 2> ends{};
   if (::isatty(STDERR_FILENO) != 0 || ::pipe2(ends.data(), O_CLOEXEC) != 0) {
@@ -56,10 +55,10 @@ std::optional<Pipe> pipeForErrors() {
   return Pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
 
-// In the new process.
+// Runs in the child process.
 [[noreturn]] void becomeCommand(const char* command, const char* home, pid_t parent, int errors) {
   WaitForCommand::restore();
-  // The command does not outlast a tool that alone is killed.
+  // If this tool alone is killed, the command ends too.
   ::prctl(PR_SET_PDEATHSIG, SIGTERM);
   if (::getppid() != parent) {
     ::_exit(signalExitCode + SIGTERM);
@@ -73,7 +72,7 @@ std::optional<Pipe> pipeForErrors() {
   ::_exit(notPermittedExitCode);
 }
 
-// The exit code of a process that is waited for.
+// Waits for a process and returns its exit code.
 int exitCodeOf(pid_t process) {
   int status = 0;
   while (::waitpid(process, &status, 0) < 0) {
@@ -84,8 +83,8 @@ int exitCodeOf(pid_t process) {
   return WIFSIGNALED(status) ? signalExitCode + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-// Passes on what comes until the writers have closed the pipe or `process` has ended. Whether any
-// writer is left.
+// Copies the pipe until its writers have closed it or `process` has ended. Returns whether a writer
+// is left.
 bool passErrors(const FileDescriptor& pipe, const FileDescriptor& process, CommandErrors& errors) {
   std::array<char, 4096> text;
   std::array<pollfd, 2> awaited{{{pipe.get(), POLLIN, 0}, {process.get(), POLLIN, 0}}};
@@ -106,7 +105,7 @@ bool passErrors(const FileDescriptor& pipe, const FileDescriptor& process, Comma
   }
 }
 
-// Programs that the command left behind may print on: they must not die of a closed pipe.
+// Keeps the pipe open for programs that the command left running, which SIGPIPE would end.
 void leaveErrorsTo(const FileDescriptor& pipe, CommandErrors& errors) {
   if (::fork() == 0) {
     ::close(STDIN_FILENO);
@@ -140,7 +139,7 @@ int runCommand(const std::string& command, const std::filesystem::path& home,
   return exitCodeOf(process);
 }
 
-// The agent tells the kinds of failure apart by these words.
+// The agent classifies failures by these words.
 void explain(int exitCode, const CommandErrors& errors) {
   const int signal = exitCode - signalExitCode;
   if (signal == SIGINT || signal == SIGTERM) {
@@ -150,7 +149,7 @@ void explain(int exitCode, const CommandErrors& errors) {
   } else if (exitCode == missingExitCode && !errors.toldOfMissingProgram()) {
     std::cerr << "The Shortcut's command names a program that is not installed." << std::endl;
   } else if (signal > 0 && signal < NSIG) {
-    const char* name = ::sigabbrev_np(signal);  // null for those that have none
+    const char* name = ::sigabbrev_np(signal);  // null if the signal has no name
     std::cerr << "The Shortcut's command was ended by signal " << signal
               << (name == nullptr ? "" : std::string(" (") + name + ")") << "." << std::endl;
   }

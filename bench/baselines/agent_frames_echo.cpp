@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+// An echo with the agent's own frames and batching: its WebSocketConnection, without the agent.
+#include "agent/connection/web_socket_connection.h"
+#include "bench/baselines/echo_server.h"
+#include "platform/spawn.h"
+
+namespace {
+
+using namespace glintboard;
+
+Awaitable<> echo(std::shared_ptr<AcceptedConnection> connection) {
+  if (co_await connection->upgrade()) {
+    connection->setPaired(true);
+    while (auto message = co_await connection->receive()) {
+      do {
+        if (!connection->sendNow(*message)) {
+          co_await connection->send(*message);
+        }
+      } while ((message = connection->received()));
+    }
+  }
+}
+
+}  // namespace
+
+int main(int, char** argv) {
+  const auto bounds = std::make_shared<ConnectionBounds>(ConnectionLimits{});
+  bench::serve(argv[1], [&](bench::Socket socket) {
+    const auto executor = socket.get_executor();
+    auto place = bounds->enter(socket.remote_endpoint().address());
+    spawn(executor, echo(acceptConnection(std::move(socket), std::move(place))), "echo");
+  });
+}
