@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the wire handlers share: raw bytes in, raw bytes out.
+// The types that the wire handlers share. They turn the bytes of a request into those of a reply.
 #pragma once
 
 #include <optional>
@@ -10,14 +10,14 @@
 
 namespace glintboard {
 
-// The two fields that are read before the payload.
+// The fields of a message that are decoded before its payload.
 using IncomingWireEnvelope = MessageEnvelope;
 
-// The bytes of the reply, or none when the message is not the handler's; an error when the bytes
-// cannot be decoded.
+// The bytes of the reply; none for a message of another handler; an error for bytes that cannot be
+// decoded.
 using WireReply = Decoded<std::optional<std::string>>;
 
-// The bytes of whichever reply a handler gave.
+// Encodes a reply, which is a variant of messages.
 template <class Response>
 std::optional<std::string> encodedReply(const Response& response) {
   return std::visit([](const auto& message) { return WireCodec::encode(message); }, response);

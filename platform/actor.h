@@ -2,14 +2,16 @@
 // The base of every stateful service.
 #pragma once
 
-#include "platform/asio.h"
+#include <concepts>
+
+#include "platform/run_on.h"
 
 namespace glintboard {
 
-// A service whose fields are touched only on one serial executor. Its public operations are
-// coroutines that any executor's coroutine may await; each enters the actor's executor first and
-// resumes the caller on its own. While an operation awaits, others of the same actor may run, so a
-// field read before an await may have changed after it.
+// A service whose fields are accessed only on one serial executor. A coroutine on any executor may
+// await its public operations; each enters the actor's executor first and resumes the caller on the
+// caller's own. While an operation awaits, other operations of the same actor may run: a field that
+// was read before an await may have changed after it.
 //
 // An actor must outlive every operation that was started on it.
 class Actor {
@@ -23,8 +25,8 @@ class Actor {
   explicit Actor(asio::any_io_executor executor) : executor_(std::move(executor)) {}
   ~Actor() = default;
 
-  // Runs `operation` (not yet started) in the actor's turn. A caller that already runs on the
-  // actor's executor continues without a hop.
+  // Runs `operation` (not yet started) on the actor's executor. A caller that already runs there
+  // continues without a hop.
   template <class T>
   Awaitable<T> enter(Awaitable<T> operation) {
     const asio::any_io_executor current = co_await asio::this_coro::executor;
@@ -32,6 +34,11 @@ class Actor {
       co_return co_await std::move(operation);
     }
     co_return co_await asio::co_spawn(executor_, std::move(operation), asio::use_awaitable);
+  }
+  // The same for a function that awaits nothing; resumes the caller with its result.
+  template <std::invocable Function>
+  Awaitable<std::invoke_result_t<Function>> enter(Function function) {
+    return enter(detail::callInCoroutine(std::move(function)));
   }
 
  private:

@@ -12,8 +12,8 @@
 
 namespace glintboard {
 
-// What an update of an application or of the icon theme would change. Equal values mean that the
-// icon still looks the same.
+// A fingerprint of an application's icon. Equal values mean equal images; an update of the
+// application or of the icon theme changes it.
 struct ContentModification {
   std::filesystem::file_time_type entryModified;
   std::filesystem::path iconFile;  // empty without an icon
@@ -22,12 +22,12 @@ struct ContentModification {
   bool operator==(const ContentModification&) const = default;
 };
 
-// Both operations read files: call them on a worker. Safe on any thread; neither throws.
+// Both operations read files: call them on a worker. Thread-safe; neither throws.
 struct ApplicationIconClient {
-  // None when it cannot be read.
+  // The fingerprint now; none when the application is not installed.
   std::function<std::optional<ContentModification>(const ApplicationLocation&)> contentModification;
-  // The icon drawn into a square of `side` pixels, fitted and centred on transparency; a null
-  // image when there is none.
+  // The icon drawn into a transparent square of `side` pixels, fitted and centred; a null image
+  // when the application has no icon.
   std::function<QImage(const ApplicationLocation&, int side)> image;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The applications that the user may choose from.
+// The applications that the deck editor offers.
 #pragma once
 
 #include <filesystem>
@@ -12,23 +12,22 @@
 
 namespace glintboard {
 
-// One application as menus offer it.
+// One application as a menu shows it.
 struct ListedApplication {
-  // In the user's language.
+  // The name in the user's language.
   std::string label;
-  // The one identifier that the application goes by everywhere.
+  // The application's identifier in decks and messages.
   std::string bundleId;
   ApplicationLocation location;
   bool operator==(const ListedApplication&) const = default;
 };
 
-// Both operations answer from memory, at once, on any thread; neither throws.
+// Both operations answer from memory without blocking. Any thread; neither throws.
 struct ApplicationListClient {
-  // Every installed application that is offered in menus, in no order that means anything but
-  // always the same.
+  // The installed applications that belong in menus, in a stable but arbitrary order.
   std::function<std::vector<ListedApplication>()> applications;
-  // The identifier of the application that a launcher file starts: the installed entry itself, or
-  // a copy of it elsewhere that bears the same name. None when no such application is installed.
+  // The identifier of the application that a launcher file starts: an installed desktop entry, or a
+  // copy of one with the same file name. None when no such application is installed.
   std::function<std::optional<std::string>(const std::filesystem::path& launcher)> bundleIdOf;
 };
 

@@ -8,8 +8,8 @@
 
 namespace glintboard {
 
-// A lock that a coroutine may hold across its awaits. Waiters get it in the order they asked.
-// All holders and waiters run on the executor given at creation.
+// A lock that a coroutine may hold across its awaits. Waiters acquire it in the order of their
+// calls. All holders and waiters run on the executor given at construction.
 class AsyncLock {
  public:
   explicit AsyncLock(const asio::any_io_executor& executor);
@@ -26,6 +26,7 @@ class AsyncLock {
     AsyncLock* lock_;
   };
 
+  // Resumes when the caller holds the lock.
   Awaitable<Guard> acquire();
 
  private:

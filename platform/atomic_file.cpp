@@ -33,10 +33,10 @@ void writeAll(int descriptor, std::string_view data, const std::filesystem::path
   }
 }
 
-// A temporary file beside its target, removed unless it was renamed into place.
+// A temporary file beside its target, removed unless it has replaced the target.
 class TemporaryFile {
  public:
-  // The target must outlive it. It is what errors name.
+  // `target` must outlive this. Errors name it.
   explicit TemporaryFile(const std::filesystem::path& target)
       : target_(target), name_(target.string() + ".XXXXXX") {
     descriptor_ = FileDescriptor(::mkostemp(name_.data(), O_CLOEXEC));
@@ -60,7 +60,7 @@ class TemporaryFile {
     }
   }
 
-  void putInPlace() {
+  void replaceTarget() {
     if (::rename(name_.c_str(), target_.c_str()) != 0) {
       throwErrno(target_);
     }
@@ -78,8 +78,8 @@ class TemporaryFile {
 void writeAtomically(const std::filesystem::path& path, std::string_view data, mode_t mode) {
   TemporaryFile temporary(path);
   temporary.write(data, mode);
-  temporary.putInPlace();
-  // The new file is in place whatever comes of this; syncing the folder makes it outlast a crash.
+  temporary.replaceTarget();
+  // The new file is already in place. Syncing the folder makes the rename survive a crash.
   const FileDescriptor folder(
       ::open(path.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder) {
@@ -107,7 +107,7 @@ std::string_view readWholeFile(const std::filesystem::path& path, std::string& b
     }
     length += static_cast<std::size_t>(count);
     const auto content = std::string_view(buffer).substr(0, length);
-    // A buffer that was filled seldom ends where the file does.
+    // A full buffer rarely ends at the end of the file.
     if (count == 0 || (isWhole && length < buffer.size() && isWhole(content))) {
       return content;
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files that are never seen half written.
+// Reads whole files and replaces files atomically.
 #pragma once
 
 #include <sys/types.h>
@@ -12,17 +12,17 @@
 namespace glintboard {
 
 // Replaces the file at `path` with `data`: a temporary file beside it is written, synced and
-// renamed, and the folder synced, so that a reader or a crash sees the old content or the new,
-// never a part. The file gets `mode` (an existing one keeps none of its own). Throws
-// std::system_error; the previous file is then intact. Blocks on the disk.
+// renamed, and the folder synced, so that a reader, also after a crash, finds either the old or the
+// new content. The file gets `mode`, whatever mode it had before. Throws std::system_error and
+// leaves the previous file intact. Blocks on the disk.
 void writeAtomically(const std::filesystem::path& path, std::string_view data, mode_t mode);
 
 // The whole content of the file at `path`. Throws std::system_error, with
-// std::errc::no_such_file_or_directory when there is none.
+// std::errc::no_such_file_or_directory for a missing file. Blocks on the disk.
 std::string readWholeFile(const std::filesystem::path& path);
-// The same for who reads again and again: into `buffer`, which grows as needed, and in which the
-// content then is. `isWhole` may spare the system the question whether there is more, when what was
-// read cannot be a part only; it is called again if it denies that.
+// The same for repeated reads: returns a view of the content in `buffer`, which grows as needed.
+// Reading stops early when `isWhole` returns true for the content read so far, which saves the
+// system call that finds the end of the file. `isWhole` may be called several times.
 std::string_view readWholeFile(const std::filesystem::path& path, std::string& buffer,
                                const std::function<bool(std::string_view)>& isWhole = {});
 

@@ -12,22 +12,25 @@
 namespace glintboard {
 
 struct BonjourService {
-  // Any text; what the network needs shortened is shortened for the network only.
+  // Any text. It is truncated to the network's limit when it is advertised.
   std::string name;
   std::string type;    // "_name._tcp"
   std::string domain;  // "local."
   std::uint16_t port = 0;
 };
 
-// Advertises one service. Without a discovery daemon nothing is advertised, which is no error; one
-// that comes later is joined. Any thread; the calls do not block.
+// Advertises one service. A missing discovery daemon is not an error: the service is advertised
+// once a daemon runs. Any thread; does not block.
 class BonjourAdvertiser {
  public:
   virtual ~BonjourAdvertiser() = default;
+  // Advertises `service` in place of an earlier one.
   virtual void publish(const BonjourService& service) = 0;
+  // Ends the advertisement.
   virtual void withdraw() = 0;
 };
 
+// One advertised service as a browser finds it.
 struct BonjourInstance {
   std::string name;
   std::string address;  // numeric, with a scope where the address needs one; empty if not resolved
@@ -38,11 +41,12 @@ struct BonjourInstance {
 class BonjourBrowser {
  public:
   virtual ~BonjourBrowser() = default;
-  // The instances of `type` found within `timeout`, those that tell no address last; blocks until
-  // the daemon has told all it knows or the time is up. None without a daemon that answers.
+  // The instances of `type` found within `timeout`, unresolved ones last. Blocks until the daemon
+  // has reported all instances it knows, or until the timeout. None when no daemon answers.
   virtual std::optional<std::vector<BonjourInstance>> browse(const std::string& type,
                                                              std::chrono::milliseconds timeout) = 0;
 
+  // The browser of this desktop.
   static std::unique_ptr<BonjourBrowser> live();
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr rlim_t wanted = 4096;
 
-// Read in new processes, where nothing may be allocated or locked.
+// Read between fork and exec, where nothing may be allocated or locked.
 constinit rlimit givenLimit{};
 
 }  // namespace

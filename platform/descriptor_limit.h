@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How many descriptors (open files, sockets) this process may have.
+// The limit of open descriptors (files, sockets) of this process.
 #pragma once
 
 #include <sys/types.h>
@@ -8,15 +8,15 @@
 
 namespace glintboard {
 
-// Sessions allow programs 1,024 unless they ask for more. Asks for what a thousand connections
-// need, as far as the system lets it. For main, before there are other threads.
+// Raises the soft limit, usually 1,024, to what a thousand connections need, at most to the hard
+// limit. Call it in main before starting threads.
 void raiseDescriptorLimit();
-// The limit now.
+// The current soft limit.
 std::size_t descriptorLimit();
-// Gives this process the limit back that it was started with: for a new process, before it runs
-// another program. Safe between fork and exec.
+// Restores the limit that this process was started with. For a child process between fork and exec:
+// async-signal-safe.
 void restoreDescriptorLimit();
-// The same for a program that runs already.
+// The same for a process that already runs.
 void restoreDescriptorLimit(pid_t process);
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the user wants windows to look.
+// The appearance that the user has set for windows.
 #pragma once
 
 namespace glintboard {
@@ -8,7 +8,7 @@ struct DesktopAppearance {
   bool dark = false;
   bool increasedContrast = false;
   bool reducedMotion = false;
-  double textScale = 1.0;  // of the desktop's normal text size, 0.5 to 4
+  double textScale = 1.0;  // relative to the desktop's normal text size, 0.5 to 4
 
   bool operator==(const DesktopAppearance&) const = default;
 };

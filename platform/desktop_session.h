@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a desktop with a display offers a program beyond windows.
+// The appearance settings and the tray of a desktop session.
 #pragma once
 
 #include <functional>
@@ -11,24 +11,24 @@
 
 namespace glintboard {
 
-// Talks to the session bus on a thread of its own: a bus that is absent, hangs, dies or comes back
-// holds up nobody. Its operations never wait. For the thread of the application object.
+// Uses the session bus on a thread of its own and reconnects when the bus ends and starts again. No
+// operation blocks, whatever the bus does. Main thread.
 class DesktopSession {
  public:
-  // `appearanceChanged` is called on the session's thread, never before this is made. Reads a few
-  // files.
+  // Reads the settings files. `appearanceChanged` is called on the session's thread at every
+  // change, possibly before the constructor returns.
   explicit DesktopSession(std::function<void(DesktopAppearance)> appearanceChanged);
-  // No handler is called afterwards.
+  // No callback runs afterwards.
   ~DesktopSession();
 
   // The latest known appearance.
   DesktopAppearance appearance() const;
 
-  // Shows the item in the desktop's tray, now and whenever one comes. Call it once, and before
-  // the others.
+  // Shows the item in the desktop's tray, also in one that starts later. Call it once, before the
+  // other tray operations. `activated` is called on the session's thread.
   void showTrayItem(TrayLook look, TrayActivated activated);
   void setTrayToolTip(std::string text);
-  // Tells on the session's thread whether a tray shows the item now.
+  // Calls `answer` on the session's thread with whether a tray shows the item now.
   void askForTray(std::function<void(bool shown)> answer);
 
  private:

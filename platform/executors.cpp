@@ -13,7 +13,7 @@ namespace glintboard {
 Executors::Executors() : keepRunning_(service_.get_executor()) {
   serviceThread_ = std::thread([this] {
     pthread_setname_np(pthread_self(), "service");
-    // A handler that throws must not take the other phones' connections with it.
+    // An exception in one handler must not end the other connections.
     for (;;) {
       try {
         service_.run();

@@ -11,13 +11,13 @@
 
 namespace glintboard {
 
-// One service loop for sockets, timers, child processes and the actors with short turns; two
-// workers for what blocks or computes for a bounded time; and one lane each for the keychain and
-// the sound server, so that a daemon that hangs holds up nothing but itself.
+// The service loop, one thread, runs sockets, timers, child processes and actors with short turns.
+// Two workers run tasks that block or compute for a bounded time. The keychain and the sound server
+// have a lane of one thread each, so that a daemon that hangs delays only its own callers.
 class Executors {
  public:
   Executors();
-  // Joins the service loop and the workers. A process that must be gone by a deadline leaves
+  // Joins all threads, which waits for running tasks. A process that must exit by a deadline exits
   // without destroying its executors.
   ~Executors();
 

@@ -8,7 +8,7 @@
 
 namespace glintboard {
 
-// Closes its descriptor when destroyed; -1 means none.
+// Owns a descriptor and closes it when destroyed; -1 means none. Move-only.
 class FileDescriptor {
  public:
   FileDescriptor() = default;
@@ -24,11 +24,12 @@ class FileDescriptor {
     }
   }
 
+  // The descriptor, still owned by this object; -1 means none.
   int get() const { return descriptor_; }
   explicit operator bool() const { return descriptor_ >= 0; }
-  // Gives the descriptor away; this owns none afterwards.
+  // Passes the ownership to the caller; this object owns none afterwards.
   int release() { return std::exchange(descriptor_, -1); }
-  // Closes the descriptor now and reports whether the system could.
+  // Closes the descriptor now. False when the system reports an error, such as a failed write.
   bool close() { return ::close(release()) == 0; }
 
  private:

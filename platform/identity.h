@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The name of this program on the desktop.
 #pragma once
 
 #include <string_view>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The desktop that the agent really runs on.
+// The platform interfaces on the real desktop.
 #pragma once
 
 #include <functional>
@@ -22,15 +22,15 @@
 
 namespace glintboard {
 
-// Makes every platform interface over the real parts of this desktop, once, in main. The clients
-// and references stay valid as long as this object, which must outlive the work on `executors`.
+// Owns the real implementation of every platform interface. Create one, in main. The clients and
+// references are valid as long as this object, which must outlive the work on `executors`.
 class LivePlatform {
  public:
-  // `keychainRule` tells which of two stored pairings is the later one.
+  // `keychainRule` decides which of two stored pairings is the later one.
   LivePlatform(Executors& executors, KeychainMergeRule keychainRule);
   ~LivePlatform();
 
-  // The one there is, for defaults: std::logic_error without one. It must not end meanwhile.
+  // The existing instance, for default arguments. Throws std::logic_error without one.
   static LivePlatform& current();
 
   WorkspaceClient workspaceClient();
@@ -56,7 +56,7 @@ class LivePlatform {
   std::unique_ptr<Parts> parts_;
 };
 
-// The other agents of this user. Needs no executor: it runs before anything else.
+// The other agents of this user. Needs no LivePlatform, because it is used before one exists.
 std::unique_ptr<AgentInstances> liveAgentInstances();
 
 // The agent's own folder in the user's data folder; not created here.

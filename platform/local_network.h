@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the network looks like from this computer.
+// This computer's network addresses, listening ports and firewall.
 #pragma once
 
 #include <cstdint>
@@ -10,49 +10,53 @@
 
 namespace glintboard {
 
+// An address of a network interface.
 struct LocalAddress {
   std::string interface;
   std::string address;  // numeric, with a scope where the address needs one
   bool loopback = false;
 };
 
-// Who listens on a port. The process is 0 and the program empty where the system does not tell: the
-// process is another user's.
+// The process that listens on a port. 0 and empty for a process of another user, which only root
+// can identify.
 struct PortHolder {
   int process = 0;
-  std::string program;  // the file's name
+  std::string program;  // file name
 };
 
-// What comes in there: packets of a protocol, "tcp" or "udp", for a port.
+// Incoming packets of a protocol, "tcp" or "udp", to a port.
 struct PortRule {
   std::string protocol;
   std::uint16_t port = 0;
 };
 
+// What manages the rules for incoming packets.
 struct Firewall {
-  // What looks after the rules for incoming packets: one that is on, else the kernel's own.
+  // An active firewall service, else `nftables` for the rules in the kernel.
   enum class Kind { ufw, firewalld, nftables };
   Kind kind = Kind::nftables;
-  // Whether it has been told what the agent needs, under the name "glintboard-agent".
+  // Whether the profile "glintboard-agent" is installed for the firewall service.
   bool knowsAgent = false;
-  // Of nftables: family, table and name of the chain in the way; empty where that is not known.
+  // For nftables: family, table and name of the chain that may block; empty if unknown.
   std::string chain;
 };
 
-// Facts read from the system at each call; none throws, none waits for the network.
+// Reads the system at each call. Nothing throws, and nothing waits for the network.
 class LocalNetwork {
  public:
   virtual ~LocalNetwork() = default;
-  // Those of interfaces that are up and have their cable or network, IPv4 first.
+  // The addresses of all interfaces that are up and connected, IPv4 first.
   virtual std::vector<LocalAddress> addresses() = 0;
-  // None where nobody listens on that TCP port.
+  // The listener on a TCP port, or none.
   virtual std::optional<PortHolder> holder(std::uint16_t port) = 0;
-  // The one that may keep others from the gate. None where there is none, or where it was seen to
-  // let everybody in, for which root sees more than others. Asks programs, for seconds at most.
+  // The firewall that may block these packets. None without a firewall, and when its rules are
+  // known to accept them; root can read more rules than other users. Runs programs for up to four
+  // seconds.
   virtual std::optional<Firewall> firewall(const PortRule& gate) = 0;
   // Whether a program of that name is installed.
   virtual bool hasProgram(const std::string& name) = 0;
 
+  // The network of this computer.
   static std::unique_ptr<LocalNetwork> live();
 };
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Lines for whoever looks after the agent; the user sees none of them. They go to the journal where
-// that takes standard error, else to standard error itself. A line may never hold a token, a PIN or
-// a pairing code. Any thread.
+// The log, for operators. It goes to the journal if standard error is connected to the journal,
+// else to standard error. Never log a token, a PIN or a pairing code. Any thread.
 #pragma once
 
 #include <sstream>
@@ -9,20 +8,21 @@
 
 namespace glintboard::log {
 
+// From the most to the least urgent.
 enum class Level { error, warning, info, debug };
 
-// The least urgent level that is written: GLINTBOARD_LOG by its name, `info` without it. Fixed
-// before main begins.
+// The least urgent level that is written: the one that GLINTBOARD_LOG names, else `info`.
+// Initialised before main.
 extern const Level threshold;
 
 // Writes one line, whatever the threshold. Control characters in it become spaces.
 void write(Level level, std::string_view text);
 
-// From now on what Qt and GLib have to say is written here too. Once, by a program whose log this
-// is, before it has threads.
+// Writes the messages of Qt and GLib to this log too. `program` is the program's name in the
+// journal. Call it once, in main before starting threads.
 void takeMessagesOfLibraries(const char* program);
 
-// Nothing is put together for a level that is not written.
+// Formats the parts and writes them, but only for a level that is written.
 template <class... Parts>
 void writeIfWanted(Level level, const Parts&... parts) {
   if (level <= threshold) {

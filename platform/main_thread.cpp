@@ -10,7 +10,7 @@ MainThread::MainThread() = default;
 
 MainThread::~MainThread() {
   shutdown();
-  // What is destroyed here may submit more.
+  // Destroying queued work may submit more.
   while (!queue_.empty()) {
     std::exchange(queue_, {}).clear();
   }
@@ -22,7 +22,7 @@ void MainThread::submit(std::unique_ptr<Work> work) {
     const std::lock_guard lock(mutex_);
     queue_.push_back(std::move(work));
     if (queue_.size() > 1) {
-      return;  // Qt has been woken for the work before this.
+      return;  // Qt was notified when the first entry was queued.
     }
   }
   QMetaObject::invokeMethod(&receiver_, [this] { runSubmitted(); }, Qt::QueuedConnection);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Qt's event loop as an executor, so that what lives on the main thread awaits actors as any other
-// coroutine does.
+// Qt's event loop as an executor, so that coroutines on the main thread can await actors.
 #pragma once
 
 #include <QObject>
@@ -13,14 +12,16 @@
 
 namespace glintboard {
 
-// Created on the main thread after the application object and destroyed before it. Work may be
-// submitted from any thread and runs on the main one, in order. Qt is only woken: the queue is
-// ours. Timers do not run here; sleep on the service loop instead.
+// Create it on the main thread after the application object and destroy it before that. Work may be
+// submitted from any thread and runs on the main thread in the order of submission. Timers are not
+// supported: sleep on the service loop instead.
 class MainThread : public asio::execution_context {
  public:
   MainThread();
+  // Destroys queued work without running it.
   ~MainThread();
 
+  // A standard executor. Never blocks and never runs work inside `execute`.
   class Executor {
    public:
     explicit Executor(MainThread& owner) : owner_(&owner) {}
@@ -40,9 +41,11 @@ class MainThread : public asio::execution_context {
     MainThread* owner_;
   };
 
+  // Valid as long as this object.
   asio::any_io_executor executor() { return Executor(*this); }
 
  private:
+  // A function of any type.
   struct Work {
     virtual ~Work() = default;
     virtual void run() = 0;
@@ -55,11 +58,13 @@ class MainThread : public asio::execution_context {
     Function function;
   };
 
+  // Any thread.
   void submit(std::unique_ptr<Work> work);
+  // Main thread. Work that is submitted meanwhile runs in a later turn of the event loop.
   void runSubmitted();
 
   QObject receiver_;
-  std::mutex mutex_;
+  std::mutex mutex_;  // guards queue_
   std::vector<std::unique_ptr<Work>> queue_;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What nearly every file above the protocol includes; compiled once.
+// The headers that nearly every file above protocol/ includes, compiled once.
 #pragma once
 
 #include <boost/asio/any_io_executor.hpp>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Programs that run to their end, with a deadline.
+// Runs programs to their end, with a timeout.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +12,9 @@
 namespace glintboard {
 
 struct ProcessRunResult {
-  // As a shell reports it: 128 + n for a process that signal n ended.
+  // As a shell reports it: 128 + n for a process that was ended by signal n.
   std::int32_t exitCode = 0;
-  // The first MiB of each stream; empty when that is not UTF-8.
+  // The first MiB of each output stream; empty if it is not UTF-8.
   std::string stdoutText;
   std::string stderrText;
   // The process was still running at the deadline and was terminated.

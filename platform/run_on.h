@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Blocking calls, made where they hold up nobody.
+// Plain functions, called on another executor.
 #pragma once
 
 #include <boost/asio/bind_executor.hpp>
@@ -14,25 +14,23 @@
 namespace glintboard {
 
 namespace detail {
+// A coroutine that only calls `function`. The exception of the function leaves it.
 template <class Function>
 Awaitable<std::invoke_result_t<Function>> callInCoroutine(Function function) {
   co_return function();
 }
 }  // namespace detail
 
-// Calls made with these are awaited in a statement of their own: GCC 12 destroys a temporary
-// function twice when it stands inside an await.
-
 // Calls `function` on `executor` and resumes the caller on its own executor with the result or the
-// exception.
+// exception. A lambda that is written as the argument needs two statements (platform/asio.h).
 template <class Function>
 Awaitable<std::invoke_result_t<Function>> runOn(asio::any_io_executor executor, Function function) {
   co_return co_await asio::co_spawn(executor, detail::callInCoroutine(std::move(function)),
                                     asio::use_awaitable);
 }
 
-// As `runOn`, but waits no longer than `deadline`: then the result is none, and the call's own
-// result is dropped whenever it comes. The caller's executor must support timers.
+// Like `runOn`, but waits for at most `deadline`. The result is none after that; the call goes on,
+// and its result is dropped. The caller's executor must support timers.
 template <class Function>
 Awaitable<std::optional<std::invoke_result_t<Function>>> runBefore(
     std::chrono::steady_clock::duration deadline, asio::any_io_executor executor,

@@ -10,18 +10,18 @@
 
 namespace glintboard {
 
-// Both operations and the drawing of an icon read files: call them on a worker. Safe on any
-// thread; none throws.
+// Both operations, and drawing an icon, read files: call them on a worker. Thread-safe; none
+// throws.
 struct ShortcutIconClient {
   struct Icon {
     std::string identifier;
-    // Icons with equal stamps look the same; one that may look different now has another stamp.
+    // Equal stamps mean equal images. The stamp changes when the image may have changed.
     std::string stamp;
-    // Draws it into a square of `side` pixels; a null image when it cannot be drawn.
+    // Draws the icon into a square of `side` pixels; a null image on failure.
     std::function<QImage(int side)> draw;
   };
 
-  // The icon of the Shortcut of that identifier, in any letter case; none when there is none.
+  // The icon of the Shortcut with that identifier, regardless of letter case, or none.
   std::function<std::optional<Icon>(const std::string& identifier)> icon;
   // The icons of all Shortcuts that have one.
   std::function<std::vector<Icon>()> icons;

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-// Sleep of the whole computer.
+// Sleep and wake-up of the computer.
 #pragma once
 
 #include <functional>
 
 namespace glintboard {
 
-// Tells when the computer wakes up. Where the system does not tell, nothing is ever told, which is
-// no error; a system service that comes later is joined.
+// Reports when the computer wakes up. A missing system service is not an error: wake-ups are
+// reported once the service runs.
 class SleepWatch {
  public:
   virtual ~SleepWatch() = default;
-  // From now on `woken` is called after every sleep, on a thread of the watch. Any thread.
+  // Calls `woken` after every sleep from now on, on a thread of the watch. Any thread.
   virtual void start(std::function<void()> woken) = 0;
 };
 

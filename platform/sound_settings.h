@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the library that talks to the sound server is set up in this process.
+// The settings of libpulse in this process.
 #pragma once
 
 #include <optional>
@@ -7,14 +7,15 @@
 
 namespace glintboard {
 
-// Keeps libpulse from sharing memory with the server: when the server ends while they agree on
-// that, libpulse 16 never returns. Only its settings can refuse it, and only the environment can
-// name others than the user's, which these include. For main, before there are other threads.
+// Disables shared memory between libpulse and the sound server: libpulse 16 hangs if the server
+// ends while they negotiate it. libpulse reads this option only from a settings file; the
+// environment variable below names one that also includes the user's. Call it in main before
+// starting threads.
 void shareNoMemoryWithSoundServer();
 
-// The variable of the environment that this changes.
+// The environment variable that this sets.
 inline constexpr const char* soundSettingsVariable = "PULSE_CLIENTCONFIG";
-// What programs that are started are to have there, as if it had not been changed.
+// The value of that variable for child processes: what the user has set, or none.
 std::optional<std::string> soundSettingsForPrograms();
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Work that nobody awaits.
+// Detached coroutines, and sleeping.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace glintboard {
 
-// Starts `work` on `executor`. An exception that leaves it ends that work alone and is logged
-// under `what`. What the coroutine refers to must outlive it.
+// Starts `work` on `executor` and does not wait for it. An exception that leaves it ends only this
+// work and is logged under `what`. What the coroutine refers to must outlive it.
 void spawn(const asio::any_io_executor& executor, Awaitable<> work, std::string what);
 
 // Resumes after `duration` of monotonic time.

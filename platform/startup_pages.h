@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+// Memory that only the start-up needs.
 #pragma once
 
 namespace glintboard {
 
-// Gives back the memory of the code that only the start has used: starting a desktop's program
-// touches most of its libraries, and doing its work hardly any of them. What is used again comes
-// back by itself, from the system's cache. Takes a millisecond or two. Any thread.
+// Releases the memory of code pages. The start-up of a desktop program uses most of the code of its
+// libraries, later work only little of it; the kernel reads a page again from its cache when it is
+// next used. Takes one or two milliseconds. Any thread.
 void releaseStartupPages();
 
 }  // namespace glintboard

@@ -9,21 +9,21 @@
 
 namespace glintboard {
 
-// What the item looks like.
+// The appearance of the item.
 struct TrayLook {
   std::string title;
-  // The name of a symbolic icon, for desktops on which it is installed.
+  // The name of a symbolic icon, for trays that look it up in the icon theme.
   std::string iconName;
-  // The same icon for the others: squares, smallest first.
+  // The same icon for other trays: square images, the smallest first.
   std::vector<QImage> pixmaps;
 };
 
 // How the user activated the item.
 struct TrayActivation {
-  // Where, on the screen; both 0 where the desktop does not tell.
+  // The position on the screen in pixels; both 0 if unknown.
   int x = 0;
   int y = 0;
-  // With it a Wayland compositor gives a window the focus; empty where there is none.
+  // The Wayland activation token that lets a window take the focus; may be empty.
   std::string token;
 };
 

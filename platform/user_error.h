@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An error that a person reads.
+// Errors with a text for the user.
 #pragma once
 
 #include <stdexcept>
@@ -9,23 +9,23 @@
 
 namespace glintboard {
 
-// `what()` is English, since it also goes to phones and into the log; a view translates the pattern
-// and fills in the parts by itself.
+// `what()` is English, for phones and the log. Views translate the pattern and fill in the parts.
 class UserError : public std::runtime_error {
  public:
-  // In the pattern "%1" and "%2" stand for the parts. It is a literal that is marked
+  // "%1" and "%2" in the pattern stand for the parts. The pattern must be a literal marked
   // QT_TRANSLATE_NOOP("UserError", "…").
   explicit UserError(const char* givenPattern, std::vector<std::string> givenParts = {})
       : std::runtime_error(filled(givenPattern, givenParts)),
         pattern(givenPattern),
         parts(std::move(givenParts)) {}
 
-  // The pattern, or a translation of it, with the parts in their places.
+  // The pattern, or a translation of it, with the parts filled in.
   static std::string filled(std::string_view pattern, const std::vector<std::string>& parts) {
     std::string text;
     for (std::size_t at = 0; at < pattern.size(); ++at) {
-      const bool isPlace = pattern[at] == '%' && at + 1 < pattern.size();
-      const auto part = isPlace ? static_cast<std::size_t>(pattern[at + 1]) - '1' : parts.size();
+      const bool isPlaceholder = pattern[at] == '%' && at + 1 < pattern.size();
+      const auto part =
+          isPlaceholder ? static_cast<std::size_t>(pattern[at + 1]) - '1' : parts.size();
       if (part < parts.size()) {
         text += parts[part];
         ++at;
@@ -36,6 +36,7 @@ class UserError : public std::runtime_error {
     return text;
   }
 
+  // For translation: the arguments of the constructor.
   const char* pattern;
   std::vector<std::string> parts;
 };

@@ -13,7 +13,7 @@
 
 namespace glintboard {
 
-// Where an installed application lives: the file of its desktop entry.
+// Identifies an installed application by the file of its desktop entry.
 struct ApplicationLocation {
   std::filesystem::path path;
   bool operator==(const ApplicationLocation&) const = default;
@@ -21,24 +21,21 @@ struct ApplicationLocation {
 
 // One running application.
 struct RunningApplicationClient {
-  // Brings the application's windows to the front. True when the desktop accepted the request.
-  // Never throws; bounded by a deadline of its own.
+  // Brings the application's windows to the front. True when the desktop accepted the request,
+  // false after two seconds at the latest. Never throws.
   std::function<Awaitable<bool>()> activate;
 };
 
-// Whether an application is installed, and whether it runs, by bundle identifier: as it is at the
-// moment of asking for these. Any thread.
+// A snapshot of which applications are installed and which run, by bundle identifier. Any thread.
 struct ApplicationStates {
   std::function<bool(const std::string& bundleId)> isInstalled;
   std::function<bool(const std::string& bundleId)> isRunning;
 };
 
-// The three questions that the system puts to the desktop about applications, each replaceable.
-// An application is named by its bundle identifier. The two look-ups answer from memory, at once,
-// on any thread.
+// The operations on applications that the desktop offers, each replaceable. Applications are named
+// by bundle identifier. The two look-ups answer from memory without blocking, on any thread.
 struct WorkspaceClient {
-  // That of the desktop which the agent runs on. Throws std::logic_error before there is a
-  // LivePlatform.
+  // The client of the LivePlatform. Throws std::logic_error without one.
   static WorkspaceClient live();
 
   // The installed application of that identifier, or none.
@@ -50,10 +47,10 @@ struct WorkspaceClient {
   // when it could not be started.
   std::function<Awaitable<bool>(ApplicationLocation application)> openApplication;
 
-  // The answers to the two look-ups for who asks about many applications at once; where there is
-  // none, they are put one by one.
+  // Optional: makes a snapshot, for callers that look up many applications.
   std::function<ApplicationStates()> currentStates;
 
+  // A snapshot; without `currentStates`, live look-ups that must not outlive this client.
   ApplicationStates states() const {
     return currentStates
                ? currentStates()

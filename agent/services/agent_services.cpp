@@ -2,6 +2,7 @@
 #include "agent/services/agent_services.h"
 
 #include "agent/pairing/keychain_paired_device_store.h"
+#include "agent_core/actions/core_audio_volume_controller.h"
 
 namespace glintboard {
 
@@ -9,7 +10,6 @@ AgentServices::AgentServices(AgentEnvironment environment, DeckStore& deckStore)
     : environment_(std::move(environment)),
       pairingService_(environment_.executors.service(), environment_.executors.keychainLane(),
                       std::make_unique<KeychainPairedDeviceStore>(environment_.keychain)),
-      volume_(environment_.audioOutput),
       appIconProvider_(environment_.executors.workerStrand(), environment_.applicationIcons),
       // By turns with the other, so that a deck's icons are asked for without a way between
       // threads.
@@ -18,7 +18,8 @@ AgentServices::AgentServices(AgentEnvironment environment, DeckStore& deckStore)
           environment_.executors.service(),
           ListenerService::Parts{
               pairingService_, AppMessageHandler(AppLauncher(environment_.workspace)),
-              ActionMessageHandler(SystemActionRunner(volume_)),
+              ActionMessageHandler(SystemActionRunner(
+                  std::make_shared<CoreAudioVolumeController>(environment_.audioOutput))),
               ShortcutWireHandler(ShortcutMessageHandler(
                   ShortcutsRunner(environment_.shortcutsExecutable, environment_.processRunner))),
               deckStore, appIconProvider_, shortcutIconProvider_, environment_.workspace,

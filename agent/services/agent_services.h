@@ -10,11 +10,11 @@
 #include "agent/connection/listener_service.h"
 #include "agent/decks/deck_store.h"
 #include "agent/pairing/pairing_service.h"
-#include "agent_core/actions/core_audio_volume_controller.h"
 #include "agent_core/icons/app_icon_provider.h"
 #include "agent_core/icons/shortcut_icon_provider.h"
 #include "agent_core/shortcuts/shortcuts_catalog.h"
 #include "platform/application_icon_client.h"
+#include "platform/audio_output.h"
 #include "platform/bonjour.h"
 #include "platform/executors.h"
 #include "platform/keychain.h"
@@ -57,7 +57,6 @@ class AgentServices {
  private:
   AgentEnvironment environment_;
   PairingService pairingService_;
-  CoreAudioVolumeController volume_;
   AppIconProvider appIconProvider_;
   ShortcutIconProvider shortcutIconProvider_;
   std::shared_ptr<ListenerService> listenerService_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Action requests to replies.
+// Answers action requests.
 #pragma once
 
 #include <variant>
@@ -13,11 +13,11 @@ namespace glintboard {
 using ActionMessageResponse =
     std::variant<WireMessage<ActionOKPayload>, WireMessage<ActionErrorPayload>>;
 
-// Answers with "action.ok" or "action.error" under the request's id. Blocks as long as the volume
-// does; never throws.
+// Answers with "action.ok" or "action.error" and the request's id. Use it on the volume lane, which
+// it blocks for up to two seconds. Never throws.
 class ActionMessageHandler {
  public:
-  // With the default runner.
+  // With the default runner, on the live platform.
   ActionMessageHandler() = default;
   explicit ActionMessageHandler(SystemActionRunner runner) : runner_(std::move(runner)) {}
 
@@ -27,7 +27,7 @@ class ActionMessageHandler {
   SystemActionRunner runner_;
 };
 
-// Answers raw "action.run" messages.
+// Answers raw "action.run" messages. As the message handler otherwise.
 class ActionWireHandler {
  public:
   explicit ActionWireHandler(ActionMessageHandler handler) : handler_(std::move(handler)) {}

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// The volume keys on the default output device.
 #pragma once
 
 #include <cstdint>
@@ -18,15 +19,16 @@ class CoreAudioVolumeError : public std::runtime_error {
     writeMuteFailed,
     noOutputDevice,
   };
-  // `status` is the sound system's own code; it has none for a missing device.
+  // `status` is the sound system's own error code; 0 for a missing device.
   explicit CoreAudioVolumeError(Code code, std::int32_t status = 0);
 
   Code code;
   std::int32_t status;
 };
 
-// Moves the volume of the default output device, which is looked up anew for each operation.
-// Use it on the volume lane.
+// Changes the volume of the default output device, which each operation looks up again. Use it on
+// the volume lane. Throws CoreAudioVolumeError. The name is the role's in the system's design,
+// which was made for a Mac; it works with every AudioOutput.
 class CoreAudioVolumeController : public VolumeControlling {
  public:
   // `step` is a fraction of full scale. `output` must outlive the controller.

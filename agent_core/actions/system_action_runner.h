@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a built-in action key does.
+// Runs the built-in actions.
 #pragma once
 
 #include <memory>
@@ -26,11 +26,12 @@ struct Error {
 using Result = std::variant<Ok, Error>;
 }  // namespace SystemActionResult
 
-// Stateless. Blocks as long as the volume does.
+// Runs built-in actions. Stateless: copies share the volume controller. Use it on the volume lane,
+// which it blocks for up to two seconds.
 class SystemActionRunner {
  public:
-  // `volume` must outlive the runner.
-  explicit SystemActionRunner(VolumeControlling& volume) : volume_(&volume, [](auto*) {}) {}
+  explicit SystemActionRunner(std::shared_ptr<VolumeControlling> volume)
+      : volume_(std::move(volume)) {}
   // With a CoreAudioVolumeController on the live platform.
   SystemActionRunner();
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The volume of what the user hears.
+// The interface of the volume keys.
 #pragma once
 
 #include <stdexcept>
 
 namespace glintboard {
 
-// Each operation blocks for at most two seconds and throws an exception whose text is meant for
-// the user when it fails.
+// Each operation blocks for at most two seconds. On failure it throws an exception with a text for
+// the user.
 class VolumeControlling {
  public:
   virtual ~VolumeControlling() = default;
@@ -21,7 +21,7 @@ class MockVolumeError : public std::runtime_error {
   MockVolumeError() : std::runtime_error("simulated") {}
 };
 
-// Counts what it is asked to do.
+// A test double that counts the calls.
 class MockVolumeController : public VolumeControlling {
  public:
   int volumeUpCount = 0;

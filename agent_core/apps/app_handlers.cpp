@@ -52,10 +52,10 @@ Awaitable<WireReply> AppWireHandler::handle(std::string bytes) const {
   if (!request) {
     co_return request.error();
   }
-  auto response = type == MessageType::appLaunch
+  auto handling = type == MessageType::appLaunch
                       ? handler_.handleLaunch(std::move(request->payload.bundleId), request->id)
                       : handler_.handleFocus(std::move(request->payload.bundleId), request->id);
-  const auto reply = co_await std::move(response);
+  const auto reply = co_await std::move(handling);
   co_return encodedReply(reply);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Application requests to replies.
+// Answers application requests.
 #pragma once
 
 #include <variant>
@@ -12,7 +12,7 @@ namespace glintboard {
 
 using AppMessageResponse = std::variant<WireMessage<AppOKPayload>, WireMessage<AppErrorPayload>>;
 
-// Answers with "app.ok" or "app.error" under the request's id. Any executor; never throws.
+// Answers with "app.ok" or "app.error" and the request's id. Any executor. Never throws.
 class AppMessageHandler {
  public:
   explicit AppMessageHandler(AppLauncher launcher) : launcher_(std::move(launcher)) {}

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What an application key does.
+// Launches and focuses applications.
 #pragma once
 
 #include <optional>
@@ -27,7 +27,7 @@ struct Error {
 using Outcome = std::variant<Ok, Error>;
 }  // namespace AppLauncherOutcome
 
-// Stateless; any executor, several at once. Nothing here throws: every failure is an outcome.
+// Stateless. Any executor, concurrent calls. Never throws: every failure is an outcome.
 class AppLauncher {
  public:
   explicit AppLauncher(WorkspaceClient workspace) : workspace_(std::move(workspace)) {}

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Application requests without a network.
 #pragma once
 
 #include "agent_core/apps/app_handlers.h"
@@ -6,7 +7,7 @@
 
 namespace glintboard {
 
-// A stand-alone harness that routes raw messages to the application handler, without a network.
+// Passes raw messages to the application handler.
 class ListenerServiceStub : public Actor {
  public:
   ListenerServiceStub(asio::any_io_executor executor, AppWireHandler appWireHandler)

@@ -8,7 +8,10 @@ namespace glintboard {
 
 Awaitable<std::optional<Icon>> AppIconProvider::pngAndRevision(std::string bundleId,
                                                                const WorkspaceClient& workspace) {
-  return enter(doPngAndRevision(std::move(bundleId), workspace));
+  return enter([this, bundleId = std::move(bundleId), &workspace] {
+    const Icon* icon = find(bundleId, workspace);
+    return icon != nullptr ? std::optional(*icon) : std::nullopt;
+  });
 }
 
 Awaitable<std::optional<std::string>> AppIconProvider::revision(std::string bundleId,
@@ -19,44 +22,32 @@ Awaitable<std::optional<std::string>> AppIconProvider::revision(std::string bund
 
 Awaitable<std::map<std::string, Icon>> AppIconProvider::icons(std::vector<std::string> bundleIds,
                                                               const WorkspaceClient& workspace) {
-  return enter(doIcons(std::move(bundleIds), workspace));
+  return enter([this, bundleIds = std::move(bundleIds), &workspace] {
+    std::map<std::string, Icon> found;
+    for (const auto& bundleId : bundleIds) {
+      if (const Icon* icon = find(bundleId, workspace)) {
+        found[bundleId] = *icon;
+      }
+    }
+    return found;
+  });
 }
 
 Awaitable<std::map<std::string, std::string>> AppIconProvider::revisions(
     std::vector<std::string> bundleIds, const WorkspaceClient& workspace) {
-  return enter(doRevisions(std::move(bundleIds), workspace));
+  return enter([this, bundleIds = std::move(bundleIds), &workspace] {
+    std::map<std::string, std::string> found;
+    for (const auto& bundleId : bundleIds) {
+      if (const Icon* icon = find(bundleId, workspace)) {
+        found[bundleId] = icon->revision;
+      }
+    }
+    return found;
+  });
 }
 
 std::string AppIconProvider::revision(std::string_view png) {
   return sha256Hex(png);
-}
-
-Awaitable<std::optional<Icon>> AppIconProvider::doPngAndRevision(std::string bundleId,
-                                                                 const WorkspaceClient& workspace) {
-  const Icon* icon = find(bundleId, workspace);
-  co_return icon != nullptr ? std::optional(*icon) : std::nullopt;
-}
-
-Awaitable<std::map<std::string, Icon>> AppIconProvider::doIcons(std::vector<std::string> bundleIds,
-                                                                const WorkspaceClient& workspace) {
-  std::map<std::string, Icon> found;
-  for (const auto& bundleId : bundleIds) {
-    if (const Icon* icon = find(bundleId, workspace)) {
-      found[bundleId] = *icon;
-    }
-  }
-  co_return found;
-}
-
-Awaitable<std::map<std::string, std::string>> AppIconProvider::doRevisions(
-    std::vector<std::string> bundleIds, const WorkspaceClient& workspace) {
-  std::map<std::string, std::string> found;
-  for (const auto& bundleId : bundleIds) {
-    if (const Icon* icon = find(bundleId, workspace)) {
-      found[bundleId] = icon->revision;
-    }
-  }
-  co_return found;
 }
 
 const Icon* AppIconProvider::find(const std::string& bundleId, const WorkspaceClient& workspace) {

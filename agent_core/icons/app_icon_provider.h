@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Renders and caches the icons of application keys.
 #pragma once
 
 #include <map>
@@ -13,9 +14,9 @@
 
 namespace glintboard {
 
-// The icons of installed applications, rendered at most once for each change of an application.
-// An actor of the workers: rendering is done in its turn, so that no icon is rendered twice at
-// once. `workspace` must stay valid until an operation has ended.
+// The icons of installed applications, cached until an application or its icon changes. An actor on
+// the workers: an operation renders in the actor's turn, so no icon is rendered twice at the same
+// time. `workspace` must stay valid until the operation has ended.
 class AppIconProvider : public Actor {
  public:
   AppIconProvider(asio::any_io_executor executor, ApplicationIconClient icons)
@@ -24,16 +25,18 @@ class AppIconProvider : public Actor {
   // The icon of an installed application, or none when it is not installed or has no icon.
   Awaitable<std::optional<Icon>> pngAndRevision(std::string bundleId,
                                                 const WorkspaceClient& workspace);
+  // The revision of that icon.
   Awaitable<std::optional<std::string>> revision(std::string bundleId,
                                                  const WorkspaceClient& workspace);
-  // Those that there are of several, in one turn, by bundle identifier.
+  // The icons of several applications by bundle identifier, without those that have none. One turn
+  // of the actor.
   Awaitable<std::map<std::string, Icon>> icons(std::vector<std::string> bundleIds,
                                                const WorkspaceClient& workspace);
-  // The revisions of all those that have an icon, in one turn.
+  // The same for the revisions.
   Awaitable<std::map<std::string, std::string>> revisions(std::vector<std::string> bundleIds,
                                                           const WorkspaceClient& workspace);
 
-  // The revision of PNG bytes.
+  // The revision of an icon with these PNG bytes.
   static std::string revision(std::string_view png);
 
  private:
@@ -42,12 +45,6 @@ class AppIconProvider : public Actor {
     std::optional<ContentModification> contentModificationDate;
   };
 
-  Awaitable<std::optional<Icon>> doPngAndRevision(std::string bundleId,
-                                                  const WorkspaceClient& workspace);
-  Awaitable<std::map<std::string, Icon>> doIcons(std::vector<std::string> bundleIds,
-                                                 const WorkspaceClient& workspace);
-  Awaitable<std::map<std::string, std::string>> doRevisions(std::vector<std::string> bundleIds,
-                                                            const WorkspaceClient& workspace);
   // The cached or newly rendered icon, or null. Valid until the next call.
   const Icon* find(const std::string& bundleId, const WorkspaceClient& workspace);
 

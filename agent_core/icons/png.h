@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Encodes images.
 #pragma once
 
 #include <QImage>
@@ -7,7 +8,7 @@
 
 namespace glintboard {
 
-// The image as a PNG file, or none for a null image. The bytes are the same for equal images.
+// The image as a PNG file; none for a null image. Equal images give equal bytes.
 std::optional<std::string> pngData(const QImage& image);
 
 }  // namespace glintboard

@@ -9,7 +9,10 @@
 namespace glintboard {
 
 Awaitable<std::optional<Icon>> ShortcutIconProvider::pngAndRevision(std::string identifier) {
-  return enter(doPngAndRevision(std::move(identifier)));
+  return enter([this, identifier = std::move(identifier)] {
+    const Icon* icon = find(identifier);
+    return icon != nullptr ? std::optional(*icon) : std::nullopt;
+  });
 }
 
 Awaitable<std::optional<std::string>> ShortcutIconProvider::revision(std::string identifier) {
@@ -19,20 +22,46 @@ Awaitable<std::optional<std::string>> ShortcutIconProvider::revision(std::string
 
 Awaitable<std::map<std::string, Icon>> ShortcutIconProvider::icons(
     std::vector<std::string> identifiers) {
-  return enter(doIcons(std::move(identifiers)));
+  return enter([this, identifiers = std::move(identifiers)] {
+    std::map<std::string, Icon> found;
+    for (const auto& identifier : identifiers) {
+      if (const Icon* icon = find(identifier)) {
+        found[identifier] = *icon;
+      }
+    }
+    return found;
+  });
 }
 
 Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::revisions(
     std::vector<std::string> identifiers) {
-  return enter(doRevisions(std::move(identifiers)));
+  return enter([this, identifiers = std::move(identifiers)] {
+    preload();
+    std::map<std::string, std::string> revisions;
+    for (const auto& identifier : identifiers) {
+      if (const Icon* icon = find(identifier)) {
+        revisions[identifier] = icon->revision;
+      }
+    }
+    return revisions;
+  });
 }
 
 Awaitable<std::optional<std::string>> ShortcutIconProvider::cachedPNG(std::string identifier) {
-  return enter(doCachedPNG(std::move(identifier)));
+  return enter([this, identifier = std::move(identifier)] {
+    const auto cached = cache_.find(normalizedKey(identifier));
+    return cached == cache_.end() ? std::nullopt : std::optional(cached->second.icon.data);
+  });
 }
 
 Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::preloadAll() {
-  return enter(doPreloadAll());
+  return enter([this] {
+    std::map<std::string, std::string> loaded;
+    for (const auto& key : preload()) {
+      loaded[key] = cache_.at(key).icon.data;
+    }
+    return loaded;
+  });
 }
 
 std::string ShortcutIconProvider::normalizedKey(std::string_view identifier) {
@@ -45,22 +74,6 @@ std::optional<std::string> ShortcutIconProvider::pngData(const QImage& image, in
   }
   return glintboard::pngData(
       image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-}
-
-Awaitable<std::optional<Icon>> ShortcutIconProvider::doPngAndRevision(std::string identifier) {
-  const Icon* icon = find(identifier);
-  co_return icon != nullptr ? std::optional(*icon) : std::nullopt;
-}
-
-Awaitable<std::map<std::string, Icon>> ShortcutIconProvider::doIcons(
-    std::vector<std::string> identifiers) {
-  std::map<std::string, Icon> found;
-  for (const auto& identifier : identifiers) {
-    if (const Icon* icon = find(identifier)) {
-      found[identifier] = *icon;
-    }
-  }
-  co_return found;
 }
 
 const Icon* ShortcutIconProvider::find(const std::string& identifier) {
@@ -78,34 +91,9 @@ const Icon* ShortcutIconProvider::find(const std::string& identifier) {
   return &entry.icon;
 }
 
-Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::doRevisions(
-    std::vector<std::string> identifiers) {
-  preload();
-  std::map<std::string, std::string> revisions;
-  for (const auto& identifier : identifiers) {
-    if (const Icon* icon = find(identifier)) {
-      revisions[identifier] = icon->revision;
-    }
-  }
-  co_return revisions;
-}
-
-Awaitable<std::optional<std::string>> ShortcutIconProvider::doCachedPNG(std::string identifier) {
-  const auto cached = cache_.find(normalizedKey(identifier));
-  co_return cached == cache_.end() ? std::nullopt : std::optional(cached->second.icon.data);
-}
-
-Awaitable<std::map<std::string, std::string>> ShortcutIconProvider::doPreloadAll() {
-  std::map<std::string, std::string> loaded;
-  for (const auto& key : preload()) {
-    loaded[key] = cache_.at(key).icon.data;
-  }
-  co_return loaded;
-}
-
 std::vector<std::string> ShortcutIconProvider::preload() {
   std::vector<std::string> loaded;
-  // The actions of one application mostly share its icon.
+  // The actions of one application usually share its icon.
   std::unordered_map<std::string, std::optional<Icon>> rendered;
   for (const auto& found : icons_.icons()) {
     if (!ShortcutsCatalog::isShortcutIdentifier(found.identifier)) {

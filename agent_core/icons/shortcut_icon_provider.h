@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// Renders and caches the icons of Shortcut keys.
 #pragma once
 
 #include <QImage>
@@ -14,24 +15,25 @@
 
 namespace glintboard {
 
-// The icons of the user's Shortcuts, cached under their identifiers in any letter case. An entry
-// is kept until preloadAll() finds another icon, and rendered anew only then. An actor of the
+// The icons of the user's Shortcuts, cached by identifier regardless of letter case. An icon is
+// rendered again only when preloadAll() or revisions() finds that it has changed. An actor on the
 // workers.
 class ShortcutIconProvider : public Actor {
  public:
   ShortcutIconProvider(asio::any_io_executor executor, ShortcutIconClient icons)
       : Actor(std::move(executor)), icons_(std::move(icons)) {}
 
-  // The icon of a Shortcut, or none; an icon that is missing is looked for again next time.
+  // The icon of a Shortcut, or none. A missing icon is not cached: the next call looks again.
   Awaitable<std::optional<Icon>> pngAndRevision(std::string identifier);
+  // The revision of that icon.
   Awaitable<std::optional<std::string>> revision(std::string identifier);
-  // Those that there are of several, by identifier.
+  // The icons of several Shortcuts by identifier, without those that have none.
   Awaitable<std::map<std::string, Icon>> icons(std::vector<std::string> identifiers);
-  // The revisions of those Shortcuts that have an icon, by identifier, after preloadAll().
+  // The same for the revisions, after updating the cache as preloadAll() does.
   Awaitable<std::map<std::string, std::string>> revisions(std::vector<std::string> identifiers);
-  // The cached PNG or none; never looks for one.
+  // The cached PNG, or none; renders nothing.
   Awaitable<std::optional<std::string>> cachedPNG(std::string identifier);
-  // The PNGs of all Shortcuts that have an icon, by normalised identifier. Fills the cache.
+  // The PNGs of all Shortcuts that have an icon, by normalised identifier. Updates the cache.
   Awaitable<std::map<std::string, std::string>> preloadAll();
 
   // The key of the cache: the identifier in lower case.
@@ -45,14 +47,9 @@ class ShortcutIconProvider : public Actor {
     std::string stamp;
   };
 
-  Awaitable<std::optional<Icon>> doPngAndRevision(std::string identifier);
-  Awaitable<std::map<std::string, Icon>> doIcons(std::vector<std::string> identifiers);
-  Awaitable<std::map<std::string, std::string>> doRevisions(std::vector<std::string> identifiers);
-  Awaitable<std::optional<std::string>> doCachedPNG(std::string identifier);
-  Awaitable<std::map<std::string, std::string>> doPreloadAll();
-  // In the cache, or rendered into it; null when there is none.
+  // The cached or newly rendered icon, or null. Valid until the next call.
   const Icon* find(const std::string& identifier);
-  // Renders what has changed; returns the keys of all that have an icon.
+  // Renders the icons that have changed. Returns the keys of all Shortcuts that have an icon.
   std::vector<std::string> preload();
   static std::optional<Icon> render(const ShortcutIconClient::Icon& icon);
 

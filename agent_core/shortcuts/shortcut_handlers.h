@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shortcut requests to replies.
+// Answers Shortcut requests.
 #pragma once
 
 #include <variant>
@@ -13,11 +13,10 @@ namespace glintboard {
 using ShortcutMessageResponse =
     std::variant<WireMessage<ShortcutOKPayload>, WireMessage<ShortcutErrorPayload>>;
 
-// Answers with "shortcut.ok" or "shortcut.error" under the request's id. Any executor; never
-// throws.
+// Answers with "shortcut.ok" or "shortcut.error" and the request's id. Any executor. Never throws.
 class ShortcutMessageHandler {
  public:
-  // With the agent's own runner, on the live platform.
+  // With the default runner, on the live platform.
   ShortcutMessageHandler();
   explicit ShortcutMessageHandler(ShortcutsRunner runner) : runner_(std::move(runner)) {}
 

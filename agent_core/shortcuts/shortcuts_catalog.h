@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The user's Shortcuts.
+// The list of the user's Shortcuts.
 #pragma once
 
 #include <QtGlobal>
@@ -27,16 +27,16 @@ class ShortcutsCatalogError : public UserError {
   explicit ShortcutsCatalogError(Code code, std::int32_t exitCode = 0, std::string stderrText = "");
 
   Code code;
-  // Of a failed listing.
+  // The tool's, for `listFailed`.
   std::int32_t exitCode;
   std::string stderrText;
 };
 
-// Lists the Shortcuts through the command-line tool.
+// Lists the Shortcuts with the command-line tool. Any executor, concurrent calls.
 class ShortcutsCatalog {
  public:
   static constexpr const char* defaultExecutable = "/usr/bin/shortcuts";
-  // The suggested Shortcut: the name that it should have, and how the editor shows it.
+  // The suggested Shortcut: its preferred name, and its name and symbol in the editor.
   static constexpr std::string_view heroRecipePreferredName = "Glintboard \u2014 Voice in Cursor";
   static constexpr const char* heroRecipeDisplayName =
       QT_TRANSLATE_NOOP("glintboard::ShortcutsLibrary", "Voice prompt in Cursor");
@@ -51,14 +51,14 @@ class ShortcutsCatalog {
   // Throws ShortcutsCatalogError, or the runner's error when the tool cannot be started.
   Awaitable<std::vector<CatalogShortcut>> list() const;
 
-  // The Shortcuts of the tool's output in its order; lines that name none are skipped.
+  // The Shortcuts in the tool's output, in the same order. Other lines are skipped.
   static std::vector<CatalogShortcut> parseListOutput(std::string_view output);
-  // A name, a space and an identifier in parentheses; none for any other line.
+  // The Shortcut in a line "NAME (IDENTIFIER)"; none for any other line.
   static std::optional<CatalogShortcut> parseListLine(std::string_view line);
   // Whether the text has the form of a Shortcut identifier, in either letter case.
   static bool isShortcutIdentifier(std::string_view text);
-  // The suggested Shortcut: the one of the preferred name, else the first that speaks of both
-  // "Voice" and "Cursor".
+  // The suggested Shortcut: the one with the preferred name, else the first whose name contains
+  // "Voice" and "Cursor", regardless of letter case.
   static std::optional<CatalogShortcut> findHero(const std::vector<CatalogShortcut>& shortcuts);
 
  private:

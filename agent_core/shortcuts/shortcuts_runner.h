@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a Shortcut key does.
+// Runs the user's Shortcuts.
 #pragma once
 
 #include <optional>
@@ -25,7 +25,7 @@ struct Error {
 using Result = std::variant<Ok, Error>;
 }  // namespace ShortcutRunResult
 
-// Runs one Shortcut through the command-line tool. Any executor, several at once.
+// Runs Shortcuts with the command-line tool. Any executor, concurrent calls.
 class ShortcutsRunner {
  public:
   static constexpr std::chrono::seconds defaultTimeout{25};
@@ -41,7 +41,7 @@ class ShortcutsRunner {
   // Never throws: every failure is a result.
   Awaitable<ShortcutRunResult::Result> run(std::string shortcutIdentifier) const;
 
-  // The text for a failure of that kind. `stderrText` is what the tool said.
+  // The text for the user. `stderrText` is the tool's error output.
   static std::string message(ShortcutErrorCode code, std::string_view stderrText);
 
  private:

@@ -4,37 +4,69 @@
 #include <QtGlobal>
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 
+#include "platform/actor.h"
 #include "platform/linux/applications/application_icons.h"
 #include "platform/linux/applications/application_index.h"
 #include "platform/linux/applications/application_launcher.h"
 #include "platform/linux/applications/application_list.h"
 #include "platform/linux/applications/running_applications.h"
 #include "platform/linux/base/glib_pointers.h"
-#include "platform/linux/windows/wayland_windows.h"
-#include "platform/linux/windows/x11_windows.h"
+#include "platform/linux/windows/display_windows.h"
+#include "platform/linux/windows/wayland_session.h"
+#include "platform/linux/windows/x11_session.h"
 #include "platform/run_on.h"
 #include "platform/user_error.h"
 
 namespace glintboard {
 
-// What the clients share. They may outlive the owner.
-struct LinuxApplications::Parts {
-  asio::any_io_executor service;
-  asio::any_io_executor workers;
-  std::shared_ptr<ApplicationIndex> index;
-  std::shared_ptr<RunningApplications> running;
-  // The one to be asked first comes first.
-  std::vector<std::shared_ptr<WindowSystem>> windows;
+namespace {
+
+constexpr std::chrono::seconds activationDeadline{2};
+
+}  // namespace
+
+// The state that the clients share and may use after the owner's destruction. An actor on the
+// service loop. Its coroutines keep it alive by the shared pointer that each is given.
+struct LinuxApplications::Parts : Actor {
+  using Self = std::shared_ptr<Parts>;
+
+  Parts(Executors& executors, const XdgFolders& folders)
+      : Actor(executors.service()),
+        workers(executors.workers()),
+        index(ApplicationIndex::open(executors, folders)),
+        processes(std::make_shared<CurrentApplicationMatcher>(index)),
+        running(RunningApplications::create(executors, processes)) {}
+
+  // Starts an application.
+  static Awaitable<bool> open(Self self, ApplicationLocation application);
+  // Creates a folder if it is missing and opens it in the file manager.
+  static Awaitable<bool> openFolder(Self self, std::filesystem::path folder);
+  // Brings a running application to the front. True when the desktop has done so.
+  static Awaitable<bool> activate(Self self, std::string bundleId);
+
+  const asio::any_io_executor workers;
+  const std::shared_ptr<ApplicationIndex> index;
+  const std::shared_ptr<CurrentApplicationMatcher> processes;
+  const std::shared_ptr<RunningApplications> running;
+  // In the order in which they are asked.
+  std::vector<std::shared_ptr<DisplayWindows>> windows;
+
+ private:
+  static Awaitable<LaunchToken> launchToken(Self self);
+  static Awaitable<bool> launch(Self self, std::shared_ptr<const InstalledApplications> installed,
+                                const DesktopEntry* entry, std::vector<std::string> uris);
+  static Awaitable<bool> activateWindows(Self self, std::string bundleId);
 };
 
-// What was known of all applications at one moment.
+// The state of all applications at one moment.
 class LinuxApplications::Snapshot {
  public:
   explicit Snapshot(const Parts& parts)
       : installed_(parts.index->current()), running_(parts.running->current()) {
-    for (const auto& system : parts.windows) {
-      if (auto applications = system->applications(); !applications->empty()) {
+    for (const auto& display : parts.windows) {
+      if (auto applications = display->applications(); !applications->empty()) {
         windows_.push_back(std::move(applications));
       }
     }
@@ -65,26 +97,55 @@ class LinuxApplications::Snapshot {
   std::vector<std::shared_ptr<const std::set<std::string>>> windows_;
 };
 
-namespace {
-
-constexpr std::chrono::seconds activationDeadline{2};
-
-// Runs `work` on the service loop, without leaving it if the caller is there.
-template <class T>
-Awaitable<T> onService(asio::any_io_executor service, Awaitable<T> work) {
-  const asio::any_io_executor current = co_await asio::this_coro::executor;
-  if (current != service) {
-    co_return co_await asio::co_spawn(service, std::move(work), asio::use_awaitable);
+Awaitable<bool> LinuxApplications::Parts::open(Self self, ApplicationLocation application) {
+  auto installed = self->index->current();
+  const auto* entry = installed->atPath(application.path);
+  if (entry == nullptr) {
+    throw UserError(QT_TRANSLATE_NOOP("UserError", "The application is no longer installed"));
   }
-  co_return co_await std::move(work);
+  const std::vector<std::string> uris;
+  co_return co_await launch(self, std::move(installed), entry, uris);
 }
 
-template <class Parts>
-Awaitable<LaunchToken> launchToken(std::shared_ptr<Parts> parts) {
+Awaitable<bool> LinuxApplications::Parts::openFolder(Self self, std::filesystem::path folder) {
+  auto installed = self->index->current();
+  const auto* fileManager = installed->withBundleId(fileManagerBundleId);
+  if (fileManager == nullptr) {
+    throw UserError(QT_TRANSLATE_NOOP("UserError", "There is no application that opens folders"));
+  }
+  auto creating = runOn(self->workers, [folder] {
+    std::filesystem::create_directories(folder);
+    const GLibPointer<char> uri(g_filename_to_uri(folder.c_str(), nullptr, nullptr));
+    return std::vector<std::string>(1, uri.get());
+  });
+  const auto uris = co_await std::move(creating);
+  co_return co_await launch(self, std::move(installed), fileManager, uris);
+}
+
+Awaitable<bool> LinuxApplications::Parts::activate(Self self, std::string bundleId) {
+  auto& actor = *self;
+  return actor.enter(activateWindows(std::move(self), std::move(bundleId)));
+}
+
+Awaitable<bool> LinuxApplications::Parts::launch(
+    Self self, std::shared_ptr<const InstalledApplications> installed, const DesktopEntry* entry,
+    std::vector<std::string> uris) {
+  const auto token = co_await self->enter(launchToken(self));
+  auto launching = runOn(self->workers, [self, installed, entry, uris, token] {
+    const auto started = launchApplication(*entry, uris, token);
+    if (started) {
+      self->running->launched(installed->bundleIdOf(*entry), *started);
+    }
+  });
+  co_await std::move(launching);
+  co_return true;
+}
+
+// On the service loop.
+Awaitable<LaunchToken> LinuxApplications::Parts::launchToken(Self self) {
   LaunchToken token;
-  for (const auto& system : parts->windows) {
-    auto asking = system->launchToken();
-    auto given = co_await std::move(asking);
+  for (const auto& display : self->windows) {
+    auto given = co_await display->launchToken();
     if (token.startupId.empty()) {
       token.startupId = std::move(given.startupId);
     }
@@ -95,80 +156,30 @@ Awaitable<LaunchToken> launchToken(std::shared_ptr<Parts> parts) {
   co_return token;
 }
 
-template <class Parts>
-Awaitable<bool> launch(std::shared_ptr<Parts> parts,
-                       std::shared_ptr<const InstalledApplications> installed,
-                       const DesktopEntry* entry, std::vector<std::string> uris) {
-  auto asking = onService(parts->service, launchToken(parts));
-  const auto token = co_await std::move(asking);
-  auto launching = runOn(parts->workers, [installed, entry, uris, token, running = parts->running] {
-    const auto started = launchApplication(*entry, uris, token);
-    if (started) {
-      running->launched(installed->bundleIdOf(*entry), *started);
-    }
-  });
-  co_await std::move(launching);
-  co_return true;
-}
-
-template <class Parts>
-Awaitable<bool> open(std::shared_ptr<Parts> parts, ApplicationLocation application) {
-  auto installed = parts->index->current();
-  const auto* entry = installed->atPath(application.path);
-  if (entry == nullptr) {
-    throw UserError(QT_TRANSLATE_NOOP("UserError", "The application is no longer installed"));
-  }
-  auto launching = launch(parts, std::move(installed), entry, {});
-  co_return co_await std::move(launching);
-}
-
-template <class Parts>
-Awaitable<bool> openFolder(std::shared_ptr<Parts> parts, std::filesystem::path folder) {
-  auto installed = parts->index->current();
-  const auto* fileManager = installed->withBundleId(fileManagerBundleId);
-  if (fileManager == nullptr) {
-    throw UserError(QT_TRANSLATE_NOOP("UserError", "There is no application that opens folders"));
-  }
-  auto making = runOn(parts->workers, [folder] {
-    std::filesystem::create_directories(folder);
-    const GLibPointer<char> uri(g_filename_to_uri(folder.c_str(), nullptr, nullptr));
-    return std::string(uri.get());
-  });
-  const auto uri = co_await std::move(making);
-  auto launching =
-      launch(parts, std::move(installed), fileManager, std::vector<std::string>(1, uri));
-  co_return co_await std::move(launching);
-}
-
 // On the service loop.
-template <class Parts>
-Awaitable<bool> bringForward(std::shared_ptr<Parts> parts, std::string bundleId, bool hasWindow) {
-  if (hasWindow) {
-    for (const auto& system : parts->windows) {
-      auto activating = system->activate(bundleId);
-      const bool done = co_await std::move(activating);
+Awaitable<bool> LinuxApplications::Parts::activateWindows(Self self, std::string bundleId) {
+  if (Snapshot(*self).hasWindow(bundleId)) {
+    for (const auto& display : self->windows) {
+      const bool done = co_await display->activate(bundleId);
       if (done) {
         co_return true;
       }
     }
     co_return false;
   }
-  const auto installed = parts->index->current();
+  const auto installed = self->index->current();
   const auto* entry = installed->withBundleId(bundleId);
   if (entry == nullptr || !entry->dbusActivatable) {
     co_return false;
   }
-  auto asking = launchToken(parts);
-  const auto token = co_await std::move(asking);
-  // A worker may be long in coming; the caller must not wait longer for that.
-  auto activating = runBefore(activationDeadline, parts->workers, [installed, entry, token] {
+  const auto token = co_await launchToken(self);
+  // The deadline includes the time until a worker is free.
+  auto activating = runBefore(activationDeadline, self->workers, [installed, entry, token] {
     return activateOverDBus(*entry, token, activationDeadline);
   });
   const auto accepted = co_await std::move(activating);
   co_return accepted.value_or(false);
 }
-
-}  // namespace
 
 Displays displaysOfEnvironment() {
   const auto variable = [](const char* name) {
@@ -184,31 +195,37 @@ Displays displaysOfEnvironment() {
 
 LinuxApplications::LinuxApplications(Executors& executors, const XdgFolders& folders,
                                      const Displays& displays)
-    : parts_(std::make_shared<Parts>()) {
-  parts_->service = executors.service();
-  parts_->workers = executors.workers();
-  parts_->index = ApplicationIndex::open(executors, folders);
-  const auto processes = std::make_shared<CurrentApplicationMatcher>(parts_->index);
-  parts_->running = RunningApplications::create(executors, processes);
-  icons_ = applicationIcons(parts_->index, folders);
-  const auto windows = [&] { return OpenWindows::create(executors, parts_->index, processes); };
-  std::shared_ptr<X11Windows> x11;
+    : parts_(std::make_shared<Parts>(executors, folders)),
+      icons_(applicationIcons(parts_->index, folders)) {
+  const auto makeWindows = [&](auto connect) {
+    auto open = OpenWindows::create(executors, parts_->index, parts_->processes);
+    return std::make_shared<DisplayWindows>(executors, open, std::bind_front(connect, open));
+  };
+  std::shared_ptr<DisplayWindows> x11;
   if (!displays.x11.empty()) {
-    x11 = std::make_shared<X11Windows>(executors, windows(), displays.x11);
+    x11 = makeWindows([service = executors.service(), workers = executors.workers(),
+                       display = displays.x11](const std::shared_ptr<OpenWindows>& open) {
+      return X11Session::open(service, workers, display, open);
+    });
   }
-  if (!displays.wayland.empty()) {
-    // Its list holds the X11 windows too; where it has none, X11 tells of those at least. Asking
-    // X11 for nothing would start an X server that nobody needs.
-    const auto wayland =
-        std::make_shared<WaylandWindows>(executors, windows(), displays.wayland, [x11] {
-          if (x11) {
-            x11->start();
-          }
-        });
+  if (displays.wayland.empty()) {
+    if (x11) {
+      x11->start();
+    }
+  } else {
+    // The compositor's list includes X11 windows. X11 is asked only where there is no such list,
+    // because connecting would start an X server that nothing else uses.
+    const auto startX11 = [x11] {
+      if (x11) {
+        x11->start();
+      }
+    };
+    const auto wayland = makeWindows([service = executors.service(), socket = displays.wayland,
+                                      startX11](const std::shared_ptr<OpenWindows>& open) {
+      return WaylandSession::open(service, socket, open, startX11);
+    });
     wayland->start();
     parts_->windows.push_back(wayland);
-  } else if (x11) {
-    x11->start();
   }
   if (x11) {
     parts_->windows.push_back(x11);
@@ -218,8 +235,8 @@ LinuxApplications::LinuxApplications(Executors& executors, const XdgFolders& fol
 LinuxApplications::~LinuxApplications() {
   parts_->index->stop();
   parts_->running->watch(false);
-  for (const auto& system : parts_->windows) {
-    system->stop();
+  for (const auto& display : parts_->windows) {
+    display->stop();
   }
 }
 
@@ -236,10 +253,7 @@ WorkspaceClient LinuxApplications::workspaceClient() {
     if (!Snapshot(*parts).isRunning(bundleId)) {
       return std::nullopt;
     }
-    return RunningApplicationClient{[parts, bundleId] {
-      return onService(parts->service,
-                       bringForward(parts, bundleId, Snapshot(*parts).hasWindow(bundleId)));
-    }};
+    return RunningApplicationClient{[parts, bundleId] { return Parts::activate(parts, bundleId); }};
   };
   client.currentStates = [parts = parts_] {
     const auto moment = std::make_shared<const Snapshot>(*parts);
@@ -248,14 +262,14 @@ WorkspaceClient LinuxApplications::workspaceClient() {
         [moment](const std::string& bundleId) { return moment->isRunning(bundleId); }};
   };
   client.openApplication = [parts = parts_](ApplicationLocation application) {
-    return open(parts, std::move(application));
+    return Parts::open(parts, std::move(application));
   };
   return client;
 }
 
 FolderOpener LinuxApplications::folderOpener() {
   return [parts = parts_](std::filesystem::path folder) {
-    return openFolder(parts, std::move(folder));
+    return Parts::openFolder(parts, std::move(folder));
   };
 }
 

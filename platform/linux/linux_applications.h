@@ -16,18 +16,19 @@ namespace glintboard {
 
 class ApplicationIndex;
 
-// The window systems of the user's session. Empty where there is none.
+// The displays of the user's session. An empty name means none.
 struct Displays {
   // The path of the compositor's socket.
   std::string wayland = {};
-  // As in DISPLAY.
+  // The name as in DISPLAY.
   std::string x11 = {};
 };
+// The displays that the environment names.
 Displays displaysOfEnvironment();
 
-// Owns what is known of applications and follows its changes. The clients may outlive it, and then
-// answer from what was known last; `executors` must outlive both. It may be destroyed while an
-// operation is under way.
+// Follows the installed and running applications and their windows. The clients may outlive it and
+// then answer from the last known state; `executors` must outlive both. It may be destroyed while
+// an operation runs.
 class LinuxApplications {
  public:
   LinuxApplications(Executors& executors, const XdgFolders& folders, const Displays& displays = {});
@@ -38,7 +39,7 @@ class LinuxApplications {
   WorkspaceClient workspaceClient();
   ApplicationIconClient iconClient() { return icons_; }
   ApplicationListClient listClient();
-  // Opens a folder in the application that has the role of file manager.
+  // Opens a folder in the user's file manager.
   FolderOpener folderOpener();
   // Whether to look for running applications that this agent did not start. `looked` is called on
   // the service loop after the first look. Any thread.

@@ -38,7 +38,7 @@ TEST(AppIconProvider, RendersOnceForEachChangeOfTheApplication) {
   EXPECT_EQ(get()->revision, first->revision);
   EXPECT_EQ(rendered, 2);
 
-  modified = std::nullopt;  // unreadable, and it stays so
+  modified = std::nullopt;  // unreadable from now on
   image = test::painted(Qt::blue, {iconSide, iconSide});
   EXPECT_NE(get()->revision, first->revision);
   const auto revisions =
@@ -51,7 +51,7 @@ TEST(AppIconProvider, RendersOnceForEachChangeOfTheApplication) {
   EXPECT_FALSE(get()) << "an application whose icon is gone has none";
 }
 
-// One Shortcut and an impostor, whose icons count how often they are drawn.
+// One Shortcut and an icon without an identifier. Counts how often icons are drawn.
 struct SomeShortcuts {
   std::string identifier = "0F8FAD5B-D9CB-469F-A165-70867728950E";
   std::string stamp = "red";

@@ -22,10 +22,9 @@ TEST(Volume, EveryFailureHasItsText) {
   for (const auto& [action, failing, message] : cases) {
     Sound sound{0.5F, false, std::string(failing) != "device", failing};
     FakeOutput output(sound);
-    CoreAudioVolumeController volume(output);
-    EXPECT_EQ(SystemActionRunner(volume).perform(action),
-              SystemActionResult::Result(
-                  SystemActionResult::Error{action, ActionErrorCode::failed, message}));
+    const SystemActionRunner runner(std::make_shared<CoreAudioVolumeController>(output));
+    EXPECT_EQ(runner.perform(action), SystemActionResult::Result(SystemActionResult::Error{
+                                          action, ActionErrorCode::failed, message}));
   }
 }
 

@@ -18,7 +18,7 @@ TEST(WireHandlers, AnswerTheirOwnTypesUnderTheRequestsId) {
   Executors executors;
   test::FakeDesktop desktop;
   desktop.installed = {"a"};
-  MockVolumeController volume;
+  const auto volume = std::make_shared<MockVolumeController>();
   test::FakeRunner runner;
   ListenerServiceStub apps(executors.workers(), AppWireHandler(AppLauncher(desktop.client())));
   const ActionWireHandler actions{ActionMessageHandler(SystemActionRunner(volume))};
@@ -27,7 +27,7 @@ TEST(WireHandlers, AnswerTheirOwnTypesUnderTheRequestsId) {
     return std::vector{test::await(executors.service(), apps.route(bytes)), actions.handle(bytes),
                        test::await(executors.service(), shortcuts.handle(bytes))};
   };
-  // All that the three reply.
+  // The replies of all three handlers.
   const auto ask = [&](const auto& request) {
     std::string all;
     for (const WireReply& reply : replies(WireCodec::encode(request))) {
@@ -44,8 +44,8 @@ TEST(WireHandlers, AnswerTheirOwnTypesUnderTheRequestsId) {
   EXPECT_EQ(ask(actionRun("System.volume.mute", id)),
             WireCodec::encode(
                 actionError("System.volume.mute", ActionErrorCode::unknown, "Unknown action", id)));
-  EXPECT_EQ(volume.toggleMuteCount, 1);
-  volume.shouldThrow = true;
+  EXPECT_EQ(volume->toggleMuteCount, 1);
+  volume->shouldThrow = true;
   EXPECT_EQ(
       ask(actionRun("system.volume.up", id)),
       WireCodec::encode(actionError("system.volume.up", ActionErrorCode::failed, "simulated", id)));

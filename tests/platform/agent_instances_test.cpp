@@ -25,7 +25,7 @@ class Instances : public testing::Test {
     return identifyProcess(id).value_or(ProcessIdentity{});
   }
 
-  // How many older ones it finds; nothing where a younger one runs.
+  // The number of older instances that it finds; none when a younger one runs.
   std::optional<std::size_t> claim() {
     const auto older = LinuxAgentInstances(folder_.path()).claim();
     return older ? std::optional(older->size()) : std::nullopt;
@@ -43,7 +43,7 @@ TEST_F(Instances, AnOlderOneThatLooksLaterStaysAwayWhileTheYoungerRuns) {
   folder_.write("glintboard-agents", lineOf(self_) + lineOf(identityOf(younger.id())));
   EXPECT_EQ(claim(), std::nullopt);
   younger.signal(SIGKILL);
-  // Dead, and not yet collected by its parent.
+  // A zombie.
   EXPECT_TRUE(test::eventually([&] { return claim() == 0u; }));
   EXPECT_EQ(readWholeFile(file_), lineOf(self_));
 }
@@ -52,7 +52,7 @@ TEST_F(Instances, DropsLinesThatNameNoInstance) {
   test::ChildProcess stranger({"sleep", "60"});
   ASSERT_TRUE(test::eventually([&] { return identifyProcess(stranger.id()).has_value(); }));
   ProcessIdentity reused = identityOf(stranger.id());
-  reused.startTime -= 1;  // its number was another process's before
+  reused.startTime -= 1;  // an earlier process with the same id
   folder_.write("glintboard-agents", "no line\n-1 5\n0 0\n99999999999999999999 1\n4194303 1\n" +
                                          lineOf(reused) + lineOf(identityOf(::getpid())) + "1");
   EXPECT_EQ(claim(), 0u);

@@ -26,7 +26,7 @@ class ApplicationIconsTest : public testing::Test {
     return desktop_.root.write("drawing.svg", "<svg xmlns='http://www.w3.org/2000/svg' " +
                                                   attributes + ">" + content + "</svg>");
   }
-  // The columns and rows that are not transparent when it is drawn into a square of 128 pixels.
+  // The bounds of the opaque pixels when the file is drawn into a square of 128 pixels.
   static QRect covered(const std::filesystem::path& file) {
     const QImage image = drawIcon(file, 128);
     EXPECT_EQ(image.size(), QSize(128, 128));
@@ -46,7 +46,7 @@ class ApplicationIconsTest : public testing::Test {
       index_->stop();
     }
   }
-  // Looks at the applications that are installed. Starts threads: the environment is complete.
+  // Reads the installed applications. Starts threads: set the environment before.
   void open() {
     executors_.emplace();
     index_ = ApplicationIndex::open(*executors_, desktop_.folders);
@@ -138,10 +138,10 @@ TEST_F(ApplicationIconsTest, AnApplicationHasItsOwnIconOrTheGenericOneAndChanges
 TEST_F(ApplicationIconsTest, FlatpaksAndSnapsShowTheirsThroughTheLinksThatAnUpdateMoves) {
   desktop_.folders.dataDirs.push_back(desktop_.root / "flatpak/exports/share");
   desktop_.folders.dataDirs.push_back(desktop_.root / "snapd/desktop");
-  const auto link = [&](const std::string& target, const std::string& place) {
-    std::filesystem::create_directories((desktop_.root / place).parent_path());
+  const auto link = [&](const std::string& target, const std::string& path) {
+    std::filesystem::create_directories((desktop_.root / path).parent_path());
     std::filesystem::create_symlink(target, desktop_.root / "new");
-    std::filesystem::rename(desktop_.root / "new", desktop_.root / place);
+    std::filesystem::rename(desktop_.root / "new", desktop_.root / path);
   };
   const auto flatpak = [&](const std::string& version, Qt::GlobalColor colour) {
     const auto share = "flatpak/app/" + version + "/share/";

@@ -28,7 +28,7 @@ class ApplicationIndexTest : public testing::Test {
     }
     return found;
   }
-  // Whether the live index comes to hold an identifier, or to lack it.
+  // Waits until the live index has an identifier, or no longer has it.
   bool becomes(const std::string& bundleId, bool present) const {
     return test::eventually(
         [&] { return (index_->current()->withBundleId(bundleId) != nullptr) == present; }, 3s);

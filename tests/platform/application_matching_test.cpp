@@ -171,7 +171,7 @@ TEST(IdentifierTable, RolesGoToTheUsersChoiceThenToWhatTheDesktopBrings) {
   desktop.root.write("home/config/xfce4/helpers.rc", "WebBrowser=x\nTerminalEmulator=best-term\n");
   EXPECT_THAT(roles("KDE"), ElementsAre("org.kde.dolphin", "foot", "systemsettings"));
   EXPECT_THAT(roles("XFCE"), ElementsAre("thunar", "best", "org.gnome.Settings"));
-  // What the user chose for all desktops goes before what the system chose for this one.
+  // The user's choice for all desktops wins over the system's for this one.
   desktop.root.write("home/config/mimeapps.list",
                      "[Default Applications]\ninode/directory=gone.desktop;thunar.desktop;\n");
   desktop.root.write("home/config/kde-xdg-terminals.list",

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The applications of a desktop that a test made.
+// A fixture with the applications of a private desktop.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,9 +12,9 @@ namespace glintboard::test {
 
 class ApplicationsTest : public testing::Test {
  protected:
-  // Starts threads: the environment must be complete.
+  // Starts threads: set the environment before.
   void start(const Displays& displays = {}) {
-    // What went before lets go of its executors while they are there.
+    // The previous objects must be destroyed before their executors.
     workspace_ = {};
     applications_.reset();
     executors_.emplace();

@@ -34,7 +34,7 @@ TEST(AtomicFile, ReadsOnWhileWhatCameIsAPart) {
     EXPECT_EQ(::write(end.get(), "a part", 6), 6);
     partSeen.wait();
     EXPECT_EQ(::write(end.get(), " and the rest", 13), 13);
-    done.wait();  // the reader has not waited for an end
+    done.wait();  // the reader did not wait for the end of the file
   });
   std::string buffer;
   const auto isWhole = [&](std::string_view text) {

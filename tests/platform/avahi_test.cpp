@@ -7,7 +7,6 @@
 
 #include "platform/executors.h"
 #include "platform/linux/network/avahi_advertiser.h"
-#include "platform/linux/network/avahi_browser.h"
 #include "platform/linux/network/host_name_watcher.h"
 #include "platform/linux/network/renaming_advertiser.h"
 #include "tests/support/child_process.h"
@@ -21,8 +20,8 @@ using Names = std::set<std::string>;
 
 const std::string type = "_glintboard._tcp";
 
-// A computer of its own on the network: a system bus and, while it runs, an Avahi daemon. The bus's
-// address is the same in every test, because libdbus reads it once in a process.
+// A system bus and, while it runs, an Avahi daemon. The bus has the same address in every test,
+// because libdbus reads the address only once in a process.
 class Computer {
  public:
   explicit Computer(const std::string& name)
@@ -34,7 +33,7 @@ class Computer {
     EXPECT_TRUE(eventuallyAnswers("org.freedesktop.DBus / org.freedesktop.DBus.GetId"));
   }
 
-  // Starts the daemon through the program `through`.
+  // Starts the daemon with the wrapper program `through`.
   void startDaemon(const std::string& through = "env") {
     daemon_ = std::make_unique<test::ChildProcess>(
         std::vector<std::string>{"env", "DBUS_SYSTEM_BUS_ADDRESS=" + address_, through,
@@ -45,15 +44,16 @@ class Computer {
   const test::ChildProcess& daemon() const { return *daemon_; }
   const std::string& address() const { return address_; }
 
-  // Whether a service on the bus comes to answer a call.
+  // Waits until a service on the bus answers a call.
   bool eventuallyAnswers(const std::string& call) const {
     return test::eventually(
         [&] { return !run("dbus-send --system --print-reply --dest=" + call).empty(); });
   }
-  // Whether this computer comes to find the service at an address, as ";HOST;ADDRESS;PORT;TXT".
-  bool eventuallyResolves(const std::string& place, bool wanted = true) const {
+  // Waits until this computer finds the service with ";HOST;ADDRESS;PORT;TXT", or no longer does.
+  bool eventuallyResolves(const std::string& record, bool wanted = true) const {
     return test::eventually([&] {
-      return (run("avahi-browse -rtp _glintboard._tcp").find(place) != std::string::npos) == wanted;
+      return (run("avahi-browse -rtp _glintboard._tcp").find(record) != std::string::npos) ==
+             wanted;
     });
   }
 
@@ -101,14 +101,14 @@ class Avahi : public testing::Test {
     return test::eventually([&] { return found() == names; });
   }
 
-  // Advertises the service, on a daemon that runs, and waits until it is found.
+  // Advertises the service on a running daemon and waits until it is found.
   void advertise(AvahiAdvertiser& advertiser, const std::string& name) {
     computer_.startDaemon();
     advertiser.publish({name, type, "local.", 9847});
     ASSERT_TRUE(eventuallyFound({name}));
   }
 
-  // Starts the daemon of another computer, at the far end of a cable.
+  // Starts the daemon of another computer on the network.
   void connect(Computer& other) {
     other.startBus();
     other.startDaemon(test::desktopPart("other-computer"));
@@ -129,7 +129,7 @@ TEST_F(Avahi, AdvertisesUnderTheNameOfTheDaemonsHostAndWithdraws) {
   ASSERT_EQ(instances.size(), 1U);
   EXPECT_EQ(instances[0].address, "127.0.0.1");
   EXPECT_EQ(instances[0].port, 9847);
-  // The last field is the TXT record: none.
+  // The last field is the empty TXT record.
   EXPECT_TRUE(computer_.eventuallyResolves(";box.local;127.0.0.1;9847;\n"));
   computer_.run("avahi-set-host-name fox");
   EXPECT_TRUE(computer_.eventuallyResolves(";fox.local;127.0.0.1;9847;\n"));
@@ -147,7 +147,7 @@ TEST_F(Avahi, FitsTheNameToTheNetworkAlone) {
   EXPECT_TRUE(eventuallyFound({long62}));
   advertiser.publish({"gr\xfcn", type, "local.", 9847});
   EXPECT_TRUE(eventuallyFound({"gr\ufffdn"}));
-  // Neither ends the process nor is advertised.
+  // Invalid text must neither abort the process nor be advertised.
   advertiser.publish({"", type, "local.", 9847});
   advertiser.publish({"Box", "\xff", "local.", 9847});
   EXPECT_TRUE(eventuallyFound({}));
@@ -179,7 +179,7 @@ TEST_F(Avahi, IsSeenWhenACableComesAndAgainAfterItWasOut) {
   };
   EXPECT_TRUE(isSeen(true));
   ASSERT_EQ(::system("ip link set near down"), 0);
-  // The other end forgets what it has heard.
+  // The other computer forgets the cached records.
   const auto far = "nsenter --net --target " + std::to_string(other.daemon().id()) + " ";
   ASSERT_EQ(::system((far + "ip link set far down").c_str()), 0);
   EXPECT_TRUE(isSeen(false));

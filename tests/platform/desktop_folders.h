@@ -11,7 +11,7 @@
 
 namespace glintboard::test {
 
-// Also keeps the settings of the session that the tests run in out of them.
+// Hides the settings of the session that the tests run in.
 struct DesktopFolders {
   DesktopFolders() { ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1); }
 
@@ -41,12 +41,12 @@ struct DesktopFolders {
     return path;
   }
 
-  // A shell command that puts what `command` prints into a file below the root, all at once.
+  // A shell command that writes the output of `command` atomically into a file below the root.
   std::string report(const std::string& file, const std::string& command) const {
     const auto path = (root / file).string();
     return "(" + command + ") >" + path + ".new; mv " + path + ".new " + path;
   }
-  // The content of such a file, once it is there. Throws when it does not come.
+  // Waits for such a file and returns its content. Throws on a timeout.
   std::string reported(const std::string& file) const {
     eventually([&] { return std::filesystem::exists(root / file); });
     return readWholeFile(root / file);

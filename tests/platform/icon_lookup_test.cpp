@@ -154,11 +154,11 @@ TEST_F(IconLookupTest, AsksARunningDesktopPortalFirst) {
   choose("no-such-theme");
   EXPECT_EQ(found("common"), chosen);
 
-  // The settings' file shows a change before the portal tells of it.
+  // The settings file changes before the portal reports the change.
   const auto another = themeWithCommon("another");
   desktop_.root.write("home/config/dconf/user", "changed");
   std::this_thread::sleep_for(std::chrono::milliseconds(60));
-  // A busy machine's portal may be late once.
+  // On a busy machine the portal may be late once.
   EXPECT_TRUE(test::eventually([&] { return found("common") == chosen; }));
   desktop_.root.write("theme", "another");
   EXPECT_TRUE(

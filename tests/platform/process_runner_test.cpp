@@ -51,7 +51,7 @@ TEST_F(ProcessRunner, TellsHowAProcessEndedAndWhatItPrinted) {
       {"read line || echo end of input", {0, "end of input\n", "", false}},
       {"printf 'gr\\303\\274n'; printf 'gr\\374n' >&2", {0, "gr\u00fcn", "", false}},
       {"printf 'a\\000b'", {0, std::string("a\0b", 3), "", false}},
-      // A descendant that keeps the streams open, silent or not, is not waited for.
+      // A descendant that keeps the streams open does not delay the run.
       {"sleep 3 & echo started", {0, "started\n", "", false}},
   };
   for (const auto& [script, expected] : cases) {
@@ -78,7 +78,7 @@ TEST_F(ProcessRunner, ADescendantThatPrintsWithoutEndHoldsNothingUp) {
 
 TEST_F(ProcessRunner, EndsTheWholeGroupAtTheDeadlineAndKillsWhatIgnoresItTwoSecondsLater) {
   const struct {
-    const char* script;  // tells first which process must not remain
+    const char* script;  // first prints the id of the process that must end
     int exitCode;
     Seconds least, most;
   } cases[] = {
@@ -108,7 +108,7 @@ TEST_F(ProcessRunner, GivesTheProcessNeitherDescriptorsNorSignalsOfTheAgent) {
   ::pthread_sigmask(SIG_BLOCK, &blocked, nullptr);
   EXPECT_EQ(shell("ls /proc/$$/fd").stdoutText, "0\n1\n2\n");
   EXPECT_EQ(shell("exec grep SigBlk /proc/self/status").stdoutText, "SigBlk:\t0000000000000000\n");
-  // The C library ignores two real-time signals of its own in every program it starts.
+  // The C library ignores its two internal real-time signals in every program.
   EXPECT_THAT(shell("exec grep SigIgn /proc/self/status").stdoutText,
               testing::EndsWith("0000000\n"));
   ::pthread_sigmask(SIG_UNBLOCK, &blocked, nullptr);
@@ -144,7 +144,7 @@ Awaitable<> runAndCount(FoundationProcessRunner& runner, std::string script,
 }
 
 TEST_F(ProcessRunner, RunsManyAtOnceAndLeavesNeitherZombiesNorDescriptors) {
-  shell("true");  // so that the loop's own descriptors exist
+  shell("true");  // opens the loop's own descriptors
   const auto before = test::openDescriptors();
   std::atomic<int> ran = 0;
   const auto start = std::chrono::steady_clock::now();

@@ -14,7 +14,7 @@ namespace glintboard {
 namespace {
 
 TEST(StartupPages, LeaveCodeThatWasCompiledAtRunTime) {
-  constexpr std::array<unsigned char, 6> code{0xb8, 42, 0, 0, 0, 0xc3};  // as QML's compiler has it
+  constexpr std::array<unsigned char, 6> code{0xb8, 42, 0, 0, 0, 0xc3};  // return 42
   const FileDescriptor file(::memfd_create("code", MFD_CLOEXEC));
   const auto size = static_cast<std::size_t>(::getpagesize());
   ASSERT_EQ(::ftruncate(file.get(), static_cast<off_t>(size)), 0);

@@ -62,11 +62,11 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
         [&] { return test::outputOf("pactl get-default-sink") == name + "\n"; });
   }
   static void makeDefault(const std::string& name) {
-    // PipeWire refuses until its session manager is there, and does it a little later.
+    // PipeWire refuses until its session manager runs, and applies the change with a delay.
     ASSERT_TRUE(test::eventually([&] { return pactl("set-default-sink " + name); }));
     ASSERT_TRUE(becomesDefault(name));
   }
-  // Left and right, of 65536, and whether it is muted.
+  // The left and right volume, of 65536, and the mute state.
   static std::string stateOf(const std::string& sink) {
     return test::outputOf("echo $(pactl get-sink-volume " + sink +
                           " | sed -n 's/.*left: *\\([0-9]*\\).*right: *\\([0-9]*\\).*/\\1 \\2/p')" +
@@ -98,7 +98,7 @@ TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
       {"32768 16384", "1", up, "36864 18432 Mute: no\n"},
       {"98304 49152", "0", down, "65536 32768 Mute: no\n"},  // never above full
       {"65536 65536", "1", up, "65536 65536 Mute: no\n"},
-      {"2000 2000", "1", down, "0 0 Mute: yes\n"},  // silence leaves it as it was
+      {"2000 2000", "1", down, "0 0 Mute: yes\n"},  // volume 0 does not unmute
       {"0 0", "1", up, "4096 4096 Mute: no\n"},
       {"32768 32768", "0", mute, "32768 32768 Mute: yes\n"},
       {"32768 32768", "1", mute, "32768 32768 Mute: no\n"},
@@ -129,7 +129,7 @@ TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
   volume_.volumeUp();
   EXPECT_EQ(stateOf("second"), "36864 36864 Mute: no\n");
 
-  // The default device goes, and the other takes its place.
+  // The default device is removed, and the other becomes the default.
   pactl("set-sink-volume first 32768");
   removeSink("second");
   ASSERT_TRUE(becomesDefault("first"));
@@ -169,7 +169,7 @@ TEST_P(VolumeKeys, FailInTimeOnADeviceThatIsGoneAndAServerThatHangs) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, test::slowdown * 4s);
 }
 
-// libpulse spins for ever when the server ends while they agree on a memory to share.
+// libpulse never returns when the server ends while they negotiate shared memory.
 TEST_P(VolumeKeys, ShareNoMemoryWithTheServerAndKeepTheUsersSettings) {
   const auto sharedMemory = [] {
     return readWholeFile("/proc/self/maps").find("memfd:pulseaudio") != std::string::npos;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A Wayland compositor that a test has for itself.
+// A private Wayland compositor for a test.
 #pragma once
 
 #include <cstdlib>

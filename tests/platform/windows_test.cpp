@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the agent knows of windows and does with them, on both window systems.
+// Following and focusing windows, on both window systems.
 #include <gmock/gmock.h>
 
 #include "tests/platform/applications_test.h"
@@ -37,7 +37,7 @@ struct X11 {
     return test::outputOf(
         "xprop -id $(xdotool getactivewindow) WM_CLASS 2>&1 | cut -d'\"' -f4 | tr -d '\n'");
   }
-  // The variables $DESKTOP_STARTUP_ID|$XDG_ACTIVATION_TOKEN of a program that was asked for.
+  // The $DESKTOP_STARTUP_ID|$XDG_ACTIVATION_TOKEN of a launched program.
   static auto launchVariables() { return testing::ContainsRegex("_TIME[0-9]+\\|\n"); }
   static auto platformData() { return testing::ContainsRegex("'desktop-startup-id': '.*_TIME"); }
 
@@ -72,7 +72,7 @@ class Windows : public test::ApplicationsTest {
     ::unsetenv("DESKTOP_STARTUP_ID");
   }
   void start() { ApplicationsTest::start(system_.displays()); }
-  // Whether the agent soon sees what the desktop shows.
+  // Waits until the agent reports the state that the desktop shows.
   bool follows(const std::string& bundleId, bool running) {
     return becomesRunning(bundleId, running, test::slowdown * 1s);
   }
@@ -91,7 +91,7 @@ using Systems = testing::Types<X11, Wayland>;
 TYPED_TEST_SUITE(Windows, Systems);
 
 TYPED_TEST(Windows, AnApplicationRunsWhileItHasAWindow) {
-  // A program that no other test runs: its process counts too.
+  // A program that no other test runs, because its process is matched too.
   auto command = TypeParam::program("XTerm");
   const auto copy = this->desktop_.root / "terminal";
   std::filesystem::copy_file("/usr/bin/" + command.front(), copy);
@@ -140,13 +140,13 @@ TYPED_TEST(Windows, OfAServerThatHangsHoldUpNobody) {
   this->start();
   const auto process = this->show("XCalc");
   this->system_.server.process().signal(SIGSTOP);
-  for (const auto limit : {2000ms, 100ms}) {  // then it is known to hang
+  for (const auto limit : {2000ms, 100ms}) {  // the second time it is known to hang
     const auto before = Clock::now();
     EXPECT_TRUE(this->workspace_.isRunning(calculator));
     EXPECT_FALSE(this->activate(calculator));
     EXPECT_LT(Clock::now() - before, test::slowdown * limit);
   }
-  // Connecting waits no longer.
+  // Connecting has a timeout too.
   LinuxApplications other(*this->executors_, this->desktop_.folders, this->system_.displays());
   std::this_thread::sleep_for(2500ms);
   this->system_.server.process().signal(SIGCONT);
@@ -241,7 +241,7 @@ using WithoutWaylandsList = test::ApplicationsTest;
 
 TEST_F(WithoutWaylandsList, X11TellsOfItsWindowsAndProcessesOfTheRest) {
   desktop_.entry("system/applications/xcalc.desktop", "Exec=false\n");
-  // A program that no other test runs.
+  // A copy that no other test runs.
   const auto program = desktop_.root / "painter";
   std::filesystem::copy_file("/usr/bin/weston-simple-shm", program);
   desktop_.entry("system/applications/painter.desktop", "Exec=" + program.string() + "\n");

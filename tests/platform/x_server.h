@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An X server and a window manager that a test has for itself.
+// A private X server and window manager for a test.
 #pragma once
 
 #include <cstdlib>

@@ -27,7 +27,7 @@ class ApplicationIcons {
       : index_(std::move(index)), lookup_(folders) {}
 
   std::optional<ContentModification> contentModification(const ApplicationLocation& location) {
-    // The index reads an entry anew when it changes.
+    // The index reads an entry again when it changes.
     const auto installed = index_->current();
     const auto* entry = installed->atPath(location.path);
     if (entry == nullptr) {
@@ -64,7 +64,7 @@ class ApplicationIcons {
   IconLookup lookup_;
 };
 
-// The image fitted into the square, not centred yet.
+// Reads an image and scales it to fit into the square.
 QImage readFitted(const std::filesystem::path& file, const QSize& square) {
   constexpr int largestSide = 4096;
   QImageReader reader(QFile::decodeName(file.c_str()));
@@ -73,7 +73,7 @@ QImage readFitted(const std::filesystem::path& file, const QSize& square) {
                            ? square
                            : natural.scaled(square, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
   if (reader.format().startsWith("svg")) {
-    // Qt ends a process that draws text without a QGuiApplication.
+    // Qt aborts a process that draws text without a QGuiApplication.
     if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) == nullptr) {
       return {};
     }
@@ -93,7 +93,7 @@ QImage readFitted(const std::filesystem::path& file, const QSize& square) {
 QImage drawIcon(const std::filesystem::path& file, int side) {
   constexpr std::uintmax_t largestFile = 16u << 20u;
   std::error_code error;
-  // Opening a named pipe would wait for its writer.
+  // Opening a named pipe would block until it has a writer.
   if (!std::filesystem::is_regular_file(file, error) ||
       std::filesystem::file_size(file, error) > largestFile) {
     return {};

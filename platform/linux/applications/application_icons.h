@@ -10,13 +10,14 @@
 
 namespace glintboard {
 
-// An application whose icon is missing or unusable has the theme's generic one.
+// The icons of the applications in `index`. An application whose icon is missing or unusable gets
+// the theme's generic one.
 ApplicationIconClient applicationIcons(std::shared_ptr<const ApplicationIndex> index,
                                        const XdgFolders& folders);
 
-// Draws the image file into a transparent square of `side` pixels, fitted and centred. Null when
-// the file is no image or is larger than any icon (16 MiB, 4096 pixels a side). A drawing (SVG) may
-// need fonts and is drawn only while a QGuiApplication exists. Any thread.
+// Draws an image file into a transparent square of `side` pixels, fitted and centred. Null when the
+// file is not an image or exceeds 16 MiB or 4096 pixels a side. SVG files are drawn only while a
+// QGuiApplication exists, because they may contain text. Any thread; blocks on the disk.
 QImage drawIcon(const std::filesystem::path& file, int side);
 
 }  // namespace glintboard

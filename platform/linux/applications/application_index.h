@@ -14,19 +14,20 @@ namespace glintboard {
 
 class ApplicationIndex : public std::enable_shared_from_this<ApplicationIndex> {
  public:
-  // Reads the applications folders of `folders` (a few milliseconds), so that the first question
-  // is answered rightly, and follows their changes until `stop`. The service loop of `executors`
-  // keeps the index alive until then.
+  // Reads the applications folders of `folders`, which blocks for a few milliseconds, and follows
+  // their changes until `stop`. The service loop of `executors` keeps the index alive until then.
   static std::shared_ptr<ApplicationIndex> open(Executors& executors, const XdgFolders& folders);
 
-  // What is installed, as of the last change and about 100 ms. At once, on any thread.
-  std::shared_ptr<const InstalledApplications> current() const;
+  // The installed applications. A change on the disk appears after about 100 ms. Does not block.
   // Any thread.
+  std::shared_ptr<const InstalledApplications> current() const;
+  // Ends following the changes. Any thread.
   void stop();
 
  private:
   ApplicationIndex(Executors& executors, const XdgFolders& folders);
   static Awaitable<> follow(std::shared_ptr<ApplicationIndex> self);
+  // Reads the applications folders and publishes the result. Blocks on the disk.
   void scan();
 
   const asio::any_io_executor service_;

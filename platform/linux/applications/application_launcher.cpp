@@ -17,7 +17,7 @@ namespace glintboard {
 
 namespace {
 
-// In the pattern "%1" stands for the application, "%2" for the detail.
+// "%1" in the pattern stands for the application's name, "%2" for the detail.
 [[noreturn]] void fail(const DesktopEntry& entry, const char* pattern,
                        const std::string& detail = {}) {
   throw UserError(pattern, {entry.name, detail});
@@ -44,7 +44,7 @@ void leaveTheAgent(void* /*data*/) {
   ::sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
-// GIO's form of a list of texts, which must outlive it.
+// GIO's form of a list of texts. The texts must outlive it.
 class TextList {
  public:
   explicit TextList(const std::vector<std::string>& texts) {
@@ -65,7 +65,7 @@ bool isActivatable(const DesktopEntry& entry) {
   return entry.dbusActivatable && g_dbus_is_name(entry.id.c_str()) != 0;
 }
 
-// The object of an application's service on the bus.
+// The path of the application's object on the bus.
 std::string objectPath(const DesktopEntry& entry) {
   std::string object = "/" + entry.id;
   std::replace(object.begin(), object.end(), '.', '/');
@@ -73,8 +73,8 @@ std::string objectPath(const DesktopEntry& entry) {
   return object;
 }
 
-// Calls a method of the entry's org.freedesktop.Application, which the bus starts if need be. None
-// of reply and error is there when the deadline came first. Takes `arguments` if they are new.
+// Calls a method of the entry's org.freedesktop.Application, which the bus activates if necessary.
+// Neither a reply nor an error is set at the deadline. Takes floating `arguments`.
 GLibPointer<GVariant> callApplication(GioCalls& calls, GDBusConnection* bus,
                                       const DesktopEntry& entry, const char* method,
                                       GVariant* arguments, GLibPointer<GError>& error) {
@@ -90,7 +90,7 @@ GLibPointer<GVariant> callApplication(GioCalls& calls, GDBusConnection* bus,
 
 std::optional<pid_t> startProgram(const DesktopEntry& entry, const LaunchToken& token,
                                   GDesktopAppInfo* application, GList* uris) {
-  // Without tokens, the program must not get those that this one was started with.
+  // Without a token, the program must not inherit the one that this process was started with.
   const GObjectPointer<GAppLaunchContext> context(g_app_launch_context_new());
   const std::string soundSettings = soundSettingsForPrograms().value_or("");
   for (const auto& [name, value] : {std::pair("DESKTOP_STARTUP_ID", &token.startupId),
@@ -102,13 +102,13 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, const LaunchToken& 
       g_app_launch_context_setenv(context.get(), name, value->c_str());
     }
   }
-  // Without G_SPAWN_DO_NOT_REAP_CHILD, GLib makes the program no child of this process.
+  // Without G_SPAWN_DO_NOT_REAP_CHILD, the program is not a child of this process.
   // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): flags, declared as an enum.
   constexpr auto flags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_STDOUT_TO_DEV_NULL |
                                                   G_SPAWN_STDERR_TO_DEV_NULL);
   std::optional<pid_t> started;
-  const auto keep = [](GDesktopAppInfo*, GPid pid, void* place) {
-    *static_cast<std::optional<pid_t>*>(place) = pid;
+  const auto keep = [](GDesktopAppInfo*, GPid pid, void* result) {
+    *static_cast<std::optional<pid_t>*>(result) = pid;
   };
   GLibPointer<GError> error;
   g_desktop_app_info_launch_uris_as_manager(application, uris, context.get(), flags, leaveTheAgent,
@@ -119,8 +119,8 @@ std::optional<pid_t> startProgram(const DesktopEntry& entry, const LaunchToken& 
   return started;
 }
 
-// The session bus, or null when there is none. GIO connects to it in any case, and would wait for
-// ever for one that hangs.
+// The session bus; null without one. Starting a program makes GIO connect to the bus too, which
+// never returns if the bus hangs: so a bus that does not answer is an error.
 GObjectPointer<GDBusConnection> busFor(GioCalls& calls, const DesktopEntry& entry) {
   GLibPointer<GError> error;
   auto bus = connectToSessionBus(calls, error);
@@ -131,7 +131,7 @@ GObjectPointer<GDBusConnection> busFor(GioCalls& calls, const DesktopEntry& entr
   return bus;
 }
 
-// What tells an application who asks.
+// The platform data of an activation: the tokens.
 GVariant* platformData(const LaunchToken& token) {
   GVariantBuilder data;
   g_variant_builder_init(&data, G_VARIANT_TYPE_VARDICT);
@@ -144,8 +144,8 @@ GVariant* platformData(const LaunchToken& token) {
   return g_variant_builder_end(&data);
 }
 
+// Throws for an error other than a timeout: an application that answers late has received the call.
 void require(const DesktopEntry& entry, GError* error) {
-  // An application that takes longer has been asked all the same.
   if (error != nullptr && !g_error_matches(error, G_IO_ERROR, G_IO_ERROR_CANCELLED)) {
     failFor(reasonOf(*error), entry);
   }
@@ -179,7 +179,7 @@ void activateAction(GioCalls& calls, GDBusConnection* bus, const DesktopEntry& e
   require(entry, error.get());
 }
 
-// An application that does the action when it is started as a program, or null.
+// An application that runs the action's program; null if the action has no program.
 GObjectPointer<GDesktopAppInfo> applicationForAction(const DesktopEntry& entry,
                                                      const std::string& action) {
   const auto file = loadKeyFile(entry.path);

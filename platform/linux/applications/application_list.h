@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The installed applications as menus offer them.
+// The list of installed applications for menus.
 #pragma once
 
 #include <memory>
@@ -9,6 +9,7 @@
 
 namespace glintboard {
 
+// The client of `index`, which it keeps alive.
 ApplicationListClient applicationList(std::shared_ptr<const ApplicationIndex> index);
 
 }  // namespace glintboard

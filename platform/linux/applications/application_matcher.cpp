@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Whether a program file is one that runs other programs, so that it alone tells nothing.
+// Whether a program runs other programs, so that its file does not identify an application.
 bool runsOthers(const fs::path& program) {
   static const std::set<std::string, std::less<>> names = {
       "ash",    "bash",    "busybox",      "bwrap", "csh",    "dash",        "electron", "env",
@@ -20,18 +20,18 @@ bool runsOthers(const fs::path& program) {
       "ksh",    "lua",     "mono",         "node",  "nodejs", "perl",        "php",      "pkexec",
       "python", "ruby",    "sh",           "snap",  "sudo",   "systemd-run", "tclsh",    "tcsh",
       "wine",   "wish",    "xdg-open",     "zsh"};
-  // Versions follow the name: python3.11.
+  // A version may follow the name: python3.11.
   const std::string name = program.filename().string();
   return names.contains(name) || names.contains(name.substr(0, name.find_first_of("0123456789")));
 }
 
-// The file behind all symbolic links, or empty.
+// The file with all symbolic links resolved, or empty.
 std::string fileBehind(const fs::path& path) {
   std::error_code error;
   return fs::canonical(path, error).string();
 }
 
-// Whether `part` occurs in `whole` in this order, with others between.
+// Whether `part` is a subsequence of `whole`.
 bool containsInOrder(const std::vector<std::string>& whole, const std::vector<std::string>& part) {
   auto next = part.begin();
   for (auto each = whole.begin(); each != whole.end() && next != part.end(); ++each) {
@@ -58,7 +58,7 @@ std::string unescaped(std::string_view name) {
   return plain;
 }
 
-// The desktop file ids that a unit's name may stand for, the likeliest first:
+// The desktop file ids that a unit's name may contain, the most likely first:
 // app[-LAUNCHER]-ID-RANDOM.scope, app[-LAUNCHER]-ID[@RANDOM].service, dbus-:BUS-ID@N.service,
 // snap.SNAP.APP[.-]UUID.scope, snap.SNAP.APP.service.
 std::vector<std::string> idsOfUnit(std::string_view unit) {

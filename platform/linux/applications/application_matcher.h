@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tells which applications a process belongs to.
+// Matches processes with applications.
 #pragma once
 
 #include <memory>
@@ -14,18 +14,18 @@
 
 namespace glintboard {
 
-// Knows the programs of all installed applications. Building it looks for each on the disk: do
-// that on a worker. Afterwards it does not change.
+// Knows the programs of all installed applications. Immutable: any thread may read it. The
+// constructor searches the disk for each program: call it on a worker.
 class ApplicationMatcher {
  public:
   explicit ApplicationMatcher(std::shared_ptr<const InstalledApplications> installed);
 
   const std::shared_ptr<const InstalledApplications>& installed() const { return installed_; }
 
-  // The bundle identifiers of the applications that `process` counts for: the one whose systemd
-  // unit it lives in, and the one whose program it runs. A program that runs other programs
-  // (a shell, Python, …) or that several applications start counts for those alone whose fixed
-  // arguments it was given, and of these for the ones that have most.
+  // The bundle identifiers of the applications that `process` belongs to: the one whose systemd
+  // unit contains it, and those whose program it runs. A program that runs other programs (a shell,
+  // Python, …) or that several applications share matches only applications whose fixed arguments
+  // are on its command line, and of these the ones with the most such arguments.
   std::set<std::string> applicationsOf(const Process& process) const;
 
  private:
@@ -35,6 +35,7 @@ class ApplicationMatcher {
   };
 
   void addProgram(const DesktopEntry& entry);
+  // These add the applications that match to `found`.
   void matchUnits(const std::string& controlGroups, std::set<std::string>& found) const;
   void matchProgram(const std::string& file, const std::vector<std::string>& arguments,
                     std::set<std::string>& found) const;
@@ -43,13 +44,13 @@ class ApplicationMatcher {
   std::unordered_map<std::string, std::vector<Program>> programs_;
 };
 
-// The matcher of what is installed now, built when that has changed.
+// Caches the matcher until the installed applications change. Thread-safe.
 class CurrentApplicationMatcher {
  public:
   explicit CurrentApplicationMatcher(std::shared_ptr<const ApplicationIndex> index)
       : index_(std::move(index)) {}
 
-  // On a worker.
+  // The matcher of the installed applications. May build it: call it on a worker.
   std::shared_ptr<const ApplicationMatcher> get();
 
  private:

@@ -19,7 +19,7 @@ class Scanner {
   void readFolder(const std::filesystem::path& folder, const std::string& prefix = "") {
     visit_(folder);
     struct stat status{};
-    // Symbolic links may lead back to a folder above.
+    // Symbolic links may form a cycle.
     if (::stat(folder.c_str(), &status) != 0 ||
         !seenFolders_.emplace(status.st_dev, status.st_ino).second) {
       return;
@@ -52,7 +52,7 @@ class Scanner {
   }
 
  private:
-  // The first folder that holds an id decides, even when its file cannot be used.
+  // The first file with an id wins, even if it cannot be used.
   void readEntry(const std::filesystem::path& path, const std::string& id) {
     if (!entries_.contains(id)) {
       entries_.emplace(id, readDesktopEntry(path, id));

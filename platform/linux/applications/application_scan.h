@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finds what is installed, once.
+// Reads the applications folders once.
 #pragma once
 
 #include <functional>
@@ -8,11 +8,11 @@
 
 namespace glintboard {
 
+// Called for each folder before it is read.
 using FolderVisitor = std::function<void(const std::filesystem::path& folder)>;
 
-// The entries of the applications that are installed in `folders`, in order of precedence, and in
-// the folders below them; sorted by id. `visit` is told each folder before it is read. Blocks on
-// the disk for a few milliseconds.
+// The entries of the applications in `folders`, which are in order of precedence, and in all
+// folders below them; sorted by id. Blocks on the disk for a few milliseconds.
 std::vector<DesktopEntry> scanApplications(const std::vector<std::filesystem::path>& folders,
                                            const FolderVisitor& visit);
 

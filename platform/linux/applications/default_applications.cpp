@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "platform/linux/base/key_file.h"
+#include "protocol/text.h"
 
 namespace glintboard {
 namespace {
@@ -30,7 +31,7 @@ void appendId(std::vector<std::string>& ids, std::string file) {
   }
 }
 
-// A list's own name and, before it, the name with each desktop's in front.
+// The names of a list file: with each desktop's name as prefix, then the plain name.
 std::vector<std::string> namesByDesktop(const XdgFolders& folders, const std::string& name) {
   std::vector<std::string> names;
   for (const auto& desktop : desktopNames(folders)) {
@@ -50,7 +51,7 @@ bool isDesktop(const XdgFolders& folders, const char* desktop) {
   return std::ranges::count(desktopNames(folders), desktop) != 0;
 }
 
-// Xfce names a terminal by its program.
+// Appends the entries with that id or program. Xfce stores the program of a terminal.
 void appendEntriesOf(std::vector<std::string>& ids, const std::string& program,
                      const std::vector<DesktopEntry>& installed) {
   for (const auto& entry : installed) {
@@ -67,9 +68,7 @@ void appendEntriesOf(std::vector<std::string>& ids, const std::string& program,
 std::vector<std::string> desktopNames(const XdgFolders& folders) {
   auto names = split(folders.currentDesktop, ':');
   for (auto& name : names) {
-    std::ranges::transform(name, name.begin(), [](char letter) {
-      return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
+    name = lowercased(name);
   }
   return names;
 }
@@ -92,7 +91,7 @@ TypeApplications applicationsForType(const XdgFolders& folders, const char* mime
         continue;
       }
       appendIds(found.defaults, file.get(), "Default Applications", mimeType);
-      // A desktop's own list only chooses.
+      // Only the plain list may add and remove associations.
       if (name == plainName) {
         add(file.get(), "Added Associations");
         appendIds(removed, file.get(), "Removed Associations", mimeType);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The applications that the user or the desktop prefers.
+// The default applications of the user and the desktop.
 #pragma once
 
 #include <string>
@@ -11,26 +11,26 @@
 
 namespace glintboard {
 
-// Desktop file ids, most preferred first, installed or not.
+// Desktop file ids, the most preferred first, without ".desktop". They need not be installed.
 struct TypeApplications {
-  // Those that were chosen for the type.
+  // The default applications of the type.
   std::vector<std::string> defaults;
-  // Those that can open it.
+  // Other applications that can open it.
   std::vector<std::string> others;
 };
 
-// The two read a few small files.
+// The applications for a MIME type. Reads a few small files.
 TypeApplications applicationsForType(const XdgFolders& folders, const char* mimeType);
-// The terminals that were chosen, most preferred first: desktop file ids.
+// The desktop file ids of the chosen terminals, the most preferred first. Reads a few small files.
 std::vector<std::string> preferredTerminals(const XdgFolders& folders,
                                             const std::vector<DesktopEntry>& installed);
 
-// Where choices are kept outside of the applications folders: folders, and how the names of the
-// files end. Other programs keep their settings beside them.
+// The settings files with defaults outside the applications folders, to watch for changes: folders
+// and the endings of the relevant file names.
 std::vector<std::pair<std::filesystem::path, std::vector<std::string>>> defaultApplicationFiles(
     const XdgFolders& folders);
 
-// The names of the running desktop, "ubuntu:GNOME", as a list in lower case.
+// The names of the running desktop in lower case: "ubuntu", "gnome" for "ubuntu:GNOME".
 std::vector<std::string> desktopNames(const XdgFolders& folders);
 
 }  // namespace glintboard

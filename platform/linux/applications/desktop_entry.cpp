@@ -11,8 +11,7 @@ namespace {
 
 constexpr const char* entryGroup = G_KEY_FILE_DESKTOP_GROUP;
 
-// The argument without its escaped percent signs, or none when the launcher would put something
-// in.
+// The argument with "%%" unescaped; none for an argument with a field code.
 std::optional<std::string> fixedArgument(std::string_view argument) {
   std::string fixed;
   for (std::size_t i = 0; i < argument.size(); ++i) {
@@ -44,7 +43,7 @@ std::vector<std::string> commandOf(const std::string& exec) {
   return command;
 }
 
-// In the user's language, or `fallback` where the file lacks it.
+// The text in the user's language, or `fallback`.
 std::string localText(GKeyFile* file, const char* group, const char* key,
                       std::string fallback = "") {
   const GLibPointer<char> text(g_key_file_get_locale_string(file, group, key, nullptr, nullptr));

@@ -37,12 +37,12 @@ std::string fromGtk(const XdgFolders& folders, FileStamps& stamps) {
   return "";
 }
 
-// The theme that GNOME's settings have until the user chooses one.
+// The default of GNOME's setting.
 std::string gnomeDefault() {
   auto* source = g_settings_schema_source_get_default();
   const GLibPointer<GSettingsSchema> schema(
       source == nullptr ? nullptr : g_settings_schema_source_lookup(source, gnomeSettings, TRUE));
-  // GLib ends a process that asks for a setting that is not described.
+  // GLib aborts a process that reads a setting without a schema.
   if (!schema || g_settings_schema_has_key(schema.get(), gnomeKey) == 0) {
     return "";
   }
@@ -51,8 +51,8 @@ std::string gnomeDefault() {
   return g_variant_get_string(value.get(), nullptr);
 }
 
-// The theme that the running desktop portal reports from GNOME's settings. GSettings would tell it
-// too, but leaves a connection to the bus in this process that ends it when the bus goes away.
+// The theme that a running desktop portal reports from GNOME's settings. GSettings is not used: it
+// keeps a connection to the bus that ends this process when the bus ends.
 std::string fromPortal() {
   const auto address = sessionBusAddress();
   if (address.empty()) {
@@ -79,7 +79,7 @@ std::string fromPortal() {
       });
   GLibPointer<GVariant> value(
       answered ? g_dbus_connection_call_finish(bus.get(), answered.get(), nullptr) : nullptr);
-  // The text comes wrapped several times.
+  // The text is wrapped in several variants.
   while (value && g_variant_is_container(value.get()) != 0) {
     value.reset(g_variant_n_children(value.get()) == 0 ? nullptr
                                                        : g_variant_get_child_value(value.get(), 0));
@@ -94,10 +94,10 @@ std::string fromPortal() {
 std::string desktopIconTheme(const XdgFolders& folders, FileStamps& stamps) {
   const auto kde = fromFiles(folders.configFolders("kdeglobals"), "Icons", "Theme", stamps);
   const auto gtk = fromGtk(folders, stamps);
-  // The portal's answer changes with it.
+  // The portal reads the theme from this file.
   stamps.note(folders.configHome / "dconf/user");
   const bool onKde = folders.currentDesktop.find("KDE") != std::string::npos;
-  // Where a desktop has no settings of its own here, they may be another desktop's leftovers.
+  // KDE's files may be left over from another desktop, so elsewhere they come last.
   for (const auto& theme : {onKde ? kde : fromPortal(), gtk, gnomeDefault(), kde}) {
     if (!theme.empty()) {
       return theme;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which icon theme the user has chosen.
+// The icon theme of the desktop.
 #pragma once
 
 #include <string>
@@ -9,9 +9,9 @@
 
 namespace glintboard {
 
-// The name of the theme that the desktop's settings choose, or empty. Notes in `stamps` the files
-// whose change may change it. Reads files and asks a running desktop portal, but starts nothing.
-// Blocks, at most about a second.
+// The name of the theme in the desktop's settings, or empty. Records in `stamps` the files that the
+// name depends on. Reads files and asks a running desktop portal, but starts none. Blocks for up to
+// about a second: call it on a worker.
 std::string desktopIconTheme(const XdgFolders& folders, FileStamps& stamps);
 
 }  // namespace glintboard

@@ -46,7 +46,7 @@ fs::path IconLookup::find(const std::string& icon, struct stat& status) {
   const std::scoped_lock lock(mutex_);
   refresh();
   const auto [known, isNew] = found_.try_emplace(name);
-  // A file may go without its folder having been looked at since.
+  // The cached file may have been deleted since the last check of its folder.
   if (isNew || (!known->second.empty() && !isFile(known->second, status))) {
     known->second = search(name, status);
   }
@@ -54,9 +54,8 @@ fs::path IconLookup::find(const std::string& icon, struct stat& status) {
 }
 
 void IconLookup::refresh() {
-  // Less than the time after which changes of the installed applications are noticed, so that
-  // whoever asks because of them sees the icons that came with them; and long enough for the many
-  // questions about one deck.
+  // Shorter than the delay of ApplicationIndex, so that callers that react to a newly installed
+  // application find its icon; long enough for the many look-ups of one deck.
   constexpr std::chrono::milliseconds trusted{50};
   const auto now = std::chrono::steady_clock::now();
   if (now - checked_ < trusted) {
@@ -64,11 +63,11 @@ void IconLookup::refresh() {
   }
   checked_ = now;
   bool changed = !themes_.unchanged();
-  // The desktop's portal may hear of a changed setting later than its file shows it.
-  constexpr std::chrono::seconds portalsDelay{2};
+  // The portal may report a changed setting later than the file changes.
+  constexpr std::chrono::seconds portalDelay{2};
   const bool settingsChanged = !settings_.unchanged();
   if (settingsChanged || (askAgain_ && now >= *askAgain_)) {
-    askAgain_ = settingsChanged ? std::optional(now + portalsDelay) : std::nullopt;
+    askAgain_ = settingsChanged ? std::optional(now + portalDelay) : std::nullopt;
     settings_ = {};
     auto theme = desktopIconTheme(folders_, settings_);
     changed |= theme != userTheme_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finds the files of icons that are given by name.
+// Finds the files of icons by name.
 #pragma once
 
 #include <sys/stat.h>
@@ -15,17 +15,15 @@
 
 namespace glintboard {
 
-// Looks in the user's icon theme, the themes it inherits, the common theme and the folders of
-// unthemed icons. Themes are read at the first question and again after they changed. Safe on any
-// thread; blocks on the disk.
+// Searches the user's icon theme, its parents, the hicolor theme and the folders of unthemed icons.
+// Reads the themes at the first call and again after a change. Thread-safe. Blocks on the disk.
 class IconLookup {
  public:
   explicit IconLookup(XdgFolders folders);
 
   // The best file for a square of 128 pixels, or empty. `icon` is an absolute path or a name, with
-  // or without the extension of an image file. Where a theme has but the coloured one of an icon
-  // and its symbol ("NAME-symbolic"), it stands in for the other. `status` is set to that of the
-  // file found.
+  // or without the extension of an image file. The symbolic variant of an icon ("NAME-symbolic")
+  // replaces a missing regular one and vice versa. Sets `status` for the file found.
   std::filesystem::path find(const std::string& icon, struct stat& status);
   std::filesystem::path find(const std::string& icon) {
     struct stat ignored{};
@@ -33,8 +31,12 @@ class IconLookup {
   }
 
  private:
+  // Reads the settings and themes again if they have changed. The private functions require
+  // `mutex_`.
   void refresh();
   void readThemes();
+  // Appends the folders of a theme and its parents. `seen` has the themes that are already
+  // included.
   void addThemes(const std::string& name, std::vector<std::string>& seen);
   std::filesystem::path search(const std::string& name, struct stat& status) const;
   std::filesystem::path searchExactly(const std::string& name, struct stat& status) const;
@@ -45,11 +47,11 @@ class IconLookup {
   std::mutex mutex_;
   std::chrono::steady_clock::time_point checked_;
   std::string userTheme_;
-  // When to ask for the user's theme once more.
+  // When to query the user's theme once more.
   std::optional<std::chrono::steady_clock::time_point> askAgain_;
   FileStamps settings_;
   FileStamps themes_;
-  // Where to look, best first.
+  // The folders to search, the best first.
   std::vector<std::filesystem::path> iconFolders_;
   std::unordered_map<std::string, std::filesystem::path> found_;
 };

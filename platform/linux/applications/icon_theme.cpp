@@ -19,7 +19,7 @@ constexpr int wantedSize = 128;
 // A folder that the index lists.
 struct Listed {
   std::string name;
-  // How ill its icons suit the wanted size; 0 is best.
+  // From the wanted size; 0 is best.
   int distance = 0;
   bool scalable = false;
 };
@@ -48,7 +48,7 @@ Listed listedIn(GKeyFile* index, const std::string& name) {
   return listed(name, (size - slack) * scale, (size + slack) * scale, false);
 }
 
-// Every application may put icons into this theme, even where nobody installed its index.
+// The folders of hicolor, which applications install icons into even if its index is missing.
 std::vector<Listed> usualFoldersOfHicolor() {
   std::vector<Listed> folders{listed("scalable/apps", 1, 512, true)};
   for (const int size : {16, 22, 24, 32, 36, 48, 64, 72, 96, 128, 192, 256, 512, 1024}) {
@@ -59,15 +59,15 @@ std::vector<Listed> usualFoldersOfHicolor() {
   return folders;
 }
 
-// Notes the folders on the way down to `folder` and tells whether it exists; `missing` holds those
-// known not to.
+// Records the folders on the path to `folder`. Returns whether it exists; `missing` has the folders
+// known not to exist.
 bool noteFolder(const fs::path& root, const fs::path& folder, FileStamps& stamps,
                 std::set<fs::path>& missing) {
   fs::path reached = root;
   for (const auto& part : folder) {
     reached /= part;
     std::error_code ignored;
-    // The folder above changes when a missing one appears.
+    // The parent's modification time changes when a missing folder is created.
     if (missing.contains(reached) || !fs::is_directory(reached, ignored)) {
       missing.insert(reached);
       return false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One icon theme, as its index file describes it.
+// Reads the index files of icon themes.
 #pragma once
 
 #include <filesystem>
@@ -11,15 +11,15 @@
 namespace glintboard {
 
 struct IconTheme {
-  // The themes to look in when this one lacks an icon.
+  // The themes to search for icons that this one lacks.
   std::vector<std::string> parents;
-  // The existing folders of icons, best first for a square of 128 pixels: scalable ones and those
-  // made for that size, then the smallest larger ones, then the largest smaller ones.
+  // The existing icon folders, the best for a square of 128 pixels first: scalable ones and those
+  // of that size, then larger sizes in ascending order, then smaller sizes in descending order.
   std::vector<std::filesystem::path> folders;
 };
 
-// Reads the theme `name` from those of the folders `bases` that hold it, and notes in `stamps` what
-// would change it. A theme that is missing or damaged has no folders. Blocks on the disk.
+// Reads the theme `name` from the folders `bases`, and records in `stamps` the files and folders
+// that the result depends on. A missing or damaged theme has no folders. Blocks on the disk.
 IconTheme readIconTheme(const std::string& name, const std::vector<std::filesystem::path>& bases,
                         FileStamps& stamps);
 

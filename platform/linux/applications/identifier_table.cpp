@@ -29,7 +29,7 @@ const std::vector<KnownProgram>& knownPrograms() {
   return programs;
 }
 
-// What each desktop brings for a role that no list of defaults names; "" stands for any desktop.
+// The usual program of a desktop for a role; "" stands for any desktop.
 struct RoleProgram {
   const char* desktop;
   const char* desktopId;
@@ -108,7 +108,7 @@ const std::vector<RoleProgram>& settings() {
   return programs;
 }
 
-// Gives identifiers to the installed applications, each application at most one.
+// Assigns identifiers to installed applications, at most one to each.
 class Naming {
  public:
   explicit Naming(const std::vector<DesktopEntry>& installed) {
@@ -117,7 +117,7 @@ class Naming {
     }
   }
 
-  // The identifier goes to the first of the candidates that is installed and has none yet.
+  // Assigns the identifier to the first candidate that is installed and has none yet.
   template <class Ids>
   void give(const std::string& bundleId, const Ids& candidates) {
     if (installed_.contains(bundleId) || known_.contains(bundleId)) {
@@ -139,7 +139,7 @@ class Naming {
   KnownApplications known_;
 };
 
-// The preferred ones, then what this desktop brings, then what any desktop brings.
+// The preferred ones, then those of this desktop, then those of any desktop.
 std::vector<std::string> candidates(std::vector<std::string> preferred,
                                     const std::vector<RoleProgram>& programs,
                                     const XdgFolders& folders) {

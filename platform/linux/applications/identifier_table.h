@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The identifiers that mean the same application on every computer.
+// The bundle identifiers that decks use on every computer.
 #pragma once
 
 #include <map>
@@ -11,16 +11,17 @@
 
 namespace glintboard {
 
-// Whatever the user's file manager is.
+// The user's file manager. The com.apple identifiers come from the Mac that the phone's protocol
+// was made for, and stand for a role here.
 inline constexpr const char* fileManagerBundleId = "com.apple.finder";
 
-// Bundle identifier to the desktop file id of the installed application that bears it.
+// Maps bundle identifiers to the desktop file ids of installed applications.
 using KnownApplications = std::map<std::string, std::string>;
 
-// Which of the installed applications bear an identifier that the built-in decks use: known
-// programs under the ids of distributions, Flatpak and Snap, and the file manager, terminal and
-// settings of this desktop. An entry whose own id is such an identifier bears it in any case and
-// is left out here. Reads the desktop's lists of default applications; blocks on the disk.
+// Assigns the identifiers of the built-in decks to installed applications: to known programs under
+// the ids of distributions, Flatpak and Snap, and to the file manager, terminal and settings of
+// this desktop. Leaves out identifiers that are the id of an installed entry. Reads the desktop's
+// lists of default applications; blocks on the disk.
 KnownApplications knownApplications(const std::vector<DesktopEntry>& installed,
                                     const XdgFolders& folders);
 

@@ -8,9 +8,9 @@ namespace glintboard {
 InstalledApplications::InstalledApplications(std::vector<DesktopEntry> entries,
                                              KnownApplications known)
     : entries_(std::move(entries)), known_(std::move(known)) {
-  for (std::size_t place = 0; place < entries_.size(); ++place) {
-    byId_.emplace(entries_[place].id, place);
-    byPath_.emplace(entries_[place].path.native(), place);
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    byId_.emplace(entries_[i].id, i);
+    byPath_.emplace(entries_[i].path.native(), i);
   }
   for (const auto& [bundleId, id] : known_) {
     knownById_.emplace(id, bundleId);
@@ -34,10 +34,10 @@ const DesktopEntry* InstalledApplications::atPath(const std::filesystem::path& p
   return find(byPath_, path.native());
 }
 
-const DesktopEntry* InstalledApplications::find(const Places& places,
+const DesktopEntry* InstalledApplications::find(const Positions& positions,
                                                 const std::string& key) const {
-  const auto found = places.find(key);
-  return found == places.end() ? nullptr : &entries_[found->second];
+  const auto found = positions.find(key);
+  return found == positions.end() ? nullptr : &entries_[found->second];
 }
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is installed, at one moment.
+// A snapshot of the installed applications.
 #pragma once
 
 #include <string>
@@ -11,33 +11,34 @@
 
 namespace glintboard {
 
-// The entries of all installed applications. Does not change: any thread may read it.
+// The entries of all installed applications. Immutable: any thread may read it.
 class InstalledApplications {
  public:
-  // `known` names entries by identifiers that are not their ids.
+  // `known` has the identifiers of entries that differ from their ids.
   InstalledApplications(std::vector<DesktopEntry> entries, KnownApplications known);
   InstalledApplications(const InstalledApplications&) = delete;
   InstalledApplications& operator=(const InstalledApplications&) = delete;
 
-  // The entry of an application, or null; it lives as long as this object. An application is found
-  // under the id of its entry too, which wins over an identifier that was given to another.
+  // The entry of an application, or null. Valid as long as this object. The id of an entry is valid
+  // too, and wins over the same identifier of another entry.
   const DesktopEntry* withBundleId(const std::string& bundleId) const;
-  // The one identifier that an application goes by: one that is known everywhere, else the id of
-  // its entry (without ".desktop").
+  // The identifier of an application in messages: its known one, else the id of its entry (without
+  // ".desktop").
   const std::string& bundleIdOf(const DesktopEntry& entry) const;
+  // The entry with that file, or null. Valid as long as this object.
   const DesktopEntry* atPath(const std::filesystem::path& path) const;
-  // Every entry, also those that are not to be offered in menus, sorted by id.
+  // All entries sorted by id, including those that do not belong in menus.
   const std::vector<DesktopEntry>& all() const { return entries_; }
 
  private:
-  using Places = std::unordered_map<std::string, std::size_t>;
-  const DesktopEntry* find(const Places& places, const std::string& key) const;
+  using Positions = std::unordered_map<std::string, std::size_t>;
+  const DesktopEntry* find(const Positions& positions, const std::string& key) const;
 
   std::vector<DesktopEntry> entries_;
   KnownApplications known_;
   std::unordered_map<std::string, std::string> knownById_;
-  Places byId_;
-  Places byPath_;
+  Positions byId_;
+  Positions byPath_;
 };
 
 }  // namespace glintboard

@@ -6,7 +6,7 @@
 
 namespace glintboard {
 
-// What a launched program is given so that its first window gets the focus. Either may be empty.
+// Passed to a launched program so that its first window gets the focus. Either may be empty.
 struct LaunchToken {
   // For X11: DESKTOP_STARTUP_ID.
   std::string startupId;

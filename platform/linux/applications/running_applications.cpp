@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Each costs a descriptor. The ends of further applications show in the next scan.
+// Each needs a descriptor. The end of further applications is noticed by the next scan.
 constexpr std::size_t mostFollowed = 64;
 
 // Resumes when a process has ended.
@@ -25,7 +25,7 @@ Awaitable<> endOf(pid_t process) {
     asio::posix::stream_descriptor ended(co_await asio::this_coro::executor, descriptor);
     co_await ended.async_wait(asio::posix::stream_descriptor::wait_read, asio::use_awaitable);
   } else if (errno != ESRCH) {
-    // No descriptors left: it may still run.
+    // No descriptor is available: the process may still run.
     co_await sleepFor(2s);
   }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which applications run, as far as their processes tell.
+// Finds running applications by their processes.
 #pragma once
 
 #include <sys/types.h>
@@ -17,9 +17,9 @@
 
 namespace glintboard {
 
-// Knows at once what this agent launched, until the last process of the launched program's session
-// has ended; finds the rest among the user's processes every two seconds while it is told to
-// watch, and learns of their ends at once. Does nothing while nobody watches and nothing launched
+// An application that this agent launched counts as running at once, until the last process of its
+// session has ended. While watching, other applications are found by a scan of the user's processes
+// every two seconds; their end is noticed at once. Idle while not watching and nothing launched
 // runs.
 class RunningApplications : public std::enable_shared_from_this<RunningApplications> {
  public:
@@ -29,9 +29,9 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
   static std::shared_ptr<RunningApplications> create(
       Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher);
 
-  // At once, on any thread.
+  // The latest snapshot. Does not block. Any thread.
   std::shared_ptr<const Snapshot> current() const;
-  // Adds an application that was just launched; `leader` leads a session of its own. Any thread.
+  // Adds a launched application; `leader` is the leader of a session of its own. Any thread.
   void launched(const std::string& bundleId, pid_t leader);
   // Any thread. What was found is forgotten when the watching ends. `looked` is called on the
   // service loop once the first scan after the watching began has ended; never if it is ended
@@ -41,7 +41,7 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
  private:
   struct Launched {
     std::string bundleId;
-    // A living process of the session.
+    // A running process of the session.
     pid_t process = 0;
   };
 
@@ -57,23 +57,23 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
   void startOrStop(bool on, std::function<void()> looked);
   // Looks through all processes. On a worker.
   Snapshot scan();
-  // Replaces what the scan before found. On the service loop.
+  // Replaces the result of the previous scan. On the service loop.
   void takeScan(Snapshot scanned);
-  // Follows one of an application's processes to its end, and forgets those that have ended.
+  // Waits for the end of one of an application's processes. Removes processes that have ended.
   void followOneOf(const std::string& bundleId, std::set<pid_t>& processes);
   void ended(const std::string& bundleId, pid_t process);
-  // Merges what is known into a new snapshot; with `mutex_` held.
+  // Publishes a new snapshot. Requires `mutex_`.
   void publish();
 
   const asio::any_io_executor service_;
   const asio::any_io_executor workers_;
   const std::shared_ptr<CurrentApplicationMatcher> matcher_;
 
-  // Touched on the service loop alone.
+  // Service loop only.
   asio::steady_timer nextScan_;
   bool watching_ = false;
   unsigned round_ = 0;
-  // Of each application that was found, one of its processes.
+  // One process of each application that was found.
   std::map<std::string, Followed> followed_;
 
   mutable std::mutex mutex_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a C library allocated with malloc.
+// Ownership of memory that a C library allocated with malloc.
 #pragma once
 
 #include <cstdlib>
@@ -11,6 +11,7 @@ struct Free {
   void operator()(void* memory) const { std::free(memory); }
 };
 
+// Owns an object and releases it with free().
 template <class T>
 using CPointer = std::unique_ptr<T, Free>;
 

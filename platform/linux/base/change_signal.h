@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Waiting for something to change, on one executor.
+// A condition variable for the coroutines of one executor.
 #pragma once
 
 #include <set>
@@ -8,14 +8,15 @@
 
 namespace glintboard {
 
-// For coroutines of one serial executor, which must end before this object does.
+// For coroutines of one serial executor, which must end before this object is destroyed.
 class ChangeSignal {
  public:
-  // Resumes after the next `notify`, or at the deadline. The caller looks again itself.
+  // Resumes after the next `notify` or at the deadline. The caller checks its condition again.
   Awaitable<> next(std::chrono::steady_clock::time_point deadline) {
     Waiting waiting(*this, co_await asio::this_coro::executor, deadline);
     co_await waiting.timer.async_wait(asio::as_tuple(asio::use_awaitable));
   }
+  // Wakes all waiting coroutines.
   void notify() {
     for (auto* timer : waiting_) {
       timer->cancel();
@@ -23,6 +24,7 @@ class ChangeSignal {
   }
 
  private:
+  // Registers the timer of a waiting coroutine during its lifetime.
   struct Waiting {
     Waiting(ChangeSignal& signal, const asio::any_io_executor& executor,
             std::chrono::steady_clock::time_point deadline)

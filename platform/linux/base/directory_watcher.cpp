@@ -15,7 +15,7 @@ namespace glintboard {
 DirectoryWatcher::DirectoryWatcher(const asio::any_io_executor& service) : events_(service) {
   const int descriptor = ::inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
   if (descriptor < 0) {
-    log::warning("changes of folders go unnoticed: ", std::strerror(errno));
+    log::warning("cannot watch folders: ", std::strerror(errno));
     return;
   }
   events_.assign(descriptor);
@@ -25,7 +25,7 @@ void DirectoryWatcher::watch(const std::filesystem::path& folder, const Endings&
   if (!events_.is_open()) {
     return;
   }
-  // A missing folder may appear just before the one above it is watched: then look again.
+  // The missing folder may have been created before its parent was watched: then try again.
   for (int attempt = 0; attempt < 3; ++attempt) {
     auto existing = folder;
     auto missing = folder;
@@ -50,7 +50,7 @@ bool DirectoryWatcher::add(const std::filesystem::path& folder, const Endings& e
       known->second.clear();
     }
   } else if (errno == ENOSPC) {
-    log::warning("changes in ", folder.string(), " go unnoticed: no more watches");
+    log::warning("cannot watch ", folder.string(), ": no inotify watches left");
     return true;
   }
   return watch >= 0;
@@ -59,7 +59,7 @@ bool DirectoryWatcher::add(const std::filesystem::path& folder, const Endings& e
 void DirectoryWatcher::forgetOthers() {
   for (const auto& [watch, endings] : watched_) {
     if (!wanted_.contains(watch)) {
-      // Fails for a folder that is gone, whose watch the system has ended already.
+      // Fails for a deleted folder, whose watch the system has already removed.
       ::inotify_rm_watch(events_.native_handle(), watch);
     }
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Notices that something changed in some folders, without looking at them again and again.
+// Reports changes in folders, with inotify.
 #pragma once
 
 #include <boost/asio/posix/stream_descriptor.hpp>
@@ -12,9 +12,9 @@
 
 namespace glintboard {
 
-// Watches folders, not what lies below them. The owner calls one operation at a time, on any
-// thread where nothing else is said. Where the system has no more watches to give, changes go
-// unnoticed and the log says so.
+// Watches folders, not their subfolders. The owner calls one operation at a time, on any thread
+// unless stated otherwise. When the system has no more watches, changes are missed and a warning is
+// logged.
 class DirectoryWatcher {
  public:
   using Endings = std::vector<std::string>;
@@ -22,29 +22,27 @@ class DirectoryWatcher {
   // `service` is the executor of the service loop. The watcher must outlive `changed`.
   explicit DirectoryWatcher(const asio::any_io_executor& service);
 
-  // Watches `folder`; where it does not exist, the nearest folder above it that does. Of a folder
-  // in which much else changes, only names that end in one of `endings`. To miss nothing, call it
-  // before reading the folder.
+  // Watches `folder`, or its nearest existing parent if it does not exist. Non-empty `endings`
+  // limit the watch to file names with one of these endings. Call it before reading the folder, so
+  // that no change is missed.
   void watch(const std::filesystem::path& folder, const Endings& endings = {});
-  // Ends the watching of every folder that `watch` was not called for since the last time.
+  // Ends the watches of all folders that were not passed to `watch` since the last call of this.
   void forgetOthers();
-  // Resumes when something has changed since the last call. False when there is nothing more to
-  // wait for. On the service loop.
+  // Resumes when there are unread changes. False after `stop` or on an error. Service loop.
   Awaitable<bool> changed();
-  // Takes the changes noticed so far as known; whether one of them is of interest. On the service
-  // loop.
+  // Reads all changes so far. Whether one of them concerns a watched name. Service loop.
   bool drain();
-  // Ends the `changed` under way; the next must not be started. On the service loop, also while
-  // another operation runs elsewhere.
+  // Ends a waiting `changed`; do not call it again. Service loop, also while another operation runs
+  // on another thread.
   void stop();
-  // Whether `stop` was called. On the service loop.
+  // Whether `stop` was called. Service loop.
   bool stopped() const { return stopped_; }
 
  private:
   bool add(const std::filesystem::path& folder, const Endings& endings);
 
   asio::posix::stream_descriptor events_;
-  // By the number of the watch, the endings of interest.
+  // The endings by the watch descriptor: those in effect, and those requested since `forgetOthers`.
   std::map<int, Endings> watched_;
   std::map<int, Endings> wanted_;
   bool stopped_ = false;

@@ -9,11 +9,11 @@ namespace glintboard {
 bool FileStamps::note(const std::filesystem::path& path) {
   const auto [noted, isNew] = stamps_.try_emplace(path);
   if (isNew) {
-    // Modification times are those of a clock that moves on every few milliseconds.
-    constexpr std::chrono::milliseconds moment{100};
+    // The clock of modification times advances only every few milliseconds.
+    constexpr std::chrono::milliseconds clockTick{100};
     noted->second = stampOf(path);
     settled_ = settled_ && (!noted->second || std::chrono::abs(Stamp::value_type::clock::now() -
-                                                               *noted->second) > moment);
+                                                               *noted->second) > clockTick);
   }
   return noted->second.has_value();
 }

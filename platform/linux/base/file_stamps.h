@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Remembers when some files and folders were last modified.
+// Detects changes of files by their modification times.
 #pragma once
 
 #include <filesystem>
@@ -8,16 +8,16 @@
 
 namespace glintboard {
 
+// For one thread. Blocks on the disk.
 class FileStamps {
  public:
-  // Remembers the modification time of `path`, or that there is nothing. Returns whether there is
-  // something. Call it before reading the file or folder.
+  // Records the modification time of `path`, or its absence. Returns whether it exists. Call it
+  // before reading the file or folder.
   bool note(const std::filesystem::path& path);
-  // Remembers those of a folder and of what lies directly in it.
+  // The same for a folder and its direct entries.
   void noteFolder(const std::filesystem::path& folder);
-  // Whether all that was noted is still so; false when nothing was noted, and when something had
-  // been modified so shortly before it was noted that its time need not tell of the next change.
-  // Blocks on the disk.
+  // Whether everything recorded is unchanged. False when nothing was recorded, and when a file had
+  // been modified so recently that the next change may have the same time.
   bool unchanged() const;
 
  private:

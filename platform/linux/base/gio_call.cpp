@@ -8,9 +8,9 @@
 namespace glintboard {
 namespace {
 
-// GIO has one connection to the session bus for a whole process. A dead one stays the one as long
-// as anybody holds it, and holds itself until the context that it was made in hears of its death:
-// so that context must outlive the calls.
+// GIO shares one connection to the session bus in a process. GIO returns a closed connection again
+// as long as it is referenced, and it references itself until the main context in which it was
+// created has handled the closing: so that context must outlive the calls.
 class SharedConnection {
  public:
   static SharedConnection& instance() {
@@ -18,7 +18,7 @@ class SharedConnection {
     return shared;
   }
 
-  // To be called before the connection is asked for: lets go of a dead one and begins to make it.
+  // Call it before getting the connection: releases a closed one and starts connecting.
   void prepare(GCancellable* cancellable) {
     const std::lock_guard guard(mutex_);
     if (kept_ && g_dbus_connection_is_closed(kept_.get()) != 0) {
@@ -27,23 +27,23 @@ class SharedConnection {
     while (g_main_context_iteration(context_.get(), FALSE) != 0) {
     }
     const auto made = [](GObject*, GAsyncResult* result, void*) {
-      liveOn(GObjectPointer<GDBusConnection>(g_bus_get_finish(result, nullptr)).get());
+      surviveClosing(GObjectPointer<GDBusConnection>(g_bus_get_finish(result, nullptr)).get());
     };
     g_main_context_push_thread_default(context_.get());
     g_bus_get(G_BUS_TYPE_SESSION, cancellable, made, nullptr);
     g_main_context_pop_thread_default(context_.get());
   }
 
-  // Keeps it while it lives: a prompt of the keyring lasts no longer than its connection.
+  // Keeps the connection open, because a prompt of the keyring ends with its connection.
   void keep(GDBusConnection* bus) {
-    liveOn(bus);
+    surviveClosing(bus);
     const std::lock_guard guard(mutex_);
     kept_.reset(G_DBUS_CONNECTION(g_object_ref(bus)));
   }
 
  private:
-  // Without this its death would be the process's.
-  static void liveOn(GDBusConnection* bus) {
+  // By default GIO ends the process when the bus closes the connection.
+  static void surviveClosing(GDBusConnection* bus) {
     if (bus != nullptr) {
       g_dbus_connection_set_exit_on_close(bus, FALSE);
     }
@@ -78,8 +78,8 @@ GioCalls::GioCalls(std::chrono::milliseconds deadline)
 }
 
 GioCalls::~GioCalls() {
-  // GIO frees what it kept for signals in the context of the calls. A call that was given up must
-  // not report any more.
+  // GIO frees its signal data in the main context of the calls. A call that was given up must not
+  // call back any more.
   while (!gaveUp_ && g_main_context_iteration(context_.get(), FALSE)) {
   }
   g_main_context_pop_thread_default(context_.get());
@@ -87,8 +87,8 @@ GioCalls::~GioCalls() {
 
 GObjectPointer<GAsyncResult> GioCalls::run(const Start& start) {
   GObjectPointer<GAsyncResult> result;
-  const auto keep = [](GObject*, GAsyncResult* arrived, void* place) {
-    static_cast<GObjectPointer<GAsyncResult>*>(place)->reset(
+  const auto keep = [](GObject*, GAsyncResult* arrived, void* slot) {
+    static_cast<GObjectPointer<GAsyncResult>*>(slot)->reset(
         static_cast<GAsyncResult*>(g_object_ref(arrived)));
   };
   start(cancellable_.get(), keep, &result);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// GIO's asynchronous calls, awaited on a thread that may block.
+// Blocking calls of GIO's asynchronous functions, with a deadline.
 #pragma once
 
 #include <chrono>
@@ -10,11 +10,11 @@
 
 namespace glintboard {
 
-// Makes asynchronous GIO calls on the calling thread and a main context of its own, until a
-// deadline common to all of them. For one thread, which must not run another GLib loop meanwhile.
+// Makes asynchronous GIO calls in a main context of its own, with one deadline for all of them. For
+// one thread, which must not run another GLib loop during the lifetime of this object.
 class GioCalls {
  public:
-  // What a call is started with, in GIO's order of arguments.
+  // Starts a call with these arguments, which are in GIO's order.
   using Start =
       std::function<void(GCancellable* cancellable, GAsyncReadyCallback callback, void* data)>;
 
@@ -23,8 +23,8 @@ class GioCalls {
   GioCalls(const GioCalls&) = delete;
   GioCalls& operator=(const GioCalls&) = delete;
 
-  // Starts a call and blocks until its result is there, for the call's `_finish` function. The
-  // deadline cancels the call; null when even that does not end it.
+  // Starts a call and blocks until it has a result for the call's `_finish` function. The deadline
+  // cancels the call; null if the call does not end within 50 ms after that.
   GObjectPointer<GAsyncResult> run(const Start& start);
 
  private:
@@ -35,16 +35,15 @@ class GioCalls {
   bool gaveUp_ = false;
 };
 
-// Where the session bus listens, or empty. Starts none, as GIO might do when it is asked.
+// The address of the running session bus, or empty. Unlike GIO's function, it starts no bus.
 std::string sessionBusAddress();
-// Where the system bus listens.
+// The address of the system bus.
 std::string systemBusAddress();
-// What a connection to a bus at an address needs.
+// The flags for connecting to the address of a message bus.
 GDBusConnectionFlags messageBusFlags();
 
-// The session bus, or null with the reason in `error` when there is none or it does not answer.
-// The bus may go away without ending this process, and come again. The connection is kept for the
-// next caller.
+// The session bus; null with `error` set when there is none or it does not answer. The end of the
+// bus does not end this process. The connection is shared with later callers. Any thread.
 GObjectPointer<GDBusConnection> connectToSessionBus(GioCalls& calls, GLibPointer<GError>& error);
 
 }  // namespace glintboard

@@ -30,8 +30,8 @@ struct GObjectRelease {
 };
 }  // namespace detail
 
-// Owns a GLib value that is no object: GKeyFile, GVariant, char, char* (a list of texts), …
-// A GSource is also taken off its main context.
+// Owns a GLib value that is not a GObject: GKeyFile, GVariant, char, char* (a list of texts), …
+// Releasing a GSource also removes it from its main context.
 template <class T>
 using GLibPointer = std::unique_ptr<T, detail::GLibRelease>;
 
@@ -39,7 +39,8 @@ using GLibPointer = std::unique_ptr<T, detail::GLibRelease>;
 template <class T>
 using GObjectPointer = std::unique_ptr<T, detail::GObjectRelease>;
 
-// Takes what a GLib function leaves behind a pointer argument: `f(leftIn(error))`.
+// Takes the ownership of the result that a GLib function stores in an output argument:
+// `f(leftIn(error))`.
 template <class Owner>
 class LeftIn {
  public:
@@ -55,6 +56,7 @@ class LeftIn {
   typename Owner::pointer left_ = nullptr;
 };
 
+// `owner` gets the result at the end of the full expression.
 template <class Owner>
 LeftIn<Owner> leftIn(Owner& owner) {
   return LeftIn<Owner>(owner);

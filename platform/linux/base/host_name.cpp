@@ -6,13 +6,13 @@
 #include <array>
 
 #include "platform/atomic_file.h"
-#include "platform/linux/base/utf8_text.h"
 #include "platform/log.h"
+#include "protocol/utf8.h"
 
 namespace glintboard {
 
 std::string kernelHostName() {
-  std::array<char, 256> name{};  // The last byte stays NUL whatever the length.
+  std::array<char, 256> name{};  // gethostname does not write to the last byte
   return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
 }
 
@@ -24,11 +24,11 @@ bool isSameFile(const struct stat& a, const struct stat& b) {
 }
 
 bool isUsable(const std::string& name) {
-  return isUtf8(name) && name.find('\0') == std::string::npos && !name.empty() &&
+  return isValidUtf8(name) && name.find('\0') == std::string::npos && !name.empty() &&
          name != "localhost" && name != "localhost.localdomain" && name != "(none)";
 }
 
-// A shell word without its quotes. What follows an unquoted blank is no part of it.
+// Removes the quotes from a shell word, which ends at an unquoted blank.
 std::string unquoted(std::string_view word) {
   std::string value;
   char quote = 0;
@@ -79,7 +79,7 @@ std::string HostName::prettyName() const {
     try {
       pretty_ = assignedValue(readWholeFile(machineInfo_), "PRETTY_HOSTNAME");
     } catch (const std::exception& error) {
-      log::warning("the computer's name: ", error.what());
+      log::warning("cannot read the computer's name: ", error.what());
     }
     read_ = now;
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The name that people know this computer by.
+// The computer's name.
 #pragma once
 
 #include <sys/stat.h>
@@ -12,19 +12,19 @@
 
 namespace glintboard {
 
-// The pretty name that hostnamed keeps, else the host name. Read anew only after the file has
-// changed, so asking costs microseconds. Any thread.
+// The pretty host name of hostnamed, else the kernel's host name. Reads the file again only after
+// it has changed, so a call takes microseconds. Any thread.
 class HostName {
  public:
   using Lookup = std::function<std::string()>;
-  // Where hostnamed keeps the pretty name.
+  // hostnamed stores the pretty name in this file.
   static constexpr const char* machineInfoFile = "/etc/machine-info";
 
   HostName();
-  // `machineInfo` is hostnamed's file, `lookup` gives the kernel's host name.
+  // `machineInfo` is hostnamed's file; `lookup` returns the kernel's host name.
   HostName(std::filesystem::path machineInfo, Lookup lookup);
 
-  // None when the computer has no name but that of every computer ("localhost").
+  // The name; none when the computer has only a generic one ("localhost").
   std::optional<std::string> localizedName() const;
 
  private:
@@ -33,16 +33,16 @@ class HostName {
   const std::filesystem::path machineInfo_;
   const Lookup lookup_;
   mutable std::mutex mutex_;
-  // What the file was when it was read, and the name in it.
+  // The state of the file when it was last read, and the name in it.
   mutable struct stat read_{};
   mutable std::string pretty_;
 };
 
-// The name that the kernel has for this computer; empty when it has none.
+// The kernel's host name, or empty.
 std::string kernelHostName();
 
-// The value of `key` in a file of KEY=VALUE lines with a shell's quoting, as /etc/machine-info and
-// /etc/os-release are written; empty when it is not there. The last assignment counts.
+// The value of `key` in a file of KEY=VALUE lines with shell quoting, such as /etc/machine-info;
+// empty without the key. The last assignment wins.
 std::string assignedValue(std::string_view file, std::string_view key);
 
 }  // namespace glintboard

@@ -8,7 +8,7 @@ namespace glintboard {
 GLibPointer<GKeyFile> loadKeyFile(const std::filesystem::path& path, GKeyFileFlags flags) {
   constexpr std::uintmax_t largest = 4u << 20u;
   std::error_code error;
-  // Opening a named pipe would wait for its writer.
+  // Opening a named pipe would block until it has a writer.
   if (!std::filesystem::is_regular_file(path, error) ||
       std::filesystem::file_size(path, error) > largest) {
     return nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files of `[group]` and `key=value` lines, as desktop entries and icon themes are.
+// Reads files of `[group]` and `key=value` lines, such as desktop entries and icon themes.
 #pragma once
 
 #include <filesystem>
@@ -10,15 +10,16 @@
 
 namespace glintboard {
 
-// Reads such a file; null when it is missing, no regular file, larger than 4 MiB or damaged.
+// Reads a file; null when it is missing, not a regular file, larger than 4 MiB or damaged. Blocks
+// on the disk.
 GLibPointer<GKeyFile> loadKeyFile(const std::filesystem::path& path,
                                   GKeyFileFlags flags = G_KEY_FILE_NONE);
 
-// The text of a key with its escapes resolved, or empty.
+// The unescaped text of a key, or empty.
 std::string textOf(GKeyFile* file, const char* group, const char* key);
-// Whether a key is there and true.
+// Whether a key exists and is true.
 bool flagOf(GKeyFile* file, const char* group, const char* key);
-// A whole number, or `fallback`.
+// The integer of a key, or `fallback`.
 int numberOf(GKeyFile* file, const char* group, const char* key, int fallback);
 // The comma-separated texts of a key.
 std::vector<std::string> commaListOf(GKeyFile* file, const char* group, const char* key);

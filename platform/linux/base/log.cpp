@@ -17,7 +17,7 @@ namespace glintboard::log {
 namespace {
 
 constexpr const char* levelVariable = "GLINTBOARD_LOG";
-constexpr std::size_t maxText = 2000;  // bytes; a phone sends what it likes
+constexpr std::size_t maxText = 2000;  // bytes; messages may quote a phone
 
 struct LevelWords {
   std::string_view name;
@@ -71,11 +71,11 @@ GLogWriterOutput put(GLogLevelFlags flags, const GLogField* fields, gsize count,
   }
   const std::unique_ptr<char, decltype(&g_free)> text(
       g_log_writer_format_fields(flags, fields, count, FALSE), &g_free);
-  // GLib begins what is urgent with an empty line.
+  // GLib starts urgent messages with an empty line.
   std::string line = text.get();
   line.erase(0, line.find_first_not_of('\n'));
   line += '\n';
-  // A log that cannot be written is lost; there is nobody left to tell.
+  // There is nowhere else to report a failure.
   [[maybe_unused]] const auto written = ::write(STDERR_FILENO, line.data(), line.size());
   return G_LOG_WRITER_HANDLED;
 }
@@ -90,14 +90,14 @@ void putOf(const char* origin, Level level, std::string_view text) {
   const std::unique_ptr<char, decltype(&g_free)> valid(
       g_utf8_make_valid(whole.data(), static_cast<gssize>(whole.size())), &g_free);
   std::string line = valid.get();
-  // Some of it came over the network, and must not pass for another line.
+  // Text from the network must not forge another line.
   std::ranges::replace_if(line, [](unsigned char byte) { return byte < ' ' || byte == 0x7f; }, ' ');
   const LevelWords& word = words.at(static_cast<std::size_t>(level));
   const std::array<GLogField, 4> fields = {{{"MESSAGE", line.c_str(), -1},
                                             {"PRIORITY", word.priority, -1},
                                             {"GLIB_DOMAIN", origin, -1},
                                             {"SYSLOG_IDENTIFIER", g_get_prgname(), -1}}};
-  // The last only of a program that has a name.
+  // Without a program name, the last field is left out.
   put(word.flag, fields.data(), g_get_prgname() == nullptr ? 3 : 4, nullptr);
 }
 
@@ -121,7 +121,7 @@ void takeMessagesOfLibraries(const char* program) {
   qInstallMessageHandler(putOfQt);
   const std::string_view wanted = wantedLevel();
   if (!wanted.empty() && std::ranges::find(words, wanted, &LevelWords::name) == words.end()) {
-    warning(levelVariable, "=", wanted, " is none of error, warning, info and debug");
+    warning(levelVariable, "=", wanted, ": expected error, warning, info or debug");
   }
 }
 

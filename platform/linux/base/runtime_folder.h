@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The folder for what lives as long as the user's session.
+// The folder for files of the user's session.
 #pragma once
 
 #include <filesystem>
@@ -7,8 +7,8 @@
 
 namespace glintboard {
 
-// $XDG_RUNTIME_DIR, else /run/user/UID, else a folder created in the temporary folder; the first
-// that exists, belongs to this user and is writable by no other. None when there is none.
+// $XDG_RUNTIME_DIR, else /run/user/UID, else a new folder in the temporary folder: the first that
+// exists, belongs to this user and is writable only by this user. None if all fail.
 std::optional<std::filesystem::path> runtimeFolder();
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// UTF-8 text that comes from outside or must fit into a limit.
+// Truncates UTF-8 text.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +7,7 @@
 
 namespace glintboard {
 
-// Whether the whole text is UTF-8; a NUL character counts as any other.
-bool isUtf8(std::string_view text);
-
-// The longest beginning of UTF-8 `text` that has at most `limit` bytes and ends with a whole
+// The longest prefix of UTF-8 `text` that has at most `limit` bytes and ends with a whole
 // character.
 std::string_view wholeCharacters(std::string_view text, std::size_t limit);
 

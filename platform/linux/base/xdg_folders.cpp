@@ -13,7 +13,7 @@ namespace {
 
 using std::filesystem::path;
 
-// A relative path in the environment is to be ignored.
+// Ignores a relative path in the environment.
 path folderFrom(const char* variable, const path& fallback) {
   const char* value = std::getenv(variable);
   return value != nullptr && *value == '/' ? path(value) : fallback;
@@ -53,7 +53,7 @@ XdgFolders xdgFoldersOfEnvironment() {
   XdgFolders folders;
   folders.home = g_get_home_dir();
   folders.dataHome = folderFrom("XDG_DATA_HOME", folders.home / ".local/share");
-  // Where nobody says otherwise, the applications of Flatpak and Snap count too.
+  // Without XDG_DATA_DIRS, the applications of Flatpak and Snap are included too.
   const auto usual = (folders.dataHome / "flatpak/exports/share").string() +
                      ":/var/lib/flatpak/exports/share:/usr/local/share:/usr/share"
                      ":/var/lib/snapd/desktop";

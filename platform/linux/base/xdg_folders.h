@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The base folders of the freedesktop rules.
+// The base folders of the XDG Base Directory rules.
 #pragma once
 
 #include <filesystem>
@@ -16,7 +16,7 @@ struct XdgFolders {
   std::filesystem::path stateHome;
   std::filesystem::path configHome;
   std::vector<std::filesystem::path> configDirs;
-  // The names of the running desktop, as XDG_CURRENT_DESKTOP has them; may be empty.
+  // XDG_CURRENT_DESKTOP: the names of the running desktop; may be empty.
   std::string currentDesktop;
 
   // `dataHome` and then `dataDirs`, each followed by `name`.
@@ -25,8 +25,8 @@ struct XdgFolders {
   std::vector<std::filesystem::path> configFolders(const std::filesystem::path& name) const;
 };
 
-// The folders that this process's environment names. Call it before other threads run that change
-// the environment.
+// The folders that this process's environment names. Not safe while another thread changes the
+// environment.
 XdgFolders xdgFoldersOfEnvironment();
 
 }  // namespace glintboard

@@ -2,11 +2,11 @@
 #include "platform/linux/desktop/appearance_settings.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <vector>
 
 #include "platform/linux/base/key_file.h"
+#include "protocol/text.h"
 
 namespace glintboard {
 namespace {
@@ -16,18 +16,12 @@ std::optional<T> first(const std::optional<T>& value, const std::optional<T>& ot
   return value ? value : other;
 }
 
-std::string lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return std::tolower(c); });
-  return text;
-}
-
 bool contains(const std::string& text, const char* part) {
   return text.find(part) != std::string::npos;
 }
 
 std::optional<bool> flag(GKeyFile* file, const char* group, const char* key) {
-  const auto text = lower(textOf(file, group, key));
+  const auto text = lowercased(textOf(file, group, key));
   if (text.empty()) {
     return std::nullopt;
   }
@@ -41,8 +35,8 @@ std::optional<double> number(const std::string& text) {
 }
 
 template <class T>
-void fill(std::optional<T>& place, const std::optional<T>& value) {
-  place = first(place, value);
+void fill(std::optional<T>& setting, const std::optional<T>& value) {
+  setting = first(setting, value);
 }
 
 void readGtk(const XdgFolders& folders, AppearanceSettings& settings) {
@@ -62,7 +56,7 @@ void readGtk(const XdgFolders& folders, AppearanceSettings& settings) {
   const char* theme = std::getenv("GTK_THEME");
   if (theme != nullptr && *theme != '\0') {
     settings.themeName = theme;
-    settings.prefersDark = contains(lower(theme), "dark");
+    settings.prefersDark = contains(lowercased(theme), "dark");
   }
 }
 
@@ -85,7 +79,7 @@ void readKde(const XdgFolders& folders, AppearanceSettings& settings) {
   }
 }
 
-// GSettings keeps its values in this file where there is no dconf.
+// GSettings stores its values in this file if dconf is not installed.
 void readGSettings(const XdgFolders& folders, AppearanceSettings& settings) {
   const auto file = loadKeyFile(folders.configHome / "glib-2.0/settings/keyfile");
   if (!file) {
@@ -139,7 +133,7 @@ void AppearanceSettings::take(std::string_view space, std::string_view key, GVar
 }
 
 DesktopAppearance AppearanceSettings::resolved(const AppearanceSettings& others) const {
-  const auto theme = lower(themeName.empty() ? others.themeName : themeName);
+  const auto theme = lowercased(themeName.empty() ? others.themeName : themeName);
   const bool contrast = first(prefersContrast, others.prefersContrast).value_or(false) ||
                         first(highContrast, others.highContrast).value_or(false) ||
                         contains(theme, "highcontrast");
@@ -156,7 +150,7 @@ DesktopAppearance AppearanceSettings::resolved(const AppearanceSettings& others)
 AppearanceSettings appearanceSettingsInFiles(const XdgFolders& folders) {
   AppearanceSettings settings;
   const bool onKde = contains(folders.currentDesktop, "KDE");
-  // Where a desktop has no settings of its own here, they may be another desktop's leftovers.
+  // KDE's files may be left over from another desktop, so elsewhere they come last.
   if (onKde) {
     readKde(folders, settings);
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a desktop's settings say about the look of windows.
+// The appearance settings in the files and the portal of a desktop.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@
 
 namespace glintboard {
 
-// Each setting where it is known.
+// The settings of one source. An absent setting is unknown.
 struct AppearanceSettings {
   std::optional<bool> prefersDark;  // none: no preference
   std::optional<bool> prefersContrast;
@@ -22,13 +22,14 @@ struct AppearanceSettings {
   std::optional<double> textScale;
   std::string themeName;
 
-  // Takes one setting of the desktop portal, with its namespace; others are ignored.
+  // Stores one setting of the desktop portal's namespace `space`. Ignores unknown settings and
+  // values of other types.
   void take(std::string_view space, std::string_view key, GVariant* value);
-  // The look; what is not known here is as `others` say.
+  // The appearance. Unknown settings are taken from `others`.
   DesktopAppearance resolved(const AppearanceSettings& others) const;
 };
 
-// What the files of GTK and KDE and the environment say. Blocks on the disk.
+// The settings in the files of GTK, KDE and GSettings and in the environment. Blocks on the disk.
 AppearanceSettings appearanceSettingsInFiles(const XdgFolders& folders);
 
 }  // namespace glintboard

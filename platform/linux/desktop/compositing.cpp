@@ -11,7 +11,7 @@
 namespace glintboard {
 namespace {
 
-// A compositing manager owns a selection of the first screen, where all of a desktop's windows are.
+// A compositing manager owns this selection of the first screen, the only one of a desktop.
 bool hasCompositingManager(xcb_connection_t* connection) {
   const std::string name = "_NET_WM_CM_S0";
   const CPointer<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(

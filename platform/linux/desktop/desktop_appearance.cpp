@@ -26,7 +26,7 @@ struct DesktopAppearanceMonitor::OnBus {
     GLibPointer<GError> error;
     const GLibPointer<GVariant> reply(
         g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, leftIn(error)));
-    // Who was cancelled may be gone.
+    // After a cancellation `self` may have been destroyed.
     if (reply) {
       monitor(self).takeAll(reply.get());
     }
@@ -90,7 +90,7 @@ void DesktopAppearanceMonitor::askForAll() {
 
 void DesktopAppearanceMonitor::takeAll(GVariant* reply) {
   portal_ = {};
-  // The portal's own settings come first in the alphabet, and win over a desktop's.
+  // The namespace of the portal's own settings comes first and wins over the desktop's.
   const GLibPointer<GVariant> spaces(g_variant_get_child_value(reply, 0));
   GVariantIter outer;
   g_variant_iter_init(&outer, spaces.get());

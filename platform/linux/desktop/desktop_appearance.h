@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The look that the desktop's settings ask for, as it changes.
+// Follows the desktop's appearance settings.
 #pragma once
 
 #include <functional>
@@ -10,27 +10,30 @@
 
 namespace glintboard {
 
-// Begins with what the settings files say, and follows the desktop portal where there is one.
+// Reads the settings files once and follows the desktop portal, whose settings have precedence.
 class DesktopAppearanceMonitor : public DesktopBus::Client {
  public:
-  // Reads the files. `changed` is called on the bus's thread.
+  // Reads the files. `changed` is called on the bus's thread at every change.
   DesktopAppearanceMonitor(const XdgFolders& folders,
                            std::function<void(DesktopAppearance)> changed);
   ~DesktopAppearanceMonitor() override;
   DesktopAppearanceMonitor(const DesktopAppearanceMonitor&) = delete;
   DesktopAppearanceMonitor& operator=(const DesktopAppearanceMonitor&) = delete;
 
-  // Any thread.
+  // The latest appearance. Any thread.
   DesktopAppearance current() const;
 
   void connected(GDBusConnection* bus) override;
   void disconnected() override;
 
  private:
-  struct OnBus;  // what GIO calls
+  struct OnBus;  // GIO's callbacks
 
+  // Requests all settings of the portal.
   void askForAll();
+  // Replaces the portal's settings by those of the reply.
   void takeAll(GVariant* reply);
+  // Calls `changed_` if the appearance has changed.
   void publish();
 
   const AppearanceSettings files_;

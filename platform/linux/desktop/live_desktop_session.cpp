@@ -11,7 +11,7 @@
 namespace glintboard {
 namespace {
 
-// A tray shows a placeholder for a name that it does not find.
+// Whether trays find the icon: they show a placeholder for an unknown name.
 bool isInstalled(const std::string& icon, const XdgFolders& folders) {
   for (const auto& folder : folders.dataFolders("icons/hicolor/symbolic/apps")) {
     std::error_code ignored;
@@ -42,7 +42,7 @@ struct DesktopSession::Parts {
   const XdgFolders folders;
   const std::shared_ptr<DesktopAppearanceMonitor> appearance;
   std::unique_ptr<TrayItem> trayItem;
-  DesktopBus bus;  // last, for it calls the others
+  DesktopBus bus;  // last: its thread uses the members above
 };
 
 DesktopSession::DesktopSession(std::function<void(DesktopAppearance)> appearanceChanged)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sleep, as logind tells of it.
+// Reports sleep with logind's signals.
 #pragma once
 
 #include "platform/linux/base/desktop_bus.h"
@@ -7,6 +7,7 @@
 
 namespace glintboard {
 
+// Connects to the system bus on a thread of its own.
 class LogindSleepWatch : public SleepWatch {
  public:
   void start(std::function<void()> woken) override;

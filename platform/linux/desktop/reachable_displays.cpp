@@ -22,8 +22,8 @@ std::string variable(const char* name) {
   return value == nullptr ? "" : value;
 }
 
-// The libraries wait for ever for a server that does not answer. So a process of its own asks, and
-// the alarm ends that.
+// Whether `question` returns true within the timeout. The libraries never return if a server hangs,
+// so a child process asks, which SIGALRM ends.
 template <class Question>
 bool answersInTime(Question question) {
   const pid_t child = ::fork();
@@ -51,7 +51,7 @@ bool xServerAnswers() {
 bool compositorAnswers() {
   const auto display = variable("WAYLAND_DISPLAY");
   return !display.empty() && answersInTime([&] {
-    // A socket that was inherited can be used only once, and not for a question.
+    // An inherited socket can be used only once, by Qt.
     ::unsetenv("WAYLAND_SOCKET");
     wl_display* connection = wl_display_connect(display.c_str());
     return connection != nullptr && wl_display_roundtrip(connection) >= 0;

@@ -47,7 +47,7 @@ GVariant* pixmaps(const std::vector<QImage>& images) {
   GVariantBuilder builder;
   g_variant_builder_init(&builder, G_VARIANT_TYPE("a(iiay)"));
   for (const QImage& image : images) {
-    // In the byte order of networks, whatever this machine's is.
+    // The protocol uses network byte order.
     const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
     std::vector<quint32> bytes;
     for (int y = 0; y < pixels.height(); ++y) {
@@ -70,7 +70,7 @@ struct StatusNotifierItem::OnBus {
 
   static void called(GDBusConnection*, const char*, const char*, const char*, const char*,
                      GVariant* arguments, GDBusMethodInvocation* invocation, void* self) {
-    // Scrolling has arguments of other types, and means nothing.
+    // Scroll has arguments of other types and is ignored.
     if (g_variant_is_of_type(arguments, G_VARIANT_TYPE("(s)")) != 0) {
       const char* token = nullptr;
       g_variant_get(arguments, "(&s)", &token);
@@ -99,7 +99,7 @@ struct StatusNotifierItem::OnBus {
     GLibPointer<GError> error;
     const GLibPointer<GVariant> reply(
         g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, leftIn(error)));
-    // Who was cancelled may be gone.
+    // After a cancellation `self` may have been destroyed.
     if (!error || g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_CANCELLED) == 0) {
       item(self).registered(reply != nullptr);
     }
@@ -116,7 +116,7 @@ struct StatusNotifierItem::OnBus {
     if (reply) {
       g_variant_get(reply.get(), "(v)", static_cast<GVariant**>(leftIn(value)));
     }
-    // A watcher that does not tell has one.
+    // A watcher without the property counts as having a host.
     const bool none = value && g_variant_is_of_type(value.get(), G_VARIANT_TYPE_BOOLEAN) != 0 &&
                       g_variant_get_boolean(value.get()) == 0;
     item(self).setShown(!none);
@@ -179,7 +179,7 @@ void StatusNotifierItem::registerWith(const char* watcher) {
   g_dbus_connection_call(bus_, watcher, watcherPath, watcherName, "RegisterStatusNotifierItem",
                          g_variant_new("(s)", name_.c_str()), nullptr, G_DBUS_CALL_FLAGS_NONE,
                          G_MAXINT, cancellable_.get(), OnBus::watcherAnswered, this);
-  // A busy desktop may answer late: then the item is shown late, and elsewhere in the meantime.
+  // If a busy desktop answers late, the item is shown late, and in the other tray until then.
   timeout_.reset(g_timeout_source_new(watcherTimeout));
   const auto elapsed = [](void* self) -> int {
     static_cast<StatusNotifierItem*>(self)->notShownYet();
@@ -190,21 +190,21 @@ void StatusNotifierItem::registerWith(const char* watcher) {
 }
 
 void StatusNotifierItem::notShownYet() {
-  log::info("the desktop's tray does not answer");
+  log::info("the tray does not answer");
   setShown(false);
 }
 
 void StatusNotifierItem::registered(bool accepted) {
   timeout_.reset();
   if (!accepted) {
-    log::warning("the desktop's tray does not take the item");
+    log::warning("the tray has refused the item");
     setShown(false);
     return;
   }
   askForHost();
 }
 
-// A watcher without a host has items, but nobody who shows them.
+// Only a watcher with a host shows items.
 void StatusNotifierItem::askForHost() {
   g_dbus_connection_call(bus_, watcherName, watcherPath, "org.freedesktop.DBus.Properties", "Get",
                          g_variant_new("(ss)", watcherName, "IsStatusNotifierHostRegistered"),
@@ -256,7 +256,7 @@ GVariant* StatusNotifierItem::property(std::string_view name) const {
     return g_variant_new_boolean(FALSE);
   }
   if (name == "Menu") {
-    // What hosts take as "there is none"; they call ContextMenu then.
+    // Hosts recognise this path as "no menu" and call ContextMenu.
     return g_variant_new_object_path("/NO_DBUSMENU");
   }
   return text("");

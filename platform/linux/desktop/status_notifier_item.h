@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The agent's item in trays that speak the StatusNotifier protocol.
+// The agent's item in trays with the StatusNotifier protocol.
 #pragma once
 
 #include <optional>
@@ -9,31 +9,39 @@
 
 namespace glintboard {
 
-// Offers the item on the bus and registers it with the desktop's watcher, whenever one comes. All
-// on the bus's thread.
+// Exports the item on the bus and registers it with each StatusNotifierWatcher that starts. Bus's
+// thread only.
 class StatusNotifierItem : public DesktopBus::Client {
  public:
-  // `shownChanged` is told whether such a tray shows the item, first when that is known.
+  // `shownChanged` is called when it becomes known, and when it changes, whether a tray shows the
+  // item.
   StatusNotifierItem(TrayLook look, TrayActivated activated,
                      std::function<void(bool shown)> shownChanged);
   ~StatusNotifierItem() override;
   StatusNotifierItem(const StatusNotifierItem&) = delete;
   StatusNotifierItem& operator=(const StatusNotifierItem&) = delete;
 
+  // Sets the plain text of the tool tip.
   void setToolTip(std::string text);
 
   void connected(GDBusConnection* bus) override;
   void disconnected() override;
 
  private:
-  struct OnBus;  // what GIO calls
+  struct OnBus;  // GIO's callbacks
 
+  // Registers the item with the watcher of that bus name. Without an answer in time, the item
+  // counts as not shown until the watcher answers.
   void registerWith(const char* watcher);
   void registered(bool accepted);
+  // Asks the watcher whether a host shows the items.
   void askForHost();
   void notShownYet();
+  // Calls `shownChanged_` if the value has changed.
   void setShown(bool shown);
+  // Emits a signal without arguments, if connected.
   void emit(const char* signal) const;
+  // The value of a property of the item, as a floating reference.
   GVariant* property(std::string_view name) const;
 
   const TrayLook look_;
@@ -44,7 +52,7 @@ class StatusNotifierItem : public DesktopBus::Client {
 
   std::string toolTip_;
   std::optional<bool> shown_;
-  std::string token_;  // for the next activation
+  std::string token_;  // the activation token of the next activation
 
   // While connected.
   GDBusConnection* bus_ = nullptr;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The agent's item in whatever tray the desktop has.
+// The agent's item in the desktop's tray.
 #pragma once
 
 #include <memory>
@@ -10,21 +10,23 @@
 
 namespace glintboard {
 
-// Prefers the StatusNotifier tray to that of the X display. All on the bus's thread.
+// Uses a StatusNotifier tray, else the tray of the X display. Bus's thread only.
 class TrayItem {
  public:
-  // `onX11` tells whether the agent's windows are on the X display that the environment names.
+  // `onX11`: whether the agent's windows are on the X display that the environment names.
   TrayItem(const TrayLook& look, TrayActivated activated, bool onX11);
 
-  // What the bus is to know of it.
+  // The client to add to the bus.
   std::shared_ptr<DesktopBus::Client> client() { return notifier_; }
+  // Sets the plain text of the tool tip.
   void setToolTip(std::string text) { notifier_->setToolTip(std::move(text)); }
   // Whether a tray shows the item now.
   bool isShown() const;
-  // Ends everything but the client.
+  // Removes the item from the X display. The client is removed by the bus.
   void end();
 
  private:
+  // Adds or removes the item on the X display.
   void notifierChanged(bool shown);
 
   const TrayLook look_;

@@ -31,7 +31,7 @@ X11TrayItem::X11TrayItem(TrayLook look, TrayActivated activated)
   };
   g_source_set_callback(readable_.get(), G_SOURCE_FUNC(+ready), this, nullptr);
   g_source_attach(readable_.get(), g_main_context_get_thread_default());
-  // A tray that comes tells the root window.
+  // A tray that starts sends a message to the root window.
   const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
   xcb_change_window_attributes(connection_.get(), screen_->root, XCB_CW_EVENT_MASK, &events);
   join();
@@ -49,7 +49,7 @@ bool X11TrayItem::internAtoms(int screen) {
   const std::string tray = "_NET_SYSTEM_TRAY_S" + std::to_string(screen);
   const struct {
     std::string_view name;
-    xcb_atom_t Atoms::* place;
+    xcb_atom_t Atoms::* atom;
   } wanted[] = {
       {tray, &Atoms::tray},
       {"MANAGER", &Atoms::manager},
@@ -59,7 +59,7 @@ bool X11TrayItem::internAtoms(int screen) {
       {"_NET_WM_NAME", &Atoms::name},
       {"UTF8_STRING", &Atoms::utf8},
   };
-  for (const auto& [name, place] : wanted) {
+  for (const auto& [name, atom] : wanted) {
     const auto asked =
         xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
     const CPointer<xcb_intern_atom_reply_t> reply(
@@ -67,7 +67,7 @@ bool X11TrayItem::internAtoms(int screen) {
     if (!reply) {
       return false;
     }
-    atoms_.*place = reply->atom;
+    atoms_.*atom = reply->atom;
   }
   return true;
 }
@@ -193,7 +193,7 @@ void X11TrayItem::createWindow(xcb_window_t tray) {
   const auto colours = xcb_generate_id(connection);
   xcb_create_colormap(connection, XCB_COLORMAP_ALLOC_NONE, colours, screen_->root, visual);
   const bool seeThrough = depth_ == 32;
-  // A pixel that nobody sees, or the number of a pixmap.
+  // A transparent pixel, or the background pixmap.
   const std::uint32_t background = seeThrough ? 0 : std::uint32_t{XCB_BACK_PIXMAP_PARENT_RELATIVE};
   const std::array<std::uint32_t, 4> values{
       background, 0,
@@ -213,7 +213,7 @@ void X11TrayItem::createWindow(xcb_window_t tray) {
                       atoms_.embedInfo, 32, embedInfo.size(), embedInfo.data());
   xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, atoms_.name, atoms_.utf8, 8,
                       static_cast<std::uint32_t>(look_.title.size()), look_.title.data());
-  // Trays make a window that asks for no size as narrow as they can.
+  // Trays shrink a window without a minimum size to nothing.
   constexpr std::uint32_t hasMinimum = 1U << 4;
   std::array<std::uint32_t, 18> sizes{hasMinimum};
   sizes[5] = firstSize;
@@ -225,7 +225,6 @@ void X11TrayItem::createWindow(xcb_window_t tray) {
                       XCB_ATOM_STRING, 8, sizeof instanceAndClass, instanceAndClass);
 }
 
-// The best of the pictures, in the middle of such a window.
 QImage X11TrayItem::picture(int width, int height) const {
   QImage canvas(width, height, QImage::Format_ARGB32_Premultiplied);
   canvas.fill(Qt::transparent);
@@ -252,7 +251,7 @@ void X11TrayItem::draw() {
   QImage image = picture(width_, height_);
   xcb_clear_area(connection, 0, window_, 0, 0, width, height);
   if (depth_ != 32) {
-    // What the tray shows behind the window shines through.
+    // Blends the item with the tray's background.
     const auto asked =
         xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window_, 0, 0, width, height, ~0U);
     const CPointer<xcb_get_image_reply_t> behind(xcb_get_image_reply(connection, asked, nullptr));

@@ -14,6 +14,7 @@
 
 #include "platform/linux/base/utf8_text.h"
 #include "platform/log.h"
+#include "protocol/utf8.h"
 
 namespace glintboard {
 namespace {
@@ -22,7 +23,7 @@ namespace {
 constexpr unsigned minRetryPause = 3000;
 constexpr unsigned maxRetryPause = 30'000;
 
-// libdbus ends the process over text that is not UTF-8, and a label of the network holds few bytes.
+// libdbus aborts the process for text that is not UTF-8, and a DNS label has at most 63 bytes.
 std::string networkName(const std::string& name) {
   const std::unique_ptr<char, decltype(&::g_free)> valid(
       ::g_utf8_make_valid(name.data(), static_cast<gssize>(name.size())), &::g_free);
@@ -49,7 +50,7 @@ AvahiAdvertiser::AvahiAdvertiser()
       return;
     }
   }
-  log::warning("Bonjour: Avahi's event loop cannot be started");
+  log::warning("Bonjour: cannot start Avahi's event loop");
 }
 
 AvahiAdvertiser::~AvahiAdvertiser() {
@@ -113,7 +114,7 @@ void AvahiAdvertiser::tryLater() {
 
 void AvahiAdvertiser::takeWanted() {
   {
-    // Not held any longer than this: what follows may wait for the daemon.
+    // Released before the calls below, which may wait for the daemon.
     const std::lock_guard lock(mutex_);
     if (!wantedChanged_) {
       return;
@@ -144,12 +145,13 @@ void AvahiAdvertiser::createClient() {
 }
 
 void AvahiAdvertiser::registerService() {
-  if (!isUtf8(service_->type) || !isUtf8(service_->domain)) {
+  if (!isValidUtf8(service_->type) || !isValidUtf8(service_->domain)) {
     return;
   }
   group_.reset(::avahi_entry_group_new(client_.get(), groupChanged, this));
   int error = group_ ? AVAHI_ERR_COLLISION : ::avahi_client_errno(client_.get());
-  // Names that this computer itself advertises are refused at once, those of others later.
+  // The daemon refuses names of this computer's other services at once; it reports names of other
+  // computers later.
   for (int attempt = 0; error == AVAHI_ERR_COLLISION && attempt < 100; ++attempt) {
     if (attempt > 0) {
       takeNextName();
@@ -164,14 +166,14 @@ void AvahiAdvertiser::registerService() {
   if (error != AVAHI_OK) {
     group_.reset();
     tryLater();
-    tellOfRefusal(error);
+    logRefusal(error);
   }
 }
 
-// Each failure once, however often it is tried again.
-void AvahiAdvertiser::tellOfRefusal(int error) {
+// Logs a failure once, however often the attempt is repeated.
+void AvahiAdvertiser::logRefusal(int error) {
   if (std::exchange(refusal_, error) != error) {
-    log::warning("Bonjour: \"", name_, "\" cannot be advertised: ", ::avahi_strerror(error));
+    log::warning("Bonjour: cannot advertise \"", name_, "\": ", ::avahi_strerror(error));
   }
 }
 
@@ -207,7 +209,7 @@ void AvahiAdvertiser::groupChanged(AvahiEntryGroup*, AvahiEntryGroupState state,
     log::info("Bonjour: advertised as \"", advertiser->name_, "\"");
   } else if (state == AVAHI_ENTRY_GROUP_FAILURE) {
     const int error = ::avahi_client_errno(advertiser->client_.get());
-    advertiser->tellOfRefusal(error == AVAHI_OK ? AVAHI_ERR_FAILURE : error);
+    advertiser->logRefusal(error == AVAHI_OK ? AVAHI_ERR_FAILURE : error);
     advertiser->failed_ = true;
     advertiser->tryLater();
   }

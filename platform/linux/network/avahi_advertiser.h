@@ -11,12 +11,12 @@
 
 namespace glintboard {
 
-// Everything that may wait for the daemon happens on Avahi's own thread; publish and withdraw leave
-// word for it. The daemon and the system bus may come, go and come again; what fails is tried again
-// a few seconds later. Where the name is taken on the network, the next free one ("NAME #2") is
+// Avahi's own thread makes all calls that may wait for the daemon; publish and withdraw only queue
+// a request. The daemon and the system bus may end and start again; a failed attempt is repeated
+// after a few seconds. If the name is taken on the network, the next free one ("NAME #2") is
 // advertised.
 //
-// The destructor waits for a call to the daemon that is under way.
+// The destructor waits for a running call to the daemon.
 class AvahiAdvertiser : public BonjourAdvertiser {
  public:
   AvahiAdvertiser();
@@ -26,17 +26,22 @@ class AvahiAdvertiser : public BonjourAdvertiser {
   void withdraw() override { want(std::nullopt); }
 
  private:
+  // Queues what to advertise; none to advertise nothing.
   void want(std::optional<BonjourService> service);
+  // Makes Avahi's thread call `update`. Any thread.
   void wake();
 
-  // On Avahi's thread:
+  // The following run on Avahi's thread.
+  // Brings the client and the entry group into the wanted state.
   void update();
+  // Calls `update` again after a pause.
   void tryLater();
   void takeWanted();
   void createClient();
+  // Adds the service under the first name that is free on this computer.
   void registerService();
   void takeNextName();
-  void tellOfRefusal(int error);
+  void logRefusal(int error);
   static void clientChanged(AvahiClient* client, AvahiClientState state, void* self);
   static void groupChanged(AvahiEntryGroup* group, AvahiEntryGroupState state, void* self);
 
@@ -48,10 +53,10 @@ class AvahiAdvertiser : public BonjourAdvertiser {
   AvahiHandle<AvahiThreadedPoll> poll_;
   AvahiTimeout* nextTry_ = nullptr;  // of the poll, which releases it
 
-  // Touched by Avahi's thread alone once it runs. Avahi's callbacks only take notes and wake
-  // update(), which is free to release the objects they come from.
+  // Accessed only on Avahi's thread once it runs. Avahi's callbacks only set these fields and wake
+  // update(), which may release the objects that the callbacks come from.
   std::optional<BonjourService> service_;
-  std::string name_;  // as it is advertised
+  std::string name_;  // the advertised one
   AvahiHandle<AvahiClient> client_;
   AvahiHandle<AvahiEntryGroup> group_;
   AvahiClientState clientState_ = AVAHI_CLIENT_CONNECTING;

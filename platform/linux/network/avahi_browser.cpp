@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/network/avahi_browser.h"
-
 #include <avahi-common/address.h>
 #include <net/if.h>
 
@@ -11,8 +9,9 @@
 #include <thread>
 #include <tuple>
 
-#include "platform/linux/base/utf8_text.h"
+#include "platform/bonjour.h"
 #include "platform/linux/network/avahi_handles.h"
+#include "protocol/utf8.h"
 
 namespace glintboard {
 namespace {
@@ -56,7 +55,7 @@ class Search {
                                                type.c_str(), nullptr, AvahiLookupFlags{}, browsed,
                                                this));
     failed_ |= !browser_;
-    while (!failed_ && !(toldAll_ && pending_.empty())) {
+    while (!failed_ && !(isComplete_ && pending_.empty())) {
       const auto left =
           std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
       if (left.count() <= 0 ||
@@ -74,7 +73,7 @@ class Search {
  private:
   struct Pending {
     AvahiHandle<AvahiServiceResolver> resolver;
-    BonjourInstance instance;  // without what the resolver is to tell
+    BonjourInstance instance;  // without address and port
   };
 
   static void browsed(AvahiServiceBrowser*, AvahiIfIndex interface, AvahiProtocol protocol,
@@ -92,7 +91,7 @@ class Search {
         search->pending_.emplace(key, Pending{std::move(resolver), {name, {}, 0, isOwn}});
       }
     } else if (event == AVAHI_BROWSER_ALL_FOR_NOW) {
-      search->toldAll_ = true;
+      search->isComplete_ = true;
     } else if (event == AVAHI_BROWSER_FAILURE) {
       search->failed_ = true;
     }
@@ -105,7 +104,7 @@ class Search {
     auto* search = static_cast<Search*>(self);
     auto node = search->pending_.extract(resolver);
     if (!node) {
-      return;  // a second answer
+      return;  // already resolved
     }
     auto [handle, instance] = std::move(node.mapped());
     if (event == AVAHI_RESOLVER_FOUND) {
@@ -113,7 +112,7 @@ class Search {
       instance.port = port;
     }
     search->instances_.push_back(std::move(instance));
-    // Released after the callbacks, since this is one of its own.
+    // The resolver must outlive its own callback.
     search->resolved_.push_back(std::move(handle));
   }
 
@@ -123,7 +122,7 @@ class Search {
   std::map<AvahiServiceResolver*, Pending> pending_;
   std::vector<AvahiHandle<AvahiServiceResolver>> resolved_;
   Instances instances_;
-  bool toldAll_ = false;
+  bool isComplete_ = false;
   bool failed_ = false;
 };
 
@@ -132,32 +131,37 @@ auto order(const BonjourInstance& instance) {
                     instance.name, instance.address, instance.port);
 }
 
-}  // namespace
+// IPv4 addresses come first; a link-local IPv6 address has its interface as scope. A browse whose
+// daemon hangs leaves a thread behind for up to 25 seconds.
+class AvahiBrowser : public BonjourBrowser {
+ public:
+  std::optional<Instances> browse(const std::string& type,
+                                  std::chrono::milliseconds timeout) override {
+    if (!isValidUtf8(type)) {
+      return Instances();
+    }
+    // A daemon that hangs blocks libdbus for 25 s, so a thread that may outlive this call is used.
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
+    std::promise<std::optional<Instances>> promise;
+    auto searched = promise.get_future();
+    std::thread([type, deadline, promise = std::move(promise)]() mutable {
+      promise.set_value(Search().run(type, deadline));
+    }).detach();
+    constexpr auto grace = std::chrono::milliseconds(100);
+    if (searched.wait_until(deadline + grace) != std::future_status::ready) {
+      return std::nullopt;
+    }
+    auto found = searched.get();
+    if (found) {
+      std::ranges::sort(*found, {}, order);
+      const auto repeated = std::ranges::unique(*found, {}, order);
+      found->erase(repeated.begin(), repeated.end());
+    }
+    return found;
+  }
+};
 
-std::optional<Instances> AvahiBrowser::browse(const std::string& type,
-                                              std::chrono::milliseconds timeout) {
-  if (!isUtf8(type)) {
-    return Instances();
-  }
-  // A daemon that hangs holds libdbus up for 25 s, so a thread that may outlast this call asks it.
-  const auto deadline = std::chrono::steady_clock::now() + timeout;
-  std::promise<std::optional<Instances>> promise;
-  auto searched = promise.get_future();
-  std::thread([type, deadline, promise = std::move(promise)]() mutable {
-    promise.set_value(Search().run(type, deadline));
-  }).detach();
-  constexpr auto grace = std::chrono::milliseconds(100);
-  if (searched.wait_until(deadline + grace) != std::future_status::ready) {
-    return std::nullopt;
-  }
-  auto found = searched.get();
-  if (found) {
-    std::ranges::sort(*found, {}, order);
-    const auto repeated = std::ranges::unique(*found, {}, order);
-    found->erase(repeated.begin(), repeated.end());
-  }
-  return found;
-}
+}  // namespace
 
 std::unique_ptr<BonjourBrowser> BonjourBrowser::live() {
   return std::make_unique<AvahiBrowser>();

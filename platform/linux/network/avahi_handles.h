@@ -12,6 +12,7 @@
 
 namespace glintboard {
 
+// Releases an object with the function for its type.
 struct AvahiRelease {
   void operator()(AvahiThreadedPoll* poll) const { ::avahi_threaded_poll_free(poll); }
   void operator()(AvahiSimplePoll* poll) const { ::avahi_simple_poll_free(poll); }
@@ -21,7 +22,7 @@ struct AvahiRelease {
   void operator()(AvahiServiceResolver* resolver) const { ::avahi_service_resolver_free(resolver); }
 };
 
-// What belongs to a client must be released before it, and a client before its poll.
+// Release the objects of a client before the client, and the client before its poll.
 template <class T>
 using AvahiHandle = std::unique_ptr<T, AvahiRelease>;
 

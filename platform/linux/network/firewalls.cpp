@@ -13,7 +13,7 @@
 namespace glintboard {
 namespace {
 
-// Whether the file can be read, and has a line that begins so.
+// Whether the file is readable and has a line with that beginning.
 bool hasLine(const std::string& path, std::string_view beginning) {
   std::ifstream file(path);
   for (std::string line; std::getline(file, line);) {
@@ -24,7 +24,7 @@ bool hasLine(const std::string& path, std::string_view beginning) {
   return false;
 }
 
-// What a command prints. None where it fails or is not there.
+// The output of a command; none if it fails or does not exist.
 std::optional<std::string> printed(const std::string& command) {
   const std::string line = "PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C timeout 2 " + command +
                            " </dev/null 2>/dev/null";
@@ -40,7 +40,7 @@ std::optional<std::string> printed(const std::string& command) {
   return ::pclose(pipe) == 0 ? std::optional(text) : std::nullopt;
 }
 
-// Whether the kernel has something that could hold rules. One that does not tell may.
+// Whether the kernel may have packet filter rules.
 bool canFilter() {
   utsname kernel{};
   ::uname(&kernel);
@@ -50,7 +50,7 @@ bool canFilter() {
          hasLine(builtIn, "kernel/net/netfilter/nf_tables.ko");
 }
 
-// Whether "22", "{ 22, 80-90 }" and the like hold the port. None where other words are in there.
+// Whether a set such as "22" or "{ 22, 80-90 }" contains the port. None for another syntax.
 std::optional<bool> holds(const std::string& ports, std::uint16_t port) {
   static const std::regex plain(R"([{} ,\d-]+)");
   static const std::regex range(R"((\d+)(?:-(\d+))?)");
@@ -67,33 +67,33 @@ std::optional<bool> holds(const std::string& ports, std::uint16_t port) {
   return false;
 }
 
-enum class Effect { none, admits, hinders };
+enum class Effect { none, accepts, blocks };
 
-// What a rule does to a stranger's first packet for the gate.
+// The effect of a rule on the first of these packets from another computer.
 Effect effectOf(const std::string& rule, const PortRule& gate) {
   static const std::regex port(R"((?:^|\s)(tcp|udp|th) dport (\{[^}]*\}|\S+))");
   static const std::regex acceptance(
       R"((?:ct state new )?(?:\w+ dport (?:\{[^}]*\}|\S+) )?(?:ct state new )?(?:counter packets \d+ bytes \d+ )?)"
       R"(accept(?: comment .*)?)");
-  static const std::regex hindrance(R"(\b(drop|reject|queue|jump|goto|vmap)\b)");
+  static const std::regex blocking(R"(\b(drop|reject|queue|jump|goto|vmap)\b)");
   const bool isNegated = rule.find("!=") != rule.npos;
-  const bool isOfOthers = (rule.starts_with("ct state ") && rule.find("new") == rule.npos) ||
-                          rule.starts_with("iif \"lo\"") || rule.starts_with("iifname \"lo\"");
-  if (isOfOthers && !isNegated) {
+  const bool isForOthers = (rule.starts_with("ct state ") && rule.find("new") == rule.npos) ||
+                           rule.starts_with("iif \"lo\"") || rule.starts_with("iifname \"lo\"");
+  if (isForOthers && !isNegated) {
     return Effect::none;
   }
-  std::optional<bool> isMeant = true;
+  std::optional<bool> matches = true;
   if (std::smatch found; std::regex_search(rule, found, port)) {
     const bool isProtocol = found[1] == gate.protocol || found[1] == "th";
-    isMeant = isProtocol ? holds(found[2], gate.port) : false;
+    matches = isProtocol ? holds(found[2], gate.port) : false;
   }
-  if (isMeant == false) {
+  if (matches == false) {
     return Effect::none;
   }
-  if (isMeant && std::regex_match(rule, acceptance)) {
-    return Effect::admits;
+  if (matches && std::regex_match(rule, acceptance)) {
+    return Effect::accepts;
   }
-  return std::regex_search(rule, hindrance) ? Effect::hinders : Effect::none;
+  return std::regex_search(rule, blocking) ? Effect::blocks : Effect::none;
 }
 
 }  // namespace
@@ -103,7 +103,7 @@ bool ufwIsOn() {
 }
 
 bool ufwAdmits(const PortRule& gate) {
-  // To any address, from any port of any address.
+  // From any address and port to any address.
   const std::string target = std::to_string(gate.port) + " 0.0.0.0/0 any 0.0.0.0/0 ";
   return hasLine("/etc/ufw/user.rules", "### tuple ### allow " + gate.protocol + " " + target) ||
          hasLine("/etc/ufw/user.rules", "### tuple ### allow any " + target);
@@ -129,7 +129,7 @@ std::optional<std::string> chainInTheWay(const std::string& ruleset, const PortR
   std::string chain;
   bool isForIncoming = false;
   auto effect = Effect::none;
-  auto policy = Effect::admits;
+  auto policy = Effect::accepts;
   for (std::string line; std::getline(lines, line);) {
     line.erase(0, line.find_first_not_of(" \t"));
     std::istringstream words(line);
@@ -145,10 +145,10 @@ std::optional<std::string> chainInTheWay(const std::string& ruleset, const PortR
       effect = Effect::none;
     } else if (kind == "type") {
       isForIncoming = line.find(" hook input ") != line.npos;
-      policy = line.find("policy drop") != line.npos ? Effect::hinders : Effect::admits;
+      policy = line.find("policy drop") != line.npos ? Effect::blocks : Effect::accepts;
     } else if (line == "}") {
       effect = effect == Effect::none ? policy : effect;
-      if (isForIncoming && effect == Effect::hinders) {
+      if (isForIncoming && effect == Effect::blocks) {
         return table.append(1, ' ').append(chain);
       }
       isForIncoming = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What firewalls do to packets that come in, as far as they tell.
+// What the rules of firewalls do with incoming packets.
 #pragma once
 
 #include <optional>
@@ -9,16 +9,19 @@
 
 namespace glintboard {
 
+// Whether ufw is enabled. Reads a file.
 bool ufwIsOn();
-// Whether it was seen to let everybody through the gate. Its rules are for root to read.
+// Whether ufw is known to accept these packets from everywhere. Only root can read its rules.
 bool ufwAdmits(const PortRule& gate);
-// The same of firewalld's default zone.
+// The same for firewalld's default zone. Blocks for up to four seconds.
 bool firewalldAdmits(const PortRule& gate);
-// The kernel's own rules, if they may keep others from the gate. Those that cannot be read may.
+// The rules in the kernel, if they may block these packets. Rules that cannot be read may. Blocks
+// for up to two seconds.
 std::optional<Firewall> packetFilter(const PortRule& gate);
 
-// The first chain for incoming packets, as "FAMILY TABLE NAME", which does not clearly let
-// everybody through the gate; none if all do. `ruleset` is what `nft list ruleset` prints.
+// The first chain for incoming packets, as "FAMILY TABLE NAME", that is not known to accept these
+// packets from everywhere; none if all chains accept them. `ruleset` is the output of
+// `nft list ruleset`.
 std::optional<std::string> chainInTheWay(const std::string& ruleset, const PortRule& gate);
 
 }  // namespace glintboard

@@ -26,7 +26,7 @@ HostNameWatcher::HostNameWatcher(const asio::any_io_executor& service,
       changed_(std::move(changed)),
       kernel_(service),
       folder_(service) {
-  // The system tells of a change as of an exceptional condition of this file.
+  // The kernel reports a change as an exceptional condition (POLLPRI) of this file.
   const int descriptor = ::open("/proc/sys/kernel/hostname", O_RDONLY | O_CLOEXEC);
   if (descriptor >= 0) {
     kernel_.assign(descriptor);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Notices when the computer may have been given another name.
+// Reports changes of the computer's name.
 #pragma once
 
 #include <boost/asio/posix/stream_descriptor.hpp>
@@ -11,20 +11,21 @@
 
 namespace glintboard {
 
-// Follows the kernel's host name and the file in which hostnamed keeps the pretty one.
+// Watches the kernel's host name and hostnamed's file with the pretty one.
 class HostNameWatcher : public std::enable_shared_from_this<HostNameWatcher> {
  public:
-  // Calls `changed` on the service loop at every change, until `stop`; the loop keeps the watcher
-  // alive until then. Also called when the name is the same after all.
+  // Calls `changed` on the service loop when the name may have changed, until `stop`. The loop
+  // keeps the watcher alive until then.
   static std::shared_ptr<HostNameWatcher> start(const asio::any_io_executor& service,
                                                 std::filesystem::path machineInfo,
                                                 std::function<void()> changed);
-  // Any thread.
+  // Ends the watching. Any thread.
   void stop();
 
  private:
   HostNameWatcher(const asio::any_io_executor& service, std::filesystem::path machineInfo,
                   std::function<void()> changed);
+  // These call `changed_` until `stop`.
   static Awaitable<> followKernel(std::shared_ptr<HostNameWatcher> self);
   static Awaitable<> followFile(std::shared_ptr<HostNameWatcher> self);
 

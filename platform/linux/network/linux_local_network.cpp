@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/network/linux_local_network.h"
-
 #include <ifaddrs.h>
 #include <net/if.h>
 #include <netdb.h>
@@ -16,6 +14,7 @@
 #include <sstream>
 
 #include "platform/linux/network/firewalls.h"
+#include "platform/local_network.h"
 
 namespace glintboard {
 namespace {
@@ -31,8 +30,8 @@ std::string addressText(const sockaddr& address) {
   return failed != 0 ? std::string() : text.data();
 }
 
-// Interface and address, 32 hexadecimal digits, of what is not usable yet, or never will be because
-// another computer has it.
+// The IPv6 addresses, as "INTERFACE 32-HEXADECIMAL-DIGITS", that are unusable: still being checked
+// for duplicates, or found to be in use by another computer.
 std::set<std::string> unusableIpv6() {
   std::set<std::string> unusable;
   std::ifstream file("/proc/net/if_inet6");
@@ -61,7 +60,7 @@ std::string hexadecimal(const in6_addr& address) {
   return text;
 }
 
-// The sockets that listen on a port, by their inodes.
+// The TCP sockets that listen on a port, as "socket:[INODE]".
 std::set<std::string> listeners(std::uint16_t port) {
   std::set<std::string> inodes;
   for (const char* table : {"/proc/net/tcp", "/proc/net/tcp6"}) {
@@ -119,7 +118,7 @@ bool exists(const std::string& path) {
   return ::access(path.c_str(), F_OK) == 0;
 }
 
-// The first line; empty when the file cannot be read.
+// The first line; empty if the file cannot be read.
 std::string firstLine(const fs::path& path) {
   std::ifstream file(path);
   std::string line;
@@ -127,7 +126,14 @@ std::string firstLine(const fs::path& path) {
   return line;
 }
 
-}  // namespace
+// Reads the network's state from the kernel.
+class LinuxLocalNetwork : public LocalNetwork {
+ public:
+  std::vector<LocalAddress> addresses() override;
+  std::optional<PortHolder> holder(std::uint16_t port) override;
+  std::optional<Firewall> firewall(const PortRule& gate) override;
+  bool hasProgram(const std::string& name) override;
+};
 
 std::vector<LocalAddress> LinuxLocalNetwork::addresses() {
   ifaddrs* list = nullptr;
@@ -169,7 +175,7 @@ std::optional<PortHolder> LinuxLocalNetwork::holder(std::uint16_t port) {
   }
   std::error_code error;
   std::string program = fs::read_symlink(*process / "exe", error).filename();
-  // An update may have replaced the file of the running program.
+  // An update may have deleted the file of the running program.
   program = program.substr(0, program.find(" (deleted)"));
   return PortHolder{std::stoi(process->filename()),
                     program.empty() ? firstLine(*process / "comm") : program};
@@ -200,6 +206,8 @@ bool LinuxLocalNetwork::hasProgram(const std::string& name) {
   return std::ranges::any_of(std::array{"/usr/sbin/", "/usr/bin/"},
                              [&](const char* folder) { return exists(folder + name); });
 }
+
+}  // namespace
 
 std::unique_ptr<LocalNetwork> LocalNetwork::live() {
   return std::make_unique<LinuxLocalNetwork>();

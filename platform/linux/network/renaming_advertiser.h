@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Advertising under the name that the computer has at the time.
+// Advertises under the computer's current name.
 #pragma once
 
 #include <memory>
@@ -11,16 +11,17 @@
 
 namespace glintboard {
 
-// Publishes services under the computer's name; the name that a service comes with is for computers
-// without one.
+// Publishes services under the computer's name. The name in a service is used only if the computer
+// has none. Thread-safe.
 class RenamingAdvertiser : public BonjourAdvertiser {
  public:
+  // `advertiser` publishes the renamed services.
   RenamingAdvertiser(std::unique_ptr<BonjourAdvertiser> advertiser,
                      std::shared_ptr<const HostName> hostName);
 
   void publish(const BonjourService& service) override;
   void withdraw() override;
-  // Publishes anew if the computer's name is another now. Any thread.
+  // Publishes again if the computer's name has changed.
   void checkName();
 
  private:
@@ -31,7 +32,7 @@ class RenamingAdvertiser : public BonjourAdvertiser {
   const std::shared_ptr<const HostName> hostName_;
   std::mutex mutex_;
   std::optional<BonjourService> service_;
-  std::string name_;  // as it is published
+  std::string name_;  // the published one
 };
 
 }  // namespace glintboard

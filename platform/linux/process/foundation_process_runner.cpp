@@ -21,7 +21,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr auto graceAfterTerminate = std::chrono::seconds(2);
 
-// Hands a descriptor to the loop; it is closed whatever happens.
+// Passes the ownership of a descriptor to Asio. Closes it on failure.
 asio::posix::stream_descriptor adopt(const asio::any_io_executor& loop, FileDescriptor descriptor) {
   asio::posix::stream_descriptor adopted(loop);
   adopted.assign(descriptor.get());
@@ -33,7 +33,7 @@ struct OutputStream {
   asio::posix::stream_descriptor pipe;
   LockedData data;
 
-  // Collects what the pipe holds now, up to `most` bytes. False at the end of the stream.
+  // Reads the bytes that are in the pipe now, at most `most`. False at the end of the stream.
   bool readAvailable(std::size_t most) {
     std::array<char, 16384> buffer;
     while (most > 0) {
@@ -53,8 +53,8 @@ struct OutputStream {
   }
 };
 
-// One running process; touched on the loop alone. Its collectors share it, because they may still
-// have a turn to come when the run is over.
+// One running process, accessed only on the loop. Shared with the collectors, which may resume
+// after the end of the run.
 struct Run {
   Run(const asio::any_io_executor& loop, SpawnedProcess spawned)
       : group(spawned.id),
@@ -83,8 +83,8 @@ std::shared_ptr<Run> start(const asio::any_io_executor& loop, const std::string&
   }
 }
 
-// Collects a stream until it ends or the run closes it. It waits and then reads by itself, so that
-// no bytes are on their way when the run takes the text.
+// Collects a stream until it ends or the run closes it. Waiting and reading are separate, so that
+// no read is pending when the run takes the text.
 Awaitable<> collect(std::shared_ptr<OutputStream> stream) {
   for (;;) {
     const auto [error] = co_await stream->pipe.async_wait(asio::posix::stream_descriptor::wait_read,
@@ -103,14 +103,13 @@ Awaitable<> waitForEnd(std::shared_ptr<Run> run, Clock::time_point deadline) {
   }
 }
 
-// Kills what is left of a group whose first process has ended when it was asked to.
+// Kills the rest of a group whose first process has ended after SIGTERM.
 Awaitable<> killGroupAt(pid_t group, Clock::time_point deadline) {
   co_await sleepFor(deadline - Clock::now());
   ::kill(-group, SIGKILL);
 }
 
-// A descendant may hold the pipe and print on: what was in it when the process ended is no more
-// than it can hold.
+// Reads no more than the pipe's capacity, because a descendant may keep writing to it.
 std::string finish(OutputStream& stream) {
   stream.readAvailable(stream.capacity());
   error_code ignored;
@@ -153,7 +152,7 @@ Awaitable<ProcessRunResult> runToEnd(asio::any_io_executor loop, std::string exe
   }
   result.stdoutText = finish(run->output);
   result.stderrText = finish(run->errors);
-  // Its descriptor may tell of the end a moment before the system has it to give.
+  // The pidfd may become readable shortly before the exit status is available.
   auto exitCode = reapProcess(run->group);
   while (!exitCode) {
     co_await sleepFor(std::chrono::milliseconds(5));

@@ -7,12 +7,12 @@
 namespace glintboard {
 
 // Starts each program in a process group of its own, with /dev/null as standard input, default
-// signals and no descriptor of the agent's but its two output pipes. The loop waits for the end of
-// the process itself: a descendant that keeps the pipes open does not hold a run up, and lives on
-// unless the run timed out.
+// signal handling and no descriptors but its two output pipes. A run ends with the process itself:
+// a descendant that keeps the pipes open does not delay it, and survives unless the run timed out.
 //
-// A run that has begun goes on to its end even when its caller is cancelled; only then does the
-// caller resume. A loop that is destroyed leaves its processes running.
+// A started run continues when its caller is cancelled; the caller resumes at its end. Destroying
+// the loop leaves the processes running. The name is the role's in the system's design, which was
+// made for a Mac.
 class FoundationProcessRunner : public ProcessRunning {
  public:
   // `loop` must be the executor of one thread.

@@ -50,11 +50,11 @@ void lock(const FileDescriptor& file) {
     }
     std::this_thread::sleep_for(pause);
   }
-  log::warning("the list of running agents stays locked");
+  log::warning("cannot lock the list of running agents");
 }
 
 std::vector<ProcessIdentity> readLines(const FileDescriptor& file) {
-  std::string content(65536, '\0');  // some thousand instances; more is not ours
+  std::string content(65536, '\0');  // enough for a thousand instances
   const ssize_t length = ::pread(file.get(), content.data(), content.size(), 0);
   content.resize(static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
   std::vector<ProcessIdentity> identities;
@@ -78,7 +78,7 @@ void writeLines(const FileDescriptor& file, const std::vector<ProcessIdentity>& 
   if (::pwrite(file.get(), content.data(), content.size(), 0) !=
           static_cast<ssize_t>(content.size()) ||
       ::ftruncate(file.get(), static_cast<off_t>(content.size())) != 0) {
-    log::warning("the list of running agents cannot be written");
+    log::warning("cannot write the list of running agents");
   }
 }
 
@@ -93,10 +93,10 @@ std::optional<std::vector<std::unique_ptr<AgentInstance>>> LinuxAgentInstances::
   const FileDescriptor file(::open((*folder_ / "glintboard-agents").c_str(),
                                    O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
   if (!file) {
-    log::warning("the list of running agents cannot be opened");
+    log::warning("cannot open the list of running agents");
     return older;
   }
-  // The sticky bit keeps the clean-up of runtime folders away from the file.
+  // The sticky bit exempts the file from the clean-up of runtime folders.
   ::fchmod(file.get(), 0600 | S_ISVTX);
   lock(file);
   std::vector<ProcessIdentity> running{*self};

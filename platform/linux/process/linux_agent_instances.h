@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Copies of the agent that know each other through a file.
+// Finds other running agents through a shared file.
 #pragma once
 
 #include <filesystem>
@@ -8,16 +8,16 @@
 
 namespace glintboard {
 
-// The file has a line "process-id start-time" for each instance and is locked only while one looks
-// at it, so an instance that hangs holds up nobody. A line of a process that is gone, or whose
-// number another program bears now, is dropped.
+// The file has a line "process-id start-time" for each instance. It is locked only during `claim`,
+// so an instance that hangs does not block others. Lines of processes that have ended, or whose id
+// was reused, are removed.
 class LinuxAgentInstances : public AgentInstances {
  public:
-  // `folder` must be the user's alone. Without one there are no other instances.
+  // `folder` must be accessible only to this user. Without one `claim` finds no instances.
   explicit LinuxAgentInstances(std::optional<std::filesystem::path> folder)
       : folder_(std::move(folder)) {}
 
-  // Waits at most a second for the lock and then goes on without it.
+  // Waits for the lock for at most a second and then continues without it.
   std::optional<std::vector<std::unique_ptr<AgentInstance>>> claim() override;
 
  private:

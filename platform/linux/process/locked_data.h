@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The collector of one output stream of a process.
+// The buffer of one output stream of a process.
 #pragma once
 
 #include <cstddef>
@@ -9,12 +9,13 @@
 
 namespace glintboard {
 
-// Bytes that several threads may append and read. The first MiB is kept and the rest dropped, so
-// that a program that prints without end costs no more.
+// Collects bytes; any thread may append and read. Keeps the first MiB and drops the rest, which
+// bounds the memory for a program that never stops printing.
 class LockedData {
  public:
   static constexpr std::size_t limit = std::size_t{1} << 20;
 
+  // Appends what fits into the limit.
   void append(std::string_view bytes) {
     const std::lock_guard guard(lock_);
     const std::string_view kept = bytes.substr(0, limit - storage_.size());
@@ -22,8 +23,8 @@ class LockedData {
     truncated_ = truncated_ || kept.size() < bytes.size();
   }
 
-  // What was collected, as text: empty when it is not UTF-8. A character that the limit cut is
-  // left out.
+  // The collected bytes; empty if they are not UTF-8. Leaves out a character that the limit has
+  // cut.
   std::string text() const;
 
  private:

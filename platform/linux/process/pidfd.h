@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Process descriptors. The C library's own header (glibc 2.36) lacks the linkage for C++.
+// Process descriptors. The header of glibc 2.36 lacks `extern "C"`.
 #pragma once
 
 extern "C" {

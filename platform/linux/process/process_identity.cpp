@@ -22,7 +22,7 @@ std::optional<ProcessIdentity> identifyProcess(pid_t id) {
   }
   const ssize_t length = ::read(file.get(), line.data(), line.size());
   const std::string_view text(line.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
-  // The program's name is in parentheses and may hold anything, blanks and parentheses too.
+  // The program's name in parentheses may contain any character, including parentheses.
   const std::size_t end = text.rfind(')');
   if (end == std::string_view::npos) {
     return std::nullopt;
@@ -44,7 +44,7 @@ std::optional<ProcessIdentity> identifyProcess(pid_t id) {
 
 FileDescriptor openProcess(const ProcessIdentity& identity) {
   FileDescriptor process(::pidfd_open(identity.id, 0));
-  // Looked at after the descriptor was opened: it is the one that bears the number now.
+  // Compared after opening the descriptor, because the id may have been reused before.
   return process && identifyProcess(identity.id) == identity ? std::move(process)
                                                              : FileDescriptor();
 }

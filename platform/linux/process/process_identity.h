@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Processes that cannot be mistaken for one another.
+// Identifies processes despite the reuse of process ids.
 #pragma once
 
 #include <sys/types.h>
@@ -12,19 +12,19 @@
 
 namespace glintboard {
 
-// Process identifiers are reused; together with the time of its start one names a single process.
-// Ordered from the oldest to the youngest.
+// A process id together with the start time, which makes it unique. Ordered from the oldest to the
+// youngest process.
 struct ProcessIdentity {
   std::uint64_t startTime = 0;  // clock ticks since the system started
   pid_t id = 0;
   auto operator<=>(const ProcessIdentity&) const = default;
 };
 
-// The running process `id`; none when there is none, it has ended (a zombie too), or it is not
-// this user's.
+// The identity of the running process `id`; none when it has ended (also as a zombie) or belongs to
+// another user.
 std::optional<ProcessIdentity> identifyProcess(pid_t id);
 
-// A pidfd for exactly this process; none when it is not running any more or not this user's.
+// A pidfd for exactly this process; none when it has ended or belongs to another user.
 FileDescriptor openProcess(const ProcessIdentity& identity);
 
 }  // namespace glintboard

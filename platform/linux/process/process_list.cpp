@@ -18,8 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The start of a file below /proc, whose size the system does not tell; empty when it cannot be
-// read.
+// The first 64 KiB of a file below /proc, which has no size; empty if it cannot be read.
 std::string contentOf(const fs::path& path) {
   const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   std::string content;
@@ -35,10 +34,10 @@ std::string contentOf(const fs::path& path) {
   return content;
 }
 
-// The session of a living process, or none.
+// The session of a running process, or none.
 std::optional<pid_t> sessionOf(const fs::path& folder) {
   const std::string status = contentOf(folder / "stat");
-  // The program's name before it may contain anything.
+  // The program's name in parentheses may contain any character.
   const auto nameEnd = status.rfind(')');
   if (nameEnd == std::string::npos) {
     return std::nullopt;
@@ -58,7 +57,7 @@ std::optional<pid_t> sessionOf(const fs::path& folder) {
 std::string executableOf(const fs::path& folder) {
   std::error_code error;
   std::string target = fs::read_symlink(folder / "exe", error).string();
-  // An update may have replaced the file of the running program.
+  // An update may have deleted the file of the running program.
   constexpr std::string_view deleted = " (deleted)";
   if (target.ends_with(deleted)) {
     target.resize(target.size() - deleted.size());
@@ -75,7 +74,7 @@ std::vector<std::string> argumentsOf(const fs::path& folder) {
   return arguments;
 }
 
-// The process with a folder below /proc, if it lives and runs a program.
+// The process with a folder below /proc; none when it has ended or has no program.
 std::optional<Process> processIn(pid_t id, const fs::path& folder) {
   Process process;
   process.id = id;

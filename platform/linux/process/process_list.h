@@ -12,24 +12,24 @@ namespace glintboard {
 
 struct Process {
   pid_t id = 0;
-  // The id of its session.
+  // The session id.
   pid_t session = 0;
-  // The program's file, as the system resolved it.
+  // The program's file with symbolic links resolved.
   std::string executable;
-  // Its command line, the program's name included.
+  // The command line including the program's name.
   std::vector<std::string> arguments;
-  // The lines of its control groups.
+  // The content of /proc/PID/cgroup.
   std::string controlGroups;
 };
 
-// The living processes of this user that run a program. Those that end meanwhile may be missing.
-// Takes some ten microseconds for each: call it on a worker.
+// The running processes of this user. Processes that end during the call may be missing. Takes some
+// ten microseconds for each process: call it on a worker.
 std::vector<Process> ownProcesses();
 
-// One process, if it lives and is this user's. Call it on a worker.
+// The process `id`; none when it has ended or belongs to another user. Call it on a worker.
 std::optional<Process> ownProcess(pid_t id);
 
-// A living process of a session, or none.
+// A running process of a session, or none. Call it on a worker.
 std::optional<pid_t> processOfSession(pid_t session);
 
 }  // namespace glintboard

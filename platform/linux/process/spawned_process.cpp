@@ -39,7 +39,7 @@ Pipe makePipe(const std::string& executable) {
   int ends[2];
   check(::pipe2(ends, O_CLOEXEC) == 0 ? 0 : errno, executable);
   Pipe pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
-  // The reading end alone: programs do not expect an output that may refuse to wait.
+  // Only the reading end: programs expect their output to block.
   check(::fcntl(ends[0], F_SETFL, O_NONBLOCK) == 0 ? 0 : errno, executable);
   return pipe;
 }
@@ -88,7 +88,7 @@ class SpawnFileActions {
   posix_spawn_file_actions_t actions_;
 };
 
-// This process's environment, but for what is for itself alone.
+// This process's environment with the user's sound settings.
 class ProgramEnvironment {
  public:
   ProgramEnvironment() {

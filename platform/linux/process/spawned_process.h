@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The start and the end of a child process.
+// Starts and reaps child processes.
 #pragma once
 
 #include <sys/types.h>
@@ -16,20 +16,20 @@ namespace glintboard {
 struct SpawnedProcess {
   pid_t id = 0;               // also the identifier of its process group
   FileDescriptor descriptor;  // a pidfd: readable when the process has ended
-  FileDescriptor outputPipe;  // reading ends, non-blocking
+  FileDescriptor outputPipe;  // the reading ends, non-blocking
   FileDescriptor errorPipe;
 };
 
-// Starts `executable` (a path) in a process group of its own. Throws UserError; no process
-// is left then.
+// Starts `executable` (a path) in a process group of its own. Throws UserError and leaves no
+// process on failure.
 SpawnedProcess spawnProcess(const std::string& executable,
                             const std::vector<std::string>& arguments);
 
-// Kills a child process that cannot be watched, with its group, and collects it.
+// Kills the process group of a child and reaps the child. Blocks until it has ended.
 void killProcess(pid_t id);
 
-// Collects a child process that has ended: its exit code, or 128 + n after signal n. Throws
-// std::system_error when the system does not tell; none while it has not ended.
+// Reaps a child process: its exit code, or 128 + n after signal n; none while it runs. Throws
+// std::system_error if it is not an unreaped child.
 std::optional<std::int32_t> reapProcess(pid_t id);
 
 }  // namespace glintboard

@@ -27,9 +27,9 @@ void releaseStartupPages() {
     std::string path;
     fields >> range >> permissions >> offset >> device >> inode >> std::ws;
     std::getline(fields, path);
-    // A program's code is never changed after it was mapped, so its pages come back from the file
-    // as they were. Code that was compiled since is in no file, though its memory may have a name
-    // as if it were: that of QML's functions is called "/memfd:JITCode:QtQml (deleted)".
+    // Code from a file is never modified in memory, so the kernel can read its pages again. Code
+    // that was compiled at run time has no file, though its mapping may have a name that looks like
+    // one: "/memfd:JITCode:QtQml (deleted)".
     const bool isInFile =
         path.starts_with('/') && !path.starts_with("/memfd:") && !path.ends_with(" (deleted)");
     const auto dash = range.find('-');

@@ -12,7 +12,7 @@ namespace glintboard {
 namespace {
 
 std::string identifierOf(const std::string& desktopId, const std::string& action) {
-  // Decks name Shortcuts by identifiers derived from this: it never changes.
+  // Decks contain identifiers that are derived from this: it must never change.
   constexpr const char* nameSpace = "5b0d8f0e-2f5c-4f0c-9d0a-6a1f3c7e8b24";
   boost::uuids::name_generator_sha1 derive(boost::uuids::string_generator()(nameSpace));
   return upperCase(to_string(derive(desktopId + "\n" + action)));

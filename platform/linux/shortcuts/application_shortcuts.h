@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The Shortcuts that installed applications bring.
+// The Shortcuts that installed applications provide.
 #pragma once
 
 #include <vector>
@@ -9,8 +9,8 @@
 
 namespace glintboard {
 
-// The actions of the applications that are offered in menus, sorted by application. An action's
-// identifier is always the same, on every computer.
+// A Shortcut for each action of the applications that belong in menus, sorted by application. An
+// action's identifier depends only on the ids of application and action.
 std::vector<Shortcut> applicationShortcuts(const std::vector<DesktopEntry>& entries);
 
 }  // namespace glintboard

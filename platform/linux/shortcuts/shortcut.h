@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a Shortcut key runs.
+// A Shortcut.
 #pragma once
 
 #include <filesystem>
@@ -15,12 +15,13 @@ struct ApplicationAction {
   std::string id;
 };
 
+// A command of the user, or an action of an application.
 struct Shortcut {
   // A UUID in upper case.
   std::string identifier;
   // One line; never empty.
   std::string name;
-  // A file or a name to look up in the icon theme; may be empty.
+  // A file or a name in the icon theme; may be empty.
   std::string icon;
   // For /bin/sh; empty for an application's action.
   std::string command;

@@ -7,6 +7,7 @@
 #include "platform/atomic_file.h"
 #include "platform/linux/base/key_file.h"
 #include "platform/linux/shortcuts/shortcut_text.h"
+#include "protocol/utf8.h"
 
 namespace glintboard {
 
@@ -67,7 +68,7 @@ void set(GKeyFile* content, const char* key, const std::optional<std::string>& t
   if (!text) {
     return;
   }
-  if (g_utf8_validate(text->data(), static_cast<gssize>(text->size()), nullptr) == 0) {
+  if (!isValidUtf8(*text)) {
     throw ShortcutFileError(std::string("the ") + key + " is no UTF-8 text");
   }
   g_key_file_set_string(content, group, key, text->c_str());

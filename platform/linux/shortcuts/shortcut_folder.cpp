@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Keeps other changes of a folder out while it lives.
+// Locks a folder against other changes during its lifetime.
 class FolderLock {
  public:
   explicit FolderLock(const fs::path& folder) {
@@ -40,7 +40,7 @@ class FolderLock {
   }
 
  private:
-  // Commands may hold what others must not read.
+  // Commands may contain secrets.
   static void makePrivately(const fs::path& folder) {
     fs::create_directories(folder.parent_path());
     if (fs::create_directory(folder)) {
@@ -97,7 +97,7 @@ Shortcut ShortcutFolder::create(const ShortcutChanges& content) {
 Shortcut ShortcutFolder::change(const Shortcut& shortcut, const ShortcutChanges& changes) {
   const FolderLock lock(path_);
   refuseTakenName(changes, shortcut.identifier);
-  // It may have been deleted before the lock was there.
+  // The file may have been deleted before the lock was acquired.
   readShortcutFile(shortcut.file);
   changeShortcutFile(shortcut.file, changes);
   return readShortcutFile(shortcut.file);

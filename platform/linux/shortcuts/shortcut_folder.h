@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The Shortcuts that the user made.
+// The folder of the user's Shortcuts.
 #pragma once
 
 #include <vector>
@@ -9,6 +9,7 @@
 
 namespace glintboard {
 
+// The content of the folder.
 struct ShortcutFiles {
   struct Skipped {
     std::filesystem::path file;
@@ -19,28 +20,28 @@ struct ShortcutFiles {
   std::vector<Skipped> skipped;
 };
 
-// A folder with a file for each Shortcut. Changes made by several processes at once are made one
-// after the other. Every operation blocks on the disk.
+// A folder with a file for each Shortcut. A lock serialises the changes of several processes. Every
+// operation blocks on the disk; a change also waits for the lock, for at most five seconds.
 class ShortcutFolder {
  public:
   explicit ShortcutFolder(std::filesystem::path path) : path_(std::move(path)) {}
 
-  // Where this user's Shortcuts are.
+  // The path of this user's folder.
   static std::filesystem::path pathIn(const XdgFolders& folders);
 
   const std::filesystem::path& path() const { return path_; }
 
-  // All Shortcuts, and the files that hold none; nothing when there is no folder. Throws
+  // All Shortcuts, and the files that cannot be used. Empty without a folder. Throws
   // std::system_error when the folder cannot be read.
   ShortcutFiles read() const;
 
-  // The changes make the folder where needed. They throw ShortcutFileError when the result would
-  // be no Shortcut, another Shortcut has the name, or another change takes too long, and
+  // The following change the folder and create it if necessary. They throw ShortcutFileError when
+  // the result cannot be used, when another Shortcut has the name or when the lock times out, and
   // std::system_error.
 
-  // Makes a Shortcut and returns it.
+  // Creates a Shortcut and returns it.
   Shortcut create(const ShortcutChanges& content);
-  // Changes a Shortcut of this folder and returns it as it is now.
+  // Changes a Shortcut of this folder and returns its new state.
   Shortcut change(const Shortcut& shortcut, const ShortcutChanges& changes);
   // Removes a Shortcut of this folder.
   void remove(const Shortcut& shortcut);

@@ -20,7 +20,7 @@ namespace glintboard {
 
 namespace {
 
-// Which file, and which content of it.
+// Identifies a file and its content.
 std::string stampOf(const std::filesystem::path& file, const struct stat& status) {
   return file.string() + ' ' + std::to_string(status.st_ino) + ' ' +
          std::to_string(status.st_mtim.tv_sec) + '.' + std::to_string(status.st_mtim.tv_nsec);
@@ -31,7 +31,7 @@ class ShortcutIcons {
   ShortcutIcons(std::shared_ptr<const ApplicationIndex> index, const XdgFolders& folders)
       : index_(std::move(index)), folder_(ShortcutFolder::pathIn(folders)), lookup_(folders) {}
 
-  // The user's own come first: they win where an identifier is there twice.
+  // The user's Shortcuts win over an action with the same identifier.
   std::optional<ShortcutIconClient::Icon> icon(const std::string& identifier) {
     const auto iconAmong =
         [&](const std::vector<Shortcut>& shortcuts) -> std::optional<ShortcutIconClient::Icon> {
@@ -53,7 +53,7 @@ class ShortcutIcons {
   }
 
  private:
-  // Those of the applications, made once for each change of them.
+  // The Shortcuts of the applications, cached until the applications change.
   std::shared_ptr<const std::vector<Shortcut>> actions() {
     auto installed = index_->current();
     const std::scoped_lock lock(mutex_);
@@ -65,7 +65,7 @@ class ShortcutIcons {
     return actions_;
   }
 
-  // Those of the user, read again when something has changed in their folder.
+  // The user's Shortcuts, cached until their folder changes.
   std::shared_ptr<const std::vector<Shortcut>> own() {
     const std::scoped_lock lock(mutex_);
     if (!ownStamps_.unchanged()) {
@@ -80,11 +80,11 @@ class ShortcutIcons {
     try {
       auto read = folder_.read();
       if (!read.skipped.empty()) {
-        ownStamps_ = {};  // what mends a file need not touch it
+        ownStamps_ = {};  // a skipped file may become usable without being modified
       }
       return std::move(read.shortcuts);
     } catch (const std::system_error& error) {
-      log::info(std::string("the Shortcuts cannot be read: ") + error.what());
+      log::info("cannot read the Shortcuts: ", error.what());
       return {};
     }
   }

@@ -10,7 +10,8 @@
 
 namespace glintboard {
 
-// Every Shortcut has an icon: one that names none, or none that can be drawn, has a tile.
+// The icons of all Shortcuts. A Shortcut without an icon, or with one that cannot be drawn, gets a
+// tile (drawShortcutTile).
 ShortcutIconClient shortcutIcons(std::shared_ptr<const ApplicationIndex> index,
                                  const XdgFolders& folders);
 

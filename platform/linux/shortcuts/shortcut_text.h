@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Small operations on the texts of Shortcuts.
+// Text functions for Shortcuts.
 #pragma once
 
 #include <string>
@@ -7,10 +7,10 @@
 
 namespace glintboard {
 
-// Control characters become spaces, and white space at both ends goes.
+// Replaces control characters with spaces and removes spaces at both ends.
 std::string oneLine(std::string_view text);
 
-// With the letters a to z in upper case; everything else unchanged.
+// Converts the letters a to z to upper case.
 std::string upperCase(std::string_view text);
 
 }  // namespace glintboard

@@ -9,10 +9,10 @@ namespace glintboard {
 
 namespace {
 
-// All drawing is done on a square of 128 units.
+// The coordinates below are on a square of 128 units.
 constexpr qreal units = 128;
 
-// Spreads seeds over the colour circle, always in the same way.
+// A hue for a seed, 0 to 359: its FNV-1a hash.
 int hueOf(const std::string& seed) {
   std::uint32_t hash = 2166136261U;
   for (const char letter : seed) {
@@ -29,7 +29,7 @@ void drawDiamond(QPainter& painter) {
   painter.restore();
 }
 
-// Comes from below and turns to the right.
+// An arrow that comes from below and turns to the right.
 void drawArrow(QPainter& painter, const QColor& colour) {
   QPainterPath shaft(QPointF(52, 82));
   shaft.lineTo(52, 66);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The picture of a Shortcut that names no icon.
+// The picture of a Shortcut without an icon.
 #pragma once
 
 #include <QImage>
@@ -7,8 +7,8 @@
 
 namespace glintboard {
 
-// A square of `side` pixels: a rounded tile in a colour that depends on `seed`, with an arrow that
-// turns in a diamond. Any thread; needs no QGuiApplication.
+// A square of `side` pixels with a rounded tile, whose colour depends on `seed`, and an arrow in a
+// diamond. Any thread; needs no QGuiApplication.
 QImage drawShortcutTile(const std::string& seed, int side);
 
 }  // namespace glintboard

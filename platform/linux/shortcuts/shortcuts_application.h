@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The application in which the user sees the Shortcuts.
+// The Shortcuts application.
 #pragma once
 
 #include <filesystem>
@@ -10,11 +10,11 @@
 
 namespace glintboard {
 
-// Opens a folder, made where it is missing. Throws UserError when nothing can.
+// Opens a folder and creates it if it is missing. Throws UserError if no application opens folders.
 using FolderOpener = std::function<Awaitable<bool>(std::filesystem::path folder)>;
 
-// The workspace with one application more, always installed and never running: it opens the
-// folder of Shortcuts in the user's file manager.
+// Adds the application `shortcutsBundleId` to a workspace. It is always installed and never
+// running; starting it opens the folder of Shortcuts in the user's file manager.
 WorkspaceClient withShortcutsApplication(WorkspaceClient workspace, std::filesystem::path folder,
                                          FolderOpener open);
 

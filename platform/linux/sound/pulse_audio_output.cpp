@@ -56,7 +56,7 @@ class PulseDevice : public AudioOutputDevice {
     pa_cvolume channels = read().volume;
     const double loudest = ::pa_cvolume_max(&channels);
     for (std::uint8_t i = 0; i < channels.channels; ++i) {
-      // Silence has no balance to keep.
+      // At volume 0 the balance is unknown.
       const double share = loudest > 0 ? channels.values[i] / loudest : 1;
       channels.values[i] = static_cast<pa_volume_t>(std::lround(target * share));
     }
@@ -112,7 +112,7 @@ std::unique_ptr<AudioOutputDevice> PulseAudioOutput::defaultOutputDevice() {
     }
     return std::make_unique<PulseDevice>(std::move(connection), sink->index);
   } catch (const AudioError& error) {
-    log::info("the sound server: ", ::pa_strerror(error.status));
+    log::info("cannot use the sound server: ", ::pa_strerror(error.status));
     return nullptr;
   }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One short conversation with the sound server.
+// A short-lived connection to the sound server.
 #pragma once
 
 #include <pulse/context.h>
@@ -11,18 +11,18 @@
 
 namespace glintboard {
 
-// A connection with a main loop of its own, driven by whoever waits for an answer. All waiting
-// together ends two seconds after the creation. For one thread. Operations throw AudioError.
+// A connection with a main loop of its own, which runs on the calling thread while a call waits.
+// Calls fail two seconds after the construction. For one thread. Every operation throws AudioError.
 class PulseConnection {
  public:
-  // Connects to the server that the user's session names; starts none.
+  // Connects to the server of the user's session, which blocks. Starts no server.
   PulseConnection();
 
-  // For starting an operation whose end is then awaited.
+  // For starting an operation that is passed to `finish`.
   pa_context* context() { return context_.get(); }
 
-  // Waits for an operation just started; null, which is how libpulse reports a failure to start,
-  // fails. Its callback does not run after this returned or threw.
+  // Waits for the end of an operation. Null, which libpulse returns when an operation cannot start,
+  // is an error. The operation's callback does not run after this call.
   void finish(pa_operation* started);
 
   // Throws the error that the server or libpulse reported last.

@@ -16,8 +16,8 @@ namespace glintboard {
 namespace {
 
 struct Settings {
-  FileDescriptor file;  // ours, while they are in use
-  std::optional<std::string> users;
+  FileDescriptor file;               // the settings file, open while libpulse may read it
+  std::optional<std::string> users;  // the user's value of the variable
 };
 
 Settings& settings() {
@@ -30,7 +30,7 @@ std::optional<std::string> variable() {
   return value == nullptr ? std::nullopt : std::optional<std::string>(value);
 }
 
-// What libpulse would read by itself: the first of these files, and then those of its folder.
+// The files that libpulse reads by default: the first existing candidate and those in its folder.
 std::vector<std::string> usualFiles(const std::optional<std::string>& users) {
   const auto folders = xdgFoldersOfEnvironment();
   const std::filesystem::path candidates[] = {
@@ -58,14 +58,14 @@ std::vector<std::string> usualFiles(const std::optional<std::string>& users) {
 }  // namespace
 
 void shareNoMemoryWithSoundServer() {
-  // So named by an agent that started itself again: its file is gone, and with it what it knew.
+  // Set by this process before it executed itself again: that file no longer exists.
   constexpr std::string_view ownFiles = "/proc/self/fd/";
   auto users = variable();
   if (users && users->starts_with(ownFiles)) {
     users.reset();
   }
   constexpr const char* noSharing = "enable-shm = no\n";
-  // Before the user's files, in case one of them is damaged, and after them.
+  // Also before the user's files, because libpulse stops reading at a damaged one.
   std::string text = noSharing;
   for (const auto& file : usualFiles(users)) {
     text += ".include " + file + "\n";

@@ -34,8 +34,8 @@ std::shared_ptr<const OpenWindows::Snapshot> OpenWindows::applications() {
 
 void OpenWindows::put(Handle handle, WindowIdentity identity) {
   refresh();
-  const auto [place, isNew] = windows_.try_emplace(handle);
-  Window& window = place->second;
+  const auto [entry, isNew] = windows_.try_emplace(handle);
+  Window& window = entry->second;
   if (!isNew && window.identity == identity) {
     return;
   }

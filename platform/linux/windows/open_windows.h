@@ -16,12 +16,12 @@
 
 namespace glintboard {
 
-// Keeps what a window system tells of its windows, finds out whose they are, and publishes which
-// applications have one. Names are matched at once; what a window's process adds comes from a
-// worker a moment later.
+// Records the windows of one display, matches them with applications and publishes which
+// applications have a window. The names of a window are matched at once; its process is matched on
+// a worker shortly after.
 class OpenWindows : public std::enable_shared_from_this<OpenWindows> {
  public:
-  // What the window system knows a window by.
+  // The display's identifier of a window.
   using Handle = std::uint64_t;
 
   static std::shared_ptr<OpenWindows> create(Executors& executors,
@@ -30,18 +30,18 @@ class OpenWindows : public std::enable_shared_from_this<OpenWindows> {
 
   using Snapshot = std::set<std::string>;
 
-  // The identifiers of the applications that have a window. At once, on any thread.
+  // The identifiers of the applications that have a window. Does not block. Any thread.
   std::shared_ptr<const Snapshot> applications();
 
-  // The others are for the service loop alone.
+  // The following are for the service loop only.
 
-  // Adds a window, or tells that what it says of itself has changed.
+  // Adds a window or updates its identity.
   void put(Handle window, WindowIdentity identity);
   void remove(Handle window);
   void clear();
-  // Tells that a window was given the focus.
+  // Records that a window received the focus. Ignores unknown windows.
   void used(Handle window);
-  // The windows of an application, the one used last first.
+  // The windows of an application, the most recently used first.
   std::vector<Handle> of(const std::string& bundleId);
 
  private:
@@ -49,16 +49,18 @@ class OpenWindows : public std::enable_shared_from_this<OpenWindows> {
     WindowIdentity identity;
     std::set<std::string> ofProcess;
     std::string bundleId;
-    // Grows with every use; later windows start behind.
+    // The value of `uses_` at the last use; 0 before the first.
     std::uint64_t lastUse = 0;
   };
 
   OpenWindows(Executors& executors, std::shared_ptr<const ApplicationIndex> index,
               std::shared_ptr<CurrentApplicationMatcher> processes);
+  // Matches a window's process on a worker. Does nothing if the window has changed meanwhile.
   static Awaitable<> askProcess(std::weak_ptr<OpenWindows> weakSelf, Handle window, pid_t process);
-  // Follows a change of what is installed.
+  // Matches all windows again if the installed applications have changed.
   void refresh();
   void match(Window& window) const;
+  // Publishes a new snapshot.
   void publish();
 
   const asio::any_io_executor service_;
@@ -66,12 +68,12 @@ class OpenWindows : public std::enable_shared_from_this<OpenWindows> {
   const std::shared_ptr<const ApplicationIndex> index_;
   const std::shared_ptr<CurrentApplicationMatcher> processes_;
 
-  // Touched on the service loop alone.
+  // Service loop only.
   std::map<Handle, Window> windows_;
   std::uint64_t uses_ = 0;
   std::unique_ptr<const WindowMatcher> matcher_;
 
-  std::mutex mutex_;
+  std::mutex mutex_;  // guards the members below
   std::shared_ptr<const Snapshot> published_ = std::make_shared<const Snapshot>();
   std::shared_ptr<const InstalledApplications> publishedFor_;
 };

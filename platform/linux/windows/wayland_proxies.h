@@ -12,6 +12,7 @@
 namespace glintboard {
 
 namespace detail {
+// Destroys an object with the function for its type.
 struct WaylandRelease {
   void operator()(wl_display* display) const { wl_display_disconnect(display); }
   void operator()(wl_registry* registry) const { wl_registry_destroy(registry); }
@@ -28,7 +29,7 @@ struct WaylandRelease {
 };
 }  // namespace detail
 
-// Owns an object; all others must be gone before their wl_display.
+// Owns an object. Release all objects before their wl_display.
 template <class T>
 using WaylandPointer = std::unique_ptr<T, detail::WaylandRelease>;
 

@@ -1,45 +1,36 @@
 // SPDX-License-Identifier: MIT
-// What is told and asked over one connection to a Wayland compositor.
+// A session with a Wayland compositor.
 #pragma once
 
-#include <boost/asio/posix/stream_descriptor.hpp>
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
 
-#include "platform/linux/base/change_signal.h"
-#include "platform/linux/windows/open_windows.h"
+#include "platform/linux/windows/display_session.h"
 #include "platform/linux/windows/wayland_proxies.h"
 
 namespace glintboard {
 
-// Follows the windows that the compositor lists (wlr-foreign-toplevel-management), by events alone.
-// Never waits for the compositor inside a turn. For the service loop, to be kept by a shared
-// pointer.
-class WaylandSession : public std::enable_shared_from_this<WaylandSession> {
+// Follows the windows that the compositor lists (wlr-foreign-toplevel-management).
+class WaylandSession : public DisplaySession {
  public:
-  // Connects to the compositor's socket at once, or returns null. `withoutList` is called when it
-  // turns out that this compositor lists no windows.
-  static std::shared_ptr<WaylandSession> connect(const asio::any_io_executor& service,
-                                                 const std::string& socket,
-                                                 std::shared_ptr<OpenWindows> windows,
-                                                 std::function<void()> withoutList);
-  ~WaylandSession();
-  WaylandSession(const WaylandSession&) = delete;
-  WaylandSession& operator=(const WaylandSession&) = delete;
+  // Connects to the compositor's socket, which must be an absolute path; null when that fails.
+  // Calls `withoutList` when there is no compositor, or later when the compositor lists no windows.
+  static Awaitable<std::shared_ptr<DisplaySession>> open(asio::any_io_executor service,
+                                                         std::string socket,
+                                                         std::shared_ptr<OpenWindows> windows,
+                                                         std::function<void()> withoutList);
+  WaylandSession(const asio::any_io_executor& service, WaylandPointer<wl_display> display,
+                 std::shared_ptr<OpenWindows> windows, std::function<void()> withoutList);
+  ~WaylandSession() override;
 
-  // Until the connection ends.
-  static Awaitable<> run(std::shared_ptr<WaylandSession> self);
-  void stop();
-
-  // Restores a window and gives it the focus. True when the compositor has.
-  static Awaitable<bool> activate(std::shared_ptr<WaylandSession> self, OpenWindows::Handle window);
-  // An activation token, or empty when the compositor gives none.
-  static Awaitable<std::string> activationToken(std::shared_ptr<WaylandSession> self);
+  Awaitable<bool> activate(std::vector<OpenWindows::Handle> windows) override;
+  Awaitable<LaunchToken> launchToken() override;
 
  private:
-  using Clock = std::chrono::steady_clock;
+  // One window.
   struct Toplevel {
     WaylandSession* session = nullptr;
     OpenWindows::Handle handle = 0;
@@ -47,42 +38,34 @@ class WaylandSession : public std::enable_shared_from_this<WaylandSession> {
     std::string applicationId;
     bool active = false;
   };
-  // Functions that libwayland calls; they name what they belong to by their `data`.
+  // The functions that libwayland calls. Their `data` is the session, the toplevel or the text of a
+  // token.
   struct Listeners;
 
-  WaylandSession(const asio::any_io_executor& service, WaylandPointer<wl_display> display,
-                 std::shared_ptr<OpenWindows> windows, std::function<void()> withoutList);
-  // Handles all that has arrived and sends what is waiting. False when the connection has ended.
-  bool receive();
+  int socket() const override;
+  void begin() override;
+  bool receive() override;
+  void sendPing() override;
+  // Sends buffered requests without blocking. Ends the session if the connection has failed.
   void flush();
+  // Binds a global of the compositor if it is one of those in use.
   void bind(std::uint32_t name, const std::string& interface);
+  // Starts to follow a window. Takes the ownership of `proxy`.
   void add(zwlr_foreign_toplevel_handle_v1* proxy);
+  // Reports a window whose description is complete.
   void described(const Toplevel& toplevel);
-  // Asks the compositor whether it is there; returns the number of the question.
-  unsigned ask();
-  // Resumes when the compositor has handled what was sent. Whether it has, in time.
-  static Awaitable<bool> handled(std::shared_ptr<WaylandSession> self, Clock::time_point deadline);
 
   WaylandPointer<wl_display> display_;
-  const std::shared_ptr<OpenWindows> windows_;
+  // Empty once it was called or the list is known to exist.
   std::function<void()> withoutList_;
-  // A descriptor of its own for the connection's socket.
-  asio::posix::stream_descriptor readable_;
   WaylandPointer<wl_registry> registry_;
   WaylandPointer<wl_seat> seat_;
   WaylandPointer<zwlr_foreign_toplevel_manager_v1> manager_;
   WaylandPointer<xdg_activation_v1> activation_;
   std::map<OpenWindows::Handle, std::unique_ptr<Toplevel>> toplevels_;
   OpenWindows::Handle lastHandle_ = 0;
-
-  ChangeSignal signal_;
-  bool ended_ = false;
-  // How often the compositor was asked whether it is there, and has answered.
-  unsigned asked_ = 0;
-  unsigned answered_ = 0;
-  std::map<unsigned, WaylandPointer<wl_callback>> questions_;
-  // It did not answer in time, and has not since.
-  bool hangs_ = false;
+  // The unanswered ones, the oldest first.
+  std::deque<WaylandPointer<wl_callback>> sentPings_;
 };
 
 }  // namespace glintboard

@@ -3,20 +3,13 @@
 
 #include <algorithm>
 
+#include "protocol/text.h"
+
 namespace glintboard {
 
 namespace {
 
 using Entries = std::vector<const DesktopEntry*>;
-
-// Letters of ASCII alone: the case of others never differs in practice.
-std::string folded(std::string_view name) {
-  std::string lower(name);
-  std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return lower;
-}
 
 // The last part of a reverse-DNS id (org.test.Player), or of a Snap's (player_player).
 std::string_view lastPart(std::string_view id) {
@@ -41,7 +34,7 @@ void append(const std::unordered_map<std::string, Entries>& names, const std::st
 
 WindowMatcher::WindowMatcher(std::shared_ptr<const InstalledApplications> installed)
     : installed_(std::move(installed)) {
-  // Of several entries with one name, those that are offered to the user come first.
+  // Of several entries with the same name, those that belong in menus have precedence.
   for (const bool noDisplay : {false, true}) {
     for (const auto& entry : installed_->all()) {
       if (entry.noDisplay == noDisplay) {
@@ -53,25 +46,25 @@ WindowMatcher::WindowMatcher(std::shared_ptr<const InstalledApplications> instal
 
 void WindowMatcher::addEntry(const DesktopEntry& entry) {
   byId_[entry.id].push_back(&entry);
-  byFoldedName_[folded(entry.id)].push_back(&entry);
-  byPartOfId_[folded(lastPart(entry.id))].push_back(&entry);
+  byFoldedName_[lowercased(entry.id)].push_back(&entry);
+  byPartOfId_[lowercased(lastPart(entry.id))].push_back(&entry);
   if (!entry.startupWmClass.empty()) {
     byWindowClass_[entry.startupWmClass].push_back(&entry);
-    byFoldedName_[folded(entry.startupWmClass)].push_back(&entry);
+    byFoldedName_[lowercased(entry.startupWmClass)].push_back(&entry);
   }
-  // With arguments, the program may be one that shows others, like a terminal.
+  // A program with arguments may show other applications, such as a terminal.
   if (entry.command.size() == 1) {
     const auto program = std::filesystem::path(entry.command.front()).filename().string();
-    byProgram_[folded(program)].push_back(&entry);
+    byProgram_[lowercased(program)].push_back(&entry);
   }
 }
 
 std::string WindowMatcher::applicationOf(const WindowIdentity& window,
                                          const std::set<std::string>& ofProcess) const {
-  // A web application's window: one process shows many, each with an instance name of its own.
+  // A window of a web application: one process has many, each with an instance name of its own.
   const auto special = byWindowClass_.find(window.instanceName);
   if (special != byWindowClass_.end() && special->second.size() == 1 &&
-      folded(window.instanceName) != folded(window.className)) {
+      lowercased(window.instanceName) != lowercased(window.className)) {
     return installed_->bundleIdOf(*special->second.front());
   }
   Entries found;
@@ -91,11 +84,11 @@ std::string WindowMatcher::applicationOf(const WindowIdentity& window,
   }
   for (const auto* known : {&byFoldedName_, &byPartOfId_, &byProgram_}) {
     for (const auto& name : names) {
-      append(*known, folded(name), found);
+      append(*known, lowercased(name), found);
     }
   }
   for (const auto& name : names) {
-    append(byFoldedName_, folded(lastPart(name)), found);
+    append(byFoldedName_, lowercased(lastPart(name)), found);
   }
   const auto runs = [&](const DesktopEntry* entry) {
     return ofProcess.contains(installed_->bundleIdOf(*entry));
@@ -107,7 +100,7 @@ std::string WindowMatcher::applicationOf(const WindowIdentity& window,
   if (!found.empty()) {
     return installed_->bundleIdOf(*found.front());
   }
-  // A process started by another application's counts for both: no one can tell.
+  // A process that belongs to several applications does not identify one.
   return ofProcess.size() == 1 ? *ofProcess.begin() : "";
 }
 

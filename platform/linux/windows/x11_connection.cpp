@@ -4,12 +4,12 @@
 #include <X11/Xauth.h>
 #include <fcntl.h>
 #include <sys/socket.h>
-#include <sys/un.h>
 
 #include <optional>
 
 #include "platform/linux/base/c_pointer.h"
 #include "platform/linux/base/host_name.h"
+#include "platform/linux/windows/display_session.h"
 #include "platform/run_on.h"
 
 namespace glintboard {
@@ -34,33 +34,14 @@ std::optional<Display> parse(const std::string& name) {
   return where.empty() || where == "unix" ? std::optional(display) : std::nullopt;
 }
 
-FileDescriptor connectTo(const sockaddr_un& address, std::size_t length) {
-  // Without blocking: a server that takes no more connections is as good as none.
-  FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-  if (socket && ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address),
-                          static_cast<socklen_t>(length)) != 0) {
-    return {};
-  }
-  return socket;
-}
-
+// Some servers listen in the abstract namespace only.
 FileDescriptor connectTo(int display) {
   const std::string path = "/tmp/.X11-unix/X" + std::to_string(display);
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  path.copy(address.sun_path, sizeof address.sun_path - 1);
-  auto socket = connectTo(address, sizeof address);
-  if (!socket) {
-    // Some servers listen in the abstract namespace alone.
-    sockaddr_un abstract{};
-    abstract.sun_family = AF_UNIX;
-    path.copy(abstract.sun_path + 1, sizeof abstract.sun_path - 1);
-    socket = connectTo(abstract, offsetof(sockaddr_un, sun_path) + 1 + path.size());
-  }
-  return socket;
+  auto socket = connectToSocket(path);
+  return socket ? std::move(socket) : connectToSocket(path, true);
 }
 
-// The cookie that lets this user in, if one is needed.
+// The cookie that authorises this user; null when none is needed.
 std::unique_ptr<Xauth, decltype(&XauDisposeAuth)> cookieFor(int display) {
   const std::string host = kernelHostName();
   const std::string number = std::to_string(display);
@@ -94,7 +75,7 @@ Awaitable<std::unique_ptr<X11Connection>> X11Connection::open(asio::any_io_execu
   if (!*socket) {
     co_return nullptr;
   }
-  // The library waits for a silent server for ever, unless its connection ends.
+  // The library waits for a server that hangs until the connection ends.
   auto other = std::make_shared<FileDescriptor>(::fcntl(socket->get(), F_DUPFD_CLOEXEC, 0));
   asio::steady_timer deadline(co_await asio::this_coro::executor, connectionTimeout);
   deadline.async_wait([other](error_code error) {
@@ -107,8 +88,7 @@ Awaitable<std::unique_ptr<X11Connection>> X11Connection::open(asio::any_io_execu
         new X11Connection(std::move(*socket), display.number));
     return connection->prepare(display.screen) ? std::move(connection) : nullptr;
   });
-  auto connection = co_await std::move(connecting);
-  co_return connection;
+  co_return co_await std::move(connecting);
 }
 
 X11Connection::X11Connection(FileDescriptor socket, int display)
@@ -133,7 +113,7 @@ bool X11Connection::prepare(int screen) {
 
   const struct {
     std::string_view name;
-    xcb_atom_t X11Atoms::* place;
+    xcb_atom_t X11Atoms::* atom;
   } wanted[] = {
       {"_NET_ACTIVE_WINDOW", &X11Atoms::activeWindow},
       {"_NET_CLIENT_LIST", &X11Atoms::clientList},
@@ -160,7 +140,7 @@ bool X11Connection::prepare(int screen) {
     if (!reply) {
       return false;
     }
-    atoms_.*wanted[i].place = reply->atom;
+    atoms_.*wanted[i].atom = reply->atom;
   }
 
   window_ = xcb_generate_id(connection_);

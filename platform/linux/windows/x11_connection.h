@@ -13,7 +13,7 @@
 
 namespace glintboard {
 
-// The atoms that are used, as the server numbers them.
+// The atoms in use, with the server's numbers.
 struct X11Atoms {
   xcb_atom_t activeWindow = 0;
   xcb_atom_t clientList = 0;
@@ -30,25 +30,29 @@ struct X11Atoms {
   xcb_atom_t time = 0;
 };
 
+// An open connection. For the service loop.
 class X11Connection {
  public:
-  // Connects to a display of this computer (":0"), or returns null. Waits no longer than two
-  // seconds for the server; blocking calls are made on `workers`. For the service loop.
+  // Connects to a display of this computer (":0"). Null when no server answers within two seconds.
+  // Blocking calls are made on `workers`.
   static Awaitable<std::unique_ptr<X11Connection>> open(asio::any_io_executor workers,
                                                         std::string display);
   ~X11Connection();
   X11Connection(const X11Connection&) = delete;
   X11Connection& operator=(const X11Connection&) = delete;
 
+  // The connection, which this object owns; never null.
   xcb_connection_t* get() const { return connection_; }
+  // The root window of the display's screen.
   xcb_window_t root() const { return root_; }
-  // A window of this connection's own, never shown, whose property changes are reported.
+  // A hidden window of this connection, whose property changes are reported.
   xcb_window_t window() const { return window_; }
   const X11Atoms& atoms() const { return atoms_; }
 
  private:
-  // Both talk to the server, and block as long as it likes.
+  // Both block until the server answers or the connection ends.
   X11Connection(FileDescriptor socket, int display);
+  // Reads what the members below need. False when the connection has failed.
   bool prepare(int screen);
 
   xcb_connection_t* connection_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Properties of X11 windows, read without waiting for the server.
+// Reads properties of X11 windows asynchronously.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -11,37 +11,37 @@
 
 namespace glintboard {
 
-// What another program wrote into a property; may be anything. Not longer than 64 KiB.
+// The value of a property, which another program may have set to anything. Truncated at 64 KiB.
 class X11Property {
  public:
-  // `reply` may be null: the window is gone.
+  // `reply` must outlive this; it is null if the window does not exist.
   explicit X11Property(const xcb_get_property_reply_t* reply) : reply_(reply) {}
 
   // Whether the property is set.
   bool exists() const { return reply_ != nullptr && reply_->type != XCB_ATOM_NONE; }
-  // Its numbers of 32 bits: windows, atoms, …; empty when it holds others.
+  // Its 32-bit numbers: windows, atoms, …; empty for another format.
   std::vector<std::uint32_t> numbers() const;
-  // The first of them, or 0.
+  // The first number, or 0.
   std::uint32_t number() const;
-  // Its texts, which are separated by NULs; empty when it holds none.
+  // Its texts, which are separated by NULs; empty for another format.
   std::vector<std::string> texts() const;
-  // The first of them, or empty.
+  // The first text, or empty.
   std::string text() const;
 
  private:
   const xcb_get_property_reply_t* reply_;
 };
 
-// The requests for properties that are under way. For one thread.
+// The pending requests for properties. For one thread.
 class X11PropertyRequests {
  public:
   using Handler = std::function<void(const X11Property& property)>;
 
   explicit X11PropertyRequests(xcb_connection_t* connection) : connection_(connection) {}
 
-  // Asks for a property; `handler` is called with it by a later `receive`.
+  // Requests a property. A later `receive` calls `handler` with it.
   void ask(xcb_window_t window, xcb_atom_t property, Handler handler);
-  // Handles the answers that have come. Whether there were any.
+  // Handles the replies that have arrived. Whether there were any.
   bool receive();
 
  private:
@@ -51,7 +51,7 @@ class X11PropertyRequests {
   };
 
   xcb_connection_t* connection_;
-  // Answers come in the order of their requests.
+  // Replies arrive in the order of the requests.
   std::deque<Request> underWay_;
 };
 

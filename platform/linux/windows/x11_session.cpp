@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/windows/x11_session.h"
 
-#include <fcntl.h>
+#include <unistd.h>
 
 #include <algorithm>
 
 #include "platform/linux/base/c_pointer.h"
 #include "platform/linux/base/host_name.h"
-#include "platform/linux/windows/window_system.h"
 #include "platform/spawn.h"
 
 namespace glintboard {
@@ -16,8 +15,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How long a window may be missing from the list: while its manager is replaced, it is shown and
-// in no list.
+// How long a window may be missing from the list before it counts as closed. While the window
+// manager is replaced, windows are shown and unlisted.
 constexpr auto timeoutWhileShown = 2s;
 constexpr auto timeoutWhileHidden = 50ms;
 
@@ -29,44 +28,36 @@ void select(xcb_connection_t* connection, xcb_window_t window, std::uint32_t eve
 
 }  // namespace
 
-X11Session::X11Session(asio::any_io_executor service, std::unique_ptr<X11Connection> connection,
-                       std::shared_ptr<OpenWindows> windows)
-    : service_(std::move(service)),
-      connection_(std::move(connection)),
-      windows_(std::move(windows)),
-      atoms_(connection_->atoms()),
-      hostName_(kernelHostName()),
-      properties_(connection_->get()),
-      readable_(service_) {}
-
-Awaitable<> X11Session::run(std::shared_ptr<X11Session> self) {
-  const int descriptor =
-      ::fcntl(xcb_get_file_descriptor(self->connection_->get()), F_DUPFD_CLOEXEC, 0);
-  if (descriptor >= 0 && !self->ended_) {
-    self->readable_.assign(descriptor);
-    select(self->connection_->get(), self->connection_->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
-    self->askForManager();
-    self->askForList();
-    self->askForActiveWindow();
-    self->askForDesktop();
-    while (self->receive()) {
-      const auto [error] = co_await self->readable_.async_wait(
-          asio::posix::stream_descriptor::wait_read, asio::as_tuple(asio::use_awaitable));
-      if (error) {
-        break;
-      }
-    }
+Awaitable<std::shared_ptr<DisplaySession>> X11Session::open(asio::any_io_executor service,
+                                                            asio::any_io_executor workers,
+                                                            std::string display,
+                                                            std::shared_ptr<OpenWindows> windows) {
+  auto connection = co_await X11Connection::open(workers, display);
+  if (!connection) {
+    co_return nullptr;
   }
-  self->ended_ = true;
-  self->readable_.close();
-  self->windows_->clear();
-  self->signal_.notify();
+  co_return std::make_shared<X11Session>(service, std::move(connection), std::move(windows));
 }
 
-void X11Session::stop() {
-  ended_ = true;
-  error_code ignored;
-  readable_.cancel(ignored);
+X11Session::X11Session(const asio::any_io_executor& service,
+                       std::unique_ptr<X11Connection> connection,
+                       std::shared_ptr<OpenWindows> windows)
+    : DisplaySession(service, std::move(windows)),
+      connection_(std::move(connection)),
+      atoms_(connection_->atoms()),
+      hostName_(kernelHostName()),
+      properties_(connection_->get()) {}
+
+int X11Session::socket() const {
+  return xcb_get_file_descriptor(connection_->get());
+}
+
+void X11Session::begin() {
+  select(connection_->get(), connection_->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+  askForManager();
+  askForList();
+  askForActiveWindow();
+  askForDesktop();
 }
 
 bool X11Session::receive() {
@@ -80,9 +71,9 @@ bool X11Session::receive() {
     }
     return owned != nullptr;
   };
-  // Each of these may read more from the socket than it returns, sending too. So nothing is left
-  // when a round finds nothing and ends with the one that does not read.
-  while (std::exchange(any, false) && !ended_) {
+  // Each call, also a flush, may read more from the socket than it returns. So nothing is left only
+  // when a round finds nothing, and its last call does not read.
+  while (std::exchange(any, false) && !ended()) {
     xcb_flush(connection);
     while (take(xcb_poll_for_event(connection))) {
     }
@@ -94,9 +85,11 @@ bool X11Session::receive() {
       any = true;
     }
   }
-  ended_ = ended_ || xcb_connection_has_error(connection) != 0;
-  signal_.notify();
-  return !ended_;
+  if (xcb_connection_has_error(connection) != 0) {
+    setEnded();
+  }
+  notify();
+  return !ended();
 }
 
 void X11Session::handle(const xcb_generic_event_t& event) {
@@ -130,9 +123,8 @@ void X11Session::handle(const xcb_generic_event_t& event) {
 
 void X11Session::propertyChanged(const xcb_property_notify_event_t& event) {
   if (event.window == connection_->window()) {
-    ++timesTold_;
     time_ = event.time;
-    hangs_ = false;
+    pingAnswered();
   } else if (event.window == connection_->root()) {
     if (event.atom == atoms_.clientList) {
       askForList();
@@ -163,7 +155,7 @@ void X11Session::listed(const std::vector<std::uint32_t>& windows) {
     } else if (!state.unlisted) {
       state.unlisted = Clock::now();
       if (!std::exchange(sweeping_, true)) {
-        spawn(service_, sweep(weak_from_this()), "closed windows");
+        spawn(service(), sweep(weak_from_this()), "closed windows");
       }
     }
   }
@@ -178,25 +170,26 @@ void X11Session::listed(const std::vector<std::uint32_t>& windows) {
   }
 }
 
-// Until they are used, the windows that lie on top count as used last.
+// Before the first use, the order of the windows stands for the order of their use: the top one was
+// used last.
 void X11Session::askForStacking() {
   properties_.ask(connection_->root(), atoms_.clientListStacking,
                   [this](const X11Property& bottomToTop) {
                     for (const auto window : bottomToTop.numbers()) {
-                      windows_->used(window);
+                      windows().used(window);
                     }
-                    windows_->used(active_);
+                    windows().used(active_);
                   });
 }
 
 void X11Session::askForActiveWindow() {
   properties_.ask(connection_->root(), atoms_.activeWindow, [this](const X11Property& active) {
     active_ = active.number();
-    windows_->used(active_);
+    windows().used(active_);
   });
 }
 
-// A manager that was killed leaves the property behind; its window goes with it.
+// A killed window manager leaves the property on the root window; its check window is destroyed.
 void X11Session::askForManager() {
   properties_.ask(connection_->root(), atoms_.supportingWmCheck,
                   [this](const X11Property& manager) {
@@ -214,7 +207,7 @@ void X11Session::askForDesktop() {
 
 void X11Session::follow(xcb_window_t window) {
   known_[window];
-  // First of all, so that no change is missed.
+  // Before reading the properties, so that no change is missed.
   select(connection_->get(), window,
          XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
   askForIdentity(window);
@@ -266,11 +259,11 @@ void X11Session::askForIdentity(xcb_window_t window) {
       return;
     }
     if (ofDesktop) {
-      windows_->remove(window);
+      windows().remove(window);
     } else {
-      windows_->put(window, answers->identity);
+      windows().put(window, answers->identity);
       if (window == active_) {
-        windows_->used(window);
+        windows().used(window);
       }
     }
   });
@@ -282,31 +275,31 @@ void X11Session::forget(xcb_window_t window) {
   }
   known_.erase(window);
   changed_.erase(window);
-  windows_->remove(window);
+  windows().remove(window);
 }
 
 Awaitable<> X11Session::sweep(std::weak_ptr<X11Session> weakSelf) {
   for (bool more = true; more;) {
     co_await sleepFor(timeoutWhileHidden);
     const auto self = weakSelf.lock();
-    more = self && !self->ended_ && self->sweepOnce();
+    more = self && !self->ended() && self->sweepOnce();
   }
 }
 
 bool X11Session::sweepOnce() {
-  std::vector<xcb_window_t> gone;
+  std::vector<xcb_window_t> closed;
   sweeping_ = false;
   for (const auto& [window, state] : known_) {
     if (state.unlisted) {
       const auto missing = Clock::now() - *state.unlisted;
       if (missing >= (state.mapped ? Clock::duration(timeoutWhileShown) : timeoutWhileHidden)) {
-        gone.push_back(window);
+        closed.push_back(window);
       } else {
         sweeping_ = true;
       }
     }
   }
-  for (const auto window : gone) {
+  for (const auto window : closed) {
     forget(window);
   }
   return sweeping_;
@@ -325,61 +318,53 @@ void X11Session::tellWindowManager(xcb_window_t window, xcb_atom_t message,
                  reinterpret_cast<const char*>(&event));
 }
 
-Awaitable<std::optional<xcb_timestamp_t>> X11Session::serverTime(std::shared_ptr<X11Session> self) {
-  // Nothing more is sent to a server that does not read.
-  if (self->ended_ || self->hangs_) {
-    co_return std::nullopt;
-  }
-  const auto deadline = Clock::now() + tapTimeout;
-  const unsigned own = ++self->timesAsked_;
-  auto& connection = *self->connection_;
-  xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, connection.window(),
-                      self->atoms_.time, XCB_ATOM_INTEGER, 32, 0, nullptr);
-  self->receive();
-  while (self->timesTold_ < own) {
-    if (self->ended_ || Clock::now() >= deadline) {
-      self->hangs_ = true;
-      co_return std::nullopt;
-    }
-    co_await self->signal_.next(deadline);
-  }
-  co_return self->time_;
+void X11Session::sendPing() {
+  xcb_change_property(connection_->get(), XCB_PROP_MODE_REPLACE, connection_->window(), atoms_.time,
+                      XCB_ATOM_INTEGER, 32, 0, nullptr);
+  receive();
 }
 
-Awaitable<bool> X11Session::activate(std::shared_ptr<X11Session> self,
-                                     std::vector<xcb_window_t> windows) {
+Awaitable<std::optional<xcb_timestamp_t>> X11Session::serverTime(Clock::time_point deadline) {
+  const bool answers = co_await isAnswering(deadline);
+  co_return answers ? std::optional(time_) : std::nullopt;
+}
+
+Awaitable<LaunchToken> X11Session::launchToken() {
+  LaunchToken token;
+  const auto time = co_await serverTime(Clock::now() + tapTimeout);
+  if (time) {
+    token.startupId = "glintboard-" + std::to_string(::getpid()) + "-" +
+                      std::to_string(++launches_) + "_TIME" + std::to_string(*time);
+  }
+  co_return token;
+}
+
+Awaitable<bool> X11Session::activate(std::vector<OpenWindows::Handle> handles) {
   constexpr std::uint32_t asPager = 2;
+  const std::vector<xcb_window_t> windows(handles.begin(), handles.end());
   const auto deadline = Clock::now() + tapTimeout;
-  auto asking = serverTime(self);
-  const auto time = co_await std::move(asking);
-  if (!time || windows.empty() || self->manager_ == XCB_WINDOW_NONE) {
+  const auto time = co_await serverTime(deadline);
+  if (!time || manager_ == XCB_WINDOW_NONE) {
     co_return false;
   }
-  const auto known = self->known_.find(windows.front());
-  const Window state = known == self->known_.end() ? Window() : known->second;
+  const auto known = known_.find(windows.front());
+  const Window state = known == known_.end() ? Window() : known->second;
   for (auto other = windows.rbegin(); *other != windows.front(); ++other) {
-    self->tellWindowManager(*other, self->atoms_.restackWindow,
-                            {asPager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});
+    tellWindowManager(*other, atoms_.restackWindow,
+                      {asPager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});
   }
-  // Some managers give the focus only to windows of the desktop that is shown.
-  if (state.desktop != everyDesktop && state.desktop != self->desktop_) {
-    self->tellWindowManager(self->connection_->root(), self->atoms_.currentDesktop,
-                            {state.desktop, *time, 0, 0, 0});
+  // Some window managers focus only windows on the current desktop.
+  if (state.desktop != everyDesktop && state.desktop != desktop_) {
+    tellWindowManager(connection_->root(), atoms_.currentDesktop, {state.desktop, *time, 0, 0, 0});
   }
-  self->tellWindowManager(windows.front(), self->atoms_.activeWindow,
-                          {asPager, *time, XCB_WINDOW_NONE, 0, 0});
-  self->receive();
+  tellWindowManager(windows.front(), atoms_.activeWindow, {asPager, *time, XCB_WINDOW_NONE, 0, 0});
+  receive();
   if (!state.takesFocus) {
     co_return true;
   }
   // A dialog of the application may take the focus instead.
-  while (std::find(windows.begin(), windows.end(), self->active_) == windows.end()) {
-    if (self->ended_ || Clock::now() >= deadline) {
-      co_return false;
-    }
-    co_await self->signal_.next(deadline);
-  }
-  co_return true;
+  const auto isFocused = [&] { return std::ranges::count(windows, active_) != 0; };
+  co_return co_await waitUntil(isFocused, deadline);
 }
 
 }  // namespace glintboard

@@ -1,95 +1,93 @@
 // SPDX-License-Identifier: MIT
-// What is told and asked over one connection to an X server.
+// A session with an X server.
 #pragma once
 
-#include <boost/asio/posix/stream_descriptor.hpp>
+#include <array>
 #include <map>
 #include <memory>
 #include <optional>
 #include <set>
 #include <vector>
 
-#include "platform/linux/base/change_signal.h"
-#include "platform/linux/windows/open_windows.h"
+#include "platform/linux/windows/display_session.h"
 #include "platform/linux/windows/x11_connection.h"
 #include "platform/linux/windows/x11_properties.h"
 
 namespace glintboard {
 
-// Follows the windows that the window manager lists (EWMH), by events alone. Never waits for the
-// server inside a turn. For the service loop, to be kept by a shared pointer.
-class X11Session : public std::enable_shared_from_this<X11Session> {
+// Follows the windows that the window manager lists (EWMH).
+class X11Session : public DisplaySession, public std::enable_shared_from_this<X11Session> {
  public:
-  X11Session(asio::any_io_executor service, std::unique_ptr<X11Connection> connection,
+  // Connects to `display`, named as in DISPLAY; only displays of this computer are supported. Null
+  // when no server answers within two seconds. Blocking calls are made on `workers`.
+  static Awaitable<std::shared_ptr<DisplaySession>> open(asio::any_io_executor service,
+                                                         asio::any_io_executor workers,
+                                                         std::string display,
+                                                         std::shared_ptr<OpenWindows> windows);
+  X11Session(const asio::any_io_executor& service, std::unique_ptr<X11Connection> connection,
              std::shared_ptr<OpenWindows> windows);
 
-  // Until the connection ends.
-  static Awaitable<> run(std::shared_ptr<X11Session> self);
-  void stop();
-
-  // Raises the windows and gives the first of them the focus. True when the window manager has.
-  static Awaitable<bool> activate(std::shared_ptr<X11Session> self,
-                                  std::vector<xcb_window_t> windows);
-  // The server's time, or none when it does not answer.
-  static Awaitable<std::optional<xcb_timestamp_t>> serverTime(std::shared_ptr<X11Session> self);
+  Awaitable<bool> activate(std::vector<OpenWindows::Handle> windows) override;
+  Awaitable<LaunchToken> launchToken() override;
 
  private:
-  using Clock = std::chrono::steady_clock;
   static constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
   struct Window {
-    // When the window manager ceased to list it.
+    // When the window manager removed it from its list.
     std::optional<Clock::time_point> unlisted;
     bool mapped = true;
-    // Whether its manager may give it the focus. Others (xclock) only come to the front.
+    // Whether the window manager may focus it. Others (xclock) only come to the front.
     bool takesFocus = true;
     std::uint32_t desktop = everyDesktop;
   };
 
-  // Sends what is waiting and handles all that has arrived. False when the connection has ended.
-  bool receive();
+  int socket() const override;
+  void begin() override;
+  bool receive() override;
+  // The answer has the server's time.
+  void sendPing() override;
+  // The server's time, or none when it does not answer before the deadline.
+  Awaitable<std::optional<xcb_timestamp_t>> serverTime(Clock::time_point deadline);
+  // Handles one event of the server. Ignores events of unknown windows.
   void handle(const xcb_generic_event_t& event);
   void propertyChanged(const xcb_property_notify_event_t& event);
+  // These request a property of the root window; a later `receive` handles the reply.
   void askForList();
-  void listed(const std::vector<std::uint32_t>& windows);
   void askForStacking();
   void askForActiveWindow();
   void askForManager();
   void askForDesktop();
+  // Handles the window manager's list.
+  void listed(const std::vector<std::uint32_t>& windows);
+  // Starts to follow a window that is new in the list.
   void follow(xcb_window_t window);
+  // Requests the properties of a window. Reports the window when all replies have arrived, unless
+  // it is a desktop or a panel.
   void askForIdentity(xcb_window_t window);
+  // Reports that a window was closed.
   void forget(xcb_window_t window);
-  // Forgets the windows that have left the list for good.
+  // Forgets windows that stay unlisted, until no unlisted window is left.
   static Awaitable<> sweep(std::weak_ptr<X11Session> weakSelf);
+  // One pass. Whether unlisted windows are left.
   bool sweepOnce();
+  // Sends a client message about `window` to the window manager.
   void tellWindowManager(xcb_window_t window, xcb_atom_t message,
                          std::array<std::uint32_t, 5> data);
 
-  const asio::any_io_executor service_;
   const std::unique_ptr<X11Connection> connection_;
-  const std::shared_ptr<OpenWindows> windows_;
   const X11Atoms& atoms_;
   const std::string hostName_;
   X11PropertyRequests properties_;
-  // A descriptor of its own for the connection's socket.
-  asio::posix::stream_descriptor readable_;
-
   std::map<xcb_window_t, Window> known_;
-  // Windows that have said something new of themselves.
+  // Windows whose identity must be read again.
   std::set<xcb_window_t> changed_;
   bool sweeping_ = false;
-  bool ended_ = false;
-
-  // The window by which the window manager shows that it is there.
+  // The window manager's check window, which exists as long as the manager runs.
   xcb_window_t manager_ = XCB_WINDOW_NONE;
   xcb_window_t active_ = XCB_WINDOW_NONE;
   std::uint32_t desktop_ = 0;
-  ChangeSignal signal_;
-  // How often the server was asked for its time, and has answered.
-  unsigned timesAsked_ = 0;
-  unsigned timesTold_ = 0;
   xcb_timestamp_t time_ = XCB_CURRENT_TIME;
-  // It did not answer in time, and has not since.
-  bool hangs_ = false;
+  unsigned launches_ = 0;
 };
 
 }  // namespace glintboard
