@@ -154,22 +154,22 @@ PortRule discoveryPortRule() {
   return {"udp", 5353};
 }
 
-std::string openingCommand(const Firewall& firewall, const PortRule& gate) {
-  const std::string number = std::to_string(gate.port);
+std::string openingCommand(const Firewall& firewall, const PortRule& port) {
+  const std::string number = std::to_string(port.port);
   switch (firewall.kind) {
     case Firewall::Kind::ufw:
       return firewall.knowsAgent ? "sudo ufw allow glintboard-agent"
-                                 : "sudo ufw allow " + number + "/" + gate.protocol;
+                                 : "sudo ufw allow " + number + "/" + port.protocol;
     case Firewall::Kind::firewalld:
       return "sudo firewall-cmd --permanent --add-" +
              (firewall.knowsAgent ? std::string("service=glintboard-agent")
-                                  : "port=" + number + "/" + gate.protocol) +
+                                  : "port=" + number + "/" + port.protocol) +
              " && sudo firewall-cmd --reload";
     case Firewall::Kind::nftables:
       break;
   }
   return "sudo nft insert rule " + (firewall.chain.empty() ? "inet filter input" : firewall.chain) +
-         " " + gate.protocol + " dport " + number + " accept";
+         " " + port.protocol + " dport " + number + " accept";
 }
 
 std::string openingCaveat(const Firewall& firewall) {

@@ -131,7 +131,7 @@ class LinuxLocalNetwork : public LocalNetwork {
  public:
   std::vector<LocalAddress> addresses() override;
   std::optional<PortHolder> holder(std::uint16_t port) override;
-  std::optional<Firewall> firewall(const PortRule& gate) override;
+  std::optional<Firewall> firewall(const PortRule& port) override;
   bool hasProgram(const std::string& name) override;
 };
 
@@ -181,10 +181,10 @@ std::optional<PortHolder> LinuxLocalNetwork::holder(std::uint16_t port) {
                     program.empty() ? firstLine(*process / "comm") : program};
 }
 
-std::optional<Firewall> LinuxLocalNetwork::firewall(const PortRule& gate) {
+std::optional<Firewall> LinuxLocalNetwork::firewall(const PortRule& port) {
   using Kind = Firewall::Kind;
   if (ufwIsOn()) {
-    return ufwAdmits(gate)
+    return ufwAdmits(port)
                ? std::nullopt
                : std::optional(
                      Firewall{Kind::ufw, exists("/etc/ufw/applications.d/glintboard-agent"), {}});
@@ -193,13 +193,13 @@ std::optional<Firewall> LinuxLocalNetwork::firewall(const PortRule& gate) {
     return firstLine(folder / "comm") == "firewalld";
   };
   if (findProcess(isFirewalld)) {
-    return firewalldAdmits(gate)
+    return firewalldAdmits(port)
                ? std::nullopt
                : std::optional(Firewall{Kind::firewalld,
                                         exists("/usr/lib/firewalld/services/glintboard-agent.xml"),
                                         {}});
   }
-  return packetFilter(gate);
+  return packetFilter(port);
 }
 
 bool LinuxLocalNetwork::hasProgram(const std::string& name) {
