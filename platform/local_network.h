@@ -52,7 +52,7 @@ class LocalNetwork {
   // The firewall that may block these packets. None without a firewall, and when its rules are
   // known to accept them; root can read more rules than other users. Runs programs for up to four
   // seconds.
-  virtual std::optional<Firewall> firewall(const PortRule& port) = 0;
+  virtual std::optional<Firewall> firewall(const PortRule& wanted) = 0;
   // Whether a program of that name is installed.
   virtual bool hasProgram(const std::string& name) = 0;
 

@@ -154,22 +154,22 @@ PortRule discoveryPortRule() {
   return {"udp", 5353};
 }
 
-std::string openingCommand(const Firewall& firewall, const PortRule& port) {
-  const std::string number = std::to_string(port.port);
+std::string openingCommand(const Firewall& firewall, const PortRule& wanted) {
+  const std::string number = std::to_string(wanted.port);
   switch (firewall.kind) {
     case Firewall::Kind::ufw:
       return firewall.knowsAgent ? "sudo ufw allow glintboard-agent"
-                                 : "sudo ufw allow " + number + "/" + port.protocol;
+                                 : "sudo ufw allow " + number + "/" + wanted.protocol;
     case Firewall::Kind::firewalld:
       return "sudo firewall-cmd --permanent --add-" +
              (firewall.knowsAgent ? std::string("service=glintboard-agent")
-                                  : "port=" + number + "/" + port.protocol) +
+                                  : "port=" + number + "/" + wanted.protocol) +
              " && sudo firewall-cmd --reload";
     case Firewall::Kind::nftables:
       break;
   }
   return "sudo nft insert rule " + (firewall.chain.empty() ? "inet filter input" : firewall.chain) +
-         " " + port.protocol + " dport " + number + " accept";
+         " " + wanted.protocol + " dport " + number + " accept";
 }
 
 std::string openingCaveat(const Firewall& firewall) {

@@ -70,7 +70,7 @@ std::optional<bool> holds(const std::string& ports, std::uint16_t port) {
 enum class Effect { none, accepts, blocks };
 
 // The effect of a rule on the first of these packets from another computer.
-Effect effectOf(const std::string& rule, const PortRule& port) {
+Effect effectOf(const std::string& rule, const PortRule& wanted) {
   static const std::regex port(R"((?:^|\s)(tcp|udp|th) dport (\{[^}]*\}|\S+))");
   static const std::regex acceptance(
       R"((?:ct state new )?(?:\w+ dport (?:\{[^}]*\}|\S+) )?(?:ct state new )?(?:counter packets \d+ bytes \d+ )?)"
@@ -84,8 +84,8 @@ Effect effectOf(const std::string& rule, const PortRule& port) {
   }
   std::optional<bool> matches = true;
   if (std::smatch found; std::regex_search(rule, found, port)) {
-    const bool isProtocol = found[1] == port.protocol || found[1] == "th";
-    matches = isProtocol ? holds(found[2], port.port) : false;
+    const bool isProtocol = found[1] == wanted.protocol || found[1] == "th";
+    matches = isProtocol ? holds(found[2], wanted.port) : false;
   }
   if (matches == false) {
     return Effect::none;
@@ -102,28 +102,28 @@ bool ufwIsOn() {
   return hasLine("/etc/ufw/ufw.conf", "ENABLED=yes");
 }
 
-bool ufwAdmits(const PortRule& port) {
+bool ufwAdmits(const PortRule& wanted) {
   // From any address and port to any address.
-  const std::string target = std::to_string(port.port) + " 0.0.0.0/0 any 0.0.0.0/0 ";
-  return hasLine("/etc/ufw/user.rules", "### tuple ### allow " + port.protocol + " " + target) ||
+  const std::string target = std::to_string(wanted.port) + " 0.0.0.0/0 any 0.0.0.0/0 ";
+  return hasLine("/etc/ufw/user.rules", "### tuple ### allow " + wanted.protocol + " " + target) ||
          hasLine("/etc/ufw/user.rules", "### tuple ### allow any " + target);
 }
 
-bool firewalldAdmits(const PortRule& port) {
+bool firewalldAdmits(const PortRule& wanted) {
   return printed("firewall-cmd --query-service=glintboard-agent") ||
-         printed("firewall-cmd --query-port=" + std::to_string(port.port) + "/" + port.protocol);
+         printed("firewall-cmd --query-port=" + std::to_string(wanted.port) + "/" + wanted.protocol);
 }
 
-std::optional<Firewall> packetFilter(const PortRule& port) {
+std::optional<Firewall> packetFilter(const PortRule& wanted) {
   const auto ruleset = printed("nft list ruleset");
   if (!ruleset) {
     return canFilter() ? std::optional(Firewall()) : std::nullopt;
   }
-  auto chain = chainInTheWay(*ruleset, port);
+  auto chain = chainInTheWay(*ruleset, wanted);
   return chain ? std::optional(Firewall{Firewall::Kind::nftables, false, *chain}) : std::nullopt;
 }
 
-std::optional<std::string> chainInTheWay(const std::string& ruleset, const PortRule& port) {
+std::optional<std::string> chainInTheWay(const std::string& ruleset, const PortRule& wanted) {
   std::istringstream lines(ruleset);
   std::string table;
   std::string chain;
@@ -153,7 +153,7 @@ std::optional<std::string> chainInTheWay(const std::string& ruleset, const PortR
       }
       isForIncoming = false;
     } else if (isForIncoming && effect == Effect::none) {
-      effect = effectOf(line, port);
+      effect = effectOf(line, wanted);
     }
   }
   return std::nullopt;

@@ -131,7 +131,7 @@ class LinuxLocalNetwork : public LocalNetwork {
  public:
   std::vector<LocalAddress> addresses() override;
   std::optional<PortHolder> holder(std::uint16_t port) override;
-  std::optional<Firewall> firewall(const PortRule& port) override;
+  std::optional<Firewall> firewall(const PortRule& wanted) override;
   bool hasProgram(const std::string& name) override;
 };
 
@@ -181,10 +181,10 @@ std::optional<PortHolder> LinuxLocalNetwork::holder(std::uint16_t port) {
                     program.empty() ? firstLine(*process / "comm") : program};
 }
 
-std::optional<Firewall> LinuxLocalNetwork::firewall(const PortRule& port) {
+std::optional<Firewall> LinuxLocalNetwork::firewall(const PortRule& wanted) {
   using Kind = Firewall::Kind;
   if (ufwIsOn()) {
-    return ufwAdmits(port)
+    return ufwAdmits(wanted)
                ? std::nullopt
                : std::optional(
                      Firewall{Kind::ufw, exists("/etc/ufw/applications.d/glintboard-agent"), {}});
@@ -193,13 +193,13 @@ std::optional<Firewall> LinuxLocalNetwork::firewall(const PortRule& port) {
     return firstLine(folder / "comm") == "firewalld";
   };
   if (findProcess(isFirewalld)) {
-    return firewalldAdmits(port)
+    return firewalldAdmits(wanted)
                ? std::nullopt
                : std::optional(Firewall{Kind::firewalld,
                                         exists("/usr/lib/firewalld/services/glintboard-agent.xml"),
                                         {}});
   }
-  return packetFilter(port);
+  return packetFilter(wanted);
 }
 
 bool LinuxLocalNetwork::hasProgram(const std::string& name) {
