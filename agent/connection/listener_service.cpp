@@ -4,19 +4,18 @@
 #include <QCoreApplication>
 #include <boost/system/errc.hpp>
 
+#include "agent/connection/message_loop.h"
 #include "agent/language/error_text.h"
 #include "platform/descriptor_limit.h"
 #include "platform/log.h"
 #include "platform/spawn.h"
-#include "protocol/message_factory.h"
-#include "protocol/wire_codec.h"
 
 namespace glintboard {
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto portConflictPause = 400ms;
+constexpr auto retryInterval = 400ms;
 
 const char* description(ListenerServiceError::Code code) {
   return code == ListenerServiceError::Code::invalidPort
@@ -31,6 +30,13 @@ std::string portInUseText(std::uint16_t port) {
       .toStdString();
 }
 
+std::string shortcutsHint() {
+  return QCoreApplication::translate("ListenerService",
+                                     "Allow this Shortcut on your Mac (System Settings \u2192 "
+                                     "Privacy & Security \u2192 Automation), then try again.")
+      .toStdString();
+}
+
 }  // namespace
 
 ListenerServiceError::ListenerServiceError(Code given)
@@ -38,24 +44,25 @@ ListenerServiceError::ListenerServiceError(Code given)
 
 ListenerService::ListenerService(asio::any_io_executor executor, Parts parts, std::uint16_t port)
     : Actor(std::move(executor)),
-      parts_(std::move(parts)),
+      pairingService_(parts.dispatcher.pairingService),
+      bonjour_(parts.bonjour),
+      localizedName_(std::move(parts.localizedName)),
       port_(port),
       bounds_(
           std::make_shared<ConnectionBounds>(ConnectionLimits::forDescriptors(descriptorLimit()))),
-      strangersTurn_(this->executor()),
-      runningWatch_(
-          std::make_shared<RunningWatch>(this->executor(), parts_.watchRunningApplications)),
+      dispatcher_(this->executor(), std::move(parts.dispatcher),
+                  [this] { showShortcutCoachMessage(); }),
       connections_({[this](std::string_view token) {
-                      return parts_.pairingService.isPaired(token).value_or(false);
+                      return pairingService_.isPaired(token).value_or(false);
                     },
-                    [this](bool mayAsk) { runningWatch_->setWanted(mayAsk); },
+                    [this](bool connected) { dispatcher_.setPhoneConnected(connected); },
                     [this] { observers_.notify(); }}) {}
 
 std::shared_ptr<ListenerService> ListenerService::create(asio::any_io_executor executor,
                                                          Parts parts, std::uint16_t port) {
   std::shared_ptr<ListenerService> listener(
       new ListenerService(std::move(executor), std::move(parts), port));
-  listener->parts_.pairingService.whenChanged([weak = std::weak_ptr(listener)] {
+  listener->pairingService_.whenChanged([weak = std::weak_ptr(listener)] {
     if (const auto self = weak.lock()) {
       self->connections_.update();
     }
@@ -64,23 +71,31 @@ std::shared_ptr<ListenerService> ListenerService::create(asio::any_io_executor e
 }
 
 Awaitable<> ListenerService::start() {
-  return enter(doStart());
+  return enter([this] { startListener(); });
 }
 
 Awaitable<> ListenerService::stop() {
-  return enter(doStop());
+  return enter([this] { stopListener(); });
 }
 
 Awaitable<> ListenerService::restart() {
-  return enter(doRestart());
+  return enter([this] {
+    stopListener();
+    portConflictRetries_ = 0;
+    lastError_.reset();
+    startListener();
+  });
 }
 
 Awaitable<ListenerState> ListenerService::state() {
-  return enter(doState());
+  return enter([this] { return ListenerState{isRunning_, lastError_, shortcutCoachMessage_}; });
 }
 
 Awaitable<> ListenerService::dismissShortcutCoachMessage() {
-  return enter(doDismissShortcutCoachMessage());
+  return enter([this] {
+    shortcutCoachMessage_.reset();
+    observers_.notify();
+  });
 }
 
 Awaitable<> ListenerService::pushDecksSnapshot() {
@@ -88,39 +103,30 @@ Awaitable<> ListenerService::pushDecksSnapshot() {
 }
 
 Awaitable<> ListenerService::checkAfterSleep() {
-  return enter(doCheckAfterSleep());
+  return enter([this] {
+    connections_.probe();
+    if (isRunning_) {
+      advertise();
+    }
+  });
 }
 
 Awaitable<> ListenerService::shutDown() {
-  return enter(doShutDown());
+  return enter([this] {
+    isShutDown_ = true;
+    stopListener();
+    connections_.cancelAll();
+  });
 }
 
-Awaitable<> ListenerService::doStart() {
-  startListener();
-  co_return;
+Awaitable<Replies> ListenerService::dispatch(std::string message,
+                                             std::optional<std::string> token) {
+  return enter(dispatcher_.dispatch(std::move(message), std::move(token)));
 }
 
-Awaitable<> ListenerService::doStop() {
-  stopListener();
-  co_return;
-}
-
-Awaitable<> ListenerService::doRestart() {
-  stopListener();
-  portConflictRetries_ = 0;
-  lastError_.reset();
-  startListener();
-  co_return;
-}
-
-Awaitable<ListenerState> ListenerService::doState() {
-  co_return ListenerState{isRunning_, lastError_, shortcutCoachMessage_};
-}
-
-Awaitable<> ListenerService::doDismissShortcutCoachMessage() {
-  shortcutCoachMessage_.reset();
-  observers_.notify();
-  co_return;
+Awaitable<> ListenerService::doPushDecksSnapshot() {
+  auto text = co_await dispatcher_.decksSnapshot(randomUuid());
+  connections_.push(std::make_shared<const std::string>(std::move(text)));
 }
 
 void ListenerService::startListener() {
@@ -151,7 +157,7 @@ void ListenerService::startListener() {
 
 void ListenerService::stopListener() {
   listener_.reset();
-  parts_.bonjour.withdraw();
+  bonjour_.withdraw();
   isRunning_ = false;
   connections_.endPushes();
   observers_.notify();
@@ -177,7 +183,7 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
   }
   isRunning_ = false;
   observers_.notify();
-  parts_.bonjour.withdraw();
+  bonjour_.withdraw();
   if (portInUse && portConflictRetries_ < maxPortConflictRetries) {
     ++portConflictRetries_;
     listener_.reset();
@@ -187,7 +193,7 @@ void ListenerService::handleListenerState(const WebSocketListenerState& state) {
 
 Awaitable<> ListenerService::retryStartAfterPortConflict(std::weak_ptr<ListenerService> weak,
                                                          unsigned start) {
-  co_await sleepFor(portConflictPause);
+  co_await sleepFor(retryInterval);
   const auto self = weak.lock();
   if (!self || self->listener_ || self->isShutDown_ || self->starts_ != start) {
     co_return;
@@ -201,16 +207,19 @@ Awaitable<> ListenerService::retryStartAfterPortConflict(std::weak_ptr<ListenerS
 }
 
 void ListenerService::advertise() {
-  parts_.bonjour.publish({parts_.localizedName().value_or("Glintboard Mac"),
-                          std::string(GlintboardService::bonjourType),
-                          std::string(GlintboardService::bonjourDomain), port_});
+  bonjour_.publish({localizedName_().value_or("Glintboard Mac"),
+                    std::string(GlintboardService::bonjourType),
+                    std::string(GlintboardService::bonjourDomain), port_});
 }
 
 Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
                                    ConnectionPointer connection) {
   auto token = WebSocketAuth::token(connection->handshake().headers);
   self->connections_.add(connection, token);
-  const auto paired = co_await self->device(token);
+  std::optional<PairedDevice> paired;
+  if (token && !token->empty()) {
+    paired = co_await self->pairingService_.device(*token);
+  }
   if (paired) {
     log::info("connected: \"", paired->name, "\" from ", connection->handshake().peer);
   } else {
@@ -218,7 +227,7 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
                connection->handshake().peer);
   }
   try {
-    co_await self->receiveMessages(connection, std::move(token));
+    co_await receiveMessages(self->dispatcher_, connection, std::move(token));
   } catch (const std::exception& error) {
     log::warning("connection: ", error.what());
   }
@@ -228,84 +237,11 @@ Awaitable<> ListenerService::serve(std::shared_ptr<ListenerService> self,
                      "disconnected: ", connection->handshake().peer);
 }
 
-Awaitable<> ListenerService::receiveMessages(ConnectionPointer connection,
-                                             std::optional<std::string> token) {
-  // As of the messages that came together.
-  std::optional<std::vector<std::string>> running;
-  for (;;) {
-    auto message = connection->received();
-    if (!message) {
-      running.reset();
-      message = co_await connection->receive();
-    }
-    if (!message) {
-      co_return;
-    }
-    if (message->empty()) {
-      continue;
-    }
-    const bool paired = isPaired(token);  // which may have changed since the last message
-    std::optional<AsyncLock::Guard> turn;
-    if (!paired) {
-      running.reset();
-      connection->flush();
-      auto taken = co_await strangersTurn_.acquire();
-      turn.emplace(std::move(taken));
-    }
-    auto parsed = WireMessageParser::parse(*message);
-    if (!parsed) {
-      continue;
-    }
-    const auto* ping = paired ? std::get_if<WireMessage<PingPayload>>(&*parsed) : nullptr;
-    if (ping != nullptr && runningWatch_->ask()) {
-      if (!running) {
-        const auto asked = ++pingsAsked_;
-        if (connections_.paired() > 1) {
-          // Behind what the others have sent, to answer them all from one look.
-          co_await asio::post(executor(), asio::use_awaitable);
-        }
-        running = runningSince(asked);
-      }
-      if (running) {
-        std::string reply = pongAtOnce(*ping, *running);
-        if (!connection->sendNow(reply)) {
-          running.reset();
-          co_await connection->send(std::move(reply));
-        }
-        continue;
-      }
-    }
-    running.reset();
-    connection->flush();
-    auto replies = co_await answer(std::move(*parsed), std::move(*message), token, std::move(turn));
-    for (auto& reply : replies) {
-      co_await connection->send(std::move(reply));
-    }
+void ListenerService::showShortcutCoachMessage() {
+  if (!shortcutCoachMessage_) {
+    shortcutCoachMessage_ = shortcutsHint();
+    observers_.notify();
   }
-}
-
-Awaitable<> ListenerService::doPushDecksSnapshot() {
-  co_await runningKnown();
-  auto decks = co_await parts_.deckStore.deckSnapshots(parts_.workspace, parts_.iconProvider,
-                                                       parts_.shortcutIconProvider);
-  const auto text = std::make_shared<const std::string>(
-      WireCodec::encodeString(MessageFactory::decksSnapshot(std::move(decks), randomUuid())));
-  connections_.push(text);
-}
-
-Awaitable<> ListenerService::doCheckAfterSleep() {
-  connections_.probe();
-  if (isRunning_) {
-    advertise();
-  }
-  co_return;
-}
-
-Awaitable<> ListenerService::doShutDown() {
-  isShutDown_ = true;
-  stopListener();
-  connections_.cancelAll();
-  co_return;
 }
 
 }  // namespace glintboard

@@ -11,20 +11,28 @@ AgentServices::AgentServices(AgentEnvironment environment, DeckStore& deckStore)
       pairingService_(environment_.executors.service(), environment_.executors.keychainLane(),
                       std::make_unique<KeychainPairedDeviceStore>(environment_.keychain)),
       appIconProvider_(environment_.executors.workerStrand(), environment_.applicationIcons),
-      // By turns with the other, so that a deck's icons are asked for without a way between
-      // threads.
+      // On the same strand as the application icons, so that both kinds are read without a change
+      // of threads.
       shortcutIconProvider_(appIconProvider_.executor(), environment_.shortcutIcons),
       listenerService_(ListenerService::create(
           environment_.executors.service(),
           ListenerService::Parts{
-              pairingService_, AppMessageHandler(AppLauncher(environment_.workspace)),
-              ActionMessageHandler(SystemActionRunner(
-                  std::make_shared<CoreAudioVolumeController>(environment_.audioOutput))),
-              ShortcutWireHandler(ShortcutMessageHandler(
-                  ShortcutsRunner(environment_.shortcutsExecutable, environment_.processRunner))),
-              deckStore, appIconProvider_, shortcutIconProvider_, environment_.workspace,
-              environment_.bonjour, environment_.localizedName, environment_.executors.volumeLane(),
-              environment_.watchRunningApplications},
+              .dispatcher =
+                  {.pairingService = pairingService_,
+                   .appMessageHandler = AppMessageHandler(AppLauncher(environment_.workspace)),
+                   .actionMessageHandler = ActionMessageHandler(SystemActionRunner(
+                       std::make_shared<CoreAudioVolumeController>(environment_.audioOutput))),
+                   .shortcutWireHandler =
+                       ShortcutWireHandler(ShortcutMessageHandler(ShortcutsRunner(
+                           environment_.shortcutsExecutable, environment_.processRunner))),
+                   .deckStore = deckStore,
+                   .iconProvider = appIconProvider_,
+                   .shortcutIconProvider = shortcutIconProvider_,
+                   .workspace = environment_.workspace,
+                   .actionLane = environment_.executors.volumeLane(),
+                   .watchRunningApplications = environment_.watchRunningApplications},
+              .bonjour = environment_.bonjour,
+              .localizedName = environment_.localizedName},
           environment_.port)) {}
 
 }  // namespace glintboard
