@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
   MenuState state;
   state.pairingQRString = QStringLiteral("glintboard://pair?v=1&name=Studio&code=0123456789abcdef");
   state.currentPIN = QStringLiteral("482913");
-  state.status = ConnectionStatus::ready;
+  state.status = ConnectionStatus::Ready;
   model.setState(state);
   MenuWindow menu(model, {}, std::chrono::milliseconds(500));
   std::printf("before            %6.1f MB\n", residentMegabytes());

@@ -21,7 +21,7 @@
 #include "agent/language/language.h"
 #include "agent/menu/agent_view_model.h"
 #include "agent/menu/desktop_shell.h"
-#include "agent/menu/menu_bar_controller.h"
+#include "agent/menu/menu_bar_model.h"
 #include "agent/menu/menu_window.h"
 #include "agent/menu/text_menu.h"
 #include "agent/pairing/keychain_paired_device_store.h"
@@ -126,9 +126,9 @@ class AgentApp {
  private:
   void showOnDesktop() {
     editor_ = std::make_unique<DeckEditorWindowPresenter>(editorInputs());
-    menu_ = std::make_unique<MenuBarController>(
+    menu_ = std::make_unique<MenuBarModel>(
         viewModel_, MenuActions{[this] { editor_->show(); }, [this] { stop(); }});
-    menuWindow_ = std::make_unique<MenuWindow>(menu_->model());
+    menuWindow_ = std::make_unique<MenuWindow>(*menu_);
     desktop_ = std::make_unique<DesktopShell>(viewModel_, *menuWindow_);
     QObject::connect(&viewModel_, &AgentViewModel::hasConnectedPhoneChanged, editor_.get(),
                      &DeckEditorWindowPresenter::refreshLive);
@@ -195,7 +195,7 @@ class AgentApp {
   DeckDrafts deckDrafts_;
   AgentViewModel viewModel_;
   // With a display.
-  std::unique_ptr<MenuBarController> menu_;
+  std::unique_ptr<MenuBarModel> menu_;
   std::unique_ptr<MenuWindow> menuWindow_;
   std::unique_ptr<DeckEditorWindowPresenter> editor_;
   std::unique_ptr<DesktopShell> desktop_;

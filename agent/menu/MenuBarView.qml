@@ -41,7 +41,7 @@ FocusScope {
 
     Shortcut {
         sequence: "Ctrl+Q"
-        onActivated: view.menu.press(MenuBarModel.Quit)
+        onActivated: view.menu.press(Menu.Quit)
     }
     Shortcut {
         sequence: "Escape"

@@ -18,7 +18,7 @@ Column {
     spacing: Theme.Gap12
 
     function offers(command: int): bool {
-        return (items.menu.commands & 1 << command) !== 0;
+        return items.menu.commands.includes(command);
     }
 
     move: Transition {
@@ -65,7 +65,7 @@ Column {
     SymbolText {
         objectName: "pairedDevice"
         width: parent.width
-        visible: items.menu.section === MenuBarModel.PairedDevice
+        visible: items.menu.section === Menu.PairedDevice
         symbolName: "iphone.gen3"
         text: items.menu.pairingStatusText
         font: Theme.fonts.ui(Theme.Body, Theme.Medium)
@@ -74,14 +74,14 @@ Column {
     PairingPanel {
         objectName: "pairingPanel"
         width: parent.width
-        visible: items.menu.section === MenuBarModel.Code
+        visible: items.menu.section === Menu.Code
         menu: items.menu
     }
 
     SymbolText {
         objectName: "lockMessage"
         width: parent.width
-        visible: items.menu.section === MenuBarModel.LockedOut
+        visible: items.menu.section === Menu.LockedOut
         symbolName: "lock.fill"
         text: items.menu.pairingStatusText
         color: items.errorColor
@@ -90,7 +90,7 @@ Column {
     Column {
         width: parent.width
         spacing: items.spacing
-        visible: items.offers(MenuBarModel.DismissHint)
+        visible: items.offers(Menu.DismissHint)
 
         Item {
             id: hintRow
@@ -119,8 +119,8 @@ Column {
                 objectName: "dismiss"
                 anchors.right: parent.right
                 y: hintRow.fits ? (parent.height - height) / 2 : hint.implicitHeight + Theme.Gap8
-                text: items.menu.buttonText(MenuBarModel.DismissHint)
-                onClicked: items.menu.press(MenuBarModel.DismissHint)
+                text: items.menu.buttonText(Menu.DismissHint)
+                onClicked: items.menu.press(Menu.DismissHint)
             }
         }
 
@@ -183,7 +183,7 @@ Column {
         objectName: "listenerError"
         width: parent.width
         leftPadding: items.textColumn
-        visible: items.offers(MenuBarModel.RestartAgent)
+        visible: items.offers(Menu.RestartAgent)
         text: items.menu.listenerError
         font: Theme.fonts.ui(Theme.Footnote)
         color: items.errorColor
@@ -191,25 +191,25 @@ Column {
 
     PillButton {
         objectName: "restart"
-        visible: items.offers(MenuBarModel.RestartAgent)
+        visible: items.offers(Menu.RestartAgent)
         width: parent.width
         kind: PillButton.Primary
-        text: items.menu.buttonText(MenuBarModel.RestartAgent)
+        text: items.menu.buttonText(Menu.RestartAgent)
         symbolName: "arrow.clockwise"
-        onClicked: items.menu.press(MenuBarModel.RestartAgent)
+        onClicked: items.menu.press(Menu.RestartAgent)
     }
 
     MenuRowButton {
         objectName: "editDeck"
         x: -Theme.Gap8
         width: parent.width + 2 * Theme.Gap8
-        text: items.menu.buttonText(MenuBarModel.EditDeck)
+        text: items.menu.buttonText(Menu.EditDeck)
         symbolName: "pencil"
-        onClicked: items.menu.press(MenuBarModel.EditDeck)
+        onClicked: items.menu.press(Menu.EditDeck)
     }
 
     MenuRowButton {
-        readonly property int command: items.offers(MenuBarModel.HidePairingCode) ? MenuBarModel.HidePairingCode : MenuBarModel.ShowPairingCode
+        readonly property int command: items.offers(Menu.HidePairingCode) ? Menu.HidePairingCode : Menu.ShowPairingCode
 
         objectName: "pairingCode"
         x: -Theme.Gap8
@@ -224,11 +224,11 @@ Column {
         objectName: "unpair"
         x: -Theme.Gap8
         width: parent.width + 2 * Theme.Gap8
-        visible: items.offers(MenuBarModel.Unpair)
+        visible: items.offers(Menu.Unpair)
         destructive: true
         symbolName: "personalhotspot.slash"
-        text: items.menu.buttonText(MenuBarModel.Unpair)
-        onClicked: items.menu.press(MenuBarModel.Unpair)
+        text: items.menu.buttonText(Menu.Unpair)
+        onClicked: items.menu.press(Menu.Unpair)
     }
 
     MenuRowButton {
@@ -237,7 +237,7 @@ Column {
         width: parent.width + 2 * Theme.Gap8
         symbolName: "power"
         shortcutText: qsTr("Ctrl+Q")
-        text: items.menu.buttonText(MenuBarModel.Quit)
-        onClicked: items.menu.press(MenuBarModel.Quit)
+        text: items.menu.buttonText(Menu.Quit)
+        onClicked: items.menu.press(Menu.Quit)
     }
 }

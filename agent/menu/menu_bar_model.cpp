@@ -6,14 +6,19 @@
 namespace glintboard {
 namespace {
 
-static_assert(static_cast<int>(PairingSection::pairedDevice) == MenuBarModel::PairedDevice);
-static_assert(static_cast<int>(PairingSection::lockedOut) == MenuBarModel::LockedOut);
-static_assert(static_cast<int>(MenuCommand::dismissHint) == MenuBarModel::DismissHint);
-static_assert(static_cast<int>(MenuCommand::quit) == MenuBarModel::Quit);
-
 constexpr float quiet = 0.85F;  // the opacity of a status without a connection
 
 }  // namespace
+
+MenuBarModel::MenuBarModel(AgentViewModel& viewModel, MenuActions actions)
+    : commands_(std::make_unique<MenuCommands>(viewModel, std::move(actions))),
+      press_([this](MenuCommand command) { commands_->press(command); }) {
+  const auto update = [this, &viewModel] {
+    setState(MenuContent::state(viewModel, commands_->isBusy()));
+  };
+  connect(commands_.get(), &MenuCommands::changed, this, update);
+  update();
+}
 
 void MenuBarModel::setState(MenuState state) {
   if (state == state_) {
@@ -31,30 +36,26 @@ QStringList MenuBarModel::pinGroups() const {
 QColor MenuBarModel::statusColor() const {
   QColor color = DeckBrandPalette::success;
   switch (state_.status) {
-    case ConnectionStatus::connected:
+    case ConnectionStatus::Connected:
       return color;
-    case ConnectionStatus::ready:
-    case ConnectionStatus::waiting:
+    case ConnectionStatus::Ready:
+    case ConnectionStatus::Waiting:
       color.setAlphaF(quiet);
       return color;
-    case ConnectionStatus::failed:
+    case ConnectionStatus::Failed:
       return DeckBrandPalette::dangerVivid;
-    case ConnectionStatus::starting:
+    case ConnectionStatus::Starting:
       return DeckBrandPalette::warning;
   }
   return color;
 }
 
-int MenuBarModel::commands() const {
-  unsigned offered = 0;
+QList<int> MenuBarModel::commands() const {
+  QList<int> shown;
   for (const MenuCommand command : MenuContent::commands(state_)) {
-    offered |= 1U << static_cast<unsigned>(command);
+    shown.append(static_cast<int>(command));
   }
-  return static_cast<int>(offered);
-}
-
-QString MenuBarModel::buttonText(Command command) {
-  return MenuContent::buttonText(static_cast<MenuCommand>(command));
+  return shown;
 }
 
 }  // namespace glintboard

@@ -23,19 +23,19 @@ MenuCommands::MenuCommands(AgentViewModel& viewModel, MenuActions actions)
 
 void MenuCommands::press(MenuCommand command) {
   switch (command) {
-    case MenuCommand::dismissHint:
+    case MenuCommand::DismissHint:
       return perform(viewModel_.dismissShortcutCoachMessage());
-    case MenuCommand::restartAgent:
+    case MenuCommand::RestartAgent:
       return perform(viewModel_.restartListener());
-    case MenuCommand::editDeck:
+    case MenuCommand::EditDeck:
       return actions_.editDeck();
-    case MenuCommand::showPairingCode:
+    case MenuCommand::ShowPairingCode:
       return perform(viewModel_.showPairingCode());
-    case MenuCommand::hidePairingCode:
+    case MenuCommand::HidePairingCode:
       return perform(viewModel_.hidePairingCode());
-    case MenuCommand::unpair:
+    case MenuCommand::Unpair:
       return perform(viewModel_.unpair());
-    case MenuCommand::quit:
+    case MenuCommand::Quit:
       return actions_.quit();
   }
 }

@@ -12,19 +12,19 @@ struct Text {
 
 PairingSection pairingSection(const AgentViewModel& viewModel) {
   if (viewModel.isPaired() && !viewModel.isShowingPairingCode()) {
-    return PairingSection::pairedDevice;
+    return PairingSection::PairedDevice;
   }
-  return viewModel.isLockedOut() ? PairingSection::lockedOut : PairingSection::code;
+  return viewModel.isLockedOut() ? PairingSection::LockedOut : PairingSection::Code;
 }
 
 ConnectionStatus connectionStatus(const AgentViewModel& viewModel) {
   if (viewModel.hasConnectedPhone()) {
-    return ConnectionStatus::connected;
+    return ConnectionStatus::Connected;
   }
   if (viewModel.isListenerRunning()) {
-    return viewModel.isPaired() ? ConnectionStatus::waiting : ConnectionStatus::ready;
+    return viewModel.isPaired() ? ConnectionStatus::Waiting : ConnectionStatus::Ready;
   }
-  return viewModel.listenerError().isNull() ? ConnectionStatus::starting : ConnectionStatus::failed;
+  return viewModel.listenerError().isNull() ? ConnectionStatus::Starting : ConnectionStatus::Failed;
 }
 
 }  // namespace
@@ -43,15 +43,15 @@ QString title() {
 
 QString statusText(ConnectionStatus status) {
   switch (status) {
-    case ConnectionStatus::connected:
+    case ConnectionStatus::Connected:
       return Text::tr("iPhone connected");
-    case ConnectionStatus::ready:
+    case ConnectionStatus::Ready:
       return Text::tr("Ready for iPhone");
-    case ConnectionStatus::waiting:
+    case ConnectionStatus::Waiting:
       return Text::tr("Waiting for iPhone");
-    case ConnectionStatus::failed:
+    case ConnectionStatus::Failed:
       return Text::tr("Connection failed");
-    case ConnectionStatus::starting:
+    case ConnectionStatus::Starting:
       return Text::tr("Starting\u2026");
   }
   return {};
@@ -60,36 +60,36 @@ QString statusText(ConnectionStatus status) {
 std::vector<MenuCommand> commands(const MenuState& state) {
   std::vector<MenuCommand> offered;
   if (!state.hint.isNull()) {
-    offered.push_back(MenuCommand::dismissHint);
+    offered.push_back(MenuCommand::DismissHint);
   }
   if (!state.listenerError.isNull()) {
-    offered.push_back(MenuCommand::restartAgent);
+    offered.push_back(MenuCommand::RestartAgent);
   }
-  offered.push_back(MenuCommand::editDeck);
+  offered.push_back(MenuCommand::EditDeck);
   if (state.isPaired) {
-    offered.push_back(state.isShowingPairingCode ? MenuCommand::hidePairingCode
-                                                 : MenuCommand::showPairingCode);
-    offered.push_back(MenuCommand::unpair);
+    offered.push_back(state.isShowingPairingCode ? MenuCommand::HidePairingCode
+                                                 : MenuCommand::ShowPairingCode);
+    offered.push_back(MenuCommand::Unpair);
   }
-  offered.push_back(MenuCommand::quit);
+  offered.push_back(MenuCommand::Quit);
   return offered;
 }
 
 const char* englishButtonText(MenuCommand command) {
   switch (command) {
-    case MenuCommand::dismissHint:
+    case MenuCommand::DismissHint:
       return QT_TRANSLATE_NOOP("MenuBarView", "Dismiss");
-    case MenuCommand::restartAgent:
+    case MenuCommand::RestartAgent:
       return QT_TRANSLATE_NOOP("MenuBarView", "Restart Agent");
-    case MenuCommand::editDeck:
+    case MenuCommand::EditDeck:
       return QT_TRANSLATE_NOOP("MenuBarView", "Edit Deck");
-    case MenuCommand::showPairingCode:
+    case MenuCommand::ShowPairingCode:
       return QT_TRANSLATE_NOOP("MenuBarView", "Show Pairing Code\u2026");
-    case MenuCommand::hidePairingCode:
+    case MenuCommand::HidePairingCode:
       return QT_TRANSLATE_NOOP("MenuBarView", "Hide Pairing Code");
-    case MenuCommand::unpair:
+    case MenuCommand::Unpair:
       return QT_TRANSLATE_NOOP("MenuBarView", "Unpair iPhone");
-    case MenuCommand::quit:
+    case MenuCommand::Quit:
       return QT_TRANSLATE_NOOP("MenuBarView", "Quit");
   }
   return "";

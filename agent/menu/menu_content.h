@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-// What the menu says, whatever draws it.
+// The contents of the menu, shared by the window and the text menu.
 #pragma once
 
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
 #include <QString>
 #include <vector>
 
@@ -9,35 +11,48 @@
 
 namespace glintboard {
 
-// The menu's commands, in the order of their buttons.
-enum class MenuCommand {
-  dismissHint,
-  restartAgent,
-  editDeck,
-  showPairingCode,
-  hidePairingCode,
-  unpair,
-  quit,
+// The menu's enumerations; QML names them as `Menu.Unpair`.
+namespace Menu {
+Q_NAMESPACE
+QML_ELEMENT
+
+// In the order of the buttons.
+enum class Command {
+  DismissHint,
+  RestartAgent,
+  EditDeck,
+  ShowPairingCode,
+  HidePairingCode,
+  Unpair,
+  Quit,
 };
+Q_ENUM_NS(Command)
 
-// What the pairing section shows.
-enum class PairingSection { pairedDevice, code, lockedOut };
+// The contents of the pairing section.
+enum class Section { PairedDevice, Code, LockedOut };
+Q_ENUM_NS(Section)
 
-// What the status row tells.
-enum class ConnectionStatus { connected, ready, waiting, failed, starting };
+// The contents of the status row.
+enum class Status { Connected, Ready, Waiting, Failed, Starting };
+Q_ENUM_NS(Status)
+}  // namespace Menu
 
-// One consistent picture of the menu. Optional texts are null when absent.
+using MenuCommand = Menu::Command;
+using PairingSection = Menu::Section;
+using ConnectionStatus = Menu::Status;
+
+// A consistent snapshot of the menu. Optional texts are null when absent.
 struct MenuState {
-  PairingSection section = PairingSection::code;
+  PairingSection section = PairingSection::Code;
   QString pairingStatusText;
   QString pairingQRString;
   QString currentPIN;
   QString hint;
-  ConnectionStatus status = ConnectionStatus::starting;
+  ConnectionStatus status = ConnectionStatus::Starting;
   QString listenerError;
   bool isPaired = false;
   bool isShowingPairingCode = false;
-  bool isBusy = false;  // a command has not done its work yet
+  bool isBusy = false;  // a command is running
 
   bool operator==(const MenuState&) const = default;
 };

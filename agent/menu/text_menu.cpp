@@ -52,7 +52,7 @@ TextMenu::TextMenu(AgentViewModel& viewModel, int input, int output, std::functi
 std::string TextMenu::block(const MenuState& state, bool withQRCode) {
   std::string block = "\n";
   appendLine(block, MenuContent::title());
-  if (state.section == PairingSection::code) {
+  if (state.section == PairingSection::Code) {
     appendLine(block, tr("Manual code") + QLatin1Char(' ') + state.currentPIN);
     appendLine(block, state.pairingQRString);
     if (withQRCode) {

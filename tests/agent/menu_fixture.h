@@ -6,7 +6,7 @@
 
 #include <QTest>
 
-#include "agent/menu/menu_bar_controller.h"
+#include "agent/menu/menu_bar_model.h"
 #include "agent/menu/menu_window.h"
 #include "platform/main_thread.h"
 #include "protocol/message_factory.h"
@@ -29,10 +29,9 @@ class MenuTest : public testing::Test {
   void start(const Appearance& appearance = {}) {
     viewModel = std::make_unique<AgentViewModel>(mainThread.executor(), agent.environment(),
                                                  agent.deckStore);
-    controller = std::make_unique<MenuBarController>(
+    menuModel = std::make_unique<MenuBarModel>(
         *viewModel, MenuActions{[this] { ++edits; }, [this] { ++quits; }});
-    window = std::make_unique<MenuWindow>(controller->model(), appearance,
-                                          std::chrono::milliseconds(200));
+    window = std::make_unique<MenuWindow>(*menuModel, appearance, std::chrono::milliseconds(200));
     window->toggle(std::nullopt);
     ASSERT_NE(window->view(), nullptr);
     ASSERT_TRUE(QTest::qWaitForWindowActive(window->view()));
@@ -117,7 +116,7 @@ class MenuTest : public testing::Test {
   int edits = 0;
   int quits = 0;
   std::unique_ptr<AgentViewModel> viewModel;
-  std::unique_ptr<MenuBarController> controller;
+  std::unique_ptr<MenuBarModel> menuModel;
   std::unique_ptr<MenuWindow> window;
 };
 

@@ -25,7 +25,7 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
             "Open Glintboard on your iPhone and tap Pair. Point the camera at this code.");
   const std::string first = pin();
   EXPECT_EQ(first.size(), 6u);
-  EXPECT_EQ(controller->model().pinGroups().join(""), first.c_str());
+  EXPECT_EQ(menuModel->pinGroups().join(""), first.c_str());
   QTest::qWait(250);
   const auto address = viewModel->pairingQRString().toStdString();
   EXPECT_EQ(test::codeIn(window->view()->grabWindow()), address + "\n");
@@ -179,9 +179,9 @@ TEST_F(MenuTest, MovesToANewHeightUnlessMotionIsReduced) {
   startAndWait();
   auto* const view = window->view();
   const auto show = [&](const QString& error) {
-    MenuState state = controller->model().state();
+    MenuState state = menuModel->state();
     state.listenerError = error;
-    controller->model().setState(state);
+    menuModel->setState(state);
     QTest::qWait(30);
     return view->height();
   };

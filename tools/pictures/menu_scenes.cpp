@@ -61,36 +61,36 @@ MenuState unpaired() {
   MenuState state;
   state.pairingQRString = QString::fromStdString(address.encodedURL().value_or(""));
   state.currentPIN = QStringLiteral("482913");
-  state.status = ConnectionStatus::ready;
+  state.status = ConnectionStatus::Ready;
   return state;
 }
 
 MenuState paired() {
   MenuState state = unpaired();
-  state.section = PairingSection::pairedDevice;
+  state.section = PairingSection::PairedDevice;
   state.isPaired = true;
   state.pairingStatusText = QStringLiteral("Ann's iPhone");
-  state.status = ConnectionStatus::connected;
+  state.status = ConnectionStatus::Connected;
   return state;
 }
 
 MenuState showingCode() {
   MenuState state = paired();
-  state.section = PairingSection::code;
+  state.section = PairingSection::Code;
   state.isShowingPairingCode = true;
   return state;
 }
 
 MenuState locked() {
   MenuState state = unpaired();
-  state.section = PairingSection::lockedOut;
+  state.section = PairingSection::LockedOut;
   state.pairingStatusText = AgentViewModel::tr("Pairing locked \u2014 too many failed attempts");
   return state;
 }
 
 MenuState failed() {
   MenuState state = paired();
-  state.status = ConnectionStatus::failed;
+  state.status = ConnectionStatus::Failed;
   state.listenerError =
       translated("Port %1 is already in use. Quit the other Glintboard Agent first.").arg(9847);
   return state;
