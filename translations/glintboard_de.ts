@@ -104,6 +104,14 @@
         <source>Key %1 of %2</source>
         <translation>Taste %1 von %2</translation>
     </message>
+    <message>
+        <source>Launching</source>
+        <translation>Wird gestartet</translation>
+    </message>
+    <message>
+        <source>It worked</source>
+        <translation>Hat funktioniert</translation>
+    </message>
 </context>
 <context>
     <name>FirstShortcutTip</name>
@@ -318,10 +326,6 @@
         <translation>Auf Standard zurücksetzen</translation>
     </message>
     <message>
-        <source>Drag a card onto the iPhone, or click a card to add it.</source>
-        <translation>Eine Karte auf das iPhone ziehen oder anklicken, um sie hinzuzufügen.</translation>
-    </message>
-    <message>
         <source>The phone preview is live — %1 pushes it over LAN instantly</source>
         <extracomment>%1 is the button &quot;Save to iPhone&quot;</extracomment>
         <translation>Die Vorschau ist live – %1 überträgt sie sofort über das LAN</translation>
@@ -333,6 +337,10 @@
     <message>
         <source>The iPhone shows the Streaming deck only for now.</source>
         <translation>Das iPhone zeigt vorerst nur das Deck „Streaming“.</translation>
+    </message>
+    <message>
+        <source>Drag a card onto the iPhone, or click a card to add it. Double-click a key to try it.</source>
+        <translation>Eine Karte auf das iPhone ziehen oder anklicken, um sie hinzuzufügen. Eine Taste doppelklicken, um sie auszuprobieren.</translation>
     </message>
 </context>
 <context>
@@ -476,6 +484,38 @@
     <message>
         <source>Could not start %1: %2</source>
         <translation>%1 konnte nicht gestartet werden: %2</translation>
+    </message>
+    <message>
+        <source>Failed to activate application</source>
+        <translation>Die App konnte nicht in den Vordergrund geholt werden</translation>
+    </message>
+    <message>
+        <source>Failed to launch application</source>
+        <translation>Die App konnte nicht gestartet werden</translation>
+    </message>
+    <message>
+        <source>No application found for bundle identifier</source>
+        <translation>Die App ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>No audio output device found.</source>
+        <translation>Kein Audioausgabegerät gefunden.</translation>
+    </message>
+    <message>
+        <source>Shortcut missing — replace it in Edit Deck.</source>
+        <translation>Der Kurzbefehl fehlt – ersetzen Sie ihn unter „Deck bearbeiten“.</translation>
+    </message>
+    <message>
+        <source>Needs permission or input on your Mac.</source>
+        <translation>Braucht am Computer eine Erlaubnis oder Eingabe.</translation>
+    </message>
+    <message>
+        <source>Still waiting on your Mac — check for a dialog.</source>
+        <translation>Wartet noch am Computer – gibt es dort einen Dialog?</translation>
+    </message>
+    <message>
+        <source>Could not run Shortcut on Mac.</source>
+        <translation>Der Kurzbefehl konnte auf dem Computer nicht ausgeführt werden.</translation>
     </message>
 </context>
 <context>

@@ -104,6 +104,14 @@
         <source>Key %1 of %2</source>
         <translation>Tecla %1 de %2</translation>
     </message>
+    <message>
+        <source>Launching</source>
+        <translation>Abriéndose</translation>
+    </message>
+    <message>
+        <source>It worked</source>
+        <translation>Ha funcionado</translation>
+    </message>
 </context>
 <context>
     <name>FirstShortcutTip</name>
@@ -318,10 +326,6 @@
         <translation>Restablecer</translation>
     </message>
     <message>
-        <source>Drag a card onto the iPhone, or click a card to add it.</source>
-        <translation>Arrastra una tarjeta al iPhone o haz clic en ella para añadirla.</translation>
-    </message>
-    <message>
         <source>The phone preview is live — %1 pushes it over LAN instantly</source>
         <extracomment>%1 is the button &quot;Save to iPhone&quot;</extracomment>
         <translation>La vista previa es en directo: %1 la envía al momento por la red local</translation>
@@ -333,6 +337,10 @@
     <message>
         <source>The iPhone shows the Streaming deck only for now.</source>
         <translation>Por ahora, el iPhone solo muestra el deck Streaming.</translation>
+    </message>
+    <message>
+        <source>Drag a card onto the iPhone, or click a card to add it. Double-click a key to try it.</source>
+        <translation>Arrastra una tarjeta al iPhone o haz clic en ella para añadirla. Haz doble clic en una tecla para probarla.</translation>
     </message>
 </context>
 <context>
@@ -476,6 +484,38 @@
     <message>
         <source>Could not start %1: %2</source>
         <translation>No se pudo iniciar %1: %2</translation>
+    </message>
+    <message>
+        <source>Failed to activate application</source>
+        <translation>No se pudo traer la aplicación al frente</translation>
+    </message>
+    <message>
+        <source>Failed to launch application</source>
+        <translation>No se pudo abrir la aplicación</translation>
+    </message>
+    <message>
+        <source>No application found for bundle identifier</source>
+        <translation>La aplicación no está instalada</translation>
+    </message>
+    <message>
+        <source>No audio output device found.</source>
+        <translation>No se encontró ningún dispositivo de salida de audio.</translation>
+    </message>
+    <message>
+        <source>Shortcut missing — replace it in Edit Deck.</source>
+        <translation>Falta el atajo: sustitúyelo en «Editar el deck».</translation>
+    </message>
+    <message>
+        <source>Needs permission or input on your Mac.</source>
+        <translation>Necesita permiso o una respuesta en el ordenador.</translation>
+    </message>
+    <message>
+        <source>Still waiting on your Mac — check for a dialog.</source>
+        <translation>Sigue esperando en el ordenador: comprueba si hay un diálogo.</translation>
+    </message>
+    <message>
+        <source>Could not run Shortcut on Mac.</source>
+        <translation>No se pudo ejecutar el atajo en el ordenador.</translation>
     </message>
 </context>
 <context>

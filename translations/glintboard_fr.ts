@@ -104,6 +104,14 @@
         <source>Key %1 of %2</source>
         <translation>Touche %1 sur %2</translation>
     </message>
+    <message>
+        <source>Launching</source>
+        <translation>Lancement</translation>
+    </message>
+    <message>
+        <source>It worked</source>
+        <translation>Réussi</translation>
+    </message>
 </context>
 <context>
     <name>FirstShortcutTip</name>
@@ -318,10 +326,6 @@
         <translation>Réinitialiser</translation>
     </message>
     <message>
-        <source>Drag a card onto the iPhone, or click a card to add it.</source>
-        <translation>Faites glisser une carte sur l’iPhone, ou cliquez dessus pour l’ajouter.</translation>
-    </message>
-    <message>
         <source>The phone preview is live — %1 pushes it over LAN instantly</source>
         <extracomment>%1 is the button &quot;Save to iPhone&quot;</extracomment>
         <translation>L’aperçu est en direct&#xa0;: %1 l’envoie aussitôt par le réseau local</translation>
@@ -333,6 +337,10 @@
     <message>
         <source>The iPhone shows the Streaming deck only for now.</source>
         <translation>Pour l’instant, l’iPhone n’affiche que le deck Streaming.</translation>
+    </message>
+    <message>
+        <source>Drag a card onto the iPhone, or click a card to add it. Double-click a key to try it.</source>
+        <translation>Faites glisser une carte sur l’iPhone, ou cliquez dessus pour l’ajouter. Double-cliquez sur une touche pour l’essayer.</translation>
     </message>
 </context>
 <context>
@@ -476,6 +484,38 @@
     <message>
         <source>Could not start %1: %2</source>
         <translation>Impossible de démarrer %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>Failed to activate application</source>
+        <translation>Impossible de mettre l’application au premier plan</translation>
+    </message>
+    <message>
+        <source>Failed to launch application</source>
+        <translation>Impossible de lancer l’application</translation>
+    </message>
+    <message>
+        <source>No application found for bundle identifier</source>
+        <translation>L’application n’est pas installée</translation>
+    </message>
+    <message>
+        <source>No audio output device found.</source>
+        <translation>Aucun périphérique de sortie audio trouvé.</translation>
+    </message>
+    <message>
+        <source>Shortcut missing — replace it in Edit Deck.</source>
+        <translation>Raccourci introuvable — remplacez-le dans «&#xa0;Modifier le deck&#xa0;».</translation>
+    </message>
+    <message>
+        <source>Needs permission or input on your Mac.</source>
+        <translation>Demande une autorisation ou une saisie sur l’ordinateur.</translation>
+    </message>
+    <message>
+        <source>Still waiting on your Mac — check for a dialog.</source>
+        <translation>En attente sur l’ordinateur — vérifiez s’il y a une boîte de dialogue.</translation>
+    </message>
+    <message>
+        <source>Could not run Shortcut on Mac.</source>
+        <translation>Impossible d’exécuter le raccourci sur l’ordinateur.</translation>
     </message>
 </context>
 <context>

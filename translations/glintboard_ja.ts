@@ -104,6 +104,14 @@
         <source>Key %1 of %2</source>
         <translation>%2個中%1番目のキー</translation>
     </message>
+    <message>
+        <source>Launching</source>
+        <translation>起動中</translation>
+    </message>
+    <message>
+        <source>It worked</source>
+        <translation>成功しました</translation>
+    </message>
 </context>
 <context>
     <name>FirstShortcutTip</name>
@@ -317,10 +325,6 @@
         <translation>初期設定に戻す</translation>
     </message>
     <message>
-        <source>Drag a card onto the iPhone, or click a card to add it.</source>
-        <translation>カードをiPhoneにドラッグするか、クリックすると追加できます。</translation>
-    </message>
-    <message>
         <source>The phone preview is live — %1 pushes it over LAN instantly</source>
         <extracomment>%1 is the button &quot;Save to iPhone&quot;</extracomment>
         <translation>プレビューは常に最新です — %1を押すとLAN経由ですぐに送信されます</translation>
@@ -332,6 +336,10 @@
     <message>
         <source>The iPhone shows the Streaming deck only for now.</source>
         <translation>現在、iPhoneに表示されるのは「ストリーミング」デッキだけです。</translation>
+    </message>
+    <message>
+        <source>Drag a card onto the iPhone, or click a card to add it. Double-click a key to try it.</source>
+        <translation>カードをiPhoneにドラッグするか、クリックすると追加できます。キーをダブルクリックすると試せます。</translation>
     </message>
 </context>
 <context>
@@ -475,6 +483,38 @@
     <message>
         <source>Could not start %1: %2</source>
         <translation>%1を起動できませんでした：%2</translation>
+    </message>
+    <message>
+        <source>Failed to activate application</source>
+        <translation>アプリケーションを前面に表示できませんでした</translation>
+    </message>
+    <message>
+        <source>Failed to launch application</source>
+        <translation>アプリケーションを起動できませんでした</translation>
+    </message>
+    <message>
+        <source>No application found for bundle identifier</source>
+        <translation>アプリケーションがインストールされていません</translation>
+    </message>
+    <message>
+        <source>No audio output device found.</source>
+        <translation>オーディオ出力デバイスが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Shortcut missing — replace it in Edit Deck.</source>
+        <translation>ショートカットが見つかりません — 「デッキを編集」で置き換えてください。</translation>
+    </message>
+    <message>
+        <source>Needs permission or input on your Mac.</source>
+        <translation>コンピューターでの許可または入力が必要です。</translation>
+    </message>
+    <message>
+        <source>Still waiting on your Mac — check for a dialog.</source>
+        <translation>コンピューターで待機中です — ダイアログを確認してください。</translation>
+    </message>
+    <message>
+        <source>Could not run Shortcut on Mac.</source>
+        <translation>コンピューターでショートカットを実行できませんでした。</translation>
     </message>
 </context>
 <context>

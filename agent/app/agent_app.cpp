@@ -158,11 +158,13 @@ class AgentApp {
         .shortcutsCatalog = ShortcutsCatalog(desktop.shortcutsExecutable, desktop.processRunner),
         .shortcutIconProvider = services.shortcutIconProvider(),
         .isPhoneConnected = [this] { return viewModel_.refreshConnectedPhone(); },
-        .onSaved = [this] { return viewModel_.services().listenerService().pushDecksSnapshot(); }};
+        .onSaved = [this] { return viewModel_.services().listenerService().pushDecksSnapshot(); },
+        .tryKey = [this](DeckTile key) { return viewModel_.services().perform(std::move(key)); }};
   }
 
   static Awaitable<> settle(asio::any_io_executor workers) {
     co_await sleepFor(startDuration);
+    DisplayLoss::startIsOver();
     asio::post(workers, releaseStartupPages);
   }
 
@@ -261,21 +263,27 @@ class Application {
 };
 
 int serve(const std::string& program, const AgentArguments& arguments) {
-  const Application application(
-      program, arguments.withoutDisplay ? std::vector<std::string>() : reachableDisplays());
+  const auto displays = arguments.withoutDisplay ? std::vector<std::string>() : reachableDisplays();
+  // A display may die while Qt connects to it.
+  std::optional<DisplayLoss> displayLoss;
+  if (!displays.empty()) {
+    displayLoss.emplace(std::vector<std::string>{program, withoutDisplayOption});
+  }
+  const Application application(program, displays);
   const bool hasDisplay = Application::hasDisplay();
   log::info("Glintboard Agent " GLINTBOARD_VERSION " starts, ",
             hasDisplay ? "with the display of " + QGuiApplication::platformName().toStdString()
                        : std::string("without a display"));
-  std::optional<DisplayLoss> displayLoss;
   if (hasDisplay) {
-    displayLoss.emplace(std::vector<std::string>{program, withoutDisplayOption});
     DeckTypography::registerFonts();
+  } else {
+    displayLoss.reset();
   }
   try {
     const auto instances = liveAgentInstances();
     if (!SingleInstanceGuard::enforce(*instances)) {
       log::info("a younger agent is running; this one ends");
+      displayLoss.reset();
       return EXIT_SUCCESS;
     }
     // Never destroyed: see AgentApp.
@@ -288,6 +296,7 @@ int serve(const std::string& program, const AgentArguments& arguments) {
     }
   } catch (const std::exception& error) {
     log::error(error.what());
+    displayLoss.reset();
     return EXIT_FAILURE;
   }
 }

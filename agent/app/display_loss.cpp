@@ -8,8 +8,10 @@
 
 #include <linux/close_range.h>
 #include <QtGlobal>
+#include <array>
 #include <atomic>
 #include <cstdlib>
+#include <string_view>
 
 #include "platform/descriptor_limit.h"
 #include "platform/log.h"
@@ -21,25 +23,46 @@ constinit std::atomic<char* const*> commandToRun = nullptr;
 constinit std::atomic<pid_t> owner = 0;
 constinit std::atomic_flag begun;
 
-// Does not return when there is something to start.
-void startAgain() {
+// Whether this thread is to start the program again. Does not return on a thread that comes late.
+bool isToStartAgain() {
   // A child process that could not run its program ends in the same way.
-  char* const* const command = ::getpid() == owner ? commandToRun.load() : nullptr;
-  if (command == nullptr) {
-    return;
+  if (::getpid() != owner || commandToRun == nullptr) {
+    return false;
   }
-  // Several threads may notice the loss; one that is late must not end the process first.
   while (begun.test_and_set()) {
     ::pause();
   }
-  glintboard::log::warning("the display is gone; the agent starts again without it");
+  return true;
+}
+
+// Returns only where it fails. May be called by a signal handler.
+void execute() {
   sigset_t none;
   sigemptyset(&none);
   ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
   ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
   glintboard::restoreDescriptorLimit();
-  ::execv("/proc/self/exe", command);
-  glintboard::log::warning("the agent cannot be started again");
+  ::execv("/proc/self/exe", commandToRun);
+}
+
+// Does not return when there is something to start.
+void startAgain() {
+  if (isToStartAgain()) {
+    glintboard::log::warning("the display is gone; the agent starts again without it");
+    execute();
+    glintboard::log::warning("the agent cannot be started again");
+  }
+}
+
+constexpr std::array crashes = {SIGSEGV, SIGABRT};
+
+// The crash takes place after all where this returns.
+void startAgainAfterCrash(int) {
+  constexpr std::string_view line = "the start crashed; the agent starts again without a display\n";
+  if (isToStartAgain()) {
+    [[maybe_unused]] const auto written = ::write(STDERR_FILENO, line.data(), line.size());
+    execute();
+  }
 }
 
 QtMessageHandler qtMessages = nullptr;
@@ -79,9 +102,22 @@ DisplayLoss::DisplayLoss(std::vector<std::string> command) : command_(std::move(
   owner = ::getpid();
   commandToRun = arguments_.data();
   qtMessages = qInstallMessageHandler(startAgainAfterFatal);
+  struct sigaction handler = {};
+  handler.sa_handler = startAgainAfterCrash;
+  handler.sa_flags = SA_RESETHAND | SA_NODEFER;
+  for (const int crash : crashes) {
+    ::sigaction(crash, &handler, nullptr);
+  }
+}
+
+void DisplayLoss::startIsOver() {
+  for (const int crash : crashes) {
+    ::signal(crash, SIG_DFL);
+  }
 }
 
 DisplayLoss::~DisplayLoss() {
+  startIsOver();
   commandToRun = nullptr;
   qInstallMessageHandler(qtMessages);
 }

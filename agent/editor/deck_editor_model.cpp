@@ -273,6 +273,9 @@ void DeckEditorModel::showKeys() {
 
 DeckKey DeckEditorModel::keyOf(const DeckTile& tile, const std::set<std::string>& missing) const {
   DeckKey key{.tile = tile, .iconSource = {}, .accent = fallbackAccent()};
+  if (const auto trial = trials_.find({tile.kind, tile.derivedId()}); trial != trials_.end()) {
+    key.trial = trial->second;
+  }
   if (tile.kind == DeckTileKind::app) {
     const auto installed = DeckTemplateFilter::resolveBundleId(
         tile,

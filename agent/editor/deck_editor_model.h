@@ -7,6 +7,7 @@
 #include <QUrl>
 #include <QVariantList>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -37,6 +38,8 @@ struct DeckEditorInputs {
   std::function<Awaitable<>()> onSaved;
   // Shared by all editors made of these inputs.
   std::shared_ptr<DeckHistories> histories = std::make_shared<DeckHistories>();
+  // Runs a key's action on this computer. Returns the reason of a failure, in English.
+  std::function<Awaitable<std::optional<std::string>>(DeckTile)> tryKey;
 };
 
 enum class LibraryTab { apps, actions, shortcuts };
@@ -170,6 +173,9 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   // Moves a key as a drop at `to` does. False when there is no key at `from`.
   Q_INVOKABLE bool move(int from, int to);
   Q_INVOKABLE void remove(int index);
+  // Runs the key's action. The key is shown as launching until that ends, and for a moment as
+  // successful; a failure becomes the error message. Ignored while the key is being tried.
+  Q_INVOKABLE void tryKey(int index);
   Q_INVOKABLE void undo() { session_->go(EditHistory::Direction::undo); }
   Q_INVOKABLE void redo() { session_->go(EditHistory::Direction::redo); }
 
@@ -220,6 +226,8 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   void setError(const QString& error) { session_->setMessages(error, infoMessage()); }
   void setInfo(const QString& info) { session_->setMessages(errorMessage(), info); }
 
+  static Awaitable<> runTrial(Self self, DeckTile tile);
+
   static Awaitable<> followLive(std::weak_ptr<DeckEditorModel> weak, asio::any_io_executor timers);
 
   DeckEditorInputs inputs_;
@@ -233,6 +241,8 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   bool isOpen_ = false;
   LibraryTab libraryTab_ = LibraryTab::apps;
   QString searchText_;
+  // The keys that are being tried, or just were.
+  std::map<DeckKeyIdentity, KeyTrial> trials_;
   bool showFirstShortcutTip_ = false;
   int dropTargetIndex_ = -1;
 };

@@ -12,22 +12,19 @@ QString qtText(const std::string& utf8) {
   return QString::fromStdString(utf8);
 }
 
-// What makes a key the same one after a change.
-using Identity = std::pair<DeckTileKind, std::string>;
-
-Identity identity(const DeckKey& key) {
+DeckKeyIdentity identity(const DeckKey& key) {
   return {key.tile.kind, key.tile.derivedId()};
 }
 
-std::set<Identity> identities(const std::vector<DeckKey>& keys) {
-  std::set<Identity> all;
+std::set<DeckKeyIdentity> identities(const std::vector<DeckKey>& keys) {
+  std::set<DeckKeyIdentity> all;
   for (const auto& key : keys) {
     all.insert(identity(key));
   }
   return all;
 }
 
-std::size_t placeOf(const std::vector<DeckKey>& keys, const Identity& wanted) {
+std::size_t placeOf(const std::vector<DeckKey>& keys, const DeckKeyIdentity& wanted) {
   return static_cast<std::size_t>(std::ranges::find(keys, wanted, identity) - keys.begin());
 }
 
@@ -71,6 +68,10 @@ QVariant DeckTilesModel::data(const QModelIndex& index, int role) const {
       return key.isInstalled;
     case IsRunningRole:
       return key.isRunning;
+    case IsLaunchingRole:
+      return key.trial == KeyTrial::launching;
+    case DidSucceedRole:
+      return key.trial == KeyTrial::succeeded;
     default:
       return {};
   }
@@ -89,7 +90,9 @@ QHash<int, QByteArray> DeckTilesModel::roleNames() const {
           {AccentRole, "accent"},
           {IsMissingShortcutRole, "isMissingShortcut"},
           {IsInstalledRole, "isInstalled"},
-          {IsRunningRole, "isRunning"}};
+          {IsRunningRole, "isRunning"},
+          {IsLaunchingRole, "isLaunching"},
+          {DidSucceedRole, "didSucceed"}};
 }
 
 void DeckTilesModel::setKeys(const std::vector<DeckKey>& keys) {

@@ -4,11 +4,18 @@
 
 #include <QAbstractListModel>
 #include <QColor>
+#include <utility>
 #include <vector>
 
 #include "protocol/deck_tile.h"
 
 namespace glintboard {
+
+// What makes a key the same one after a change: its kind and `derivedId`.
+using DeckKeyIdentity = std::pair<DeckTileKind, std::string>;
+
+// How far a key is that the user tries out.
+enum class KeyTrial { none, launching, succeeded };
 
 // A key and what is known of what it stands for.
 struct DeckKey {
@@ -18,6 +25,7 @@ struct DeckKey {
   bool isMissingShortcut = false;  // its Shortcut is gone
   bool isInstalled = true;         // its application is
   bool isRunning = false;
+  KeyTrial trial = KeyTrial::none;
   bool operator==(const DeckKey&) const = default;
 };
 
@@ -41,6 +49,8 @@ class DeckTilesModel : public QAbstractListModel {
     IsMissingShortcutRole,
     IsInstalledRole,
     IsRunningRole,
+    IsLaunchingRole,
+    DidSucceedRole,
   };
 
   using QAbstractListModel::QAbstractListModel;

@@ -22,7 +22,6 @@ FocusScope {
     property real shownHeight: Math.ceil(Math.min(items.implicitHeight + 2 * view.padding + 2 * view.margin, view.maximumHeight))
     // Until the first layout is done nothing moves.
     property bool settled: false
-    readonly property color errorColor: Theme.dark ? Theme.dangerVivid : Theme.danger
 
     signal closeRequested
 
@@ -120,7 +119,6 @@ FocusScope {
                 y: view.padding
                 width: 300
                 menu: view.menu
-                errorColor: view.errorColor
                 settled: view.settled
             }
         }

@@ -9,7 +9,6 @@ Column {
     id: items
 
     required property MenuBarModel menu
-    required property color errorColor
     required property bool settled
 
     // What stands under a status, beside its mark or a symbol.
@@ -84,7 +83,7 @@ Column {
         visible: items.menu.section === Menu.LockedOut
         symbolName: "lock.fill"
         text: items.menu.pairingStatusText
-        color: items.errorColor
+        color: Theme.dangerText
     }
 
     Column {
@@ -163,19 +162,7 @@ Column {
             anchors.right: parent.right
             anchors.verticalCenter: status.verticalCenter
             size: 16
-            running: patience.elapsed
-        }
-
-        // What is done at once needs no sign of progress.
-        Timer {
-            id: patience
-
-            property bool elapsed: false
-
-            interval: 300
             running: items.menu.isBusy
-            onTriggered: patience.elapsed = true
-            onRunningChanged: if (!items.menu.isBusy) patience.elapsed = false
         }
     }
 
@@ -186,7 +173,7 @@ Column {
         visible: items.offers(Menu.RestartAgent)
         text: items.menu.listenerError
         font: Theme.fonts.ui(Theme.Footnote)
-        color: items.errorColor
+        color: Theme.dangerText
     }
 
     PillButton {

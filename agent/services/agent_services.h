@@ -52,6 +52,9 @@ class AgentServices {
   PairingService& pairingService() { return pairingService_; }
   ListenerService& listenerService() { return *listenerService_; }
   ShortcutIconProvider& shortcutIconProvider() { return shortcutIconProvider_; }
+  // Does what a key does when a phone taps it. Returns why that failed, in English, or nothing. Any
+  // executor; takes as long as a Shortcut may. Never throws.
+  Awaitable<std::optional<std::string>> perform(DeckTile key);
   const AgentEnvironment& environment() const { return environment_; }
 
  private:

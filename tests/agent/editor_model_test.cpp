@@ -217,6 +217,31 @@ TEST_F(DeckEditorTest, KeysTellWhatRuns) {
   EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), false);
 }
 
+TEST_F(DeckEditorTest, AKeyThatIsTriedShowsWhatCameOfIt) {
+  open();
+  model->addAction("system.volume.mute");
+  const auto* tiles = model->tilesModel();
+  const int action = tiles->count() - 1;
+  const auto is = [&](int row, DeckTilesModel::Role role) {
+    return tiles->index(row).data(role).toBool();
+  };
+  for (const int row : {0, 0, -1, tiles->count()}) {
+    model->tryKey(row);
+  }
+  EXPECT_TRUE(is(0, DeckTilesModel::IsLaunchingRole));
+  EXPECT_TRUE(turnUntil([&] { return is(0, DeckTilesModel::DidSucceedRole); }));
+  EXPECT_EQ(trials, 1);
+  EXPECT_FALSE(is(0, DeckTilesModel::IsLaunchingRole));
+  EXPECT_TRUE(turnUntil([&] { return !is(0, DeckTilesModel::DidSucceedRole); }));
+  failureOfActions = "No audio output device found.";
+  model->tryKey(action);
+  EXPECT_TRUE(is(action, DeckTilesModel::IsLaunchingRole));
+  EXPECT_TRUE(turnUntil([&] { return !model->errorMessage().isEmpty(); }));
+  EXPECT_EQ(model->errorMessage(), "Mute: No audio output device found.");
+  EXPECT_FALSE(is(action, DeckTilesModel::IsLaunchingRole));
+  EXPECT_FALSE(is(action, DeckTilesModel::DidSucceedRole));
+}
+
 TEST_F(DeckEditorTest, AResetIsUndoneInTheStoreToo) {
   const std::string builtIn = "1 Discord, 2 Safari, 3 Music";
   open();

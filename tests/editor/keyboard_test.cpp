@@ -39,6 +39,8 @@ TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
   press(Qt::Key_Right, Qt::ControlModifier);
   EXPECT_EQ(shown(), "Calendar, Notes, Files");
   press(Qt::Key_Right);
+  press(Qt::Key_Return);
+  EXPECT_TRUE(test::turnUntil([&] { return stage.trials == 1; }));
   press(Qt::Key_Delete);
   EXPECT_EQ(shown(), "Calendar, Notes");
   press(Qt::Key_Z, Qt::ControlModifier);

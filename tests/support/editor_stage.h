@@ -93,7 +93,12 @@ class EditorStage {
             .shortcutIconProvider = *shortcutIcons,
             .isPhoneConnected = [this] { return phone.load(); },
             .onSaved = [this] { return saved(); },
-            .histories = histories};
+            .histories = histories,
+            .tryKey = [this](DeckTile key) { return tried(std::move(key)); }};
+  }
+  Awaitable<std::optional<std::string>> tried(DeckTile key) {
+    ++trials;
+    co_return key.kind == DeckTileKind::action ? failureOfActions : std::nullopt;
   }
   Awaitable<> saved() {
     ++announcements;
@@ -145,6 +150,8 @@ class EditorStage {
   std::atomic<bool> phone = false;
   bool withIcons = true;  // every application has an icon to wait for
   int announcements = 0;
+  int trials = 0;
+  std::optional<std::string> failureOfActions;
   std::function<Awaitable<>()> onSaved;
   Executors executors;
   DeckStore store{executors.service(), executors.workers(), desktop.root / "agent/decks.json"};

@@ -44,7 +44,9 @@ TEST(Theme, WritesLegiblyOnEveryGroundInEveryAppearance) {
         const RGB solid = componentsOf(look.solidSurface());
         const RGB hovered = seenOn(look.hover(), panel);
         const std::vector<RGB> still{ground, panel, solid};
-        const std::vector<RGB> rows{ground, panel, solid, hovered};
+        const auto hoveredInDanger =
+            seenOn(Theme::faded(look.dangerText(), look.hover().alphaF()), ground);
+        const std::vector<RGB> rows{ground, hoveredInDanger};
         const std::vector<RGB> all{ground, panel, solid, hovered, seenOn(look.pressed(), panel)};
         const std::tuple<const char*, QColor, const std::vector<RGB>&> inks[] = {
             {"text", look.text(), all},

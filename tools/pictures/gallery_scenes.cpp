@@ -73,7 +73,7 @@ Rectangle {
         appearance: modelData.appearance; displayLabel: modelData.label
         isRunning: modelData.running === true; isLaunching: modelData.launching === true
         didSucceed: modelData.succeeded === true; isLive: modelData.live === true
-        isMissing: modelData.missing === true; tileIsPressed: modelData.pressed === true
+        isMissing: modelData.missing === true; TileIsPressedKey.tileIsPressed: modelData.pressed === true
         macIcon: modelData.hasIcon ? sampleIcon : undefined } }
     Repeater { model: 4
       EditModeJiggleModifier { id: wobbling; required property int index; isActive: true; seed: index

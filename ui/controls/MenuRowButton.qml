@@ -12,6 +12,9 @@ GlintButton {
     // Shown at the end of the row; it is the caller who makes the keys work.
     property string shortcutText: ""
     readonly property color ink: control.destructive ? Theme.dangerText : Theme.text
+    // Red on the neutral tint is hard to read: a destructive row is tinted with its own colour.
+    readonly property color hoverTint: control.destructive ? Theme.faded(control.ink, Theme.hover.a) : Theme.hover
+    readonly property color pressedTint: control.destructive ? Theme.faded(control.ink, Theme.pressed.a) : Theme.pressed
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Math.max(implicitContentHeight + topPadding + bottomPadding, 32)
@@ -32,7 +35,7 @@ GlintButton {
 
     background: Rectangle {
         radius: Theme.FieldRadius
-        color: control.down ? Theme.pressed : control.hovered && control.enabled ? Theme.hover : "transparent"
+        color: control.down ? control.pressedTint : control.hovered && control.enabled ? control.hoverTint : "transparent"
 
         Behavior on color {
             ColorAnimation {

@@ -22,7 +22,7 @@ Item {
 
         anchors.centerIn: parent
         spacing: Theme.Gap8
-        opacity: label.busy ? 0 : 1
+        opacity: busy.shown ? 0 : 1
 
         Symbol {
             id: symbol
@@ -47,6 +47,8 @@ Item {
     }
 
     Spinner {
+        id: busy
+
         anchors.centerIn: parent
         color: label.color
         size: 18

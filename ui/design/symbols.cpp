@@ -80,17 +80,24 @@ bool isKnown(const QString& name) {
   return find(name) != nullptr;
 }
 
-void draw(QPainter& painter, const QString& name, const QRectF& area, const QColor& color) {
+void draw(QPainter& painter, const QString& name, const QRectF& area, const QColor& color,
+          Fit fit) {
   const Drawing* drawing = find(name);
   const QString file = QLatin1String(drawing != nullptr ? drawing->file : "question");
   QFile source(BundleFinder::resourceBundle() + "/Symbols/" + file + ".svg");
   if (!source.open(QIODevice::ReadOnly)) {
     return;
   }
-  QSvgRenderer svg(source.readAll().replace("currentColor", color.name().toLatin1()));
-  const qreal side = std::min(area.width(), area.height());
-  QRectF square(0, 0, side, side);
-  square.moveCenter(area.center());
+  // Each drawing is one path.
+  QSvgRenderer svg(source.readAll()
+                       .replace("currentColor", color.name().toLatin1())
+                       .replace("<path ", "<path id=\"drawn\" "));
+  const QRectF whole = svg.viewBoxF();
+  const QRectF fitted = fit == Fit::square ? whole : svg.boundsOnElement(QStringLiteral("drawn"));
+  const qreal scale =
+      std::min(area.width(), area.height()) / std::max(fitted.width(), fitted.height());
+  QRectF square(QPointF(), whole.size() * scale);
+  square.moveCenter(area.center() + (whole.center() - fitted.center()) * scale);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setOpacity(painter.opacity() * color.alphaF());

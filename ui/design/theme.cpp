@@ -117,9 +117,7 @@ QColor Theme::onAccent() const {
 }
 
 QColor Theme::dangerText() const {
-  // The vivid red is legible on the window, but on a hovered row only when lightened.
-  return dark() ? blended(withAlpha(Qt::white, 0.22), DeckBrandPalette::dangerVivid)
-                : DeckBrandPalette::danger;
+  return dark() ? DeckBrandPalette::dangerVivid : DeckBrandPalette::danger;
 }
 
 QColor Theme::warningText() const {

@@ -38,7 +38,8 @@ class Theme : public QObject {
   Q_PROPERTY(QColor secondaryText READ secondaryText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor accent READ accent NOTIFY appearanceChanged)
   Q_PROPERTY(QColor onAccent READ onAccent NOTIFY appearanceChanged)
-  // Text in the colour of a meaning, legible in either appearance.
+  // Text in the colour of a meaning, legible in either appearance. `dangerText` is so on a window's
+  // ground, plain or tinted with itself at the strength of `hover`, not on a card.
   Q_PROPERTY(QColor dangerText READ dangerText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor warningText READ warningText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor successText READ successText NOTIFY appearanceChanged)

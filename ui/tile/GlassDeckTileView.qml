@@ -8,6 +8,8 @@ GlassTile {
     id: tile
 
     readonly property real captionGap: tile.faceSize * 0.09
+    // Of everything but the caption.
+    property real faceOpacity: 1
 
     implicitWidth: tile.faceSize
     implicitHeight: tile.faceSize + (tile.showsLabel ? tile.captionGap + caption.implicitHeight : 0)
@@ -24,11 +26,12 @@ GlassTile {
         width: tile.faceSize
         height: tile.faceSize
         anchors.horizontalCenter: parent.horizontalCenter
-        scale: tile.tileIsPressed && !Theme.reducedMotion ? 0.94 : 1
+        opacity: tile.faceOpacity
+        scale: tile.isPressed && !Theme.reducedMotion ? 0.94 : 1
 
         Behavior on scale {
             ScaleAnimator {
-                duration: tile.tileIsPressed ? Theme.pressTime : Theme.releaseTime
+                duration: tile.isPressed ? Theme.pressTime : Theme.releaseTime
                 easing.type: Easing.OutCubic
             }
         }
@@ -81,19 +84,21 @@ GlassTile {
         GlassHighlight {
             anchors.fill: parent
             radius: tile.cornerRadius
-            opacity: tile.tileIsPressed ? 0.5 : 1
+            opacity: tile.isPressed ? 0.5 : 1
 
             Behavior on opacity {
                 OpacityAnimator {
-                    duration: tile.tileIsPressed ? 90 : 160
+                    duration: tile.isPressed ? 90 : 160
                 }
             }
         }
 
         TileGlyph {
+            id: drawing
+
             anchors.centerIn: parent
-            width: tile.glyphSize
-            height: tile.glyphSize
+            width: tile.glyphSize + 2 * drawing.margin
+            height: drawing.width
             glyph: tile.shownGlyph
             icon: tile.macIcon
             missing: tile.isMissing
@@ -131,6 +136,7 @@ GlassTile {
             anchors.centerIn: parent
             size: tile.glyphSize * 0.9
             color: "white"
+            delay: 0
             running: tile.isLaunching && !tile.didSucceed
         }
 

@@ -49,30 +49,29 @@ void TileGlyph::setIcon(const QVariant& value) {
 }
 
 void TileGlyph::paint(QPainter* painter) {
+  const QRectF area = face().adjusted(margin(), margin(), -margin(), -margin());
   if (!icon_.isNull()) {
-    paintIcon(*painter);
+    paintIcon(*painter, area);
     return;
   }
-  // Room for the shadow of one pixel.
-  const QRectF area = face().adjusted(1, 1, -1, -1);
-  paintGlyph(*painter, area.translated(0, 1), QColor(0, 0, 0, 70));
+  paintGlyph(*painter, area.translated(0, margin()), QColor(0, 0, 0, 70));
   paintGlyph(*painter, area, color_);
 }
 
-void TileGlyph::paintIcon(QPainter& painter) const {
+void TileGlyph::paintIcon(QPainter& painter, const QRectF& area) const {
   // Scaled to the pixels of the screen at once: the painter's own scaling is coarse.
   const double scale = painter.deviceTransform().m11();
-  const int side = static_cast<int>(std::lround(std::min(width(), height()) * scale));
+  const int side = static_cast<int>(std::lround(std::min(area.width(), area.height()) * scale));
   QImage image = icon_.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
   if (missing()) {
     const QImage alpha = image.convertToFormat(QImage::Format_Alpha8);
     image = image.convertToFormat(QImage::Format_Grayscale8).convertToFormat(QImage::Format_RGB32);
     image.setAlphaChannel(alpha);
   }
-  QRectF area(QPointF(), QSizeF(image.size()) / scale);
-  area.moveCenter(face().center());
+  QRectF place(QPointF(), QSizeF(image.size()) / scale);
+  place.moveCenter(area.center());
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(area, image);
+  painter.drawImage(place, image);
 }
 
 void TileGlyph::paintGlyph(QPainter& painter, const QRectF& area, const QColor& color) const {
@@ -80,12 +79,12 @@ void TileGlyph::paintGlyph(QPainter& painter, const QRectF& area, const QColor& 
     return;
   }
   if (!isOneCharacter(glyph_)) {
-    Symbols::draw(painter, glyph_, area, color);
+    Symbols::draw(painter, glyph_, area, color, Symbols::Fit::drawing);
     return;
   }
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(color);
-  painter.setFont(DeckTypography::ui(area.height() * 0.98, DeckTypography::Weight::bold, {}));
+  painter.setFont(DeckTypography::ui(area.height(), DeckTypography::Weight::bold, {}));
   painter.drawText(area.adjusted(-area.width(), -area.height(), area.width(), area.height()),
                    Qt::AlignCenter, glyph_);
 }

@@ -106,16 +106,20 @@ class GlassRim : public glintboard::GlassLayer {
   qreal edgeInset_ = 0;
 };
 
-// A symbol, a letter or an application's icon (a QImage).
+// A symbol, a letter or an application's icon (a QImage), within `margin` on every side: room for
+// the shadow of one pixel.
 class TileGlyph : public glintboard::GlassLayer {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QString glyph READ glyph WRITE setGlyph NOTIFY layerChanged)
   Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY layerChanged)
   Q_PROPERTY(QVariant icon READ icon WRITE setIcon NOTIFY layerChanged)
+  Q_PROPERTY(qreal margin READ margin CONSTANT)
 
  public:
   using GlassLayer::GlassLayer;
+
+  static qreal margin() { return 1; }
 
   QString glyph() const { return glyph_; }
   void setGlyph(const QString& glyph) { change(glyph_, glyph); }
@@ -127,7 +131,7 @@ class TileGlyph : public glintboard::GlassLayer {
   void paint(QPainter* painter) override;
 
  private:
-  void paintIcon(QPainter& painter) const;
+  void paintIcon(QPainter& painter, const QRectF& area) const;
   void paintGlyph(QPainter& painter, const QRectF& area, const QColor& color) const;
 
   QString glyph_;

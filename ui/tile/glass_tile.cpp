@@ -34,6 +34,36 @@ void GlassTile::setIconAccent(const QColor& accent) {
   }
 }
 
+void GlassTile::followPressing() {
+  TileIsPressedKey* const key = TileIsPressedKey::of(this);
+  if (key == pressedKey_) {
+    return;
+  }
+  const bool before = isPressed();
+  if (pressedKey_) {
+    disconnect(pressedKey_, nullptr, this, nullptr);
+  }
+  pressedKey_ = key;
+  if (key != nullptr) {
+    connect(key, &TileIsPressedKey::tileIsPressedChanged, this, &GlassTile::isPressedChanged);
+  }
+  if (isPressed() != before) {
+    Q_EMIT isPressedChanged();
+  }
+}
+
+void GlassTile::componentComplete() {
+  QQuickItem::componentComplete();
+  followPressing();
+}
+
+void GlassTile::itemChange(ItemChange change, const ItemChangeData& data) {
+  QQuickItem::itemChange(change, data);
+  if (change == ItemParentHasChanged) {
+    followPressing();
+  }
+}
+
 qreal GlassTile::captionSize() const {
   return std::max(11.0, std::min(15.0, 0.14 * faceSize()));
 }

@@ -5,10 +5,12 @@
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QImage>
+#include <QPointer>
 #include <QQuickItem>
 #include <QVariant>
 
 #include "ui/tile/tile_appearance.h"
+#include "ui/tile/tile_is_pressed_key.h"
 
 namespace glintboard {
 
@@ -39,8 +41,8 @@ class GlassTile : public QQuickItem {
   Q_PROPERTY(QColor labelMutedColor MEMBER labelMutedColor_ NOTIFY labelMutedColorChanged)
   Q_PROPERTY(bool showsLabel MEMBER showsLabel_ NOTIFY showsLabelChanged)
   Q_PROPERTY(bool showsRunningDot MEMBER showsRunningDot_ NOTIFY showsRunningDotChanged)
-  // Bound by a button to its own `down`.
-  Q_PROPERTY(bool tileIsPressed MEMBER tileIsPressed_ NOTIFY tileIsPressedChanged)
+  // As the TileIsPressedKey of this item or of the nearest around it says.
+  Q_PROPERTY(bool isPressed READ isPressed NOTIFY isPressedChanged)
 
   Q_PROPERTY(qreal faceSize READ faceSize NOTIFY tileFaceSizeChanged)
   Q_PROPERTY(qreal cornerRadius READ cornerRadius NOTIFY tileFaceSizeChanged)
@@ -59,6 +61,12 @@ class GlassTile : public QQuickItem {
   void setMacIcon(const QVariant& value);
   QColor iconAccent() const;
   void setIconAccent(const QColor& accent);
+
+  bool isPressed() const {
+    return pressedKey_ ? pressedKey_->tileIsPressed() : TileIsPressedKey::defaultValue;
+  }
+  // Looks for the key that holds now. Done by itself when the tile gets another parent.
+  void followPressing();
 
   qreal faceSize() const { return tileFaceSize_ > 0 ? tileFaceSize_ : 72; }
   qreal cornerRadius() const { return 0.224 * faceSize(); }
@@ -84,8 +92,12 @@ class GlassTile : public QQuickItem {
   void labelMutedColorChanged();
   void showsLabelChanged();
   void showsRunningDotChanged();
-  void tileIsPressedChanged();
+  void isPressedChanged();
   void glyphChanged();
+
+ protected:
+  void componentComplete() override;
+  void itemChange(ItemChange change, const ItemChangeData& data) override;
 
  private:
   TileAppearance appearance_;
@@ -103,7 +115,7 @@ class GlassTile : public QQuickItem {
   QColor labelMutedColor_ = Qt::darkGray;
   bool showsLabel_ = true;
   bool showsRunningDot_ = true;
-  bool tileIsPressed_ = false;
+  QPointer<TileIsPressedKey> pressedKey_;
 };
 
 }  // namespace glintboard

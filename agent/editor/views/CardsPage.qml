@@ -30,20 +30,10 @@ Item {
         onAdd: payload => page.editor.add(payload)
     }
 
-    Timer {
-        id: late
-
-        property bool isLate: false
-
-        interval: 300
-        running: page.isLoading
-        onTriggered: late.isLate = true
-    }
-
     Spinner {
         anchors.centerIn: parent
         size: 28
-        running: page.isLoading && late.isLate
+        running: page.isLoading
     }
 
     EmptyLibrary {

@@ -19,6 +19,8 @@ T.Control {
     required property bool isMissingShortcut
     required property bool isInstalled
     required property bool isRunning
+    required property bool isLaunching
+    required property bool didSucceed
     // A drag is over it: it gives way.
     property bool isDropTarget: false
     property bool reduceMotion: Theme.reducedMotion
@@ -36,6 +38,7 @@ T.Control {
 
     signal remove
     signal chosen
+    signal tried
 
     // Comes from there to its place, and overshoots it a little.
     function settleFrom(x: real, y: real): void {
@@ -55,7 +58,8 @@ T.Control {
 
     Accessible.role: Accessible.ListItem
     Accessible.name: cell.label
-    Accessible.description: qsTr("Key %1 of %2").arg(cell.index + 1).arg(cell.keyCount) + (cell.trouble === "" ? "" : ". " + cell.trouble)
+    Accessible.description: qsTr("Key %1 of %2").arg(cell.index + 1).arg(cell.keyCount) + [cell.trouble, cell.isLaunching ? qsTr("Launching") : cell.didSucceed ? qsTr("It worked") : ""].filter(part => part !== "").map(part => ". " + part).join("")
+    Accessible.onPressAction: cell.tried()
     Accessible.focusable: true
     Accessible.focused: cell.isCurrent
     Accessible.selected: cell.isCurrent
@@ -106,6 +110,7 @@ T.Control {
                 }, cell, jiggle);
         }
         onReleased: cell.dragged.drop(cell)
+        onDoubleClicked: cell.tried()
         onCanceled: cell.dragged.giveUp(cell)
     }
 
@@ -160,11 +165,13 @@ T.Control {
                 accent: cell.accent
                 isMissingShortcut: cell.isMissingShortcut
                 isRunning: cell.isRunning
+                isLaunching: cell.isLaunching
+                didSucceed: cell.didSucceed
                 showsLabel: cell.showsLabel
                 labelColor: "white"
-                labelMutedColor: "#D9FFFFFF"
-                tileIsPressed: cell.isDropTarget || (area.pressed && !area.drag.active)
-                opacity: cell.isInstalled ? 1 : 0.55
+                labelMutedColor: Theme.increasedContrast ? "white" : "#D9FFFFFF"
+                TileIsPressedKey.tileIsPressed: cell.isDropTarget || (area.pressed && !area.drag.active)
+                faceOpacity: cell.isInstalled ? 1 : 0.55
                 Accessible.ignored: true
 
                 TextMetrics {

@@ -38,6 +38,14 @@ Item {
         onTargeted: index => pane.editor.dropTargetIndex = index
         onRemove: index => pane.editor.remove(index)
         onMoved: (from, to) => pane.editor.move(from, to)
+        onTried: index => pane.editor.tryKey(index)
+
+        Spinner {
+            anchors.centerIn: parent
+            size: 28
+            color: "white"
+            running: pane.editor.isLoading
+        }
     }
 
     Column {
@@ -114,7 +122,7 @@ Item {
 
             Text {
                 width: parent.width
-                text: qsTr("Drag a card onto the iPhone, or click a card to add it.")
+                text: qsTr("Drag a card onto the iPhone, or click a card to add it. Double-click a key to try it.")
                 font: Theme.fonts.ui(pane.isLow ? Theme.Caption2 : Theme.Caption)
                 color: Theme.secondaryText
                 wrapMode: Text.WordWrap

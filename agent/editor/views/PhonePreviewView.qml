@@ -4,7 +4,7 @@ import Glintboard.Editor
 import Glintboard.UI
 
 // The phone with the deck on it. Keys are dragged onto it and about it; from the keyboard the
-// arrows choose a key, with Ctrl they move it, Delete removes it.
+// arrows choose a key, with Ctrl they move it, Delete removes it, Enter tries it.
 FocusScope {
     id: preview
 
@@ -49,6 +49,7 @@ FocusScope {
     signal targeted(int index)
     signal remove(int index)
     signal moved(int from, int to)
+    signal tried(int index)
 
     function placeOf(index: int): int {
         if (preview.landing < 0)
@@ -113,6 +114,12 @@ FocusScope {
             break;
         case Qt.Key_End:
             preview.choose(preview.keyCount - 1);
+            break;
+        case Qt.Key_Return:
+        case Qt.Key_Enter:
+            if (preview.keyCount > 0 && !event.isAutoRepeat)
+                preview.tried(preview.currentIndex);
+            preview.byKeyboard = true;
             break;
         case Qt.Key_Delete:
         case Qt.Key_Backspace:
@@ -225,10 +232,6 @@ FocusScope {
                 id: keys
 
                 model: preview.tiles
-                onItemAdded: (index, item) => {
-                    if (preview.showsChanges && !preview.isDeckDragActive)
-                        (item as FilledKeyCell).appear();
-                }
 
                 // qmllint disable unqualified
                 FilledKeyCell {
@@ -251,7 +254,10 @@ FocusScope {
                     isCurrent: preview.activeFocus && preview.byKeyboard && cell.index === preview.currentIndex
                     wobbles: hover.hovered || preview.isDeckDragActive || (preview.activeFocus && preview.byKeyboard)
 
+                    Component.onCompleted: if (preview.showsChanges && !preview.isDeckDragActive) cell.appear()
+
                     onRemove: preview.remove(cell.index)
+                    onTried: preview.tried(cell.index)
                     onChosen: {
                         preview.forceActiveFocus(Qt.MouseFocusReason);
                         preview.currentIndex = cell.index;

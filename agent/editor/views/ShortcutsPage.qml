@@ -60,7 +60,7 @@ Item {
                     symbolName: "arrow.clockwise"
                     font: Theme.fonts.ui(Theme.Footnote, Theme.Medium)
                     visible: page.loadState !== "failed"
-                    busy: page.loadState === "loading" && late.isLate
+                    busy: page.loadState === "loading"
                     onClicked: page.shortcuts.load()
                 }
             }
@@ -89,25 +89,13 @@ Item {
         delegate: ShortcutCardView {}
     }
 
-    // Progress shows only once the wait is worth speaking of.
-    Timer {
-        id: late
-
-        property bool isLate: false
-
-        interval: 300
-        running: page.loadState === "loading"
-        onRunningChanged: if (running) late.isLate = false
-        onTriggered: late.isLate = true
-    }
-
     Item {
         anchors.fill: cards
 
         Spinner {
             anchors.centerIn: parent
             size: 28
-            running: page.loadState === "loading" && late.isLate && cards.count === 0
+            running: page.loadState === "loading" && cards.count === 0
         }
 
         EmptyLibrary {

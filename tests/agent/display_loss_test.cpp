@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "agent/app/display_loss.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <QtGlobal>
+#include <cstdlib>
+
+namespace glintboard {
+namespace {
+
+// Ends as the program that is started again does, unless something is torn down before.
+void lose(void (*display)()) {
+  const DisplayLoss loss({"again", "--gtest_list_tests"});
+  std::atexit([] { std::_Exit(3); });
+  display();
+}
+
+TEST(DisplayLoss, StartsAgainBeforeAnythingIsTornDown) {
+  void (*const waysToEnd[])() = {[] { std::exit(1); }, [] { ::_exit(1); },
+                                 [] { qFatal("the display is gone"); },
+                                 // A child process only ends.
+                                 [] {
+                                   if (::fork() == 0) {
+                                     ::_exit(1);
+                                   }
+                                   std::exit(1);
+                                 }};
+  for (auto* const way : waysToEnd) {
+    EXPECT_EXIT(lose(way), testing::ExitedWithCode(EXIT_SUCCESS), "starts again without it");
+  }
+  EXPECT_EXIT(lose([] { ::raise(SIGSEGV); }), testing::ExitedWithCode(EXIT_SUCCESS),
+              "the start crashed");
+  EXPECT_EXIT(
+      {
+        lose([] {});
+        std::exit(4);
+      },
+      testing::ExitedWithCode(3), "")
+      << "none is left";
+}
+
+}  // namespace
+}  // namespace glintboard
