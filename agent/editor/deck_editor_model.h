@@ -226,7 +226,7 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   void setError(const QString& error) { session_->setMessages(error, infoMessage()); }
   void setInfo(const QString& info) { session_->setMessages(errorMessage(), info); }
 
-  static Awaitable<> runTrial(Self self, DeckTile tile);
+  static Awaitable<> runTrial(std::shared_ptr<DeckEditorModel> self, DeckTile tile);
 
   static Awaitable<> followLive(std::weak_ptr<DeckEditorModel> weak, asio::any_io_executor timers);
 

@@ -40,7 +40,7 @@ void DeckEditorModel::tryKey(int index) {
   }
 }
 
-Awaitable<> DeckEditorModel::runTrial(Self self, DeckTile tile) {
+Awaitable<> DeckEditorModel::runTrial(std::shared_ptr<DeckEditorModel> self, DeckTile tile) {
   const DeckKeyIdentity key{tile.kind, tile.derivedId()};
   auto trying = self->inputs_.tryKey(tile);
   const std::optional<std::string> failure = co_await std::move(trying);
