@@ -2,6 +2,7 @@
 """The agent on displays that work, that cannot be reached, and that die under it."""
 
 import asyncio
+import contextlib
 import itertools
 import json
 import os
