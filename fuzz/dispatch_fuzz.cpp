@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The dispatch of messages. Each line of the input is a message, sent by a stranger and by the
-// paired phone. No stranger's message may have an effect.
+// The message dispatcher, pings included: each line of the input is a message, first from a stranger,
+// then from the paired phone.
 #include "fuzz/fuzz.h"
 #include "platform/run_on.h"
 #include "protocol/utf8.h"
@@ -54,7 +54,8 @@ class Desk {
     }
   }
 
-  // The previous agent may have ended while loading; it no longer uses the desk now.
+  // Waits until the services of the previous input, which may have ended while they loaded their
+  // list, no longer use the desk.
   Awaitable<> settled() {
     auto keychain = runOn(agent_.executors.keychainLane(), [] {});
     co_await std::move(keychain);

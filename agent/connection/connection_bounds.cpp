@@ -7,8 +7,8 @@
 namespace glintboard {
 namespace {
 
-// Whoever may choose one IPv6 address of a network may choose any; on the local link everybody
-// shares one network.
+// The address that connections are counted by. A host can use every address of its IPv6 network, so
+// the network counts; link-local addresses share one network, so there the address counts.
 asio::ip::address peerOf(const asio::ip::address& address) {
   if (!address.is_v6()) {
     return address;
@@ -28,9 +28,9 @@ asio::ip::address peerOf(const asio::ip::address& address) {
 }  // namespace
 
 ConnectionLimits ConnectionLimits::forDescriptors(std::size_t descriptors) {
-  constexpr std::size_t agentsOwn = 256;
+  constexpr std::size_t reserved = 256;
   ConnectionLimits limits;
-  limits.total = std::min(limits.total, descriptors - std::min(agentsOwn, descriptors / 2));
+  limits.total = std::min(limits.total, descriptors - std::min(reserved, descriptors / 2));
   const std::size_t eighth = std::max<std::size_t>(limits.total / 8, 1);
   limits.waiting = std::min(limits.waiting, eighth);
   limits.unpaired = std::min(limits.unpaired, eighth);
@@ -38,17 +38,17 @@ ConnectionLimits ConnectionLimits::forDescriptors(std::size_t descriptors) {
   return limits;
 }
 
-std::unique_ptr<ConnectionBounds::Place> ConnectionBounds::enter(const asio::ip::address& peer) {
+std::unique_ptr<ConnectionBounds::Ticket> ConnectionBounds::enter(const asio::ip::address& peer) {
   if (total_ >= totalLimit_) {
     return nullptr;
   }
-  auto place = std::make_unique<Place>(shared_from_this(), peer);
+  auto ticket = std::make_unique<Ticket>(shared_from_this(), peer);
   keepWithin(ConnectionKind::waiting, limitOf(ConnectionKind::waiting));
-  return place;
+  return ticket;
 }
 
 std::size_t ConnectionBounds::ending() const {
-  return total_ - places_[0].size() - places_[1].size() - places_[2].size();
+  return total_ - tickets_[0].size() - tickets_[1].size() - tickets_[2].size();
 }
 
 void ConnectionBounds::makeRoom() {
@@ -63,12 +63,12 @@ void ConnectionBounds::makeRoom() {
 void ConnectionBounds::keepWithin(ConnectionKind kind, std::size_t limit) {
   while (of(kind).size() > limit) {
     std::map<asio::ip::address, std::size_t> counts;
-    for (const Place* place : of(kind)) {
-      ++counts[place->peer_];
+    for (const Ticket* ticket : of(kind)) {
+      ++counts[ticket->peer_];
     }
-    // The first of several equals, which is the one that has been silent longest.
-    Place& last = **std::ranges::max_element(
-        of(kind), {}, [&](const Place* place) { return counts[place->peer_]; });
+    // Of equal counts, max_element gives the first, which has been silent longest.
+    Ticket& last = **std::ranges::max_element(
+        of(kind), {}, [&](const Ticket* ticket) { return counts[ticket->peer_]; });
     last.leave();
     if (last.end_) {
       last.end_();
@@ -76,37 +76,37 @@ void ConnectionBounds::keepWithin(ConnectionKind kind, std::size_t limit) {
   }
 }
 
-ConnectionBounds::Place::Place(std::shared_ptr<ConnectionBounds> bounds,
-                               const asio::ip::address& peer)
+ConnectionBounds::Ticket::Ticket(std::shared_ptr<ConnectionBounds> bounds,
+                                 const asio::ip::address& peer)
     : bounds_(std::move(bounds)), peer_(peerOf(peer)) {
-  auto& places = bounds_->of(kind_);
-  position_ = places.insert(places.end(), this);
+  auto& tickets = bounds_->of(kind_);
+  position_ = tickets.insert(tickets.end(), this);
   ++bounds_->total_;
 }
 
-ConnectionBounds::Place::~Place() {
+ConnectionBounds::Ticket::~Ticket() {
   leave();
   --bounds_->total_;
 }
 
-void ConnectionBounds::Place::become(ConnectionKind kind) {
+void ConnectionBounds::Ticket::become(ConnectionKind kind) {
   if (out_ || kind == kind_) {
     return;
   }
-  auto& places = bounds_->of(kind);
-  places.splice(places.end(), bounds_->of(kind_), position_);
+  auto& tickets = bounds_->of(kind);
+  tickets.splice(tickets.end(), bounds_->of(kind_), position_);
   kind_ = kind;
   bounds_->keepWithin(kind, bounds_->limitOf(kind));
 }
 
-void ConnectionBounds::Place::touch() {
+void ConnectionBounds::Ticket::touch() {
   if (!out_) {
-    auto& places = bounds_->of(kind_);
-    places.splice(places.end(), places, position_);
+    auto& tickets = bounds_->of(kind_);
+    tickets.splice(tickets.end(), tickets, position_);
   }
 }
 
-void ConnectionBounds::Place::leave() {
+void ConnectionBounds::Ticket::leave() {
   if (!out_) {
     bounds_->of(kind_).erase(position_);
     out_ = true;

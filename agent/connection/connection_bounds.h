@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How many connections there may be, and which of them go when there are more.
+// Limits on the number of connections.
 #pragma once
 
 #include <array>
@@ -12,66 +12,66 @@
 
 namespace glintboard {
 
-// What is known of whoever is at the other end.
-enum class ConnectionKind { waiting, unpaired, paired };  // `waiting`: for the upgrade
+// `waiting`: for the upgrade.
+enum class ConnectionKind { waiting, unpaired, paired };
 
 struct ConnectionLimits {
   std::size_t waiting = 128;
   std::size_t unpaired = 128;
   std::size_t paired = 1536;
-  // Of every kind, those included that have been ended and not let go yet.
+  // All kinds together, including ended connections that are not destroyed yet.
   std::size_t total = 2048;
 
-  // The limits of a process that may open that many descriptors, some of which are for the rest of
-  // the agent.
+  // The limits of a process that may open that many descriptors. Some of them are reserved for the
+  // rest of the agent.
   static ConnectionLimits forDescriptors(std::size_t descriptors);
 };
 
-// Keeps each kind of connection within its limit: of too many, the one that has been silent longest
-// is ended, out of those of the peer that has most. So a stranger's connections cost another
-// stranger's at most, and those of a paired phone never.
+// Keeps each kind of connection within its limit. Above the limit, the peer with the most
+// connections of that kind loses the one that has been silent longest. A stranger thus displaces
+// other strangers at most, and never a paired phone.
 //
-// Touched on one executor; held by a shared_ptr.
+// Used on one executor; held by a shared_ptr.
 class ConnectionBounds : public std::enable_shared_from_this<ConnectionBounds> {
  public:
-  class Place;
+  class Ticket;
 
   explicit ConnectionBounds(const ConnectionLimits& limits)
       : limits_{limits.waiting, limits.unpaired, limits.paired}, totalLimit_(limits.total) {}
 
-  // A place for a connection that was accepted from `peer`; none when there are too many in all.
-  std::unique_ptr<Place> enter(const asio::ip::address& peer);
-  // How many connections have been ended and not let go yet.
+  // A ticket for a connection that was accepted from `peer`; null when the total limit is reached.
+  std::unique_ptr<Ticket> enter(const asio::ip::address& peer);
+  // The number of ended connections that are not destroyed yet.
   std::size_t ending() const;
-  // Ends one connection that is not a paired phone's, if there is any: to get its descriptor back.
+  // Ends one connection that is not paired, if there is one, to free its descriptor.
   void makeRoom();
 
  private:
-  using Places = std::list<Place*>;  // the one that has been silent longest first
+  using Tickets = std::list<Ticket*>;  // the longest silent first
 
-  Places& of(ConnectionKind kind) { return places_[static_cast<std::size_t>(kind)]; }
+  Tickets& of(ConnectionKind kind) { return tickets_[static_cast<std::size_t>(kind)]; }
   std::size_t limitOf(ConnectionKind kind) const { return limits_[static_cast<std::size_t>(kind)]; }
   void keepWithin(ConnectionKind kind, std::size_t limit);
 
-  // By kind.
+  // Indexed by kind.
   const std::array<std::size_t, 3> limits_;
-  std::array<Places, 3> places_;
+  std::array<Tickets, 3> tickets_;
   const std::size_t totalLimit_;
   std::size_t total_ = 0;
 };
 
-// What a connection holds for as long as it lives.
-class ConnectionBounds::Place {
+// A connection's entry in the bounds, held by the connection as long as it lives.
+class ConnectionBounds::Ticket {
  public:
-  Place(std::shared_ptr<ConnectionBounds> bounds, const asio::ip::address& peer);
-  Place(const Place&) = delete;
-  Place& operator=(const Place&) = delete;
-  ~Place();
+  Ticket(std::shared_ptr<ConnectionBounds> bounds, const asio::ip::address& peer);
+  Ticket(const Ticket&) = delete;
+  Ticket& operator=(const Ticket&) = delete;
+  ~Ticket();
 
-  // What ends the connection; it must not destroy the place before it returns.
+  // Sets the function that ends the connection. It must not destroy the ticket before it returns.
   void whenOut(std::function<void()> end) { end_ = std::move(end); }
   void become(ConnectionKind kind);
-  // The connection was heard of.
+  // Marks the connection as active now.
   void touch();
 
  private:
@@ -83,7 +83,7 @@ class ConnectionBounds::Place {
   std::function<void()> end_;
   ConnectionKind kind_ = ConnectionKind::waiting;
   bool out_ = false;
-  Places::iterator position_;
+  Tickets::iterator position_;
 };
 
 }  // namespace glintboard

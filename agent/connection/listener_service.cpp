@@ -55,7 +55,7 @@ ListenerService::ListenerService(asio::any_io_executor executor, Parts parts, st
       connections_({[this](std::string_view token) {
                       return pairingService_.isPaired(token).value_or(false);
                     },
-                    [this](bool connected) { dispatcher_.setPhoneConnected(connected); },
+                    [this](std::size_t count) { dispatcher_.setPairedConnections(count); },
                     [this] { observers_.notify(); }}) {}
 
 std::shared_ptr<ListenerService> ListenerService::create(asio::any_io_executor executor,

@@ -51,6 +51,7 @@ bool needsUser(std::string_view reply) {
 struct MessageDispatcher::PairedAnswer {
   MessageDispatcher& dispatcher;
   std::string message;  // as received
+  Batch& batch;
 
   Answer operator()(WireMessage<PairRequestPayload> request) {
     return dispatcher.pair(std::move(request));
@@ -59,13 +60,7 @@ struct MessageDispatcher::PairedAnswer {
     return dispatcher.synchronise(request.id);
   }
   Answer operator()(WireMessage<PingPayload> ping) {
-    auto& parts = dispatcher.parts_;
-    if (dispatcher.runningWatch_->ask()) {
-      if (auto running = parts.deckStore.runningDeckBundleIdsNow(parts.workspace)) {
-        return pongTo(ping, std::move(*running));
-      }
-    }
-    return dispatcher.pong(std::move(ping));
+    return dispatcher.answerPing(std::move(ping), batch);
   }
   Answer operator()(Parser::AppLaunch request) {
     return dispatcher.handleApp(dispatcher.parts_.appMessageHandler.handleLaunch(
@@ -97,9 +92,10 @@ MessageDispatcher::MessageDispatcher(asio::any_io_executor executor, Parts parts
       strangersTurn_(executor) {}
 
 MessageDispatcher::Answer MessageDispatcher::answer(std::string message,
-                                                    const std::optional<std::string>& token) {
+                                                    const std::optional<std::string>& token,
+                                                    Batch& batch) {
   try {
-    auto answer = answerOrThrow(std::move(message), token);
+    auto answer = answerOrThrow(std::move(message), token, batch);
     if (auto* answering = std::get_if<Awaitable<Replies>>(&answer)) {
       return noRepliesOnFailure(std::move(*answering));
     }
@@ -111,15 +107,17 @@ MessageDispatcher::Answer MessageDispatcher::answer(std::string message,
 
 Awaitable<Replies> MessageDispatcher::dispatch(std::string message,
                                                std::optional<std::string> token) {
-  auto given = answer(std::move(message), token);
+  Batch batch;
+  auto given = answer(std::move(message), token, batch);
   if (auto* answering = std::get_if<Awaitable<Replies>>(&given)) {
     co_return co_await std::move(*answering);
   }
   co_return std::get<Replies>(std::move(given));
 }
 
-MessageDispatcher::Answer MessageDispatcher::answerOrThrow(
-    std::string message, const std::optional<std::string>& token) {
+MessageDispatcher::Answer MessageDispatcher::answerOrThrow(std::string message,
+                                                           const std::optional<std::string>& token,
+                                                           Batch& batch) {
   const auto paired = isPaired(token);
   if (!paired.value_or(false)) {
     return answerUnpaired(std::move(message), paired ? std::nullopt : token);
@@ -128,12 +126,23 @@ MessageDispatcher::Answer MessageDispatcher::answerOrThrow(
   if (!parsed) {
     return Replies();
   }
-  return answerPaired(std::move(*parsed), std::move(message));
+  return answerPaired(std::move(*parsed), std::move(message), batch);
 }
 
 MessageDispatcher::Answer MessageDispatcher::answerPaired(Parser::ParsedMessage parsed,
-                                                          std::string message) {
-  return std::visit(PairedAnswer{*this, std::move(message)}, std::move(parsed));
+                                                          std::string message, Batch& batch) {
+  return std::visit(PairedAnswer{*this, std::move(message), batch}, std::move(parsed));
+}
+
+MessageDispatcher::Answer MessageDispatcher::answerPing(WireMessage<PingPayload> ping,
+                                                        Batch& batch) {
+  if (!batch.running && runningWatch_->ask() && pairedConnections_ <= 1) {
+    batch.running = parts_.deckStore.runningDeckBundleIdsNow(parts_.workspace);
+  }
+  if (batch.running) {
+    return pongTo(ping, *batch.running);
+  }
+  return pong(std::move(ping), batch);
 }
 
 Awaitable<Replies> MessageDispatcher::answerUnpaired(std::string message,
@@ -155,7 +164,8 @@ Awaitable<Replies> MessageDispatcher::answerUnpaired(std::string message,
     co_return refusalOf(*parsed);
   }
   turn.reset();
-  auto answer = answerPaired(std::move(*parsed), std::move(message));
+  Batch batch;
+  auto answer = answerPaired(std::move(*parsed), std::move(message), batch);
   if (auto* answering = std::get_if<Awaitable<Replies>>(&answer)) {
     co_return co_await std::move(*answering);
   }
@@ -164,6 +174,11 @@ Awaitable<Replies> MessageDispatcher::answerUnpaired(std::string message,
 
 std::optional<bool> MessageDispatcher::isPaired(const std::optional<std::string>& token) {
   return token && !token->empty() ? parts_.pairingService.isPaired(*token) : false;
+}
+
+void MessageDispatcher::setPairedConnections(std::size_t count) {
+  pairedConnections_ = count;
+  runningWatch_->setWanted(count > 0);
 }
 
 Awaitable<> MessageDispatcher::runningKnown() {
@@ -191,10 +206,24 @@ Awaitable<Replies> MessageDispatcher::synchronise(Uuid requestId) {
   co_return replies;
 }
 
-Awaitable<Replies> MessageDispatcher::pong(WireMessage<PingPayload> request) {
+Awaitable<Replies> MessageDispatcher::pong(WireMessage<PingPayload> ping, Batch& batch) {
   co_await runningKnown();
-  auto running = co_await parts_.deckStore.runningDeckBundleIds(parts_.workspace);
-  co_return pongTo(request, std::move(running));
+  if (!nextReading_) {
+    nextReading_ = std::make_shared<Running>();
+  }
+  const auto reading = nextReading_;
+  if (pairedConnections_ > 1) {
+    // Lets the other connections receive the pings that have arrived by now.
+    co_await asio::post(co_await asio::this_coro::executor, asio::use_awaitable);
+  }
+  if (nextReading_ == reading) {
+    nextReading_.reset();  // later pings need a later reading
+  }
+  if (!*reading) {
+    *reading = co_await parts_.deckStore.runningDeckBundleIds(parts_.workspace);
+  }
+  batch.running = *reading;
+  co_return pongTo(ping, **reading);
 }
 
 Awaitable<Replies> MessageDispatcher::handleApp(Awaitable<AppMessageResponse> handling) {

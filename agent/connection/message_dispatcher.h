@@ -47,26 +47,38 @@ class MessageDispatcher {
   // operation that gives them. Both are empty after a failure, which is logged; neither throws.
   using Answer = std::variant<Replies, Awaitable<Replies>>;
 
+  // The running applications of the decks; none before they are read.
+  using Running = std::optional<std::vector<std::string>>;
+  // Shared by the answers to messages that one connection received together: their pings share one
+  // reading of the decks file, which is half of a ping's cost. To be cleared before the connection
+  // waits; must outlive the answer.
+  struct Batch {
+    Running running;
+  };
+
   // Calls `shortcutNeedsUser` when the reply to a Shortcut says that it waits for the user.
   MessageDispatcher(asio::any_io_executor executor, Parts parts,
                     std::function<void()> shortcutNeedsUser);
 
   // The answer to a message from a connection that presented `token`. Only pairing requests are
   // open to a sender whose token names no paired device.
-  Answer answer(std::string message, const std::optional<std::string>& token);
-  // The same as one operation.
+  Answer answer(std::string message, const std::optional<std::string>& token, Batch& batch);
+  // The same as one operation, for a message by itself.
   Awaitable<Replies> dispatch(std::string message, std::optional<std::string> token);
 
   // The encoded "decks.snapshot" of this moment. Throws WireCodecError.
   Awaitable<std::string> decksSnapshot(Uuid id);
-  // Whether a paired phone is connected. While none is, running applications are not watched.
-  void setPhoneConnected(bool connected) { runningWatch_->setWanted(connected); }
+  // Sets the number of connections of paired phones. Without one, running applications are not
+  // watched. With several, the pings that they send at the same time share one reading.
+  void setPairedConnections(std::size_t count);
 
  private:
   struct PairedAnswer;
 
-  Answer answerOrThrow(std::string message, const std::optional<std::string>& token);
-  Answer answerPaired(WireMessageParser::ParsedMessage parsed, std::string message);
+  Answer answerOrThrow(std::string message, const std::optional<std::string>& token, Batch& batch);
+  Answer answerPaired(WireMessageParser::ParsedMessage parsed, std::string message, Batch& batch);
+  // The pong where it is available at once.
+  Answer answerPing(WireMessage<PingPayload> ping, Batch& batch);
   // `token` is none when it is known to name no paired device.
   Awaitable<Replies> answerUnpaired(std::string message, std::optional<std::string> token);
   // None while the stored list is loading.
@@ -76,7 +88,7 @@ class MessageDispatcher {
 
   Awaitable<Replies> pair(WireMessage<PairRequestPayload> request);
   Awaitable<Replies> synchronise(Uuid requestId);
-  Awaitable<Replies> pong(WireMessage<PingPayload> request);
+  Awaitable<Replies> pong(WireMessage<PingPayload> ping, Batch& batch);
   Awaitable<Replies> handleApp(Awaitable<AppMessageResponse> handling);
   Awaitable<Replies> runAction(WireMessage<ActionRunPayload> request);
   Awaitable<Replies> runShortcut(std::string message);
@@ -84,6 +96,9 @@ class MessageDispatcher {
   Parts parts_;
   std::function<void()> shortcutNeedsUser_;
   std::shared_ptr<RunningWatch> runningWatch_;
+  std::size_t pairedConnections_ = 0;
+  // The next reading, held by every ping that waits for it. Null while none does.
+  std::shared_ptr<Running> nextReading_;
   // Held while a message of an unpaired sender is parsed and refused: one such message is handled
   // per turn of the loop, however many strangers send.
   AsyncLock strangersTurn_;

@@ -8,13 +8,23 @@ namespace glintboard {
 Awaitable<> receiveMessages(MessageDispatcher& dispatcher,
                             std::shared_ptr<WebSocketConnection> connection,
                             std::optional<std::string> token) {
-  while (auto message = co_await connection->receive()) {
+  MessageDispatcher::Batch batch;
+  for (;;) {
+    auto message = connection->received();
+    if (!message) {
+      batch = {};
+      message = co_await connection->receive();
+    }
+    if (!message) {
+      co_return;
+    }
     if (message->empty()) {
       continue;
     }
-    auto answer = dispatcher.answer(std::move(*message), token);
+    auto answer = dispatcher.answer(std::move(*message), token, batch);
     if (auto* answering = std::get_if<Awaitable<Replies>>(&answer)) {
       connection->flush();
+      batch = {};
       auto replies = co_await std::move(*answering);
       answer = std::move(replies);
     }

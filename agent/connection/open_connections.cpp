@@ -8,32 +8,32 @@ namespace glintboard {
 void OpenConnections::add(const Connection& connection, const std::optional<std::string>& token) {
   Entry& entry = all_[connection.get()];
   entry = {connection, token.value_or("")};
-  sort(entry);
-  count();
+  updatePaired(entry);
+  reportChanges();
 }
 
 void OpenConnections::remove(const Connection& connection) {
   all_.erase(connection.get());
-  count();
+  reportChanges();
 }
 
 void OpenConnections::update() {
   for (auto& [key, entry] : all_) {
-    sort(entry);
+    updatePaired(entry);
   }
-  count();
+  reportChanges();
 }
 
 void OpenConnections::endPushes() {
   for (auto& [key, entry] : all_) {
-    entry.mayBePushedTo = false;
+    entry.receivesPushes = false;
   }
-  count();
+  reportChanges();
 }
 
 void OpenConnections::push(const std::shared_ptr<const std::string>& text) const {
   for (const auto& [key, entry] : all_) {
-    if (entry.isPaired && entry.mayBePushedTo) {
+    if (entry.isPaired && entry.receivesPushes) {
       entry.connection->push(text);
     }
   }
@@ -47,29 +47,28 @@ void OpenConnections::probe() const {
 
 void OpenConnections::cancelAll() {
   const auto all = std::exchange(all_, {});
-  count();
+  reportChanges();
   for (const auto& [key, entry] : all) {
     entry.connection->cancel();
   }
 }
 
-void OpenConnections::sort(Entry& entry) const {
+void OpenConnections::updatePaired(Entry& entry) const {
   const bool paired = !entry.token.empty() && parts_.isPaired(entry.token);
   if (std::exchange(entry.isPaired, paired) != paired) {
     entry.connection->setPaired(paired);
   }
 }
 
-void OpenConnections::count() {
+void OpenConnections::reportChanges() {
   std::size_t paired = 0;
   bool pushes = false;
   for (const auto& [key, entry] : all_) {
     paired += entry.isPaired ? 1 : 0;
-    pushes = pushes || (entry.isPaired && entry.mayBePushedTo);
+    pushes = pushes || (entry.isPaired && entry.receivesPushes);
   }
-  const bool mayAsk = paired > 0;
-  if ((std::exchange(paired_, paired) > 0) != mayAsk) {
-    parts_.phoneMayAsk(mayAsk);
+  if (std::exchange(paired_, paired) != paired) {
+    parts_.pairedChanged(paired);
   }
   if (hasPushes_.exchange(pushes) != pushes) {
     parts_.hasPushesChanged();

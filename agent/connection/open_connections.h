@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The open connections, and whose they are.
+// The set of open connections.
 #pragma once
 
 #include <atomic>
@@ -14,17 +14,17 @@
 
 namespace glintboard {
 
-// Every open connection with the token that it presented. Those whose token names a paired device
-// may ask, and are pushed to. Belongs to one serial executor.
+// Every open connection with the token that it presented. Connections whose token names a paired
+// device are the targets of pushes. Used on one serial executor, unless noted.
 class OpenConnections {
  public:
   using Connection = std::shared_ptr<WebSocketConnection>;
   struct Parts {
-    // Whether the token names a paired device, as far as is known at once.
+    // Whether the token names a paired device. False while that is not known yet.
     std::function<bool(std::string_view token)> isPaired;
-    // Told whether a paired device is connected, when that changes.
-    std::function<void(bool)> phoneMayAsk;
-    // Told when the first is pushed to, and when the last is no more.
+    // Called when the number of connections of paired devices changes.
+    std::function<void(std::size_t count)> pairedChanged;
+    // Called when `hasPushes` changes.
     std::function<void()> hasPushesChanged;
   };
 
@@ -32,19 +32,18 @@ class OpenConnections {
 
   void add(const Connection& connection, const std::optional<std::string>& token);
   void remove(const Connection& connection);
-  // To be called whenever the list of paired devices has changed: sorts all connections anew.
+  // Looks up the token of every connection again. To be called after each change of the list of
+  // paired devices.
   void update();
-  // From now on pushes only go to connections that are added later.
+  // Excludes the present connections from pushes; connections added later receive them.
   void endPushes();
 
-  // How many are of paired devices.
-  std::size_t paired() const { return paired_; }
-  // Whether a push reaches anyone. Any thread.
+  // Whether a push has a target. Any thread.
   bool hasPushes() const { return hasPushes_; }
   void push(const std::shared_ptr<const std::string>& text) const;
-  // Asks every connection for a sign of life.
+  // Probes every connection.
   void probe() const;
-  // Ends every connection and forgets it.
+  // Ends and removes every connection.
   void cancelAll();
 
  private:
@@ -52,11 +51,12 @@ class OpenConnections {
     Connection connection;
     std::string token;
     bool isPaired = false;
-    bool mayBePushedTo = true;
+    bool receivesPushes = true;
   };
 
-  void sort(Entry& entry) const;
-  void count();
+  void updatePaired(Entry& entry) const;
+  // Reports what has changed since the last call.
+  void reportChanges();
 
   Parts parts_;
   std::map<WebSocketConnection*, Entry> all_;

@@ -22,23 +22,23 @@ void RunningWatch::setWanted(bool wanted) {
 }
 
 Awaitable<> RunningWatch::known() {
-  if (const auto look = look_) {
-    co_await look->async_wait(asio::as_tuple(asio::use_awaitable));
-    if (look_ == look) {
-      look_.reset();
+  if (const auto scan = scan_) {
+    co_await scan->async_wait(asio::as_tuple(asio::use_awaitable));
+    if (scan_ == scan) {
+      scan_.reset();
     }
   }
 }
 
 void RunningWatch::switchOn() {
   isOn_ = true;
-  look_ = std::make_shared<asio::steady_timer>(executor_, timeout);
+  scan_ = std::make_shared<asio::steady_timer>(executor_, timeout);
   switchOffWhenQuiet();
-  desktop_(true, [weak = weak_from_this(), look = std::weak_ptr(look_)] {
+  desktop_(true, [weak = weak_from_this(), scan = std::weak_ptr(scan_)] {
     const auto self = weak.lock();
-    const auto ended = look.lock();
-    if (self && ended && self->look_ == ended) {
-      self->look_.reset();
+    const auto ended = scan.lock();
+    if (self && ended && self->scan_ == ended) {
+      self->scan_.reset();
       ended->cancel();
     }
   });
@@ -46,7 +46,7 @@ void RunningWatch::switchOn() {
 
 void RunningWatch::switchOff() {
   isOn_ = false;
-  look_.reset();
+  scan_.reset();
   quiet_.cancel();
   desktop_(false, nullptr);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The watch of running applications, as long as phones ask what runs.
+// The watch of running applications.
 #pragma once
 
 #include <chrono>
@@ -10,32 +10,33 @@
 
 namespace glintboard {
 
-// Switches the desktop's watch on when a phone may ask, and off when none may or none has asked for
-// a while. After it was switched on, the first answers wait for the watch's first look.
+// Switches the desktop's watch of running applications on while a phone is connected and sends
+// requests, and off otherwise. After it was switched on, requests wait for the first scan.
 //
-// Belongs to one serial executor, and is held by a shared_ptr.
+// Used on one serial executor; held by a shared_ptr.
 class RunningWatch : public std::enable_shared_from_this<RunningWatch> {
  public:
-  // Switches the desktop's watch; calls `looked` on the executor once its first look has ended.
-  using Switch = std::function<void(bool on, std::function<void()> looked)>;
+  // Switches the desktop's watch; calls `scanned` on the executor when its first scan has ended.
+  using Switch = std::function<void(bool on, std::function<void()> scanned)>;
+  // The longest wait for the first scan.
   static constexpr std::chrono::milliseconds timeout{300};
 
-  // `quietTime` is for how long nobody has asked when the watch ends.
+  // The watch is switched off after `quietTime` without a request.
   RunningWatch(asio::any_io_executor executor, Switch desktop,
                std::chrono::milliseconds quietTime = std::chrono::seconds(15));
 
-  // Whether a phone may ask.
+  // Whether a phone is connected.
   void setWanted(bool wanted);
-  // To be called before each look at what runs. False when that is not known yet: `known` comes
-  // first then.
+  // To be called before each read of the running applications. False when the first scan has not
+  // ended; then `known` is to be awaited.
   bool ask() {
     asked_ = true;
     if (isWanted_ && !isOn_) {
       switchOn();
     }
-    return look_ == nullptr;
+    return scan_ == nullptr;
   }
-  // Resumes when what runs is known, after `timeout` at the latest.
+  // Resumes when the first scan has ended, after `timeout` at the latest.
   Awaitable<> known();
 
  private:
@@ -48,10 +49,10 @@ class RunningWatch : public std::enable_shared_from_this<RunningWatch> {
   const std::chrono::milliseconds quietTime_;
   bool isWanted_ = false;
   bool isOn_ = false;
-  bool asked_ = false;  // since the timer was set
+  bool asked_ = false;  // since `quiet_` was set
   asio::steady_timer quiet_;
-  // Of the first look; none when that has ended.
-  std::shared_ptr<asio::steady_timer> look_;
+  // The deadline of the first scan; null when that has ended.
+  std::shared_ptr<asio::steady_timer> scan_;
 };
 
 }  // namespace glintboard

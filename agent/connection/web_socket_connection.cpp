@@ -24,7 +24,7 @@ using Clock = std::chrono::steady_clock;
 using WebSocketFrames::Opcode;
 using WebSocketFrames::Received;
 
-// What may be on its way in and out of a connection.
+// Limits on the bytes that a connection holds.
 struct Allowance {
   std::size_t incomingMessage;
   std::size_t queued;  // beyond what is being written
@@ -36,9 +36,9 @@ constexpr std::uint32_t maxUpgradeRequest = 16 << 10;
 constexpr auto upgradeDeadline = 10s;
 constexpr auto keepAliveInterval = 8s;
 constexpr auto probeDeadline = 6s;
-constexpr auto stoppedFor = 2s;      // a timer that is so late tells that the process was stopped
-constexpr auto vanishedAfter = 21s;  // silence of a peer that is being listened to
-constexpr auto stuckAfter = 60s;     // a write of which the peer takes nothing
+constexpr auto stoppedFor = 2s;      // a timer this late means that the process was stopped
+constexpr auto vanishedAfter = 21s;  // silence of the peer during a read
+constexpr auto stuckAfter = 60s;     // a write without progress
 constexpr std::size_t readAtOnce = 8 << 10;
 constexpr std::size_t keptCapacity = 64 << 10;
 
@@ -56,17 +56,17 @@ std::string peerOf(const TcpSocket& socket) {
   return peer.address().to_string() + " port " + std::to_string(peer.port());
 }
 
-// The library reads the request for the upgrade. The rest is handled here, so that a message costs
-// no more turns of the loop than the socket itself, and so that many replies leave in one write.
+// Beast parses the upgrade request. Frames are handled here: a message costs no turns of the loop
+// beyond those of the socket, and the replies to pipelined messages leave in one write.
 class Connection : public AcceptedConnection, public std::enable_shared_from_this<Connection> {
  public:
-  Connection(TcpSocket socket, std::unique_ptr<ConnectionBounds::Place> place)
-      : place_(std::move(place)),
+  Connection(TcpSocket socket, std::unique_ptr<ConnectionBounds::Ticket> ticket)
+      : ticket_(std::move(ticket)),
         socket_(std::move(socket)),
         queueMoved_(socket_.get_executor()),
         watchTimer_(socket_.get_executor()) {
     queueMoved_.expires_at(Clock::time_point::max());
-    place_->whenOut([this] { cancel(); });
+    ticket_->whenOut([this] { cancel(); });
     handshake_.peer = peerOf(socket_);
   }
 
@@ -94,9 +94,9 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
       cancel();
       co_return false;
     }
-    // Whoever is in a hurry sends frames right behind the request.
+    // The peer may have sent frames right behind the request.
     reader_.add({static_cast<const char*>(buffer.data().data()), buffer.size()});
-    place_->become(ConnectionKind::unpaired);
+    ticket_->become(ConnectionKind::unpaired);
     spawn(socket_.get_executor(), watch(self), "connection watch");
     co_return true;
   }
@@ -109,7 +109,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
       if (auto message = received()) {
         co_return message;
       }
-      // Pings are answered in here, so this too waits for a peer that does not read.
+      // The answers to pings fill the queue too.
       if (isFull()) {
         co_await room();
       }
@@ -139,7 +139,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
       }
       switch (next->kind) {
         case Received::Kind::message:
-          place_->touch();
+          ticket_->touch();
           return std::move(next->data);
         case Received::Kind::ping:
           append(gathered_, Opcode::pong, next->data);
@@ -159,21 +159,13 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     if (isFull()) {
       co_await room();
     }
-    sendNow(text);
-  }
-
-  bool sendNow(std::string_view text) override {
-    if (isFull()) {
-      return false;
-    }
     if (!ended_ && !closing_) {
       append(gathered_, Opcode::text, text);
     }
-    return true;
   }
 
   void push(std::shared_ptr<const std::string> text) override {
-    // Later, so that of several that come at once the latest alone is sent.
+    // Flushes later, so that of several pushes in a row only the latest is sent.
     if (!ended_ && !closing_ && !std::exchange(waitingPush_, std::move(text))) {
       asio::post(socket_.get_executor(), [self = shared_from_this()] { self->flush(); });
     }
@@ -194,13 +186,13 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
   }
 
   void setPaired(bool paired) override {
-    place_->become(paired ? ConnectionKind::paired : ConnectionKind::unpaired);
+    ticket_->become(paired ? ConnectionKind::paired : ConnectionKind::unpaired);
     allowance_ = paired ? pairedAllowance : strangersAllowance;
     reader_.setMaxMessage(allowance_.incomingMessage);
   }
 
   void probe() override {
-    // One that still has to take something is watched by that.
+    // A peer that has yet to read something is covered by the write deadline.
     if (!probedAt_ && ping()) {
       probedAt_ = Clock::now();
       watchTimer_.cancel();
@@ -218,7 +210,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
  private:
   bool isFull() const { return gathered_.size() > allowance_.queued && !ended_; }
 
-  // Resumes when the queue is not full, or the connection has ended.
+  // Resumes when the queue is not full or the connection has ended.
   Awaitable<> room() {
     while (isFull()) {
       flush();
@@ -228,8 +220,8 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     }
   }
 
-  // Makes sure that there is something to send: the rest of the last bytes, what has gathered since
-  // then, and the push last. False when there is nothing.
+  // Fills `sending_` unless it still has unsent bytes: with the queue, or with the push when the
+  // queue is empty. False when there is nothing to send.
   bool fillSending() {
     if (!sending_.empty()) {
       return true;
@@ -255,7 +247,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     }
   }
 
-  // The socket takes nothing more for now.
+  // Resumes sending when the socket is writable.
   void waitForPeer() {
     writing_ = true;
     takenAt_ = Clock::now();
@@ -271,8 +263,8 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
                              });
   }
 
-  // The protocol's end of a connection. What still comes is read and dropped until the peer has
-  // ended too, since it would not get to see why if the socket were closed before that.
+  // The closing handshake. Input is read and dropped until the peer closes: a socket closed with
+  // unread input is reset, and the peer would lose the close frame.
   void close(WebSocketFrames::CloseCode code) {
     closing_ = true;
     waitingPush_.reset();
@@ -286,8 +278,8 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     }
   }
 
-  // Pings a quiet peer, and ends the connection of one that is gone or takes nothing. A peer is
-  // only expected to be heard while it is listened to.
+  // Pings a silent peer, and ends the connection of a peer that has vanished or does not read.
+  // Silence only counts during a read.
   static Awaitable<> watch(std::shared_ptr<Connection> self) {
     while (!self->ended_) {
       self->watchTimer_.expires_after(self->probedAt_ ? probeDeadline : keepAliveInterval);
@@ -321,7 +313,7 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     }
   }
 
-  // False when it is not the moment for one.
+  // False when no ping can be sent now.
   bool ping() {
     if (!reading_ || writing_ || closing_ || ended_) {
       return false;
@@ -331,32 +323,32 @@ class Connection : public AcceptedConnection, public std::enable_shared_from_thi
     return true;
   }
 
-  std::unique_ptr<ConnectionBounds::Place> place_;
+  std::unique_ptr<ConnectionBounds::Ticket> ticket_;
   TcpSocket socket_;
   HandshakeHeaderCapture handshake_;
   std::array<char, readAtOnce> input_;
   Allowance allowance_ = strangersAllowance;
   WebSocketFrames::Reader reader_{allowance_.incomingMessage};
-  std::string gathered_;  // goes out when `sending_` is gone
+  std::string gathered_;  // the queue, sent after `sending_`
   std::string sending_;
   std::size_t sent_ = 0;  // of `sending_`
   std::shared_ptr<const std::string> waitingPush_;
   asio::steady_timer queueMoved_;
   asio::steady_timer watchTimer_;
-  std::optional<Clock::time_point> probedAt_;  // while the answer is awaited
+  std::optional<Clock::time_point> probedAt_;  // while a probe is pending
   Clock::time_point heardOf_ = Clock::now();
   Clock::time_point takenAt_ = Clock::now();
   bool reading_ = false;
-  bool writing_ = false;  // the socket takes nothing more for now
-  bool closing_ = false;  // the last frame was sent
+  bool writing_ = false;  // waits until the socket is writable
+  bool closing_ = false;  // the close frame was queued
   bool ended_ = false;
 };
 
 }  // namespace
 
 std::shared_ptr<AcceptedConnection> acceptConnection(
-    TcpSocket socket, std::unique_ptr<ConnectionBounds::Place> place) {
-  return std::make_shared<Connection>(std::move(socket), std::move(place));
+    TcpSocket socket, std::unique_ptr<ConnectionBounds::Ticket> ticket) {
+  return std::make_shared<Connection>(std::move(socket), std::move(ticket));
 }
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// WebSockets, wrapped once: the rest of the agent never sees the library behind them.
+// One WebSocket connection, server side.
 #pragma once
 
 #include <boost/asio/ip/tcp.hpp>
@@ -14,54 +14,52 @@
 
 namespace glintboard {
 
-// The headers of the upgrade that made a connection, and where it came from.
+// The headers of the upgrade request, and the peer that sent it.
 struct HandshakeHeaderCapture {
   HeaderList headers;
   std::string peer;  // address and port, as text for the log
 };
 
-// One upgraded connection. Everything happens on the service loop. Pings are answered by itself; a
-// peer that vanished is noticed within 30 seconds, one that takes no byte for 60 seconds is closed.
+// One upgraded connection. Used on the service loop only. It answers pings itself. A peer that has
+// vanished is detected within 30 seconds; a peer that reads no byte for 60 seconds is disconnected.
 class WebSocketConnection {
  public:
   virtual ~WebSocketConnection() = default;
 
   virtual const HandshakeHeaderCapture& handshake() const = 0;
-  // The next complete message, text or binary; none when the connection has ended. What was queued
-  // is sent before this waits. One caller at a time.
+  // The next complete message, text or binary; none when the connection has ended. Sends the queue
+  // before it waits for the peer. One caller at a time.
   virtual Awaitable<std::optional<std::string>> receive() = 0;
-  // The same without waiting; none when nothing complete has come.
+  // The same without waiting; none when no complete message has been received.
   virtual std::optional<std::string> received() = 0;
-  // Queues a text, in order, for the next flush. Waits while the queue is full, and gives up when
+  // Queues a text, in order, for the next flush. Waits while the queue is full; drops the text when
   // the connection has ended.
   virtual Awaitable<> send(std::string text) = 0;
-  // The same without waiting; false when the queue is full.
-  virtual bool sendNow(std::string_view text) = 0;
-  // Sends what is queued, in one write. To be called before anything that may take time.
+  // Sends the queue in one write. To be called before a wait for anything but the connection.
   virtual void flush() = 0;
-  // Sends a text when the queue allows. A push that is still waiting is replaced by a later one.
+  // Sends a text once the queue is empty. A push that is still waiting is replaced by a later one.
   virtual void push(std::shared_ptr<const std::string> text) = 0;
-  // Whether a paired phone is at the other end, which nobody is taken for until this says so. Only
-  // such a one may send long messages and leave many replies unread, and is never ended for others.
+  // Whether the peer is a paired phone. Connections start unpaired. A paired connection has higher
+  // limits on its messages and its queue, and is never ended to make room for others.
   virtual void setPaired(bool paired) = 0;
-  // Asks for a sign of life at once; a peer that is silent for six seconds more is gone. For when
-  // time has passed that no clock told of.
+  // Pings the peer now, and ends the connection if nothing is received within six seconds. For use
+  // after the computer has slept.
   virtual void probe() = 0;
-  // Ends the connection: at once, without a closing handshake.
+  // Ends the connection immediately, without a closing handshake.
   virtual void cancel() = 0;
 };
 
 using TcpSocket = asio::basic_stream_socket<asio::ip::tcp, asio::any_io_executor>;
 
-// A connection whose upgrade is still to come.
+// A connection before its upgrade.
 class AcceptedConnection : public WebSocketConnection {
  public:
-  // Answers the upgrade request, for which there are ten seconds. False when it was none.
+  // Answers the upgrade request. False when none is received within ten seconds, or it is refused.
   virtual Awaitable<bool> upgrade() = 0;
 };
 
-// Takes over an accepted socket, in its place among the others.
+// Takes over an accepted socket. The connection holds its ticket as long as it lives.
 std::shared_ptr<AcceptedConnection> acceptConnection(
-    TcpSocket socket, std::unique_ptr<ConnectionBounds::Place> place);
+    TcpSocket socket, std::unique_ptr<ConnectionBounds::Ticket> ticket);
 
 }  // namespace glintboard

@@ -27,7 +27,7 @@ bool isKnown(unsigned opcode) {
           opcode <= static_cast<unsigned>(Opcode::pong));
 }
 
-// Whether a peer may give this reason.
+// Whether a peer may send this close code.
 bool isSendable(unsigned code) {
   return (code >= 1000 && code <= 1014 && code != 1004 && code != 1005 && code != 1006) ||
          (code >= 3000 && code <= 4999);
@@ -47,7 +47,7 @@ std::uint64_t bigEndian(std::string_view bytes) {
   return number;
 }
 
-// In steps of a whole number of masks.
+// Unmasks eight bytes at a time.
 void unmask(char* payload, std::size_t length, const char* mask) {
   std::uint64_t masks = 0;
   std::memcpy(&masks, mask, maskLength);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The frames of the WebSocket protocol (RFC 6455), a server's side.
+// WebSocket frames (RFC 6455), server side.
 #pragma once
 
 #include <cstdint>
@@ -26,29 +26,29 @@ enum class CloseCode : std::uint16_t {
   tooLong = 1009,
 };
 
-// Adds an unfragmented frame to what goes out.
+// Appends an unfragmented frame to the output.
 void append(std::string& output, Opcode opcode, std::string_view payload);
 void appendClose(std::string& output, CloseCode code);
 
-// What a peer sent: a message (text or binary, put together again), a control frame, or what ends
-// the connection.
+// A message (text or binary, reassembled) or a control frame from the peer. A violation of the
+// protocol gives a close.
 struct Received {
   enum class Kind { message, ping, pong, close };
   Kind kind = Kind::message;
   std::string data;                         // the message, or a control frame's payload
-  CloseCode closeCode = CloseCode::normal;  // to answer a close with, or to close with
+  CloseCode closeCode = CloseCode::normal;  // to send in the close frame
 };
 
-// Takes messages out of the bytes of one connection.
+// Parses the bytes that one connection receives. Not synchronised.
 class Reader {
  public:
-  // A longer message is an error.
+  // A message of more than `maxMessage` bytes gives a close with CloseCode::tooLong.
   explicit Reader(std::size_t maxMessage) : maxMessage_(maxMessage) {}
 
   void setMaxMessage(std::size_t maxMessage) { maxMessage_ = maxMessage; }
   void add(std::string_view bytes) { bytes_ += bytes; }
-  // The next that is complete in what was added; none when more is needed, and for good after a
-  // close.
+  // The next complete message or control frame; none when more bytes are needed, and always after
+  // a close.
   std::optional<Received> next();
 
  private:
@@ -58,7 +58,7 @@ class Reader {
     std::string_view payload;
   };
 
-  // Takes a frame off the bytes and unmasks it.
+  // Consumes and unmasks the next complete frame.
   std::optional<Frame> takeFrame();
   std::optional<Received> take(const Frame& frame);
   static Received closing(CloseCode code);
@@ -70,8 +70,8 @@ class Reader {
   std::size_t taken_ = 0;
   std::optional<CloseCode> violation_;
   bool ended_ = false;
-  std::optional<Opcode> fragmented_;  // of the message whose fragments come
-  std::string message_;               // those that have come
+  std::optional<Opcode> fragmented_;  // the kind of the unfinished message
+  std::string message_;               // its fragments so far
 };
 
 }  // namespace glintboard::WebSocketFrames

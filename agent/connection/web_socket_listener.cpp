@@ -15,17 +15,17 @@ namespace {
 using namespace std::chrono_literals;
 using asio::ip::tcp;
 
-// Whoever opens connections faster than they can be ended waits.
+// Accepting pauses while more ended connections than this wait for their destruction.
 constexpr std::size_t maxEnding = 128;
 constexpr auto endingPause = 1ms;
-constexpr auto acceptPause = 100ms;  // after a failure that may pass, such as no descriptors left
+constexpr auto acceptPause = 100ms;  // after a temporary failure, such as no descriptors left
 
 error_code lastError() {
   return {errno, boost::system::system_category()};
 }
 
-// A listening socket of all addresses: of both families, or of IPv4 alone where there is no IPv6.
-// It is made here rather than by the library, which would let launched programs inherit it.
+// A listening socket on all addresses of the family; IPv6 includes IPv4. Asio would open it without
+// SOCK_CLOEXEC, and launched programs would inherit it.
 FileDescriptor openListening(std::uint16_t port, int family, error_code& error) {
   FileDescriptor socket(::socket(family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
   const int on = 1;
@@ -120,11 +120,11 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
     }
   }
 
-  // Whether the socket still listens after a failure to accept. A connection for which there are no
-  // descriptors stays with the system until there are.
+  // Whether the socket still listens after a failure to accept. Without free descriptors a
+  // connection stays in the backlog.
   bool maySurvive(error_code error) {
     if (!std::exchange(failing_, true)) {
-      log::warning("accepting a connection: ", error.message());
+      log::warning("a connection was not accepted: ", error.message());
     }
     if (error == boost::system::errc::too_many_files_open ||
         error == boost::system::errc::too_many_files_open_in_system) {
@@ -137,15 +137,15 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
   void take(TcpSocket socket) {
     error_code gone;
     const auto peer = socket.remote_endpoint(gone);
-    auto place = gone ? nullptr : bounds_->enter(peer.address());
-    if (!place) {
+    auto ticket = gone ? nullptr : bounds_->enter(peer.address());
+    if (!ticket) {
       return;
     }
     ::fcntl(socket.native_handle(), F_SETFD, FD_CLOEXEC);
     error_code ignored;
     socket.set_option(tcp::no_delay(true), ignored);
     spawn(acceptor_.get_executor(),
-          serve(shared_from_this(), acceptConnection(std::move(socket), std::move(place))),
+          serve(shared_from_this(), acceptConnection(std::move(socket), std::move(ticket))),
           "connection");
   }
 
@@ -153,7 +153,7 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
                            std::shared_ptr<AcceptedConnection> connection) {
     const bool upgraded = co_await connection->upgrade();
     if (!upgraded) {
-      log::debug("no upgrade came from ", connection->handshake().peer);
+      log::debug("no upgrade request from ", connection->handshake().peer);
     } else if (self->onConnection_) {
       self->onConnection_(std::move(connection));
     } else {

@@ -10,29 +10,30 @@
 
 namespace glintboard {
 
-// What becomes of a listener.
+// The outcome of listening.
 struct WebSocketListenerState {
   enum class Kind { ready, failed };
   Kind kind = Kind::ready;
-  error_code error;  // why it failed
+  error_code error;  // of a failure
 };
 
-// Listens on all addresses of one port. Everything happens on the service loop, on which the
-// handlers are called too, never from inside a call of this class.
+// Listens on all addresses of one port. Used on the service loop only. The handlers are called on
+// it too, never from inside a call of this class.
 class WebSocketListener {
  public:
   using StateHandler = std::function<void(WebSocketListenerState)>;
   using ConnectionHandler = std::function<void(std::shared_ptr<WebSocketConnection>)>;
 
-  // Connections beyond the bounds are closed before their upgrade.
+  // A connection beyond the total limit of `bounds` is closed before its upgrade.
   WebSocketListener(asio::any_io_executor executor, std::uint16_t port,
                     std::shared_ptr<ConnectionBounds> bounds);
-  // Stops listening; connections go on, and no handler is called any more.
+  // Stops listening. Connections continue; the handlers are not called again.
   ~WebSocketListener();
   WebSocketListener(const WebSocketListener&) = delete;
   WebSocketListener& operator=(const WebSocketListener&) = delete;
 
-  // Begins listening; how that went arrives as a state.
+  // Starts listening and reports the outcome to `onState`, once. `onConnection` receives each
+  // upgraded connection.
   void start(StateHandler onState, ConnectionHandler onConnection);
 
  private:

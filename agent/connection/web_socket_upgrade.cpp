@@ -15,9 +15,9 @@ namespace http = boost::beast::http;
 using http::field;
 
 constexpr std::string_view version = "13";
-constexpr std::size_t keyLength = 16;  // bytes, behind the Base64
+constexpr std::size_t keyLength = 16;  // bytes, decoded
 
-// What the protocol has both sides add to the key.
+// The GUID of the protocol that is appended to the key.
 constexpr std::string_view acceptSuffix = "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
 
 std::string acceptValue(std::string_view key) {

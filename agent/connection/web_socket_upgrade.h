@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How an HTTP connection becomes a WebSocket (RFC 6455, section 4.2).
+// The WebSocket upgrade (RFC 6455, section 4.2).
 #pragma once
 
 #include <boost/beast/http/empty_body.hpp>
@@ -10,10 +10,10 @@ namespace glintboard {
 
 struct UpgradeAnswer {
   bool accepted = false;
-  std::string text;  // the whole answer, as it is sent
+  std::string text;  // the complete HTTP response
 };
 
-// The answer to a request. Every proper upgrade is accepted, with no header beyond those it needs.
+// The response to an upgrade request. Every valid request is accepted. Any thread.
 UpgradeAnswer answerUpgrade(
     const boost::beast::http::request<boost::beast::http::empty_body>& request);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The long-lived services, made and wired once.
+// The long-lived services.
 #pragma once
 
 #include <functional>
@@ -24,7 +24,7 @@
 
 namespace glintboard {
 
-// What the services need of the desktop. Everything here outlives them.
+// The desktop, as the services use it. The references must outlive the services.
 struct AgentEnvironment {
   Executors& executors;
   WorkspaceClient workspace;
@@ -35,18 +35,19 @@ struct AgentEnvironment {
   Keychain& keychain;
   BonjourAdvertiser& bonjour;
   std::function<std::optional<std::string>()> localizedName;
-  // Told when that name may have changed.
+  // Notified when that name may have changed.
   Observers& nameChanges;
   RunningWatch::Switch watchRunningApplications;
   std::uint16_t port = GlintboardService::defaultPort;
   std::string shortcutsExecutable = ShortcutsCatalog::defaultExecutable;
 };
 
-// Owns the pairing, the icons, the handlers and the listener. Throws SecureRandomError when made
-// without a source of secrets.
+// Creates, connects and owns the pairing, the icon providers and the listener. The accessors may be
+// called on any thread.
 class AgentServices {
  public:
-  // `deckStore` must outlive the services.
+  // `deckStore` must outlive the services. Throws SecureRandomError when the system gives no random
+  // bytes.
   AgentServices(AgentEnvironment environment, DeckStore& deckStore);
 
   PairingService& pairingService() { return pairingService_; }

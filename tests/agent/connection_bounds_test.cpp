@@ -37,36 +37,36 @@ TEST(ConnectionBoundsTest, OfTooManyGoesTheOldestIdleOneOfThePeerThatHasMost) {
            {"but for paired ones", {{a, paired}, {a, paired}, {a, paired}}, {0}}}) {
     const auto bounds = std::make_shared<ConnectionBounds>(
         ConnectionLimits{.waiting = 2, .unpaired = 2, .paired = 2, .total = 100});
-    std::vector<std::unique_ptr<ConnectionBounds::Place>> places;
+    std::vector<std::unique_ptr<ConnectionBounds::Ticket>> tickets;
     std::vector<std::size_t> gone;
     for (std::size_t i = 0; i < opened.size(); ++i) {
-      places.push_back(bounds->enter(asio::ip::make_address(opened[i].peer)));
-      places[i]->whenOut([&gone, i] { gone.push_back(i); });
-      places[i]->become(opened[i].kind);
+      tickets.push_back(bounds->enter(asio::ip::make_address(opened[i].peer)));
+      tickets[i]->whenOut([&gone, i] { gone.push_back(i); });
+      tickets[i]->become(opened[i].kind);
       if (firstIsHeardOf) {
-        places[0]->touch();
+        tickets[0]->touch();
       }
     }
     EXPECT_EQ(gone, ended) << what;
   }
 }
 
-TEST(ConnectionBoundsTest, PlacesAreFreeAgainAndRoomIsMadeAmongStrangersAlone) {
+TEST(ConnectionBoundsTest, TicketsAreFreeAgainAndRoomIsMadeAmongStrangersAlone) {
   const auto bounds = std::make_shared<ConnectionBounds>(ConnectionLimits{.total = 3});
   const auto enter = [&] { return bounds->enter(asio::ip::make_address("10.0.0.1")); };
-  std::vector<std::unique_ptr<ConnectionBounds::Place>> places;
+  std::vector<std::unique_ptr<ConnectionBounds::Ticket>> tickets;
   std::vector<ConnectionKind> gone;
   for (const auto kind : {paired, unpaired, waiting}) {
-    places.push_back(enter());
-    places.back()->whenOut([&gone, kind] { gone.push_back(kind); });
-    places.back()->become(kind);
+    tickets.push_back(enter());
+    tickets.back()->whenOut([&gone, kind] { gone.push_back(kind); });
+    tickets.back()->become(kind);
   }
   for (int i = 0; i < 3; ++i) {
     bounds->makeRoom();
   }
   EXPECT_EQ(gone, (std::vector{waiting, unpaired}));
   EXPECT_EQ(enter(), nullptr) << "ended, but not let go";
-  places.pop_back();
+  tickets.pop_back();
   EXPECT_NE(enter(), nullptr);
 }
 

@@ -40,67 +40,47 @@ class ListenerServiceTest : public testing::Test {
     return {{"127.0.0.1", agent.port}, token, soon()};
   }
 
-  // The replies to a message, up to the pong of a ping that follows it. Only for paired phones.
   template <class Payload>
-  std::vector<std::string> ask(PhoneConnection& phone, const WireMessage<Payload>& request) {
-    phone.send(WireCodec::encode(request), soon());
-    const auto mark = MessageFactory::ping(WireDate::now(), randomUuid());
-    phone.send(WireCodec::encode(mark), soon());
-    std::vector<std::string> replies;
-    for (;;) {
-      auto reply = phone.receive(soon()).value_or("");
-      const auto pong = WireCodec::decode<PongPayload>(reply);
-      if (reply.empty() || (pong && pong->id == mark.id)) {
-        return replies;
-      }
-      replies.push_back(std::move(reply));
-    }
+  std::vector<std::string> ask(const std::optional<std::string>& token,
+                               const WireMessage<Payload>& request) {
+    return agent.run(listener.dispatch(WireCodec::encode(request), token));
   }
 };
 
 TEST_F(ListenerServiceTest, AStrangerIsRefusedByTypeAndMayOnlyPair) {
-  start();
-  auto stranger = connect("no such token");
   const auto refusal = std::optional<std::string>("Missing or invalid X-Glintboard-Token header");
   const auto text = [](const auto& message) { return WireCodec::encode(message); };
-  const std::pair<std::string, std::string> cases[] = {
+  const std::pair<std::string, std::vector<std::string>> cases[] = {
       {text(MessageFactory::deckSync(id)),
-       text(MessageFactory::appError("", AppErrorCode::unauthorized, refusal, id))},
+       {text(MessageFactory::appError("", AppErrorCode::unauthorized, refusal, id))}},
       {text(MessageFactory::appLaunch("a", id)),
-       text(MessageFactory::appError("a", AppErrorCode::unauthorized, refusal, id))},
+       {text(MessageFactory::appError("a", AppErrorCode::unauthorized, refusal, id))}},
       {text(MessageFactory::appFocus("a", id)),
-       text(MessageFactory::appError("a", AppErrorCode::unauthorized, refusal, id))},
+       {text(MessageFactory::appError("a", AppErrorCode::unauthorized, refusal, id))}},
       {text(MessageFactory::actionRun("x", id)),
-       text(MessageFactory::actionError("x", ActionErrorCode::unauthorized, refusal, id))},
+       {text(MessageFactory::actionError("x", ActionErrorCode::unauthorized, refusal, id))}},
       {text(MessageFactory::shortcutRun("x", std::nullopt, id)),
-       text(MessageFactory::shortcutError("x", ShortcutErrorCode::unauthorized, refusal, id))},
+       {text(MessageFactory::shortcutError("x", ShortcutErrorCode::unauthorized, refusal, id))}},
+      {text(MessageFactory::ping(WireDate::now(), id)), {}},
+      {text(MessageFactory::appIconRequest({"a"}, id)), {}},
+      {text(WireMessage<EmptyPayload>{"deck.snapshot", id, {}}), {}},
+      {"no json", {}},
+      {"{}", {}},
   };
-  // What is met with silence comes first, so that its reply would be found in another's place.
-  for (const std::string& silent : {text(MessageFactory::ping(WireDate::now(), id)),
-                                    text(MessageFactory::appIconRequest({"a"}, id)),
-                                    text(WireMessage<EmptyPayload>{"deck.snapshot", id, {}}),
-                                    std::string("no json"), std::string("{}")}) {
-    stranger.send(silent, soon());
+  for (const std::optional<std::string>& token :
+       {std::optional<std::string>(), {""}, {"unknown"}}) {
+    for (const auto& [request, replies] : cases) {
+      EXPECT_EQ(agent.run(listener.dispatch(request, token)), replies) << request;
+    }
   }
-  for (const auto& [request, reply] : cases) {
-    stranger.send(request, soon());
-    EXPECT_EQ(stranger.receive(soon()), reply);
-  }
-  EXPECT_FALSE(pushes());
   EXPECT_TRUE(agent.desktop.calls.empty());
 }
 
 TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   agent.desktop.installed = {"com.apple.Safari", "com.spotify.client"};
-  start();
-  auto phone = connect(agent.pair(services));
-  EXPECT_TRUE(test::eventually([&] { return agent.watchesRunning.load(); }));
-  const auto farOff = WireDate::parse("9999-12-31T23:59:59Z").value();
-  const auto pong = ask(phone, MessageFactory::ping(farOff, id));
-  ASSERT_EQ(pong.size(), 1u);
-  EXPECT_LT(WireCodec::decode<PongPayload>(pong[0])->payload.rtt, -2e11);
-  const auto icons = ask(phone, MessageFactory::appIconRequest(
-                                    {"com.spotify.client", "absent", "com.apple.Safari"}, id));
+  const auto icons =
+      ask(agent.pair(services),
+          MessageFactory::appIconRequest({"com.spotify.client", "absent", "com.apple.Safari"}, id));
   ASSERT_EQ(icons.size(), 2u);
   const auto first = WireCodec::decode<AppIconPayload>(icons[0]);
   const auto second = WireCodec::decode<AppIconPayload>(icons[1]);
@@ -110,25 +90,34 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   EXPECT_NE(first->id, second->id);
 }
 
-TEST_F(ListenerServiceTest, PingsOfSeveralConnectionsTellWhatRanWhenTheyCame) {
+TEST_F(ListenerServiceTest, PongsGiveWhatRanWhenThePingsCame) {
   agent.desktop.installed = {"com.apple.Safari"};
   start();
   const auto token = agent.pair(services);
   PhoneConnection phones[] = {connect(token), connect(token), connect(token)};
-  const auto ping = WireCodec::encode(MessageFactory::ping(WireDate::now(), id));
+  const auto farOff = WireDate::parse("9999-12-31T23:59:59Z").value();
+  const auto ping = WireCodec::encode(MessageFactory::ping(farOff, id));
   for (const std::set<std::string>& running : {agent.desktop.installed, {}, {"other"}}) {
     auto change = runOn(agent.executors.service(), [&] { agent.desktop.running = running; });
     agent.run(std::move(change));
     for (auto& phone : phones) {
       phone.send(ping, soon());
+      phone.send(ping, soon());
     }
+    std::vector<std::string> replies = agent.run(listener.dispatch(ping, token));
     for (auto& phone : phones) {
-      const auto pong = WireCodec::decode<PongPayload>(phone.receive(soon()).value_or(""));
-      const auto expected =
-          running.contains("com.apple.Safari") ? agent.desktop.installed : std::set<std::string>();
+      replies.push_back(phone.receive(soon()).value_or(""));
+      replies.push_back(phone.receive(soon()).value_or(""));
+    }
+    ASSERT_EQ(replies.size(), 7u);
+    for (const auto& reply : replies) {
+      const auto pong = WireCodec::decode<PongPayload>(reply);
       ASSERT_TRUE(pong);
-      const auto told = pong->payload.runningBundleIds.value_or(std::vector<std::string>{"none"});
-      EXPECT_EQ(std::set(told.begin(), told.end()), expected);
+      EXPECT_LT(pong->payload.rtt, -2e11);
+      const auto ids = pong->payload.runningBundleIds.value_or(std::vector<std::string>{"none"});
+      EXPECT_EQ(std::set(ids.begin(), ids.end()), running.contains("com.apple.Safari")
+                                                      ? agent.desktop.installed
+                                                      : std::set<std::string>());
     }
   }
 }
@@ -143,7 +132,8 @@ TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   EXPECT_FALSE(agent.bonjour.isAdvertised);
   EXPECT_FALSE(state().isRunning);
   EXPECT_FALSE(pushes());
-  EXPECT_EQ(ask(phone, MessageFactory::deckSync(id)).size(), 1u);
+  phone.send(WireCodec::encode(MessageFactory::deckSync(id)), soon());
+  EXPECT_TRUE(WireCodec::decode<DecksSnapshotPayload>(phone.receive(soon()).value_or("")));
   EXPECT_THROW(connect(), std::exception);
   agent.run(listener.restart());
   agent.run(services.pairingService().beginReplacementPairing());
