@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The message dispatcher, pings included: each line of the input is a message, first from a stranger,
-// then from the paired phone.
+// The message dispatcher, pings included: each line of the input is a message, first from a
+// stranger, then from the paired phone.
 #include "fuzz/fuzz.h"
 #include "platform/run_on.h"
 #include "protocol/utf8.h"

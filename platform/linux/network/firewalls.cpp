@@ -111,7 +111,8 @@ bool ufwAdmits(const PortRule& wanted) {
 
 bool firewalldAdmits(const PortRule& wanted) {
   return printed("firewall-cmd --query-service=glintboard-agent") ||
-         printed("firewall-cmd --query-port=" + std::to_string(wanted.port) + "/" + wanted.protocol);
+         printed("firewall-cmd --query-port=" + std::to_string(wanted.port) + "/" +
+                 wanted.protocol);
 }
 
 std::optional<Firewall> packetFilter(const PortRule& wanted) {
