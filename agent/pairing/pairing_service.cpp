@@ -105,11 +105,12 @@ class PairingService::Loading {
         break;
       }
       if (!std::exchange(watches, true)) {
-        co_await watch(store, lane, [weak = std::weak_ptr(changed)] {
-          if (const auto told = weak.lock()) {
-            told->notify();
+        const auto told = [weak = std::weak_ptr(changed)] {
+          if (const auto waiting = weak.lock()) {
+            waiting->notify();
           }
-        });
+        };
+        co_await watch(store, lane, told);
       }
       co_await Wakeup::next(changed);
     }
