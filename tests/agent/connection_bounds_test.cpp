@@ -13,7 +13,7 @@ struct Opened {
   ConnectionKind kind = unpaired;
 };
 
-TEST(ConnectionBoundsTest, OfTooManyGoesTheOldestIdleOneOfThePeerThatHasMost) {
+TEST(ConnectionBoundsTest, ClosesTheLongestSilentConnectionOfTheBusiestPeer) {
   struct Case {
     const char* what;
     std::vector<Opened> opened;  // of each kind two are allowed
@@ -51,7 +51,7 @@ TEST(ConnectionBoundsTest, OfTooManyGoesTheOldestIdleOneOfThePeerThatHasMost) {
   }
 }
 
-TEST(ConnectionBoundsTest, TicketsAreFreeAgainAndRoomIsMadeAmongStrangersAlone) {
+TEST(ConnectionBoundsTest, MakesRoomByClosingStrangersOnly) {
   const auto bounds = std::make_shared<ConnectionBounds>(ConnectionLimits{.total = 3});
   const auto enter = [&] { return bounds->enter(asio::ip::make_address("10.0.0.1")); };
   std::vector<std::unique_ptr<ConnectionBounds::Ticket>> tickets;
@@ -70,7 +70,7 @@ TEST(ConnectionBoundsTest, TicketsAreFreeAgainAndRoomIsMadeAmongStrangersAlone) 
   EXPECT_NE(enter(), nullptr);
 }
 
-TEST(ConnectionBoundsTest, LimitsFitTheDescriptorsThatThereAre) {
+TEST(ConnectionBoundsTest, ScalesLimitsToTheAvailableDescriptors) {
   for (const std::size_t descriptors : {0, 20, 64, 256, 1024, 4096, 1 << 20}) {
     const auto limits = ConnectionLimits::forDescriptors(descriptors);
     EXPECT_LE(limits.waiting + limits.unpaired + limits.paired,

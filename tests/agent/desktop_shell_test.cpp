@@ -93,7 +93,7 @@ class Shell {
   std::optional<DesktopShell> shell_;
 };
 
-TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
+TEST(DesktopShellTest, RegistersWithTheTrayAndItsSuccessor) {
   const test::SessionBus bus;
   Shell shell("offscreen");
   EXPECT_TRUE(turnUntil([&] { return shell.opensUnasked(); })) << "nothing shows the item";
@@ -124,7 +124,7 @@ TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
   EXPECT_TRUE(turnUntil([&] { return tray->item() == item; }));
 }
 
-TEST(DesktopShellTest, ATrayMayAnswerLate) {
+TEST(DesktopShellTest, RegistersWithATrayThatAnswersLate) {
   const test::SessionBus bus;
   const StatusNotifierWatcher tray(true);
   Shell shell("offscreen");
@@ -135,14 +135,14 @@ TEST(DesktopShellTest, ATrayMayAnswerLate) {
   EXPECT_TRUE(turnUntil([&] { return !shell.opensUnasked(); }));
 }
 
-TEST(DesktopShellTest, WhoHasPairedAPhoneIsNotAskedToDoSo) {
+TEST(DesktopShellTest, DoesNotOpenTheMenuWhenAPhoneIsPaired) {
   ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
   Shell shell("offscreen", true);
   turnUntil([] { return false; }, 200ms);
   EXPECT_FALSE(shell.opensUnasked());
 }
 
-TEST(DesktopShellTest, ABusThatHangsHoldsUpNothing) {
+TEST(DesktopShellTest, HungBusDoesNotBlockTheEventLoop) {
   const test::TemporaryFolder folder;
   // Connections are taken, and nobody answers.
   FileDescriptor silent(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
@@ -168,7 +168,7 @@ TEST(DesktopShellTest, ABusThatHangsHoldsUpNothing) {
   EXPECT_LT(longest, test::slowdown * 1s);
 }
 
-TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
+TEST(DesktopShellTest, UsesTheLegacyTrayWithoutABus) {
   if (test::outputOf("command -v trayer").empty()) {
     GTEST_SKIP() << "trayer, which Debian has no more since 14, is not installed";
   }
@@ -196,7 +196,7 @@ TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
   EXPECT_TRUE(clicked(before + 1)) << "a tray that comes later is joined";
 }
 
-TEST(TrayIconTest, ShowsOnLightAndOnDarkPanels) {
+TEST(TrayIconTest, IsVisibleOnLightAndDarkPanels) {
   for (const QImage& image : trayImages()) {
     int light = 0;
     int dark = 0;

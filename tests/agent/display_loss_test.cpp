@@ -18,7 +18,7 @@ void lose(void (*display)()) {
   display();
 }
 
-TEST(DisplayLoss, StartsAgainBeforeAnythingIsTornDown) {
+TEST(DisplayLoss, RestartsBeforeExitHandlersRun) {
   void (*const waysToEnd[])() = {[] { std::exit(1); }, [] { ::_exit(1); },
                                  [] { qFatal("the display is gone"); },
                                  // A child process only ends.

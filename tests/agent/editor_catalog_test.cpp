@@ -36,7 +36,7 @@ class InstalledAppsCatalogTest : public test::ApplicationsTest {
   std::optional<InstalledAppsCatalog> catalog_;
 };
 
-TEST_F(InstalledAppsCatalogTest, OffersEachApplicationOnceUnderItsNameSortedAsTheUserSorts) {
+TEST_F(InstalledAppsCatalogTest, ListsEachApplicationOnceInLocaleOrder) {
   entry("z", "Zebra");
   entry("upper", "TERMINAL");
   entry("lower", "terminal");
@@ -77,7 +77,7 @@ TEST_F(InstalledAppsCatalogTest, GivesEachApplicationItsIconAndAccent) {
   EXPECT_TRUE(apps[1].icon.isNull()) << "there is no theme to give a generic icon";
 }
 
-TEST_F(InstalledAppsCatalogTest, NamesTheApplicationOfADroppedLauncher) {
+TEST_F(InstalledAppsCatalogTest, IdentifiesTheApplicationOfADroppedLauncher) {
   const auto path = entry("discord", "Discord");
   entry("vendor/deep", "Deep");
   start();

@@ -12,7 +12,7 @@ using test::turnUntil;
 
 using DeckEditorTest = test::EditorTest;
 
-TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
+TEST_F(DeckEditorTest, DropInsertsMovesOrRefuses) {
   using Case = std::tuple<QStringList, int, bool, std::string>;
   const std::string before = "1 Discord, 2 Safari, 3 Music";
   open();
@@ -64,7 +64,7 @@ TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
   EXPECT_EQ(keys(), before);
 }
 
-TEST(DeckTilesModel, FollowsAnyChangeOfTheDeck) {
+TEST(DeckTilesModel, UpdatesRowsForAnyChange) {
   DeckTilesModel model;
   const QAbstractItemModelTester tester(&model);
   std::mt19937 random(6);
@@ -89,7 +89,7 @@ TEST(DeckTilesModel, FollowsAnyChangeOfTheDeck) {
   }
 }
 
-TEST_F(DeckEditorTest, ADuplicateIsRefusedWithItsText) {
+TEST_F(DeckEditorTest, RefusesDuplicatesWithAnError) {
   open();
   model->addAction("system.volume.up");
   model->addAction("system.volume.up");
@@ -102,7 +102,7 @@ TEST_F(DeckEditorTest, ADuplicateIsRefusedWithItsText) {
   EXPECT_TRUE(model->errorMessage().isNull());
 }
 
-TEST_F(DeckEditorTest, UndoTakesBackEveryEditAndANameTypedIsOne) {
+TEST_F(DeckEditorTest, UndoRevertsEditsOneByOne) {
   open();
   for (const auto* typed : {"S", "St", "Stream"}) {
     model->setDeckName(typed);
@@ -134,7 +134,7 @@ TEST_F(DeckEditorTest, UndoTakesBackEveryEditAndANameTypedIsOne) {
   EXPECT_EQ(keys(), "1 Safari, 2 Music") << "unsaved edits are gone";
 }
 
-TEST_F(DeckEditorTest, ASaveTellsWhereTheDeckIsNow) {
+TEST_F(DeckEditorTest, SaveReportsWhetherThePhoneHasTheDeck) {
   open();
   EXPECT_FALSE(model->syncIsLive());
   model->setDeckName(" \n");
@@ -206,7 +206,7 @@ TEST_F(DeckEditorTest, ASaveTellsWhereTheDeckIsNow) {
   EXPECT_EQ(model->deckName(), "Lost");
 }
 
-TEST_F(DeckEditorTest, KeysTellWhatRuns) {
+TEST_F(DeckEditorTest, MarksRunningApplications) {
   running = {"com.apple.Safari"};
   open();
   const auto safari = model->tilesModel()->index(1);
@@ -217,7 +217,7 @@ TEST_F(DeckEditorTest, KeysTellWhatRuns) {
   EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), false);
 }
 
-TEST_F(DeckEditorTest, AKeyThatIsTriedShowsWhatCameOfIt) {
+TEST_F(DeckEditorTest, TryingAKeyShowsItsOutcome) {
   open();
   model->addAction("system.volume.mute");
   const auto* tiles = model->tilesModel();
@@ -242,7 +242,7 @@ TEST_F(DeckEditorTest, AKeyThatIsTriedShowsWhatCameOfIt) {
   EXPECT_FALSE(is(action, DeckTilesModel::DidSucceedRole));
 }
 
-TEST_F(DeckEditorTest, AResetIsUndoneInTheStoreToo) {
+TEST_F(DeckEditorTest, UndoOfAResetRestoresTheStoredDeck) {
   const std::string builtIn = "1 Discord, 2 Safari, 3 Music";
   open();
   model->setDeckName("Mine");
@@ -303,7 +303,7 @@ TEST_F(DeckEditorTest, AResetIsUndoneInTheStoreToo) {
   EXPECT_EQ(model->savedDeckName(), "Streaming");
 }
 
-TEST(EditHistory, ForgetsTheOldestSteps) {
+TEST(EditHistory, DropsTheOldestSteps) {
   EditHistory history;
   for (std::size_t i = 0; i < EditHistory::capacity + 5; ++i) {
     history.record({{QString::number(i), {}}, std::nullopt});
@@ -315,7 +315,7 @@ TEST(EditHistory, ForgetsTheOldestSteps) {
   EXPECT_EQ(last, "5");
 }
 
-TEST_F(DeckEditorTest, UnsavedEditsAreKeptAsADraft) {
+TEST_F(DeckEditorTest, KeepsUnsavedEditsAsADraft) {
   open();
   EXPECT_EQ(model->offerText(), "");
   model->remove(0);
@@ -369,7 +369,7 @@ TEST_F(DeckEditorTest, UnsavedEditsAreKeptAsADraft) {
   EXPECT_EQ(model->offerText(), "") << "nothing is left to restore";
 }
 
-TEST_F(DeckEditorTest, WhatIsNoDraftOfTheDeckIsIgnored) {
+TEST_F(DeckEditorTest, IgnoresInvalidDrafts) {
   const auto file = desktop.folders.stateHome / "streaming.json";
   open();
   model->setDeckName("Draft");
@@ -391,7 +391,7 @@ TEST_F(DeckEditorTest, WhatIsNoDraftOfTheDeckIsIgnored) {
   EXPECT_NE(model->offerText(), "");
 }
 
-TEST_F(DeckEditorTest, WhatHappensDuringASaveGoesToNoOtherDeck) {
+TEST_F(DeckEditorTest, KeepsDecksApartDuringASave) {
   open();
   phone = true;
   model->setDeckName("First");
@@ -430,7 +430,7 @@ TEST_F(DeckEditorTest, WhatHappensDuringASaveGoesToNoOtherDeck) {
   }
 }
 
-TEST_F(DeckEditorTest, ADamagedDeckIsShownAndCanBeEdited) {
+TEST_F(DeckEditorTest, ShowsAndRepairsADamagedDeck) {
   desktop.root.write("agent/decks.json", R"({"version":1,"decks":[
       {"id":"streaming","name":"S","tiles":[
         {"slot":9,"label":"Safari","bundleId":"com.apple.Safari"},

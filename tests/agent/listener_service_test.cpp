@@ -47,7 +47,7 @@ class ListenerServiceTest : public testing::Test {
   }
 };
 
-TEST_F(ListenerServiceTest, AStrangerIsRefusedByTypeAndMayOnlyPair) {
+TEST_F(ListenerServiceTest, RefusesStrangersByMessageType) {
   const auto refusal = std::optional<std::string>("Missing or invalid X-Glintboard-Token header");
   const auto text = [](const auto& message) { return WireCodec::encode(message); };
   const std::pair<std::string, std::vector<std::string>> cases[] = {
@@ -76,7 +76,7 @@ TEST_F(ListenerServiceTest, AStrangerIsRefusedByTypeAndMayOnlyPair) {
   EXPECT_TRUE(agent.desktop.calls.empty());
 }
 
-TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
+TEST_F(ListenerServiceTest, SendsIconsInRequestOrderWithFreshIds) {
   agent.desktop.installed = {"com.apple.Safari", "com.spotify.client"};
   const auto icons =
       ask(agent.pair(services),
@@ -90,7 +90,7 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   EXPECT_NE(first->id, second->id);
 }
 
-TEST_F(ListenerServiceTest, PongsGiveWhatRanWhenThePingsCame) {
+TEST_F(ListenerServiceTest, PongsListWhatRunsWhenThePingArrives) {
   agent.desktop.installed = {"com.apple.Safari"};
   start();
   const auto token = agent.pair(services);
@@ -122,7 +122,7 @@ TEST_F(ListenerServiceTest, PongsGiveWhatRanWhenThePingsCame) {
   }
 }
 
-TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
+TEST_F(ListenerServiceTest, StopKeepsConnectionsButEndsPushes) {
   start();
   EXPECT_TRUE(agent.bonjour.isAdvertised);
   auto phone = connect(agent.pair(services));
@@ -145,7 +145,7 @@ TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   connect();
 }
 
-TEST_F(ListenerServiceTest, ATakenPortIsTriedEightTimesMoreEach400MillisecondsLater) {
+TEST_F(ListenerServiceTest, RetriesATakenPortEightTimes) {
   std::optional<FileDescriptor> taken = test::holdPort(agent.port);
   const auto began = std::chrono::steady_clock::now();
   agent.run(listener.start());
@@ -158,7 +158,7 @@ TEST_F(ListenerServiceTest, ATakenPortIsTriedEightTimesMoreEach400MillisecondsLa
                                    " is already in use. Quit the other Glintboard Agent first.");
 }
 
-TEST_F(ListenerServiceTest, APhoneThatIsThereBeforeTheStoredListJoinsWhenThatComes) {
+TEST_F(ListenerServiceTest, AuthorizesOpenConnectionsWhenTheKeychainAnswersLate) {
   KeychainPairedDeviceStore(agent.keychain).save({{randomUuid(), "Phone", {"stored"}, {}}});
   agent.keychain.hangs = true;
   std::atomic<int> told = 0;
@@ -178,7 +178,7 @@ TEST_F(ListenerServiceTest, APhoneThatIsThereBeforeTheStoredListJoinsWhenThatCom
   agent.run(itsListener.shutDown());
 }
 
-TEST_F(ListenerServiceTest, TheFirstAnswersWaitForTheFirstLookAtWhatRuns) {
+TEST_F(ListenerServiceTest, FirstRepliesWaitForTheFirstScan) {
   agent.desktop.installed = {"com.apple.Safari"};
   agent.looksAtOnce = false;
   start();
@@ -217,7 +217,7 @@ TEST_F(ListenerServiceTest, TheFirstAnswersWaitForTheFirstLookAtWhatRuns) {
   }
 }
 
-TEST_F(ListenerServiceTest, TheWatchOfWhatRunsRestsWhileNobodyAsks) {
+TEST_F(ListenerServiceTest, StopsScanningWhileNoRequestsArrive) {
   std::atomic<bool> isOn = false;
   const auto watch = std::make_shared<RunningWatch>(
       agent.executors.service(), [&](bool on, const std::function<void()>&) { isOn = on; },

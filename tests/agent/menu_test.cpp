@@ -69,7 +69,7 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_TRUE(showsState("pairingPanel", unpairedButtons));
 }
 
-TEST_F(MenuTest, ARefreshUnderWayDoesNotUndoACommand) {
+TEST_F(MenuTest, RefreshInProgressDoesNotUndoACommand) {
   startAndWait();
   pairOverTheWire(pin());
   ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
@@ -87,7 +87,7 @@ TEST_F(MenuTest, ARefreshUnderWayDoesNotUndoACommand) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return refreshes == 0; }));
 }
 
-TEST_F(MenuTest, HidesTheCodeFromWhoeverGuessedTooOften) {
+TEST_F(MenuTest, HidesTheCodeAfterFiveWrongPINs) {
   startAndWait();
   failPairing();
   ASSERT_TRUE(showsState("lockMessage", unpairedButtons));
@@ -97,7 +97,7 @@ TEST_F(MenuTest, HidesTheCodeFromWhoeverGuessedTooOften) {
   EXPECT_EQ(test::codeIn(window->view()->grabWindow()), "");
 }
 
-TEST_F(MenuTest, TellsOfAFailedListenerAndRestartsIt) {
+TEST_F(MenuTest, ShowsAListenerFailureAndRestarts) {
   auto held = std::make_unique<FileDescriptor>(test::holdPort(agent.port));
   start();
   ASSERT_TRUE(showsStatus("Connection failed"));
@@ -110,7 +110,7 @@ TEST_F(MenuTest, TellsOfAFailedListenerAndRestartsIt) {
   EXPECT_FALSE(shows("restart"));
 }
 
-TEST_F(MenuTest, RestartsAListenerItselfAtMostOnceInFiveSecondsAndNeverAStoppedOne) {
+TEST_F(MenuTest, RestartsAFailedListenerAtMostOnceInFiveSeconds) {
   agent.name.reset();
   KeychainPairedDeviceStore(agent.keychain)
       .save({{randomUuid(), "A", {"a"}, {}}, {randomUuid(), "B", {"b"}, {}}});
@@ -175,7 +175,7 @@ TEST_F(MenuTest, WorksFromTheKeyboardAndForScreenReaders) {
   EXPECT_TRUE(window->view() == nullptr || !window->view()->isVisible());
 }
 
-TEST_F(MenuTest, MovesToANewHeightUnlessMotionIsReduced) {
+TEST_F(MenuTest, AnimatesItsHeightUnlessMotionIsReduced) {
   startAndWait();
   auto* const view = window->view();
   const auto show = [&](const QString& error) {
@@ -197,7 +197,7 @@ TEST_F(MenuTest, MovesToANewHeightUnlessMotionIsReduced) {
   EXPECT_EQ(show("an error"), grown);
 }
 
-TEST_F(MenuTest, ReleasesItsEngineWhenClosedForAWhile) {
+TEST_F(MenuTest, ReleasesItsEngineAfterBeingClosed) {
   startAndWait();
   window->toggle(std::nullopt);
   QTest::qWait(50);
@@ -212,7 +212,7 @@ TEST_F(MenuTest, ReleasesItsEngineWhenClosedForAWhile) {
   EXPECT_TRUE(showsStatus("Ready for iPhone"));
 }
 
-TEST_F(MenuTest, IsAnOrdinaryWindowWhereThereIsNoTray) {
+TEST_F(MenuTest, IsAnOrdinaryWindowWithoutATray) {
   startAndWait();
   window->show();
   auto* const view = window->view();

@@ -46,7 +46,7 @@ bool isClosed(MenuWindow& window) {
                          3000);
 }
 
-TEST_F(MenuTest, TakesItsKeysAndClosesOnEscapeAndWhenTheFocusGoesElsewhere) {
+TEST_F(MenuTest, HandlesKeysAndClosesOnEscapeAndFocusLoss) {
   startAndWait();
   shell("xdotool key ctrl+q");
   EXPECT_TRUE(QTest::qWaitFor([&] { return quits == 1; }));
@@ -69,7 +69,7 @@ TEST_F(MenuTest, TakesItsKeysAndClosesOnEscapeAndWhenTheFocusGoesElsewhere) {
   EXPECT_TRUE(window->view()->isVisible());
 }
 
-TEST_F(MenuTest, OpensAgainAtOnce) {
+TEST_F(MenuTest, ReopensImmediately) {
   startAndWait();
   for (int i = 0; i < 5; ++i) {
     window->toggle(std::nullopt);
@@ -80,7 +80,7 @@ TEST_F(MenuTest, OpensAgainAtOnce) {
   }
 }
 
-TEST_F(MenuTest, IsTranslucentWhereTheDesktopComposites) {
+TEST_F(MenuTest, IsTranslucentOnACompositingDesktop) {
   startAndWait();
   EXPECT_EQ(window->view()->style(), MenuStyle::opaquePopover);
   EXPECT_FALSE(window->view()->format().hasAlpha());

@@ -74,7 +74,7 @@ class PairingServiceTest : public testing::Test {
   const std::string lockedOut = "lockout: Too many failed PIN attempts";
 };
 
-TEST_F(PairingServiceTest, APairingIsKeptAndItsSecretsAreUsedUp) {
+TEST_F(PairingServiceTest, StoresThePairingAndRenewsItsSecrets) {
   const auto before = state();
   const std::string token = pairByCode(phone);
   EXPECT_EQ(token.size(), 36u);
@@ -110,7 +110,7 @@ TEST_F(PairingServiceTest, OnlyThePairedPhoneMayPairAgain) {
   EXPECT_EQ(pairByCode(phone), alreadyPaired);
 }
 
-TEST_F(PairingServiceTest, FiveWrongPINsLockOutUntilTheCodeIsUsedOrRenewed) {
+TEST_F(PairingServiceTest, FiveWrongPINsLockUntilTheCodeIsUsedOrRenewed) {
   const auto fail = [this] {
     for (int i = 0; i < 4; ++i) {
       EXPECT_EQ(wrongPIN(), "invalid_pin: Invalid PIN");
@@ -134,7 +134,7 @@ TEST_F(PairingServiceTest, FiveWrongPINsLockOutUntilTheCodeIsUsedOrRenewed) {
   EXPECT_EQ(pairByPIN(otherPhone).size(), 36u);
 }
 
-TEST_F(PairingServiceTest, AFailingStoreLosesNothingThatIsInMemory) {
+TEST_F(PairingServiceTest, StoreFailureKeepsTheStateInMemory) {
   const std::string kept = pairByCode(phone);
   keychain.failure = -1;
   const auto before = state();
@@ -150,7 +150,7 @@ TEST_F(PairingServiceTest, AFailingStoreLosesNothingThatIsInMemory) {
   EXPECT_TRUE(knows(kept)) << "the store kept what it had";
 }
 
-TEST_F(PairingServiceTest, AStoreThatHangsAtTheStartIsWaitedForTwoSeconds) {
+TEST_F(PairingServiceTest, WaitsTwoSecondsForAHungStore) {
   store("stored");
   const auto restartWhileItHangs = [&] {
     keychain.hangs = true;

@@ -12,7 +12,7 @@
 namespace glintboard {
 namespace {
 
-TEST(QRCode, IsDrawnAsASquareWithItsQuietZoneUnlessThereIsTooMuchText) {
+TEST(QRCode, HasAQuietZoneAndIsEmptyForTooMuchText) {
   const std::string drawing = qrHalfBlocks("glintboard://pair?v=1&name=a&code=b");
   EXPECT_EQ(std::ranges::count(drawing, '\n'), (29 + 8 + 1) / 2) << "version 3 has 29 modules";
   EXPECT_NE(drawing.find("\u2580"), std::string::npos);
@@ -24,7 +24,7 @@ TEST(QRCode, IsDrawnAsASquareWithItsQuietZoneUnlessThereIsTooMuchText) {
 
 // In a language of long texts no text of the windows is cut. The modules of the pictures' code are
 // black and white alone, at scale factors where the points are not whole pixels too.
-TEST(Pictures, ShowEveryTextAndASharpCodeAtEveryScaleFactor) {
+TEST(Pictures, TruncateNoTextAndDrawSharpCodes) {
   const test::TemporaryFolder folder;
   EXPECT_EQ(std::system((GLINTBOARD_PICTURES " " + folder.path().string() + " pseudo").c_str()), 0);
   int codes = 0;

@@ -21,7 +21,7 @@ std::chrono::steady_clock::duration timed(const std::function<void()>& call) {
 }
 
 // A child of the test is always younger, so one of them is the agent here.
-TEST(SingleInstanceGuard, AsksOlderAgentsToEndAndForcesThoseThatDoNot) {
+TEST(SingleInstanceGuard, TerminatesOlderAgentsAndKillsUnresponsiveOnes) {
   const test::TemporaryFolder folder;
   const auto trap = [](const std::string& action) {
     return std::vector<std::string>{"sh", "-c",
@@ -48,7 +48,7 @@ TEST(SingleInstanceGuard, AsksOlderAgentsToEndAndForcesThoseThatDoNot) {
   EXPECT_TRUE(std::filesystem::exists(folder / "asked"));
 }
 
-TEST(SingleInstanceGuard, WaitsForThePortAsLongAsItMayAndAloneNotAtAll) {
+TEST(SingleInstanceGuard, WaitsForThePortUpToItsLimit) {
   const auto port = test::freePort();
   auto held = std::make_unique<FileDescriptor>(test::holdPort(port));
   const test::TemporaryFolder folder;

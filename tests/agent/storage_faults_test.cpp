@@ -71,7 +71,7 @@ struct Decks {
   }
 };
 
-TEST(StorageFaults, DecksSurviveAKillAtEveryCallOfASave) {
+TEST(StorageFaults, DecksSurviveAKillAtEverySystemCall) {
   const test::TemporaryFolder folder;
   const Decks decks{folder / "data"};
   const auto fresh = [&](const std::string& file, const std::string& content) {
@@ -119,7 +119,7 @@ PairedDevice device(const char* name, double pairedAt) {
   return {Uuid(), name, {"TOKEN"}, {pairedAt}};
 }
 
-TEST(StorageFaults, ThePairingSurvivesAKillAtEveryCallOfAChange) {
+TEST(StorageFaults, PairingSurvivesAKillAtEverySystemCall) {
   const test::TemporaryFolder folder;
   FileKeychain preferred(folder / "preferred");
   FileKeychain fallback(folder / "fallback");
@@ -174,7 +174,7 @@ class Mount {
   std::filesystem::path place_;
 };
 
-TEST(StorageFaults, WhatCannotBeWrittenIsSaidAndDamagesNothing) {
+TEST(StorageFaults, FailedWritesAreReportedAndDamageNothing) {
   if (::getenv("GLINTBOARD_PRIVATE_NETWORK") == nullptr) {
     GTEST_SKIP() << "only where it may mount";
   }
@@ -236,7 +236,7 @@ TEST(StorageFaults, WhatCannotBeWrittenIsSaidAndDamagesNothing) {
 }
 
 // Each ping asks for the decks; a disk that fails is not to be tried, and complained of, each time.
-TEST(StorageFaults, ADiskThatFailsIsLeftInPeaceForAWhile) {
+TEST(StorageFaults, RetriesAFailedWriteOnlyAfterAPause) {
   const test::TemporaryFolder folder;
   folder.write("agent", "a file where the folder should be");
   asio::io_context loop;

@@ -120,7 +120,7 @@ class WebSocketTest : public testing::Test {
   phone::PhoneConnection connect() { return {{"127.0.0.1", port}, std::nullopt, soon()}; }
 };
 
-TEST_F(WebSocketTest, TreatsTextBinaryAndFragmentsAlikeAndAnswersPings) {
+TEST_F(WebSocketTest, AcceptsTextBinaryAndFragmentsAndAnswersPings) {
   RawClient client(port);
   client.upgrade("x-glintboard-token: first\r\nX-Glintboard-Token: second\r\n");
   client.send(frame(0x81, "text"));
@@ -190,7 +190,7 @@ TEST_F(WebSocketTest, EndsConnectionsThatBreakTheRulesAndNoOthers) {
   EXPECT_EQ(other.receive(soon()), "still here");
 }
 
-TEST_F(WebSocketTest, APhoneThatDoesNotReadStallsItselfAloneAndFindsEveryReply) {
+TEST_F(WebSocketTest, SlowReaderStallsOnlyItselfAndLosesNoReply) {
   times = 64;
   auto slow = connect();
   auto quick = connect();
@@ -206,7 +206,7 @@ TEST_F(WebSocketTest, APhoneThatDoesNotReadStallsItselfAloneAndFindsEveryReply) 
   EXPECT_EQ(slow.receive(soon()), "last");
 }
 
-TEST_F(WebSocketTest, OfSeveralWaitingPushesTheLatestIsSent) {
+TEST_F(WebSocketTest, SendsOnlyTheLatestOfSeveralPushes) {
   auto phone = connect();
   ASSERT_TRUE(test::eventually([this] { return live == 1; }));
   run([this] {

@@ -13,7 +13,7 @@
 namespace glintboard {
 namespace {
 
-TEST(Defaults, AreThePartsOfTheLivePlatform) {
+TEST(Defaults, UseTheLivePlatform) {
   const test::DesktopFolders desktop;
   desktop.entry("system/applications/app.desktop", "Exec=true\n");
   const std::string id = "0F8FAD5B-D9CB-469F-A165-70867728950E";

@@ -76,7 +76,7 @@ class WholeDesktop(unittest.TestCase):
     def advertised(self):
         return "_glintboard._tcp" in output_of(*on_other_computer("avahi-browse", "-atp"))
 
-    def test_a_phone_pairs_and_its_keys_do_things(self):
+    def test_a_phone_pairs_and_its_keys_work(self):
         agent = self.desktop.start_agent(arguments=["--without-display"]).serving()
         self.phone = (OtherComputersPhone if NETWORK else Phone)(self.desktop, "Phone")
         if NETWORK:

@@ -96,7 +96,7 @@ class Daemons(DesktopTest):
                     await client.socket.close()
         self.assertTrue(agent.running())
 
-    async def test_a_phone_is_served_as_soon_as_its_pairing_can_be_read(self):
+    async def test_a_phone_is_recognised_as_soon_as_the_pairing_is_readable(self):
         self.begin("session bus")
         agent = self.start_agent()
         token = self.paired_phone(agent).token

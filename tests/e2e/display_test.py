@@ -120,7 +120,7 @@ class Display(DesktopTest):
                             "GlintboardAgent/drafts/streaming.json")
         return json.loads(file.read_text())["deck"]["name"] if file.exists() else ""
 
-    def test_unsaved_edits_outlive_the_display_and_the_agent(self):
+    def test_drafts_survive_the_display_and_the_agent(self):
         display = self.start_x_server()
         agent = self.desktop.start_agent()
         self.type("Glintboard Agent", "Down", "Return")
@@ -198,7 +198,7 @@ class Display(DesktopTest):
                   f"at most, {sum(each > 0.5 for each in seconds)} after more than 0.5 s",
                   file=sys.stderr)
 
-    def test_a_display_that_does_not_answer_is_none(self):
+    def test_ignores_a_display_that_does_not_answer(self):
         with socket.socket(socket.AF_UNIX) as silent, socket.socket(socket.AF_UNIX) as compositor:
             silent.bind("\0/tmp/.X11-unix/X77")
             silent.listen()
@@ -213,7 +213,7 @@ class Display(DesktopTest):
                     for name in variables:
                         del self.desktop.env[name]
 
-    def test_ends_and_is_replaced_with_a_display_as_without(self):
+    def test_a_second_agent_replaces_the_first(self):
         self.start_x_server()
         first = self.desktop.start_agent()
         eventually(self.menu_is_open, "The menu")

@@ -139,7 +139,7 @@ class Doctor(DesktopTest):
     def pair(self):
         self.assertTrue(self.phone().pair(self.agent.pin())["ok"])
 
-    def test_names_each_broken_hop_and_what_mends_it(self):
+    def test_reports_each_fault_and_its_fix(self):
         self.comes_to(WELL)
         for name, broken, outcome, mend in (
                 ("no agent", lambda: self.agent.end(), Outcome(3, {"no_agent": "glintboard-agent"}),

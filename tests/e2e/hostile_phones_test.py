@@ -139,7 +139,7 @@ class HostilePhones(DesktopTest):
             await asyncio.sleep(0.02)
         return old, new
 
-    async def test_a_paired_phone_is_answered_whatever_others_do(self):
+    async def test_attacks_do_not_delay_the_paired_phone(self):
         self.desktop.start_sound()
         agent = self.start_agent()
         token = self.paired_phone(agent).token
@@ -165,7 +165,7 @@ class HostilePhones(DesktopTest):
             self.assertLess(agent.held()["KiB"], 200 << 10)
         await phone.ping()
 
-    async def test_five_guesses_reach_the_check_however_many_connections_guess(self):
+    async def test_parallel_guesses_share_five_attempts(self):
         agent = self.start_agent()
         pin, code = agent.pin(), agent.qr().rpartition("code=")[2]
         wrong = "000000" if pin != "000000" else "111111"
@@ -183,7 +183,7 @@ class HostilePhones(DesktopTest):
         reply = await clients[1].ask("pair.request", pair_request(code, "qr"))
         self.assertEqual(reply["type"], "pair.ok", reply)
 
-    async def test_strangers_have_a_bounded_part_of_the_agent(self):
+    async def test_strangers_are_limited(self):
         agent = self.start_agent()
         token = self.paired_phone(agent).token
         phones = [await open_raw(f"{TOKEN_HEADER}: {token}") for _ in range(1000 // FEWER)]
@@ -200,7 +200,7 @@ class HostilePhones(DesktopTest):
         for _, writer in phones:
             writer.close()
 
-    async def test_a_page_of_another_site_is_a_stranger_like_any_other(self):
+    async def test_a_web_page_is_treated_as_a_stranger(self):
         agent = self.start_agent()
         reader, writer = await open_raw("Origin: https://elsewhere.example")
         writer.write(text("deck.sync", {}))

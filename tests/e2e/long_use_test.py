@@ -21,7 +21,7 @@ GOOD, BAD = "11111111-0000-4000-8000-000000000000", "22222222-0000-4000-8000-000
 
 
 class LongUse(DesktopTest):
-    async def test_a_day_of_use_leaves_nothing_behind(self):
+    async def test_a_day_of_use_leaks_nothing(self):
         day = Day(self)
         end = time.monotonic() + SECONDS
         while time.monotonic() < end:

@@ -13,7 +13,7 @@ TEA = "11111111-0000-4000-8000-000000000000"
 
 
 class PhoneLife(DesktopTest):
-    def test_decks_hold_what_is_installed_with_revisions_of_icons(self):
+    def test_decks_contain_installed_applications_and_icon_revisions(self):
         icon = self.desktop.write(self.desktop.root / "editor.png", png((200, 0, 0)))
         self.desktop.install(EDITOR, Icon=icon)
         self.desktop.write(
@@ -48,7 +48,7 @@ class PhoneLife(DesktopTest):
         self.assertEqual(changed[PLAYER], first[PLAYER])
         self.assertNotEqual(changed[EDITOR], first[EDITOR])
 
-    async def test_applications_are_launched_and_brought_forward(self):
+    async def test_applications_are_launched_and_focused(self):
         self.desktop.start_bus()
         self.desktop.install(EDITOR)
         self.desktop.install_service(SERVICE)
@@ -79,7 +79,7 @@ class PhoneLife(DesktopTest):
         self.assertEqual(len(self.desktop.trace(EDITOR)), 1, "started only once")
         await client.socket.close()
 
-    async def test_decks_are_pushed_to_every_connection_of_the_phone_and_to_no_other(self):
+    async def test_decks_are_pushed_to_the_paired_phone_only(self):
         self.desktop.install(EDITOR)
         agent = self.start_agent()
         client = await Client.connect()

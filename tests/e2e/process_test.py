@@ -64,7 +64,7 @@ class Process(DesktopTest):
                     await self.assert_ends_in_time(token, number, hang)
         self.assertTrue(all(map(alive, self.desktop.trace("shortcuts"))), "left alone")
 
-    async def test_launched_applications_outlive_it_with_the_limit_and_the_environment_it_had(self):
+    async def test_launched_applications_survive_with_the_original_limits(self):
         self.desktop.install(EDITOR)
         usual = resource.getrlimit(resource.RLIMIT_NOFILE)
         resource.setrlimit(resource.RLIMIT_NOFILE, (1000, usual[1]))
@@ -81,7 +81,7 @@ class Process(DesktopTest):
         time.sleep(0.1)
         self.assertTrue(alive(editor))
 
-    def test_of_two_that_start_at_once_one_stays(self):
+    def test_one_of_two_simultaneous_agents_remains(self):
         for _ in range(4):
             agents = [self.desktop.start_agent() for _ in range(2)]
             eventually(lambda: sum(each.running() for each in agents) == 1, "A single agent")
@@ -89,7 +89,7 @@ class Process(DesktopTest):
             survivor.serving()
             self.assertEqual(survivor.end()[0], 0)
 
-    async def test_serves_on_when_its_terminal_is_gone(self):
+    async def test_continues_without_its_terminal(self):
         agent = self.start_agent()
         phone = self.paired_phone(agent)
         agent.end()
@@ -131,7 +131,7 @@ class Process(DesktopTest):
         called.touch()
         eventually(lambda: os.waitpid(shell, os.WNOHANG)[0], "The end that was typed")
 
-    async def test_its_log_tells_what_happens_and_no_secret(self):
+    async def test_the_log_reports_events_without_secrets(self):
         self.desktop.set_shortcuts("*) exit 3;;")
         agent = self.start_agent()
         phone = self.phone("Sam\nInjected")

@@ -15,7 +15,7 @@ HINT = ("Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Secur
 
 
 class StuckShortcut(DesktopTest):
-    async def test_times_out_after_25_seconds_and_holds_nobody_up(self):
+    async def test_times_out_after_25_seconds_without_blocking_others(self):
         self.desktop.set_decks([shortcut(each) for each in (STUCK, GONE, REFUSED)])
         (FOLDER / "shortcuts").symlink_to(TOOL)
         pids = self.desktop.root / "pids"

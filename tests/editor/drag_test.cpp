@@ -7,7 +7,7 @@ namespace {
 
 using DragTest = test::EditorWindowTest;
 
-TEST_F(DragTest, AKeyGoesWhereItIsDroppedOrBackWhenItIsNowhere) {
+TEST_F(DragTest, DroppedKeysMoveOrReturn) {
   storeDeck({app("calendar", "Calendar"), app("files", "Files"), app("music", "Music"),
              app("notes", "Notes")});
   open();
@@ -25,7 +25,7 @@ TEST_F(DragTest, AKeyGoesWhereItIsDroppedOrBackWhenItIsNowhere) {
   EXPECT_TRUE(model->errorMessage().isEmpty());
 }
 
-TEST_F(DragTest, KeysMakeRoomForACardAndEscapeEndsTheDragAlone) {
+TEST_F(DragTest, KeysMakeRoomAndEscapeCancelsTheDrag) {
   storeDeck({app("files", "Files")});
   open();
   const QPoint from = card("Music");
@@ -46,7 +46,7 @@ TEST_F(DragTest, KeysMakeRoomForACardAndEscapeEndsTheDragAlone) {
   EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "as Cancel does";
 }
 
-TEST_F(DragTest, AFullDeckTakesNothingButMovesItsKeys) {
+TEST_F(DragTest, FullDeckRefusesCardsButReordersKeys) {
   storeApps(24);
   open();
   EXPECT_EQ(item("counter")->property("text"), "24 / 24");
@@ -61,7 +61,7 @@ TEST_F(DragTest, AFullDeckTakesNothingButMovesItsKeys) {
   EXPECT_EQ(model->tiles().size(), 24U);
 }
 
-TEST_F(DragTest, APressWithoutADragAddsACardAndADuplicateSaysSo) {
+TEST_F(DragTest, ClickAddsACardAndReportsADuplicate) {
   storeDeck({});
   open();
   click(card("Calendar"));
@@ -74,7 +74,7 @@ TEST_F(DragTest, APressWithoutADragAddsACardAndADuplicateSaysSo) {
   EXPECT_EQ(shown(), "Calendar, Files");
 }
 
-TEST_F(DragTest, TheBadgeOfAHoveredKeyRemovesItAndUndoBringsItBack) {
+TEST_F(DragTest, BadgeOfAHoveredKeyRemovesIt) {
   storeDeck({app("files", "Files"), app("music", "Music")});
   open();
   auto* badge = keyItem("Music")->findChild<QQuickItem*>("remove");

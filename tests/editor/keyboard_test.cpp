@@ -15,7 +15,7 @@ class EditorKeyboardTest : public test::EditorWindowTest {
   }
 };
 
-TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
+TEST_F(EditorKeyboardTest, EditsAndSavesWithoutAPointer) {
   storeDeck({});
   open();
   press(Qt::Key_F, Qt::ControlModifier);
@@ -56,7 +56,7 @@ TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
   EXPECT_TRUE(item("info")->isVisible());
 }
 
-TEST_F(EditorKeyboardTest, KeysMoveByRows) {
+TEST_F(EditorKeyboardTest, ArrowKeysMoveByRows) {
   storeApps(9);
   open();
   tabTo("phone");
@@ -72,7 +72,7 @@ TEST_F(EditorKeyboardTest, KeysMoveByRows) {
   EXPECT_EQ(item("phone")->property("currentIndex"), 7) << "the last key is chosen again";
 }
 
-TEST_F(EditorKeyboardTest, TheNameIsEditedInPlaceAndUndoneWithTheRest) {
+TEST_F(EditorKeyboardTest, DeckNameIsEditedInPlaceAndUndone) {
   storeDeck({app("files", "Files")});
   open();
   tabTo("name");
@@ -90,7 +90,7 @@ TEST_F(EditorKeyboardTest, TheNameIsEditedInPlaceAndUndoneWithTheRest) {
   EXPECT_EQ(model->syncLabel(), "Synced");
 }
 
-TEST_F(EditorKeyboardTest, EveryControlHasANameAndARole) {
+TEST_F(EditorKeyboardTest, EveryControlHasAnAccessibleName) {
   storeDeck({app("files", "Files")});
   stage.drafts.keep(DeckCategoryID::streaming,
                     DeckDraft{{"streaming", "Draft", {}}, {"streaming", "Other", {}}, {}});

@@ -11,7 +11,7 @@ namespace {
 using namespace std::chrono_literals;
 using EditorSessionTest = test::EditorWindowTest;
 
-TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
+TEST_F(EditorSessionTest, FillsAnEmptyDeckAndSendsItToAPhone) {
   test::TestAgent agent;
   agent.desktop.installed = {"calendar", "files"};
   AgentServices services(agent.environment(), stage.store);
@@ -62,7 +62,7 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
   agent.run(services.listenerService().shutDown());
 }
 
-TEST_F(EditorSessionTest, AWindowClosedInTheMiddleOfASaveFinishesIt) {
+TEST_F(EditorSessionTest, ClosingDuringASaveFinishesTheSave) {
   storeDeck({app("files", "Files")});
   open();
   click(card("Music"));

@@ -50,7 +50,7 @@ TEST_F(EditorStatesTest, LoadsWithoutWarningsInEveryAppearance) {
   }
 }
 
-TEST_F(EditorStatesTest, AFailedListingSaysWhyAndRetryListsAgain) {
+TEST_F(EditorStatesTest, ShowsWhyAListingFailedAndRetries) {
   stage.listShortcuts("echo 'no answer' >&2; exit 1");
   storeDeck({});
   open();
@@ -69,7 +69,7 @@ TEST_F(EditorStatesTest, AFailedListingSaysWhyAndRetryListsAgain) {
           "The first run may ask for permission on your Mac."});
 }
 
-TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
+TEST_F(EditorStatesTest, ShowsATipForTheFirstShortcut) {
   storeDeck({});
   open();
   click("tab-shortcuts");
@@ -92,7 +92,7 @@ TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
   EXPECT_EQ(shown(), "Brew, Tidy up");
 }
 
-TEST_F(EditorStatesTest, ASearchWithoutAMatchSaysSoInEveryLibrary) {
+TEST_F(EditorStatesTest, ShowsNoMatchesInEveryLibrary) {
   stage.listShortcuts("true");
   storeDeck({});
   open();
@@ -103,7 +103,7 @@ TEST_F(EditorStatesTest, ASearchWithoutAMatchSaysSoInEveryLibrary) {
   }
 }
 
-TEST_F(EditorStatesTest, TheCategoryThatNoPhoneShowsSaysSo) {
+TEST_F(EditorStatesTest, NotesThatPhonesShowOnlyTheStreamingDeck) {
   const QString note = "The iPhone shows the Streaming deck only for now.";
   storeDeck({app("files", "Files")});
   open();
@@ -116,7 +116,7 @@ TEST_F(EditorStatesTest, TheCategoryThatNoPhoneShowsSaysSo) {
   expect({note, "0 / 24"});
 }
 
-TEST_F(EditorStatesTest, TheNextWindowStartsAfreshAndAnOpenOneComesToTheFront) {
+TEST_F(EditorStatesTest, ReopensAfreshAndRaisesAnOpenWindow) {
   storeDeck({app("files", "Files")});
   open();
   stage.presenter->show();

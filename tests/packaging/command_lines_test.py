@@ -41,14 +41,14 @@ class CommandLines(unittest.TestCase):
             text = pathlib.Path(PACKAGING, recipe).read_text()
             self.assertEqual(re.search(pattern, text, re.M)[1], VERSION, recipe)
 
-    def test_a_value_behind_an_equals_sign_is_no_command(self):
+    def test_completes_values_after_an_equals_sign(self):
         phone = next(program for program in PROGRAMS if program.endswith("phone"))
         commands = completed(phone)
         for words, offered in (("--host", "=", "studio"), commands), (
                 ("tap", "--deck", "="), {"streaming", "gaming"}):
             self.assertLessEqual(offered, completed(phone, *words), words)
 
-    def test_every_program_tells_what_it_takes(self):
+    def test_help_manuals_and_completions_agree(self):
         for program in PROGRAMS:
             name = pathlib.Path(program).name
             text = run(program, "--help").stdout

@@ -73,7 +73,7 @@ class ApplicationIconsTest : public testing::Test {
   ApplicationIconClient icons_;
 };
 
-TEST_F(ApplicationIconsTest, FitsAnyImageIntoTheSquareAndCentresIt) {
+TEST_F(ApplicationIconsTest, ScalesAndCentresAnyImage) {
   EXPECT_EQ(covered(paint("small.png", {16, 16}, Qt::red)), QRect(0, 0, 128, 128));
   EXPECT_EQ(covered(paint("wide.png", {512, 256}, Qt::red)), QRect(0, 32, 128, 64));
   EXPECT_EQ(covered(paint("tall.xpm", {20, 80}, Qt::red)), QRect(48, 0, 32, 128));
@@ -85,7 +85,7 @@ TEST_F(ApplicationIconsTest, FitsAnyImageIntoTheSquareAndCentresIt) {
       << "a drawing without a size";
 }
 
-TEST_F(ApplicationIconsTest, RefusesWhatIsNoImageOrTooLarge) {
+TEST_F(ApplicationIconsTest, RefusesInvalidAndOversizedImages) {
   const auto sparse = paint("sparse.png", {8, 8}, Qt::red);
   std::filesystem::resize_file(sparse, 17u << 20u);
   const auto pipe = desktop_.root / "pipe.png";
@@ -99,14 +99,14 @@ TEST_F(ApplicationIconsTest, RefusesWhatIsNoImageOrTooLarge) {
   EXPECT_EQ(huge.size(), QSize(128, 128)) << "a drawing has no pixels of its own";
 }
 
-TEST_F(ApplicationIconsTest, WithoutAGuiApplicationADrawingIsRefusedRatherThanFatal) {
+TEST_F(ApplicationIconsTest, RefusesDrawingsWithoutAGuiApplication) {
   const auto text = drawing("width='20' height='20'", "<text x='2' y='15'>GM</text>");
   EXPECT_FALSE(drawIcon(text, 128).isNull());
   application_.reset();
   EXPECT_TRUE(drawIcon(text, 128).isNull());
 }
 
-TEST_F(ApplicationIconsTest, AnApplicationHasItsOwnIconOrTheGenericOneAndChangesAreSeen) {
+TEST_F(ApplicationIconsTest, UsesItsOwnOrTheGenericIconAndSeesChanges) {
   const auto own = paint("own.png", {64, 64}, Qt::green);
   const auto damaged = desktop_.root.write("damaged.png", "not an image");
   desktop_.entry("system/applications/own.desktop", "Icon=" + own.string() + "\n");
@@ -135,7 +135,7 @@ TEST_F(ApplicationIconsTest, AnApplicationHasItsOwnIconOrTheGenericOneAndChanges
   EXPECT_EQ(colour("damaged"), QColor(Qt::red));
 }
 
-TEST_F(ApplicationIconsTest, FlatpaksAndSnapsShowTheirsThroughTheLinksThatAnUpdateMoves) {
+TEST_F(ApplicationIconsTest, FollowsTheSymlinksOfFlatpakAndSnapUpdates) {
   desktop_.folders.dataDirs.push_back(desktop_.root / "flatpak/exports/share");
   desktop_.folders.dataDirs.push_back(desktop_.root / "snapd/desktop");
   const auto link = [&](const std::string& target, const std::string& path) {

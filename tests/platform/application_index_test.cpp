@@ -39,7 +39,7 @@ class ApplicationIndexTest : public testing::Test {
   std::shared_ptr<ApplicationIndex> index_;
 };
 
-TEST_F(ApplicationIndexTest, TheFirstFolderWithAnIdDecidesWhetherItIsInstalled) {
+TEST_F(ApplicationIndexTest, FirstFolderWithAnIdTakesPrecedence) {
   const std::string mine = "home/data/applications/";
   const std::string local = "local/applications/";
   const std::string system = "system/applications/";
@@ -68,7 +68,7 @@ TEST_F(ApplicationIndexTest, TheFirstFolderWithAnIdDecidesWhetherItIsInstalled) 
   EXPECT_TRUE(index_->current()->withBundleId("not-in-menus")->noDisplay);
 }
 
-TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
+TEST_F(ApplicationIndexTest, ReadsEveryFieldOfAnEntry) {
   desktop_.entry("system/applications/org.test.Full.desktop",
                  "Name[C]=Full Name\nIcon=full\nStartupWMClass=FullClass\nDBusActivatable=true\n"
                  "Exec=\"/opt/my app/run\" --fixed \"a \\\\\"b\\\\\"\" --title=%c 100%% %U\n");
@@ -88,7 +88,7 @@ TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
   EXPECT_EQ(applications->withBundleId("empty")->name, "");
 }
 
-TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLater) {
+TEST_F(ApplicationIndexTest, NoticesChangesInFoldersThatAppearLater) {
   open();
   EXPECT_THAT(installed(), ElementsAre());
   desktop_.entry("home/data/applications/new.desktop", "Exec=true\n");
@@ -104,7 +104,7 @@ TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLat
   EXPECT_TRUE(becomes("again", true)) << "the folder was removed and made again";
 }
 
-TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) {
+TEST_F(ApplicationIndexTest, FollowsChangesOfDefaultApplications) {
   for (const std::string id : {"thunar", "mine", "foot", "term"}) {
     desktop_.entry("system/applications/" + id + ".desktop", "Exec=true\n");
   }

@@ -46,7 +46,7 @@ Awaitable<> incrementTwice(Counter& counter, std::atomic<int>& done) {
   ++done;
 }
 
-TEST(Actor, ALockHeldAcrossAnAwaitKeepsCallersOfEveryExecutorApart) {
+TEST(Actor, AsyncLockSerializesCallersOfAllExecutors) {
   Executors executors;
   Counter counter(executors.service());
   std::atomic<int> done = 0;
@@ -60,7 +60,7 @@ TEST(Actor, ALockHeldAcrossAnAwaitKeepsCallersOfEveryExecutorApart) {
   EXPECT_EQ(test::await(executors.workers(), counter.increment()), 21);
 }
 
-TEST(RunBefore, GivesUpOnACallThatHangsAndSurvivesItsLateAnswer) {
+TEST(RunBefore, TimesOutAndSurvivesALateResult) {
   Executors executors;
   std::atomic<bool> ended = false;
   const auto late = test::await(executors.service(), runBefore(20ms, executors.keychainLane(), [&] {
@@ -85,7 +85,7 @@ Awaitable<> failInCoroutine() {
   co_return;
 }
 
-TEST(Executors, WhatThrowsReachesItsCallerOrTheLogAndEndsNoThread) {
+TEST(Executors, ExceptionsReachTheCallerOrTheLog) {
   Executors executors;
   asio::post(executors.service(), fail);
   for (const auto& executor : {executors.service(), executors.workers(), executors.workerStrand(),
@@ -107,7 +107,7 @@ Awaitable<> hop(Executors& executors, std::vector<std::thread::id>& seen) {
   QCoreApplication::quit();
 }
 
-TEST(MainThread, ResumesItsCoroutinesOnTheThreadOfTheEventLoop) {
+TEST(MainThread, ResumesCoroutinesOnTheEventLoopThread) {
   int argc = 1;
   char name[] = "test";
   char* argv[] = {name, nullptr};

@@ -52,7 +52,7 @@ class IconLookupTest : public testing::Test {
   IconLookup lookup_{desktop_.folders};
 };
 
-TEST_F(IconLookupTest, LooksInTheThemesAndThenInTheUnthemedFolders) {
+TEST_F(IconLookupTest, SearchesThemesThenUnthemedFolders) {
   const std::string scalable = "[drawn/apps]\nSize=48\nMinSize=8\nMaxSize=512\nType=Scalable\n";
   theme("mine", "parent,mine,../../etc", {"16x16/apps", "64x64/apps", "256x256/apps", "512x512/a"},
         scalable);
@@ -105,7 +105,7 @@ TEST_F(IconLookupTest, LooksInTheThemesAndThenInTheUnthemedFolders) {
   EXPECT_EQ(found((desktop_.root / "system/pixmaps").string()), "") << "a folder is no icon";
 }
 
-TEST_F(IconLookupTest, SurvivesThemesThatAreDamagedOrMissing) {
+TEST_F(IconLookupTest, SurvivesDamagedAndMissingThemes) {
   for (const auto* index : {"", "no group\n", "[Icon Theme]\nInherits=mine\nDirectories=a,/,..,,\n",
                             "[Icon Theme]\nDirectories=a\n[a]\nSize=99999999999\nScale=-7\n"}) {
     desktop_.root.write("system/icons/mine/index.theme", index);
@@ -120,7 +120,7 @@ TEST_F(IconLookupTest, SurvivesThemesThatAreDamagedOrMissing) {
   EXPECT_FALSE(lookup.find("common").empty()) << "icons are put there even without an index";
 }
 
-TEST_F(IconLookupTest, SeesWhatIsInstalledChosenAndRemovedLater) {
+TEST_F(IconLookupTest, NoticesInstalledChosenAndRemovedIcons) {
   const auto later = [] { std::this_thread::sleep_for(std::chrono::milliseconds(60)); };
   EXPECT_EQ(found("common"), "system/icons/hicolor/48x48/apps/common.png");
   const auto mine = themeWithCommon("mine");
@@ -142,7 +142,7 @@ TEST_F(IconLookupTest, SeesWhatIsInstalledChosenAndRemovedLater) {
   EXPECT_EQ(IconLookup(desktop_.folders).find("common"), desktop_.root / other);
 }
 
-TEST_F(IconLookupTest, AsksARunningDesktopPortalFirst) {
+TEST_F(IconLookupTest, PrefersTheThemeOfThePortal) {
   const test::SessionBus bus;
   const auto theirs = desktop_.root.write("theme", "chosen").string();
   const test::ChildProcess portal(

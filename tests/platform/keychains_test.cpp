@@ -38,7 +38,7 @@ void expectKeepsAnItem(Keychain& keychain, const std::string& last) {
   EXPECT_EQ(data, last);
 }
 
-TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
+TEST(FileKeychain, KeepsAnItemInAPrivateFile) {
   const test::TemporaryFolder folder;
   const auto file = folder / "data/agent/paired-devices.json";
   FileKeychain keychain(file.parent_path());
@@ -55,7 +55,7 @@ TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
   }
 }
 
-TEST(FileKeychain, ReportsFailuresAsNegativeStatuses) {
+TEST(FileKeychain, ReportsErrorsAsNegativeStatuses) {
   const test::TemporaryFolder folder;
   folder.write("blocked", "a file where the folder should be");
   FileKeychain blocked(folder / "blocked");
@@ -74,7 +74,7 @@ TEST(FileKeychain, ReportsFailuresAsNegativeStatuses) {
   EXPECT_EQ(keychain.update(item, "[]"), -EISDIR);
 }
 
-TEST(FileKeychain, TakesNothingThatAnotherUserPrepared) {
+TEST(FileKeychain, RefusesFilesOfOtherUsers) {
   const test::TemporaryFolder folder;
   const auto file = folder.write("agent/paired-devices.json", "[]");
   std::string data;
@@ -114,7 +114,7 @@ class SecretServiceKeychainTest : public testing::Test {
   Clock::duration slowest{};
 };
 
-TEST_F(SecretServiceKeychainTest, KeepsAnItemUnderItsAttributes) {
+TEST_F(SecretServiceKeychainTest, StoresAnItemUnderItsAttributes) {
   session.start("unlocked");
   const std::string first = "[{\"name\":\"Anna\u2019s phone\"}]";
   expectKeepsAnItem(keychain, first);
@@ -135,7 +135,7 @@ TEST_F(SecretServiceKeychainTest, KeepsAnItemUnderItsAttributes) {
   EXPECT_EQ(keychain.copyMatching({item.service, "another"}, data), keychainSuccess);
 }
 
-TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIsAskedOnce) {
+TEST_F(SecretServiceKeychainTest, LockedCollectionIsNotEmptyAndPromptsOnce) {
   const auto prompts = session.folder() / "prompts";
   const std::string prompter = "org.gnome.keyring.SystemPrompter";
   const test::ChildProcess prompting({"/usr/bin/python3",
@@ -159,7 +159,7 @@ TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIs
   EXPECT_EQ(data, "[1]") << "nothing that was refused changed the item";
 }
 
-TEST_F(SecretServiceKeychainTest, NoDefaultCollectionIsMade) {
+TEST_F(SecretServiceKeychainTest, CreatesNoDefaultCollection) {
   session.start("locked");
   EXPECT_EQ(statuses(),
             (std::vector<KeychainStatus>{keychainItemNotFound, keychainItemNotFound,
@@ -167,7 +167,7 @@ TEST_F(SecretServiceKeychainTest, NoDefaultCollectionIsMade) {
   EXPECT_LT(slowest, test::slowdown * 2500ms);
 }
 
-TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppears) {
+TEST_F(SecretServiceKeychainTest, ReportsAnAbsentServiceAndFindsItLater) {
   EXPECT_EQ(statuses(), always(keychainNotAvailable)) << "a bus without the service";
   session.start("unlocked");
   EXPECT_EQ(keychain.add(item, "[1]"), keychainSuccess);
@@ -177,7 +177,7 @@ TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppea
   EXPECT_LT(slowest, test::slowdown * 2s);
 }
 
-TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheDeadline) {
+TEST_F(SecretServiceKeychainTest, HungOrDyingServiceMeetsTheDeadline) {
   session.start("unlocked");
   ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   session.signal(SIGSTOP);
@@ -197,7 +197,7 @@ TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheD
   EXPECT_EQ(keychain.update(item, "[3]"), keychainSuccess);
 }
 
-TEST_F(SecretServiceKeychainTest, WhatBecomesReadableIsToldAtOnce) {
+TEST_F(SecretServiceKeychainTest, SignalsWhenItBecomesReadable) {
   session.start("unlocked");
   ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   session.kill();
@@ -268,7 +268,7 @@ class TwoPlaceKeychainTest : public testing::Test {
   }
 };
 
-TEST_F(TwoPlaceKeychainTest, WhatWasKeptWithoutTheServiceMovesToItWhenItAppears) {
+TEST_F(TwoPlaceKeychainTest, MovesTheItemToTheServiceWhenItAppears) {
   EXPECT_EQ(read(keychain), std::to_string(keychainNotAvailable));
   EXPECT_EQ(save("0"), keychainSuccess);
   EXPECT_EQ(keychain.remove(item), keychainSuccess);
@@ -290,7 +290,7 @@ TEST_F(TwoPlaceKeychainTest, WhatWasKeptWithoutTheServiceMovesToItWhenItAppears)
   EXPECT_EQ(keychain.remove(item), keychainItemNotFound);
 }
 
-TEST_F(TwoPlaceKeychainTest, OfTwoItemsTheLaterOneWins) {
+TEST_F(TwoPlaceKeychainTest, LaterItemWins) {
   session.start("unlocked");
   ASSERT_EQ(secretService.add(item, "1"), keychainSuccess);
   ASSERT_EQ(file.add(item, "2"), keychainSuccess);
@@ -302,7 +302,7 @@ TEST_F(TwoPlaceKeychainTest, OfTwoItemsTheLaterOneWins) {
   expectOnlyInSecretService("3");
 }
 
-TEST_F(TwoPlaceKeychainTest, AnItemSurvivesAServiceThatIsLockedOrHangs) {
+TEST_F(TwoPlaceKeychainTest, ItemSurvivesALockedOrHungService) {
   session.start("unlocked");
   ASSERT_EQ(save("1"), keychainSuccess);
   session.lock();
@@ -321,7 +321,7 @@ TEST_F(TwoPlaceKeychainTest, AnItemSurvivesAServiceThatIsLockedOrHangs) {
   expectOnlyInSecretService("3");
 }
 
-TEST_F(TwoPlaceKeychainTest, TheFileIsKeptUntilTheServiceHasWhatItHolds) {
+TEST_F(TwoPlaceKeychainTest, KeepsTheFileUntilTheServiceHasTheItem) {
   session.start("locked");  // nothing can be added: there is no collection
   ASSERT_EQ(file.add(item, "1"), keychainSuccess);
   EXPECT_EQ(read(keychain), "1");
@@ -330,7 +330,7 @@ TEST_F(TwoPlaceKeychainTest, TheFileIsKeptUntilTheServiceHasWhatItHolds) {
   EXPECT_EQ(read(file), "2");
 }
 
-TEST_F(TwoPlaceKeychainTest, WhatWasRemovedWhileTheServiceWasAwayDoesNotComeBack) {
+TEST_F(TwoPlaceKeychainTest, RemovalWithoutTheServiceIsPermanent) {
   session.start("unlocked");
   ASSERT_EQ(save("1"), keychainSuccess);
   session.kill();

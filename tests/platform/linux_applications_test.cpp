@@ -18,7 +18,7 @@ using testing::Not;
 
 using LinuxApplicationsTest = test::ApplicationsTest;
 
-TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilItEnds) {
+TEST_F(LinuxApplicationsTest, LaunchedProgramInheritsNothingAndRunsUntilItEnds) {
   desktop_.scripted(
       "app", desktop_.report("seen", "ls -l /proc/$$/fd; cat /proc/$$/status; cat /proc/$$/stat") +
                  "\nwhile [ ! -e " + (desktop_.root / "stop").string() + " ]; do sleep 0.02; done");
@@ -50,7 +50,7 @@ TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilIt
   EXPECT_TRUE(test::eventually([&] { return test::openDescriptors() <= descriptors; }));
 }
 
-TEST_F(LinuxApplicationsTest, AnApplicationThatItsWrapperLeftBehindIsStillRunning) {
+TEST_F(LinuxApplicationsTest, ApplicationRunsAfterItsWrapperEnds) {
   desktop_.scripted("app", "sleep 60 &\n" + desktop_.report("pid", "echo $!"));
   start();
   open("app");
@@ -85,7 +85,7 @@ TEST_F(LinuxApplicationsTest, FailuresNameTheApplicationAndTheReason) {
   }
 }
 
-TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {
+TEST_F(LinuxApplicationsTest, FindsProcessesOfOthersWhileWatching) {
   const auto program = desktop_.root / "bin/player";
   std::filesystem::create_directories(program.parent_path());
   std::filesystem::copy_file("/bin/sleep", program);
@@ -106,7 +106,7 @@ TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {
   EXPECT_TRUE(becomesRunning("player", false)) << "nobody would notice its end";
 }
 
-TEST_F(LinuxApplicationsTest, MayBeDestroyedWhileItsWorkIsUnderWay) {
+TEST_F(LinuxApplicationsTest, MayBeDestroyedDuringWork) {
   desktop_.entry("system/applications/app.desktop", "Exec=sleep 0.3\n");
   start();
   open("app");

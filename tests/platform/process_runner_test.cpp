@@ -40,7 +40,7 @@ class ProcessRunner : public testing::Test {
   Seconds took_{};
 };
 
-TEST_F(ProcessRunner, TellsHowAProcessEndedAndWhatItPrinted) {
+TEST_F(ProcessRunner, ReportsExitCodeAndOutput) {
   const struct {
     std::string script;
     ProcessRunResult expected;
@@ -60,7 +60,7 @@ TEST_F(ProcessRunner, TellsHowAProcessEndedAndWhatItPrinted) {
   }
 }
 
-TEST_F(ProcessRunner, KeepsTheFirstMebibyteOfEachStreamAndDropsTheRest) {
+TEST_F(ProcessRunner, KeepsTheFirstMebibyteOfEachStream) {
   const auto result = shell("head -c 3000000 /dev/zero | tr '\\0' x; echo end >&2");
   EXPECT_EQ(result.stdoutText, std::string(LockedData::limit, 'x'));
   EXPECT_EQ(result.stderrText, "end\n");
@@ -68,7 +68,7 @@ TEST_F(ProcessRunner, KeepsTheFirstMebibyteOfEachStreamAndDropsTheRest) {
   EXPECT_EQ(cut.stdoutText.size(), LockedData::limit - 1) << "a cut character is left out";
 }
 
-TEST_F(ProcessRunner, ADescendantThatPrintsWithoutEndHoldsNothingUp) {
+TEST_F(ProcessRunner, EndlessOutputOfADescendantDelaysNothing) {
   const auto result = shell("yes & echo $!");
   EXPECT_LT(took_, test::slowdown * 1s);
   EXPECT_EQ(result.exitCode, 0);
@@ -76,7 +76,7 @@ TEST_F(ProcessRunner, ADescendantThatPrintsWithoutEndHoldsNothingUp) {
          SIGKILL);
 }
 
-TEST_F(ProcessRunner, EndsTheWholeGroupAtTheDeadlineAndKillsWhatIgnoresItTwoSecondsLater) {
+TEST_F(ProcessRunner, TerminatesTheGroupAtTheDeadlineAndKillsItTwoSecondsLater) {
   const struct {
     const char* script;  // first prints the id of the process that must end
     int exitCode;
@@ -98,7 +98,7 @@ TEST_F(ProcessRunner, EndsTheWholeGroupAtTheDeadlineAndKillsWhatIgnoresItTwoSeco
   }
 }
 
-TEST_F(ProcessRunner, GivesTheProcessNeitherDescriptorsNorSignalsOfTheAgent) {
+TEST_F(ProcessRunner, ChildInheritsNoDescriptorsAndNoSignalState) {
   const int inheritable = ::open("/dev/null", O_RDONLY);  // not close-on-exec
   ASSERT_GT(inheritable, 2);
   ::signal(SIGPIPE, SIG_IGN);
@@ -116,7 +116,7 @@ TEST_F(ProcessRunner, GivesTheProcessNeitherDescriptorsNorSignalsOfTheAgent) {
   ::close(inheritable);
 }
 
-TEST_F(ProcessRunner, SaysWhyAProgramCannotStart) {
+TEST_F(ProcessRunner, ReportsWhyAProgramCannotStart) {
   const test::TemporaryFolder folder;
   const std::string plain = folder.write("plain", "no program");
   EXPECT_TRUE(isExecutableFile("/bin/sh"));
@@ -143,7 +143,7 @@ Awaitable<> runAndCount(FoundationProcessRunner& runner, std::string script,
   ++ran;
 }
 
-TEST_F(ProcessRunner, RunsManyAtOnceAndLeavesNeitherZombiesNorDescriptors) {
+TEST_F(ProcessRunner, RunsManyAtOnceWithoutLeaks) {
   shell("true");  // opens the loop's own descriptors
   const auto before = test::openDescriptors();
   std::atomic<int> ran = 0;
@@ -158,7 +158,7 @@ TEST_F(ProcessRunner, RunsManyAtOnceAndLeavesNeitherZombiesNorDescriptors) {
   EXPECT_FALSE(hasChild());
 }
 
-TEST_F(ProcessRunner, ARunGoesOnToItsEndWhenItsCallerIsCancelled) {
+TEST_F(ProcessRunner, CancelledCallerDoesNotEndTheRun) {
   shell("true");
   const auto before = test::openDescriptors();
   const test::TemporaryFolder folder;
@@ -177,7 +177,7 @@ TEST_F(ProcessRunner, ARunGoesOnToItsEndWhenItsCallerIsCancelled) {
   EXPECT_FALSE(hasChild());
 }
 
-TEST_F(ProcessRunner, ALoopThatIsDestroyedLeavesItsProcessesAlone) {
+TEST_F(ProcessRunner, DestroyedLoopLeavesItsProcessesRunning) {
   const test::TemporaryFolder folder;
   const auto before = test::openDescriptors();
   {

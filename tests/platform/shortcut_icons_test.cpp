@@ -44,7 +44,7 @@ class ShortcutIconsTest : public testing::Test {
   std::optional<ShortcutIconClient> icons_;
 };
 
-TEST_F(ShortcutIconsTest, AShortcutHasTheIconThatItNamesOrATileOfItsOwn) {
+TEST_F(ShortcutIconsTest, DrawsTheNamedIconOrATile) {
   test::paint(desktop_.root, "system/icons/hicolor/128x128/apps/browser.png", Qt::blue);
   desktop_.entry("system/applications/browser.desktop",
                  "Exec=true\nIcon=browser\nActions=new;\n[Desktop Action new]\nName=New\n");
@@ -73,7 +73,7 @@ TEST_F(ShortcutIconsTest, AShortcutHasTheIconThatItNamesOrATileOfItsOwn) {
       << "the application's";
 }
 
-TEST_F(ShortcutIconsTest, OnlyTheStampOfAnIconThatMayLookDifferentChanges) {
+TEST_F(ShortcutIconsTest, StampsChangeOnlyWithTheIcon) {
   const auto file = test::paint(desktop_.root, "own.png", Qt::red);
   const auto own = folder_.create({"Own", "true", file.string()});
   const auto plain = folder_.create({"Plain", "true", {}});

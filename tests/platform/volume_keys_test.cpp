@@ -83,7 +83,7 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
 INSTANTIATE_TEST_SUITE_P(Servers, VolumeKeys, testing::Values("pulseaudio", "pipewire"),
                          [](const auto& server) { return std::string(server.param); });
 
-TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
+TEST_P(VolumeKeys, StepKeepingBalanceAndUnmute) {
   makeDefault("first");
   using Key = void (CoreAudioVolumeController::*)();
   const Key up = &CoreAudioVolumeController::volumeUp;
@@ -111,7 +111,7 @@ TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
   }
 }
 
-TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
+TEST_P(VolumeKeys, FollowTheDefaultDeviceAndServerRestarts) {
   pactl("set-sink-volume first 32768");
   pactl("set-sink-volume second 32768");
   makeDefault("first");
@@ -142,7 +142,7 @@ TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
   }
 }
 
-TEST_P(VolumeKeys, FailInTimeOnADeviceThatIsGoneAndAServerThatHangs) {
+TEST_P(VolumeKeys, FailInTimeOnAMissingDeviceAndAHungServer) {
   using namespace std::chrono_literals;
   makeDefault("first");
   auto device = output_.defaultOutputDevice();

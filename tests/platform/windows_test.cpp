@@ -136,7 +136,7 @@ TYPED_TEST(Windows, FollowAServerThatDiedAndCameBack) {
   EXPECT_TRUE(this->activate(calculator));
 }
 
-TYPED_TEST(Windows, OfAServerThatHangsHoldUpNobody) {
+TYPED_TEST(Windows, HungServerBlocksNobody) {
   this->start();
   const auto process = this->show("XCalc");
   this->system_.server.process().signal(SIGSTOP);
@@ -155,7 +155,7 @@ TYPED_TEST(Windows, OfAServerThatHangsHoldUpNobody) {
                                test::slowdown * 5s));
 }
 
-TYPED_TEST(Windows, ALaunchedProgramIsToldThatTheUserAskedForIt) {
+TYPED_TEST(Windows, LaunchPassesAnActivationToken) {
   this->desktop_.scripted(
       "app", this->desktop_.report("seen", "echo \"$DESKTOP_STARTUP_ID|$XDG_ACTIVATION_TOKEN\""));
   const test::SessionBus bus;
@@ -175,7 +175,7 @@ TYPED_TEST(Windows, ALaunchedProgramIsToldThatTheUserAskedForIt) {
 
 using X11Windows = Windows<X11>;
 
-TEST_F(X11Windows, AllComeForwardAndTheOneUsedLastIsFocused) {
+TEST_F(X11Windows, AllAreRaisedAndTheLastUsedIsFocused) {
   start();
   const auto first = show("XCalc");
   const auto used = windowOf("XCalc");
@@ -193,7 +193,7 @@ TEST_F(X11Windows, AllComeForwardAndTheOneUsedLastIsFocused) {
                                test::slowdown * 2s));
 }
 
-TEST_F(X11Windows, SurviveTheirManagersRestart) {
+TEST_F(X11Windows, SurviveAWindowManagerRestart) {
   start();
   const auto process = show("XCalc");
   const auto terminal = show("XTerm");
@@ -212,7 +212,7 @@ TEST_F(X11Windows, SurviveTheirManagersRestart) {
   EXPECT_TRUE(follows(calculator, false));
 }
 
-TEST_F(X11Windows, WithDamagedPropertiesDoNoHarm) {
+TEST_F(X11Windows, SurviveDamagedProperties) {
   start();
   const auto process = show("XCalc");
   const auto damage = [](const std::string& arguments) {
@@ -237,9 +237,9 @@ TEST_F(X11Windows, WithDamagedPropertiesDoNoHarm) {
   EXPECT_FALSE(activate(calculator)) << "no window manager to be seen";
 }
 
-using WithoutWaylandsList = test::ApplicationsTest;
+using WithoutWaylandWindowList = test::ApplicationsTest;
 
-TEST_F(WithoutWaylandsList, X11TellsOfItsWindowsAndProcessesOfTheRest) {
+TEST_F(WithoutWaylandWindowList, CombinesX11WindowsAndProcesses) {
   desktop_.entry("system/applications/xcalc.desktop", "Exec=false\n");
   // A copy that no other test runs.
   const auto program = desktop_.root / "painter";

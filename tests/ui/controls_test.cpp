@@ -27,7 +27,7 @@ Item {
   }
 })";
 
-TEST(Controls, WorkFromTheKeyboardAndShowTheFocusOnlyThen) {
+TEST(Controls, WorkFromTheKeyboardAndShowTheFocus) {
   QmlView view(allControls);
   auto* primary = view.find("primary");
   QSignalSpy clicks(primary, SIGNAL(clicked()));

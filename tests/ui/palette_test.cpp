@@ -33,7 +33,7 @@ TEST(WCAGContrast, FollowsThePublishedFormula) {
   EXPECT_NEAR(WCAGContrast::relativeLuminance({0, 1, 0}), 0.7152, 1e-12);
 }
 
-TEST(Theme, WritesLegiblyOnEveryGroundInEveryAppearance) {
+TEST(Theme, TextHasEnoughContrastInEveryAppearance) {
   Theme look;
   for (const bool dark : {false, true}) {
     for (const bool increasedContrast : {false, true}) {

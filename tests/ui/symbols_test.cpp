@@ -38,7 +38,7 @@ QString text(std::string_view view) {
   return QString::fromUtf8(view.data(), static_cast<qsizetype>(view.size()));
 }
 
-TEST(Symbols, HasADrawingForEveryNameThatADeckOrAViewUses) {
+TEST(Symbols, HasADrawingForEveryUsedName) {
   QStringList used{"checkmark",
                    "exclamationmark.shield",
                    "exclamationmark.triangle.fill",
@@ -58,7 +58,7 @@ TEST(Symbols, HasADrawingForEveryNameThatADeckOrAViewUses) {
   }
 }
 
-TEST(Symbols, DrawsEachOfThemDifferentlyAndInItsColour) {
+TEST(Symbols, DrawsEachSymbolDifferently) {
   QList<QImage> images;
   for (const auto& name : Symbols::names()) {
     images.append(drawn(name));

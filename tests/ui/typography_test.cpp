@@ -39,7 +39,7 @@ TEST(DeckTypography, DrawsWithTheFileOfTheNamedWeight) {
   }
 }
 
-TEST(DeckTypography, WithoutItsFilesTheSystemsFontsStandIn) {
+TEST(DeckTypography, FallsBackToTheSystemFont) {
   DeckTypography::registerFonts();
   EXPECT_EQ(DeckTypography::ui(TextStyle::body).family(), "Space Grotesk");
   QFontDatabase::removeAllApplicationFonts();
