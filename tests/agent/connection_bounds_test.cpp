@@ -65,7 +65,7 @@ TEST(ConnectionBoundsTest, MakesRoomByClosingStrangersOnly) {
     bounds->makeRoom();
   }
   EXPECT_EQ(gone, (std::vector{waiting, unpaired}));
-  EXPECT_EQ(enter(), nullptr) << "ended, but not let go";
+  EXPECT_EQ(enter(), nullptr) << "closed, but not released";
   tickets.pop_back();
   EXPECT_NE(enter(), nullptr);
 }

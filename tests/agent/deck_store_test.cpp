@@ -117,11 +117,11 @@ TEST_F(DeckStoreTest, SaveRenumbersValidatesAndReplacesOneDeck) {
 TEST_F(DeckStoreTest, MigratesTheDeckOfAnEarlierVersion) {
   const std::string tooMany = jsonText(DeckTemplate("old", "Old", applications(30)));
   const struct {
-    const char* file;  // in "data", what is written
+    const char* file;  // below "data"
     std::string content;
-    const char* name;  // of the Streaming deck then
-    const char* kept;  // where the content is then, if anywhere
-    bool stays;        // whether there is a "deck.json" then
+    const char* name;  // of the Streaming deck afterwards
+    const char* kept;  // the file that has the content afterwards
+    bool stays;        // whether "deck.json" exists afterwards
   } cases[] = {
       {"deck.json", tooMany, "Streaming", "deck.json.bak", false},
       {"deck.json", "no deck", "Streaming", "deck.json", true},
@@ -172,7 +172,7 @@ TEST_F(DeckStoreTest, ReturnsDecksInAFixedOrder) {
 }
 
 TEST_F(DeckStoreTest, LeavesAnUnreadableFileAlone) {
-  std::filesystem::create_directories(path);  // reading a folder is an error that may pass
+  std::filesystem::create_directories(path);  // reading a folder fails
   EXPECT_EQ(snapshots()[0].name, "Streaming");
   EXPECT_THROW(save(streaming, {}), std::system_error);
   EXPECT_TRUE(std::filesystem::is_directory(path));

@@ -74,7 +74,7 @@ TEST_F(InstalledAppsCatalogTest, GivesEachApplicationItsIconAndAccent) {
   EXPECT_EQ(apps[2].accent, QColor(Qt::red));
   EXPECT_EQ(apps[3].icon.cacheKey(), apps[2].icon.cacheKey()) << "a shared icon is drawn once";
   EXPECT_EQ(apps[0].accent, fallbackAccent());
-  EXPECT_TRUE(apps[1].icon.isNull()) << "there is no theme to give a generic icon";
+  EXPECT_TRUE(apps[1].icon.isNull()) << "no theme has a generic icon";
 }
 
 TEST_F(InstalledAppsCatalogTest, IdentifiesTheApplicationOfADroppedLauncher) {

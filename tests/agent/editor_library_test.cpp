@@ -53,7 +53,8 @@ TEST_F(EditorLibraryTest, SuggestsAShortcutUntilASimilarOneExists) {
   open();
   auto* shortcuts = model->shortcuts();
   EXPECT_TRUE(shortcuts->showsSuggested());
-  EXPECT_EQ(model->suggestedWarnings(), "Wispr Flow isn\u2019t installed.") << "what it lacks";
+  EXPECT_EQ(model->suggestedWarnings(), "Wispr Flow isn\u2019t installed.")
+      << "names the missing application";
   EXPECT_TRUE(model->infoMessage().isNull());
   listShortcuts(std::string("echo 'my voice to cursor (") + briefId + ")'");
   listAgain();
@@ -104,7 +105,7 @@ TEST_F(EditorLibraryTest, UpdatesKeysWhenShortcutsChange) {
 
   listShortcuts("exit 1");
   listAgain();
-  EXPECT_TRUE(model->missingShortcutIDs().empty()) << "nothing is known";
+  EXPECT_TRUE(model->missingShortcutIDs().empty()) << "unknown after a failed listing";
 }
 
 TEST_F(EditorLibraryTest, LoadsIconsWithoutResettingTheList) {

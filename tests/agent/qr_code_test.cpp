@@ -22,8 +22,8 @@ TEST(QRCode, HasAQuietZoneAndIsEmptyForTooMuchText) {
   }
 }
 
-// In a language of long texts no text of the windows is cut. The modules of the pictures' code are
-// black and white alone, at scale factors where the points are not whole pixels too.
+// In the pseudo-language no text is truncated. The modules of the QR codes are purely black and
+// white, at fractional scale factors too.
 TEST(Pictures, TruncateNoTextAndDrawSharpCodes) {
   const test::TemporaryFolder folder;
   EXPECT_EQ(std::system((GLINTBOARD_PICTURES " " + folder.path().string() + " pseudo").c_str()), 0);
@@ -38,7 +38,7 @@ TEST(Pictures, TruncateNoTextAndDrawSharpCodes) {
     const auto address = PairingQRPayload::parse(text.substr(0, text.size() - 1));
     ASSERT_TRUE(address) << text;
     EXPECT_EQ(address->macName, "Studio");
-    // The finder pattern's row through the code's middle.
+    // A row of pixels through the middle of the code.
     int grey = 0;
     const QPoint middle(picture.width() / 2, picture.height() * 2 / 5);
     for (int x = middle.x() - 50; x < middle.x() + 50; ++x) {

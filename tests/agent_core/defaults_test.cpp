@@ -38,7 +38,8 @@ TEST(Defaults, UseTheLivePlatform) {
                                                        "Application is not running", request)));
   EXPECT_EQ(wait(ShortcutsCatalog(tool).list()).at(0).id(), id);
   EXPECT_EQ(wait(ShortcutsRunner(tool).run(id)).index(), 0u);
-  EXPECT_EQ(wait(ShortcutMessageHandler().handleRun(id, request)).index(), 1u) << "none has that";
+  EXPECT_EQ(wait(ShortcutMessageHandler().handleRun(id, request)).index(), 1u)
+      << "there is no such Shortcut";
   EXPECT_EQ(ActionMessageHandler().handleRun("system.volume.up", request).index(), 1u);
 }
 

@@ -48,7 +48,7 @@ TEST(AppIconProvider, RendersOncePerModification) {
 
   modified = ContentModification{};
   image = {};
-  EXPECT_FALSE(get()) << "an application whose icon is gone has none";
+  EXPECT_FALSE(get()) << "there is no image";
 }
 
 // One Shortcut and an icon without an identifier. Counts how often icons are drawn.
@@ -97,7 +97,7 @@ TEST_F(ShortcutIconProviderTest, CacheIgnoresTheCaseOfIdentifiers) {
   shortcuts.identifier = "another";
   EXPECT_FALSE(run(provider.pngAndRevision("unknown")));
   shortcuts.identifier = "unknown";
-  EXPECT_TRUE(run(provider.pngAndRevision("unknown"))) << "what is missing is looked for again";
+  EXPECT_TRUE(run(provider.pngAndRevision("unknown"))) << "a missing icon is looked up again";
 }
 
 TEST_F(ShortcutIconProviderTest, PreloadRendersOnlyChangedIcons) {

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The agent in the user's language, and the lists of texts that it takes that from."""
+"""The agent in the user's language, and the translation files."""
 
 import os
 import pathlib
@@ -15,7 +15,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 
 
 def places(text):
-    """What is filled in, and the tags."""
+    """The placeholders and tags."""
     return sorted(re.findall(r"%L?[1-9n]|<[^>]*>", text or ""))
 
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the network and the machine do to the agent, and that it serves again after that."""
+"""Faults of the network and the machine, from which the agent recovers."""
 
 import asyncio
 import contextlib
@@ -45,7 +45,7 @@ class NetworkFaults(DesktopTest):
             pass
         return time.monotonic() - start
 
-    @unittest.skipIf(SLOWNESS > 1, "a sanitizer looks at memory through descriptors")
+    @unittest.skipIf(SLOWNESS > 1, "a sanitizer needs descriptors")
     async def test_recovers_from_exhausted_descriptors(self):
         self.desktop.set_decks([])
         agent = self.start_agent()
@@ -85,7 +85,7 @@ class NetworkFaults(DesktopTest):
         agent.menu_shows("iPhone connected")
         await again.ping()
 
-    @unittest.skipIf(SLOWNESS > 1, "a sanitizer wants to be loaded first")
+    @unittest.skipIf(SLOWNESS > 1, "a sanitizer must be loaded first")
     async def test_survives_clock_jumps(self):
         clock = self.desktop.write(self.desktop.root / "clock", "+0")
         self.desktop.env.update(LD_PRELOAD=str(FAKETIME), FAKETIME_TIMESTAMP_FILE=str(clock),
@@ -120,7 +120,7 @@ class NetworkFaults(DesktopTest):
         agent = self.start_agent()
         token = self.paired_phone(agent).token
         phone, dead = await Client.connect(token), await self.silent_phone(token)
-        # The bus is late, and so are those on it.
+        # The bus and its services start late.
         self.desktop.start_bus("system", address)
         bus = Gio.DBusConnection.new_for_address_sync(
             f"unix:path={address}", Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The phone's program against an agent that follows a script: what the real one does not do."""
+"""glintboard-phone against a scripted agent, for replies that the real one does not give."""
 
 import asyncio
 import base64
@@ -20,7 +20,7 @@ TEA = "0F8FAD5B-D9CB-469F-A165-70867728950E"
 SECRETS = {"pin": "246810", "qr": "a+code"}
 BATCH = 12  # the most keys that a phone may ask for at once
 MUTE = {"label": "Mute", "bundleId": "", "actionId": "system.volume.mute"}
-# What the agent does with an application stands in its name.
+# Their names say how the scripted agent treats them.
 STREAMING = [app("Good"), app("Gone\x1b[31m"), app("Silent"), app("../../climber"), app("NoIcon"),
              MUTE, shortcut(TEA), *(app(f"App{number}") for number in range(12))]
 

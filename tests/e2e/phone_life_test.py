@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What a phone goes through: it pairs, fetches decks and icons, and uses every kind of key."""
+"""The life of a phone: pairing, decks, icons and every kind of key."""
 
 import os
 import signal
@@ -57,7 +57,7 @@ class PhoneLife(DesktopTest):
         self.desktop.set_decks([app(EDITOR), app(SERVICE), app("org.example.Broken"),
                                 app("org.example.Nobody"), action("up")])
         phone = self.paired_phone(self.start_agent())
-        # As long as a phone is connected the agent looks for what others start.
+        # While a phone is connected, the agent scans for running applications.
         client = await Client.connect(phone.token)
         self.assert_slot_outcomes(phone, "focus",
                                   ["not_found", "not_found", "not_found", "not_found",
@@ -88,7 +88,7 @@ class PhoneLife(DesktopTest):
         stranger = await Client.connect(TEA)
         for each in client, stranger:
             reply = await each.ask("deck.sync", {})
-            self.assertEqual(reply["payload"]["code"], "unauthorized", "until it connects anew")
+            self.assertEqual(reply["payload"]["code"], "unauthorized", "until it reconnects")
         phones = [await Client.connect(token, "x-glintboard-token") for _ in range(2)]
         for each in phones:
             await each.ping()
@@ -100,7 +100,7 @@ class PhoneLife(DesktopTest):
             self.assertEqual([deck["tiles"] for deck in push["payload"]["decks"]],
                              [[], [{**app(EDITOR), "slot": 1}]])
         self.assertEqual((await stranger.ask("deck.sync", {}))["type"], "app.error",
-                         "the next that it hears")
+                         "it gets no push")
         for each in *phones, stranger:
             await each.socket.close()
         agent.menu_shows("Waiting for iPhone")

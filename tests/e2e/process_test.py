@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The agent as a process: how it ends, and that there is only one."""
+"""The agent as a process: how it ends, and that only one runs."""
 
 import contextlib
 import os
@@ -19,7 +19,7 @@ STUCK = "11111111-0000-4000-8000-000000000000"
 
 class Process(DesktopTest):
     async def assert_ends_in_time(self, token, number, hang):
-        """A busy machine alone may make it late, but not three times in a row."""
+        """Tolerates two late ends, which a busy machine may cause."""
         late = []
         while len(late) < 3:
             agent = self.start_agent()
@@ -53,7 +53,7 @@ class Process(DesktopTest):
             self.assertEqual((await client.ask("action.run", volume))["type"], "action.ok")
             sound.send_signal(signal.SIGSTOP)
             await client.send("action.run", volume)
-            # Once another connection is answered, the agent has the key in hand.
+            # Once another connection gets a reply, the agent is handling the key.
             other = await Client.connect(token)
             await other.ping()
             time.sleep(0.1)
@@ -103,7 +103,7 @@ class Process(DesktopTest):
         client = await Client.connect(phone.token)
         used = agent.cpu_seconds()
         time.sleep(1.5)  # The menu notices the phone and is printed.
-        self.assertLess(agent.cpu_seconds() - used, 0.5 * SLOWNESS, "the end of input is no news")
+        self.assertLess(agent.cpu_seconds() - used, 0.5 * SLOWNESS, "the end of input is read once")
         await client.ping()
         self.assertTrue(agent.running())
 
@@ -126,7 +126,7 @@ class Process(DesktopTest):
         os.write(terminal, b"Quit\n")
         pin = eventually(lambda: shown(rb"Manual code (\d+)"), "A menu")[1].decode()
         eventually(lambda: shown(b"Ready for iPhone"), "A listener")
-        time.sleep(1.5)  # It has seen that something was typed, twice.
+        time.sleep(1.5)  # Time to react twice to the typed text.
         self.assertTrue(self.phone().pair(pin)["ok"])
         called.touch()
         eventually(lambda: os.waitpid(shell, os.WNOHANG)[0], "The end that was typed")
@@ -144,7 +144,7 @@ class Process(DesktopTest):
         agent.menu_shows("Waiting for iPhone")
         await (await Client.connect("stranger")).socket.close()
         agent.end()
-        said = iter(agent.log().splitlines())  # Each is looked for behind the one before.
+        said = iter(agent.log().splitlines())  # Each text follows the previous one.
         for text in [" starts, without a display", "listening on port 9847",
                      "connected: no token from ::ffff:127.0.0.1", "pairing by pin refused: invalid_pin",
                      'paired by qr with "Sam Injected"', 'connected: "Sam Injected" from',

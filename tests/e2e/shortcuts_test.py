@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The tool that keeps and runs Shortcuts, by itself and under the agent's keys."""
+"""The `shortcuts` tool, alone and run by the agent."""
 
 import concurrent.futures
 import re
@@ -44,11 +44,11 @@ class Shortcuts(DesktopTest):
         return self.folder / f"{identifier}.shortcut"
 
     def tell(self, command):
-        """A shell command that writes down what `command` prints, for `what_was_told`."""
+        """A shell command that stores the output of `command` for `what_was_told`."""
         return f"({command}) >{self.told}.new; mv {self.told}.new {self.told}"
 
     def what_was_told(self):
-        eventually(self.told.exists, "What it tells")
+        eventually(self.told.exists, "Its output")
         return self.told.read_text()
 
     def test_creates_edits_and_deletes(self):

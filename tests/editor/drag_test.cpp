@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Cards and keys under the pointer.
+// Dragging cards and keys.
 #include "tests/editor/editor_window.h"
 
 namespace glintboard {
@@ -16,10 +16,10 @@ TEST_F(DragTest, DroppedKeysMoveOrReturn) {
   drag(key("Notes"), slot(0));
   EXPECT_EQ(shown(), "Notes, Files, Music, Calendar");
   drag(key("Notes"), slot(17));
-  EXPECT_EQ(shown(), "Files, Music, Calendar, Notes") << "beyond the last key is the end";
+  EXPECT_EQ(shown(), "Files, Music, Calendar, Notes") << "a drop beyond the last key appends";
   drag(key("Files"), QPoint(300, 400));
   EXPECT_EQ(shown(), "Files, Music, Calendar, Notes");
-  // A card whose key is there moves the key.
+  // A card whose key is on the deck moves that key.
   drag(card("Notes"), slot(1));
   EXPECT_EQ(shown(), "Files, Notes, Music, Calendar");
   EXPECT_TRUE(model->errorMessage().isEmpty());
@@ -34,8 +34,8 @@ TEST_F(DragTest, KeysMakeRoomAndEscapeCancelsTheDrag) {
   settle();
   EXPECT_EQ(model->dropTargetIndex(), 0);
   EXPECT_TRUE(model->isDeckDragActive());
-  EXPECT_GE(keyItem("Files")->x(), keyItem("Files")->width()) << "it has made room";
-  EXPECT_EQ(model->tiles().size(), 1U) << "nothing has happened yet";
+  EXPECT_GE(keyItem("Files")->x(), keyItem("Files")->width()) << "it makes room";
+  EXPECT_EQ(model->tiles().size(), 1U) << "not dropped yet";
   press(Qt::Key_Escape);
   QTest::mouseRelease(window, Qt::LeftButton, {}, slot(0));
   EXPECT_EQ(shown(), "Files");
@@ -43,7 +43,7 @@ TEST_F(DragTest, KeysMakeRoomAndEscapeCancelsTheDrag) {
   EXPECT_FALSE(model->isDeckDragActive());
   ASSERT_NE(window, nullptr);
   press(Qt::Key_Escape);
-  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "as Cancel does";
+  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "like Cancel";
 }
 
 TEST_F(DragTest, FullDeckRefusesCardsButReordersKeys) {

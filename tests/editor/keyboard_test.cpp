@@ -26,7 +26,7 @@ TEST_F(EditorKeyboardTest, EditsAndSavesWithoutAPointer) {
   EXPECT_EQ(shown(), "Notes");
   press(Qt::Key_F, Qt::ControlModifier);
   press(Qt::Key_Escape);
-  EXPECT_EQ(model->searchText(), "") << "clears the search before it closes anything";
+  EXPECT_EQ(model->searchText(), "") << "the first Escape clears the search";
   press(Qt::Key_Down);
   press(Qt::Key_Home);
   press(Qt::Key_Space);
@@ -69,7 +69,7 @@ TEST_F(EditorKeyboardTest, ArrowKeysMoveByRows) {
   press(Qt::Key_Down);
   EXPECT_EQ(item("phone")->property("currentIndex"), 8);
   press(Qt::Key_Delete);
-  EXPECT_EQ(item("phone")->property("currentIndex"), 7) << "the last key is chosen again";
+  EXPECT_EQ(item("phone")->property("currentIndex"), 7) << "the selection moves to the last key";
 }
 
 TEST_F(EditorKeyboardTest, DeckNameIsEditedInPlaceAndUndone) {
@@ -82,7 +82,7 @@ TEST_F(EditorKeyboardTest, DeckNameIsEditedInPlaceAndUndone) {
   EXPECT_EQ(model->syncLabel(), "Unsaved");
   press(Qt::Key_Escape);
   EXPECT_FALSE(item("name")->hasActiveFocus());
-  ASSERT_NE(window, nullptr) << "the first Escape leaves the name alone";
+  ASSERT_NE(window, nullptr) << "the first Escape leaves the name field";
   tabTo("name");
   press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(model->deckName(), "On Air");

@@ -21,7 +21,8 @@ TEST_F(EditorSessionTest, FillsAnEmptyDeckAndSendsItToAPhone) {
   ASSERT_TRUE(test::eventually([&] { return agent.run(listener.state()).isRunning; }));
   std::optional<phone::AgentSession> phone(
       std::in_place,
-      phone::PhoneConnection({"127.0.0.1", agent.port}, agent.pair(services), test::soon()), 5s);
+      phone::PhoneConnection({"127.0.0.1", agent.port}, agent.pair(services), test::soon()),
+      test::slowdown * 5s);
   phone->sync();
   stage.onSaved = [&] { return listener.pushDecksSnapshot(); };
 
@@ -36,7 +37,8 @@ TEST_F(EditorSessionTest, FillsAnEmptyDeckAndSendsItToAPhone) {
   EXPECT_EQ(shown(), "Calendar, Files, Tidy up, Mute");
   EXPECT_FALSE(model->syncIsLive());
   click("save");
-  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "a phone has it";
+  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; }))
+      << "closes once a phone has the deck";
 
   std::string received;
   for (;;) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the window says in its states.
+// The texts of the window in its states.
 #include "tests/editor/editor_window.h"
 
 namespace glintboard {
@@ -7,7 +7,7 @@ namespace {
 
 class EditorStatesTest : public test::EditorWindowTest {
  protected:
-  // The texts that can be read now.
+  // The visible texts.
   QStringList texts() const { return textsOf(window->rootObject()); }
   static QStringList textsOf(QQuickItem* root) {
     QStringList all;
@@ -127,18 +127,18 @@ TEST_F(EditorStatesTest, ReopensAfreshAndRaisesAnOpenWindow) {
   press(Qt::Key_Escape);
   ASSERT_TRUE(test::turnUntil([&] { return window == nullptr; }));
   EXPECT_EQ(stage.presenter->model(), nullptr);
-  EXPECT_TRUE(test::turnUntil([&] { return first.expired(); })) << "nothing of it is left";
+  EXPECT_TRUE(test::turnUntil([&] { return first.expired(); })) << "the model is released";
   open();
   EXPECT_EQ(model->libraryTab(), "apps");
   EXPECT_EQ(shown(), "Files");
 
-  // But for what Escape took.
+  // The draft has the edits that Escape discarded.
   EXPECT_TRUE(item("offer")->isVisible());
   expect({model->offerText()});
   click("offer-restore");
   EXPECT_EQ(shown(), "");
   EXPECT_FALSE(item("offer")->isVisible());
-  EXPECT_TRUE(window->rootObject()->hasActiveFocus()) << "the keys go on working";
+  EXPECT_TRUE(window->rootObject()->hasActiveFocus()) << "keyboard shortcuts still work";
 }
 
 }  // namespace

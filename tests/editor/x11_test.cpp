@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The editor on a real window system.
+// The editor on an X server.
 #include <QDrag>
 #include <QMimeData>
 #include <QRasterWindow>
@@ -11,7 +11,7 @@
 namespace glintboard {
 namespace {
 
-// Another program on the screen: a file lies in its corner that can be dragged away.
+// Another program, from whose window a file can be dragged.
 class FileManager : public QRasterWindow {
  public:
   explicit FileManager(QUrl file) : file_(std::move(file)) {

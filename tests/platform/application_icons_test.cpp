@@ -4,15 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
-#include <thread>
 
-#include "tests/platform/desktop_folders.h"
+#include "tests/platform/applications_test.h"
 #include "tests/support/painted.h"
 
 namespace glintboard {
 namespace {
 
-class ApplicationIconsTest : public testing::Test {
+class ApplicationIconsTest : public test::IndexTest {
  protected:
   ApplicationIconsTest() {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -41,15 +40,8 @@ class ApplicationIconsTest : public testing::Test {
     return rect;
   }
 
-  ~ApplicationIconsTest() override {
-    if (index_) {
-      index_->stop();
-    }
-  }
-  // Reads the installed applications. Starts threads: set the environment before.
   void open() {
-    executors_.emplace();
-    index_ = ApplicationIndex::open(*executors_, desktop_.folders);
+    IndexTest::open();
     icons_ = applicationIcons(index_, desktop_.folders);
   }
   ApplicationLocation location(const std::string& bundleId) const {
@@ -67,9 +59,6 @@ class ApplicationIconsTest : public testing::Test {
   char name_[5] = "test";
   char* arguments_[2] = {name_, nullptr};
   std::optional<QGuiApplication> application_;
-  test::DesktopFolders desktop_;
-  std::optional<Executors> executors_;
-  std::shared_ptr<ApplicationIndex> index_;
   ApplicationIconClient icons_;
 };
 
@@ -96,7 +85,7 @@ TEST_F(ApplicationIconsTest, RefusesInvalidAndOversizedImages) {
     EXPECT_TRUE(drawIcon(refused, 128).isNull()) << refused;
   }
   const auto huge = drawIcon(drawing("width='900000000' height='3'", "<rect width='9'/>"), 128);
-  EXPECT_EQ(huge.size(), QSize(128, 128)) << "a drawing has no pixels of its own";
+  EXPECT_EQ(huge.size(), QSize(128, 128)) << "a drawing has no size in pixels";
 }
 
 TEST_F(ApplicationIconsTest, RefusesDrawingsWithoutAGuiApplication) {
@@ -129,8 +118,7 @@ TEST_F(ApplicationIconsTest, UsesItsOwnOrTheGenericIconAndSeesChanges) {
   EXPECT_EQ(colour("own"), QColor(Qt::blue));
 
   paint("system/icons/hicolor/64x64/apps/application-x-executable.png", {64, 64}, Qt::red);
-  std::this_thread::sleep_for(std::chrono::milliseconds(60));
-  EXPECT_NE(modification("none"), withoutIcon);
+  EXPECT_TRUE(test::eventually([&] { return modification("none") != withoutIcon; }));
   EXPECT_EQ(colour("none"), QColor(Qt::red));
   EXPECT_EQ(colour("damaged"), QColor(Qt::red));
 }

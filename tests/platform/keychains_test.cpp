@@ -22,7 +22,7 @@ using Clock = std::chrono::steady_clock;
 
 const KeychainQuery item{"org.example.service", "paired-devices"};
 
-// What every keychain does; afterwards it holds `last`.
+// The contract of every keychain. Leaves `last` in it.
 void expectKeepsAnItem(Keychain& keychain, const std::string& last) {
   std::string data;
   EXPECT_EQ(keychain.copyMatching(item, data), keychainItemNotFound);
@@ -47,7 +47,7 @@ TEST(FileKeychain, KeepsAnItemInAPrivateFile) {
     EXPECT_EQ(std::filesystem::status(file.parent_path()).permissions(),
               std::filesystem::perms{0700});
     EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms{0600});
-    // What others could read is closed to them with the next change.
+    // The next change makes a readable file private again.
     ::chmod(file.parent_path().c_str(), 0755);
     ::chmod(file.c_str(), 0644);
     EXPECT_EQ(keychain.update(item, next), keychainSuccess);
@@ -79,7 +79,7 @@ TEST(FileKeychain, RefusesFilesOfOtherUsers) {
   const auto file = folder.write("agent/paired-devices.json", "[]");
   std::string data;
   for (const auto& foreign : {file, file.parent_path()}) {
-    // Only root can give a file away; whoever else runs this finds one of root's.
+    // Only root can change the owner; other users test with a folder of root.
     const bool given = ::chown(foreign.c_str(), 1000, 1000) == 0;
     EXPECT_EQ(FileKeychain(given ? folder / "agent" : "/usr").copyMatching(item, data), -EPERM);
     EXPECT_EQ(data, "");
@@ -156,7 +156,7 @@ TEST_F(SecretServiceKeychainTest, LockedCollectionIsNotEmptyAndPromptsOnce) {
   EXPECT_EQ(keychain.copyMatching({item.service, "absent"}, data), keychainInteractionNotAllowed);
   session.restart("unlocked");
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
-  EXPECT_EQ(data, "[1]") << "nothing that was refused changed the item";
+  EXPECT_EQ(data, "[1]") << "refused changes had no effect";
 }
 
 TEST_F(SecretServiceKeychainTest, CreatesNoDefaultCollection) {
@@ -168,7 +168,7 @@ TEST_F(SecretServiceKeychainTest, CreatesNoDefaultCollection) {
 }
 
 TEST_F(SecretServiceKeychainTest, ReportsAnAbsentServiceAndFindsItLater) {
-  EXPECT_EQ(statuses(), always(keychainNotAvailable)) << "a bus without the service";
+  EXPECT_EQ(statuses(), always(keychainNotAvailable)) << "on a bus without the service";
   session.start("unlocked");
   EXPECT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
@@ -191,7 +191,7 @@ TEST_F(SecretServiceKeychainTest, HungOrDyingServiceMeetsTheDeadline) {
   auto dying = std::async(std::launch::async, [&] { return patient.update(item, "[2]"); });
   EXPECT_EQ(dying.wait_for(300ms), std::future_status::timeout);
   session.kill();
-  ASSERT_EQ(dying.wait_for(5s), std::future_status::ready);
+  ASSERT_EQ(dying.wait_for(test::slowdown * 5s), std::future_status::ready);
   EXPECT_EQ(dying.get(), keychainNotAvailable);
   session.start("unlocked");
   EXPECT_EQ(keychain.update(item, "[3]"), keychainSuccess);
@@ -204,7 +204,7 @@ TEST_F(SecretServiceKeychainTest, SignalsWhenItBecomesReadable) {
   const auto locked = [this] { session.restart("locked"); };
   const struct {
     const char* name;
-    std::function<void()> begin;  // of a service that runs
+    std::function<void()> begin;  // applied to a running service
     KeychainStatus before;
     std::function<void()> end;
   } cases[] = {
@@ -241,7 +241,7 @@ TEST_F(SecretServiceKeychainTest, SignalsWhenItBecomesReadable) {
   }
 }
 
-// Later items are the greater texts here.
+// In these tests the greater text is the later item.
 class TwoPlaceKeychainTest : public testing::Test {
  protected:
   test::KeyringSession session;
@@ -256,7 +256,7 @@ class TwoPlaceKeychainTest : public testing::Test {
            : status == keychainItemNotFound ? "none"
                                             : std::to_string(status);
   }
-  // As the pairing is saved.
+  // Saves the way the pairing is saved.
   KeychainStatus save(const std::string& data) {
     const KeychainStatus status = keychain.update(item, data);
     return status == keychainItemNotFound ? keychain.add(item, data) : status;
@@ -322,7 +322,7 @@ TEST_F(TwoPlaceKeychainTest, ItemSurvivesALockedOrHungService) {
 }
 
 TEST_F(TwoPlaceKeychainTest, KeepsTheFileUntilTheServiceHasTheItem) {
-  session.start("locked");  // nothing can be added: there is no collection
+  session.start("locked");  // without a collection, so nothing can be added
   ASSERT_EQ(file.add(item, "1"), keychainSuccess);
   EXPECT_EQ(read(keychain), "1");
   EXPECT_EQ(read(file), "1");
@@ -341,7 +341,7 @@ TEST_F(TwoPlaceKeychainTest, RemovalWithoutTheServiceIsPermanent) {
   EXPECT_EQ(read(secretService), "1");
   expectOnlyInSecretService("none");
 
-  // A pairing after such a removal counts, wherever it is kept.
+  // An item saved after such a removal is kept.
   ASSERT_EQ(save("2"), keychainSuccess);
   session.lock();
   EXPECT_EQ(keychain.remove(item), keychainSuccess);

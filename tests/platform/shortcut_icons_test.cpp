@@ -7,23 +7,16 @@
 
 #include "platform/linux/shortcuts/shortcut_folder.h"
 #include "platform/linux/shortcuts/shortcut_tile.h"
-#include "tests/platform/desktop_folders.h"
+#include "tests/platform/applications_test.h"
 #include "tests/support/painted.h"
 
 namespace glintboard {
 namespace {
 
-class ShortcutIconsTest : public testing::Test {
+class ShortcutIconsTest : public test::IndexTest {
  protected:
-  ~ShortcutIconsTest() override {
-    if (index_) {
-      index_->stop();
-    }
-  }
-
   void start() {
-    executors_.emplace();
-    index_ = ApplicationIndex::open(*executors_, desktop_.folders);
+    open();
     icons_ = shortcutIcons(index_, desktop_.folders);
   }
   std::map<std::string, std::string> stamps() {
@@ -37,10 +30,8 @@ class ShortcutIconsTest : public testing::Test {
     const auto icon = icons_->icon(identifier);
     return icon ? icon->draw(64) : QImage();
   }
-  test::DesktopFolders desktop_;
+
   ShortcutFolder folder_{ShortcutFolder::pathIn(desktop_.folders)};
-  std::optional<Executors> executors_;
-  std::shared_ptr<ApplicationIndex> index_;
   std::optional<ShortcutIconClient> icons_;
 };
 

@@ -62,7 +62,7 @@ TEST(Json, AcceptsVariationsAndRefusesMismatches) {
   }
 }
 
-// The grammar, beside the library's opinion of the same text.
+// Compares with Boost.JSON.
 TEST(Json, AgreesWithTheLibraryOnTheGrammar) {
   std::vector<std::string> texts = {
       R"({"x":[1,-0,2.5e-3,1E+5,0.1],"y":{"z":[true,false,null]}} )",

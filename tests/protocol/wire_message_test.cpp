@@ -12,7 +12,7 @@ const std::string idText = "0F8FAD5B-D9CB-469F-A165-70867728950E";
 const Uuid id = *parseUuid(idText);
 const WireDate date = *WireDate::parse("2026-11-16T16:25:42Z");
 
-// A message survives the wire, and its text is the expected one.
+// Expects the message to have this text and to round-trip.
 template <class Payload>
 void expectRoundTrip(const WireMessage<Payload>& message, const std::string& type,
                      const std::string& payload) {

@@ -30,7 +30,7 @@ TEST(SpringBoardJiggle, StartsAfterTheDelayAndOnlyOnce) {
   view.setActive(true);
   EXPECT_FALSE(view.isStarting());
   EXPECT_EQ(stops.size(), 0);
-  // Another seed starts anew, and so does a lost animation.
+  // Another seed restarts the animation, and so does a lost rotation.
   view.setSeed(5);
   view.setActive(true);
   EXPECT_EQ(stops.size(), 1);

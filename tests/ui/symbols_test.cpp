@@ -21,7 +21,7 @@ QImage drawn(const QString& name) {
   return image;
 }
 
-// What is drawn, in parts of the square; all of it must be red.
+// The fraction of the square that is drawn; expects all of it to be red.
 double covered(const QImage& image) {
   int marked = 0;
   for (int y = 0; y < image.height(); ++y) {
