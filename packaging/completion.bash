@@ -1,8 +1,8 @@
-# Completes glintboard-agent, glintboard-phone and shortcuts by what their --help tells.
+# Completes glintboard-agent, glintboard-phone and shortcuts from their --help.
 # shellcheck shell=bash
 
-# Prints the words that may follow COMMAND: the commands if that is empty, or else its options. An
-# option that holds for some commands alone is explained by "COMMAND, COMMAND: …", or "all but …".
+# Prints the words that may follow COMMAND: the commands if it is empty, otherwise its options. The
+# help of an option that only some commands take begins with "COMMAND, COMMAND: " or "all but …: ".
 _glintboard_words() {  # PROGRAM COMMAND
   "$1" --help 2>/dev/null | awk -v command="$2" '
     function options(text) {
@@ -36,7 +36,7 @@ _glintboard() {
     case ${COMP_WORDS[i]} in
       --show-identifiers | --json | --background | --without-display) ;;
       --*)
-        # Readline makes three words of --option=value.
+        # Readline splits --option=value into three words.
         if [[ ${COMP_WORDS[i + 1]} == = ]]; then ((i += 2)); else ((i++)); fi
         ;;
       *) command=${COMP_WORDS[i]}; break ;;
@@ -58,7 +58,7 @@ _glintboard() {
   elif [[ $command == icons ]]; then
     mapfile -t COMPREPLY < <(compgen -d -- "$word")
   elif [[ ${program##*/} == shortcuts && " run edit delete show " == *" $command "* ]]; then
-    # Names with a colon are several words to the shell.
+    # The shell splits names that contain a colon.
     while IFS= read -r name; do
       printf -v name %q "$name"
       [[ $name != *:* && $name == "$word"* ]] && COMPREPLY+=("$name")

@@ -1,9 +1,9 @@
-# The Debian package, which CPack makes of everything that is installed.
+# The Debian package, which CPack builds from all installed files.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME glintboard-agent)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-# The build may be for another prefix, and have the settings below it.
+# A build for another prefix has the settings below that prefix.
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/move_settings.cmake)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -19,14 +19,14 @@ endif()
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "turns a phone into a deck of keys for this computer")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Tap a key on the phone that lies beside the keyboard: an application opens or
-comes to the front, the volume moves, or a command of yours runs. The phone
+comes to the front, the volume changes, or a command of yours runs. The phone
 pairs by scanning a code on the screen.
 .
-The package holds the agent with its deck editor, the phone's counterpart; a
-phone on the command line (glintboard-phone); and the tool that makes the
-commands of keys (shortcuts).")
+The package contains the agent with its deck editor, a phone on the command
+line (glintboard-phone), and the tool that manages the commands of keys
+(shortcuts).")
 
-# Programs say themselves which libraries they need, but not what QML loads.
+# dpkg-shlibdeps finds the libraries of the programs, but not the modules that QML loads.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qml6-module-qtqml, qml6-module-qtqml-models, \
 qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-templates, \

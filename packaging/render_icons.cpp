@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Draws the application's icon at the sizes that desktops look for: render-icons SVG FOLDER SIZE...
+// Renders the application's icon at the sizes that desktops use: render-icons SVG FOLDER SIZE...
 // writes FOLDER/SIZE.png.
 #include <QImage>
 #include <QPainter>

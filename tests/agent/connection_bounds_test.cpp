@@ -13,7 +13,7 @@ struct Opened {
   ConnectionKind kind = unpaired;
 };
 
-TEST(ConnectionBoundsTest, OfTooManyGoesTheOldestIdleOneOfThePeerThatHasMost) {
+TEST(ConnectionBoundsTest, ClosesTheLongestSilentConnectionOfTheBusiestPeer) {
   struct Case {
     const char* what;
     std::vector<Opened> opened;  // of each kind two are allowed
@@ -51,7 +51,7 @@ TEST(ConnectionBoundsTest, OfTooManyGoesTheOldestIdleOneOfThePeerThatHasMost) {
   }
 }
 
-TEST(ConnectionBoundsTest, TicketsAreFreeAgainAndRoomIsMadeAmongStrangersAlone) {
+TEST(ConnectionBoundsTest, MakesRoomByClosingStrangersOnly) {
   const auto bounds = std::make_shared<ConnectionBounds>(ConnectionLimits{.total = 3});
   const auto enter = [&] { return bounds->enter(asio::ip::make_address("10.0.0.1")); };
   std::vector<std::unique_ptr<ConnectionBounds::Ticket>> tickets;
@@ -65,12 +65,12 @@ TEST(ConnectionBoundsTest, TicketsAreFreeAgainAndRoomIsMadeAmongStrangersAlone) 
     bounds->makeRoom();
   }
   EXPECT_EQ(gone, (std::vector{waiting, unpaired}));
-  EXPECT_EQ(enter(), nullptr) << "ended, but not let go";
+  EXPECT_EQ(enter(), nullptr) << "closed, but not released";
   tickets.pop_back();
   EXPECT_NE(enter(), nullptr);
 }
 
-TEST(ConnectionBoundsTest, LimitsFitTheDescriptorsThatThereAre) {
+TEST(ConnectionBoundsTest, ScalesLimitsToTheAvailableDescriptors) {
   for (const std::size_t descriptors : {0, 20, 64, 256, 1024, 4096, 1 << 20}) {
     const auto limits = ConnectionLimits::forDescriptors(descriptors);
     EXPECT_LE(limits.waiting + limits.unpaired + limits.paired,

@@ -69,14 +69,14 @@ class DeckStoreTest : public testing::Test {
   std::string content(const std::string& name) { return readWholeFile(path.parent_path() / name); }
 };
 
-TEST_F(DeckStoreTest, AFirstUseStoresTheBuiltInDecksOfThisComputer) {
+TEST_F(DeckStoreTest, StoresTheInstalledBuiltInKeysOnFirstUse) {
   EXPECT_EQ(summary(load(streaming).tiles), (Lines{"1 com.discord.Discord", "2 com.apple.Safari"}));
   EXPECT_TRUE(content("decks.json").ends_with(R"("version":1})"));
   EXPECT_EQ(summary(load(gaming).tiles),
             (Lines{"1 com.valvesoftware.steam", "2 com.discord.Discord", "3 com.apple.Safari"}));
 }
 
-TEST_F(DeckStoreTest, SavingRenumbersValidatesAndReplacesOneDeck) {
+TEST_F(DeckStoreTest, SaveRenumbersValidatesAndReplacesOneDeck) {
   const auto untouched = load(gaming);
   auto tiles = applications(3, 3);
   tiles[0].id = "stale";
@@ -114,14 +114,14 @@ TEST_F(DeckStoreTest, SavingRenumbersValidatesAndReplacesOneDeck) {
   EXPECT_EQ(summary(load(streaming).tiles), (Lines{"1 com.discord.Discord", "2 com.apple.Safari"}));
 }
 
-TEST_F(DeckStoreTest, TheDeckOfAnEarlierVersionBecomesTheStreamingDeckOrStaysWithTheUser) {
+TEST_F(DeckStoreTest, MigratesTheDeckOfAnEarlierVersion) {
   const std::string tooMany = jsonText(DeckTemplate("old", "Old", applications(30)));
   const struct {
-    const char* file;  // in "data", what is written
+    const char* file;  // below "data"
     std::string content;
-    const char* name;  // of the Streaming deck then
-    const char* kept;  // where the content is then, if anywhere
-    bool stays;        // whether there is a "deck.json" then
+    const char* name;  // of the Streaming deck afterwards
+    const char* kept;  // the file that has the content afterwards
+    bool stays;        // whether "deck.json" exists afterwards
   } cases[] = {
       {"deck.json", tooMany, "Streaming", "deck.json.bak", false},
       {"deck.json", "no deck", "Streaming", "deck.json", true},
@@ -141,7 +141,7 @@ TEST_F(DeckStoreTest, TheDeckOfAnEarlierVersionBecomesTheStreamingDeckOrStaysWit
   EXPECT_EQ(summary(load(streaming).tiles), (Lines{"1 app0", "2 app1", "3 app2"}));
 }
 
-TEST_F(DeckStoreTest, AnUnusableOrIncompleteFileIsKeptBeforeItIsReplaced) {
+TEST_F(DeckStoreTest, BacksUpAnInvalidOrIncompleteFileBeforeReplacingIt) {
   const std::string half = jsonText(DecksFile{1, {DeckTemplate("gaming", "Mine", {})}});
   const std::tuple<std::string, const char*, const char*> cases[] = {
       {"not decks", "Gaming", "decks.json.bak.1"}, {half, "Mine", "decks.json.bak.2"}};
@@ -158,7 +158,7 @@ TEST_F(DeckStoreTest, AnUnusableOrIncompleteFileIsKeptBeforeItIsReplaced) {
   EXPECT_EQ(content("decks.json.bak"), "older");
 }
 
-TEST_F(DeckStoreTest, DecksComeInTheirOrderWhateverTheFilesIs) {
+TEST_F(DeckStoreTest, ReturnsDecksInAFixedOrder) {
   std::vector<DeckTemplate> stored;
   for (const char* id : {"gaming", "streaming", "other"}) {
     stored.emplace_back(id, std::string("My ") + id, std::vector<DeckTile>());
@@ -171,8 +171,8 @@ TEST_F(DeckStoreTest, DecksComeInTheirOrderWhateverTheFilesIs) {
   EXPECT_EQ(content("decks.json").find("other"), std::string::npos);
 }
 
-TEST_F(DeckStoreTest, AFileThatCannotBeReadNowIsLeftAlone) {
-  std::filesystem::create_directories(path);  // reading a folder is an error that may pass
+TEST_F(DeckStoreTest, LeavesAnUnreadableFileAlone) {
+  std::filesystem::create_directories(path);  // reading a folder fails
   EXPECT_EQ(snapshots()[0].name, "Streaming");
   EXPECT_THROW(save(streaming, {}), std::system_error);
   EXPECT_TRUE(std::filesystem::is_directory(path));

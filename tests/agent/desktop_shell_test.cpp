@@ -6,7 +6,6 @@
 
 #include <QEventLoop>
 #include <QGuiApplication>
-#include <QThread>
 
 #include "agent/menu/tray_icon.h"
 #include "agent/pairing/keychain_paired_device_store.h"
@@ -38,7 +37,7 @@ struct RecordingMenu : MenuPresenter {
   std::optional<QPoint> lastAnchor;
 };
 
-// The agent's shell on a desktop of Qt's platform `platform`.
+// The agent's shell on the Qt platform `platform`.
 class Shell {
  public:
   explicit Shell(const char* platform, bool paired = false) {
@@ -55,14 +54,13 @@ class Shell {
   ~Shell() {
     shell_.reset();
     agent->run(viewModel_->services().listenerService().shutDown());
-    // A refresh under way must end before the view model goes, and what it left before the
-    // services.
+    // A refresh in progress must end before the view model, and its remains before the services.
     settle();
     viewModel_.reset();
     settle();
   }
 
-  // Whether the menu of an agent that was started without it opens.
+  // Whether the menu opens after a start in the background.
   bool opensUnasked() {
     menu.shown = 0;
     shell_->startInBackground(0ms);
@@ -73,10 +71,7 @@ class Shell {
 
  private:
   static void settle() {
-    for (int i = 0; i < 20; ++i) {
-      QCoreApplication::processEvents();
-      QThread::msleep(1);
-    }
+    turnUntil([] { return false; }, 20ms);
   }
 
   int count_ = 1;
@@ -93,16 +88,16 @@ class Shell {
   std::optional<DesktopShell> shell_;
 };
 
-TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
+TEST(DesktopShellTest, RegistersWithTheTrayAndItsSuccessor) {
   const test::SessionBus bus;
   Shell shell("offscreen");
-  EXPECT_TRUE(turnUntil([&] { return shell.opensUnasked(); })) << "nothing shows the item";
+  EXPECT_TRUE(turnUntil([&] { return shell.opensUnasked(); })) << "without a tray";
   std::optional<StatusNotifierWatcher> tray(std::in_place);
   ASSERT_TRUE(turnUntil([&] { return !tray->item().empty(); }));
   const auto item = tray->item();
   EXPECT_EQ(tray->property("Title"), "(<'Glintboard Agent'>,)\n");
   EXPECT_EQ(tray->property("ItemIsMenu"), "(<false>,)\n");
-  EXPECT_EQ(tray->property("IconName"), "(<''>,)\n") << "it is installed nowhere";
+  EXPECT_EQ(tray->property("IconName"), "(<''>,)\n") << "no icon is installed";
   EXPECT_EQ(tray->property("IconPixmap").substr(0, 22), "(<[(16, 16, [byte 0x34");
   EXPECT_TRUE(turnUntil(
       [&] { return tray->property("ToolTip").find("'Ready for iPhone'") != std::string::npos; }));
@@ -124,27 +119,26 @@ TEST(DesktopShellTest, TheItemIsInTheTrayThatIsThereAndInTheNext) {
   EXPECT_TRUE(turnUntil([&] { return tray->item() == item; }));
 }
 
-TEST(DesktopShellTest, ATrayMayAnswerLate) {
+TEST(DesktopShellTest, RegistersWithATrayThatAnswersLate) {
   const test::SessionBus bus;
   const StatusNotifierWatcher tray(true);
   Shell shell("offscreen");
   ASSERT_TRUE(turnUntil([&] { return !tray.item().empty(); }));
-  turnUntil([] { return false; }, 2500ms);
-  EXPECT_TRUE(shell.opensUnasked()) << "for now there is none";
+  EXPECT_TRUE(turnUntil([&] { return shell.opensUnasked(); })) << "until the tray answers";
   tray.answer();
   EXPECT_TRUE(turnUntil([&] { return !shell.opensUnasked(); }));
 }
 
-TEST(DesktopShellTest, WhoHasPairedAPhoneIsNotAskedToDoSo) {
+TEST(DesktopShellTest, DoesNotOpenTheMenuWhenAPhoneIsPaired) {
   ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
   Shell shell("offscreen", true);
   turnUntil([] { return false; }, 200ms);
   EXPECT_FALSE(shell.opensUnasked());
 }
 
-TEST(DesktopShellTest, ABusThatHangsHoldsUpNothing) {
+TEST(DesktopShellTest, HungBusDoesNotBlockTheEventLoop) {
   const test::TemporaryFolder folder;
-  // Connections are taken, and nobody answers.
+  // Accepts connections and never answers.
   FileDescriptor silent(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
@@ -168,9 +162,9 @@ TEST(DesktopShellTest, ABusThatHangsHoldsUpNothing) {
   EXPECT_LT(longest, test::slowdown * 1s);
 }
 
-TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
+TEST(DesktopShellTest, UsesTheLegacyTrayWithoutABus) {
   if (test::outputOf("command -v trayer").empty()) {
-    GTEST_SKIP() << "trayer, which Debian has no more since 14, is not installed";
+    GTEST_SKIP() << "trayer is not installed; Debian 13 is the last to have it";
   }
   ::setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
   const test::XServer server;
@@ -193,10 +187,10 @@ TEST(DesktopShellTest, WithoutABusTheItemIsInTheLegacyTray) {
   tray.reset();
   tray.emplace(trayer);
   const int before = shell.menu.toggled;
-  EXPECT_TRUE(clicked(before + 1)) << "a tray that comes later is joined";
+  EXPECT_TRUE(clicked(before + 1)) << "a restarted tray";
 }
 
-TEST(TrayIconTest, ShowsOnLightAndOnDarkPanels) {
+TEST(TrayIconTest, IsVisibleOnLightAndDarkPanels) {
   for (const QImage& image : trayImages()) {
     int light = 0;
     int dark = 0;

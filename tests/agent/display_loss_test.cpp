@@ -11,17 +11,17 @@
 namespace glintboard {
 namespace {
 
-// Ends as the program that is started again does, unless something is torn down before.
+// Exits with the code of the restarted program, or with 3 if an exit handler runs first.
 void lose(void (*display)()) {
   const DisplayLoss loss({"again", "--gtest_list_tests"});
   std::atexit([] { std::_Exit(3); });
   display();
 }
 
-TEST(DisplayLoss, StartsAgainBeforeAnythingIsTornDown) {
+TEST(DisplayLoss, RestartsBeforeExitHandlersRun) {
   void (*const waysToEnd[])() = {[] { std::exit(1); }, [] { ::_exit(1); },
                                  [] { qFatal("the display is gone"); },
-                                 // A child process only ends.
+                                 // A child process exits normally.
                                  [] {
                                    if (::fork() == 0) {
                                      ::_exit(1);
@@ -39,7 +39,7 @@ TEST(DisplayLoss, StartsAgainBeforeAnythingIsTornDown) {
         std::exit(4);
       },
       testing::ExitedWithCode(3), "")
-      << "none is left";
+      << "without a DisplayLoss";
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ class InstalledAppsCatalogTest : public test::ApplicationsTest {
   std::optional<InstalledAppsCatalog> catalog_;
 };
 
-TEST_F(InstalledAppsCatalogTest, OffersEachApplicationOnceUnderItsNameSortedAsTheUserSorts) {
+TEST_F(InstalledAppsCatalogTest, ListsEachApplicationOnceInLocaleOrder) {
   entry("z", "Zebra");
   entry("upper", "TERMINAL");
   entry("lower", "terminal");
@@ -74,10 +74,10 @@ TEST_F(InstalledAppsCatalogTest, GivesEachApplicationItsIconAndAccent) {
   EXPECT_EQ(apps[2].accent, QColor(Qt::red));
   EXPECT_EQ(apps[3].icon.cacheKey(), apps[2].icon.cacheKey()) << "a shared icon is drawn once";
   EXPECT_EQ(apps[0].accent, fallbackAccent());
-  EXPECT_TRUE(apps[1].icon.isNull()) << "there is no theme to give a generic icon";
+  EXPECT_TRUE(apps[1].icon.isNull()) << "no theme has a generic icon";
 }
 
-TEST_F(InstalledAppsCatalogTest, NamesTheApplicationOfADroppedLauncher) {
+TEST_F(InstalledAppsCatalogTest, IdentifiesTheApplicationOfADroppedLauncher) {
   const auto path = entry("discord", "Discord");
   entry("vendor/deep", "Deep");
   start();

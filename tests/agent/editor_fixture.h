@@ -11,7 +11,7 @@ namespace glintboard::test {
 class EditorTest : public testing::Test, protected EditorStage {
  protected:
   EditorTest() {
-    // What of the built-in Streaming deck is installed, in its order, and one application more.
+    // The installed keys of the built-in Streaming deck in order, and one other application.
     app("discord", "Discord");
     app("com.apple.Safari", "Safari");
     app("com.apple.Music", "Music");
@@ -19,7 +19,7 @@ class EditorTest : public testing::Test, protected EditorStage {
     listShortcuts(std::string("echo 'Brew (") + briefId + ")'; echo 'Tidy up (" + tidyId + ")'");
   }
 
-  // The editor with everything loaded.
+  // Opens the editor and waits until everything is loaded.
   void open() {
     model = DeckEditorModel::create(inputs());
     QObject::connect(model.get(), &DeckEditorModel::closeRequested, [this] { ++closeRequests; });
@@ -33,12 +33,17 @@ class EditorTest : public testing::Test, protected EditorStage {
     model->save();
     ASSERT_TRUE(turnUntil([&] { return !model->isSaving(); }));
   }
-  // A reset, or undoing or redoing one.
+  // Runs a reset, or an undo or redo of one, and waits for it.
   void replace(void (DeckEditorModel::*change)()) {
     (model.get()->*change)();
     ASSERT_TRUE(turnUntil([&] { return !model->isResetting(); }));
   }
-  // The agent ends and another one starts, which knows what is on disk.
+  // Makes the decks impossible to store: a file takes the name of their folder.
+  void breakStore() const {
+    std::filesystem::remove_all(desktop.root / "agent");
+    desktop.root.write("agent", "");
+  }
+  // Ends the agent and starts another, which knows only what is on disk.
   void startAgain() {
     model->close();
     await(executors.service(), drafts.finish());
@@ -50,7 +55,7 @@ class EditorTest : public testing::Test, protected EditorStage {
     ASSERT_TRUE(turnUntil([&] { return !model->isLoading(); }));
   }
 
-  // "1 Discord, 2 Safari": the keys as the view is told of them.
+  // The keys of the model, as "1 Discord, 2 Safari".
   std::string keys() const {
     QStringList texts;
     auto* tiles = model->tilesModel();
@@ -61,7 +66,7 @@ class EditorTest : public testing::Test, protected EditorStage {
     }
     return texts.join(", ").toStdString();
   }
-  // The labels of the cards shown.
+  // The labels of the visible cards.
   static std::string labels(DeckLibraryModel* cards) {
     QStringList texts;
     for (int row = 0; row < cards->rowCount(); ++row) {

@@ -24,7 +24,7 @@ class EditorLibraryTest : public test::EditorTest {
   }
 };
 
-TEST_F(EditorLibraryTest, SearchShowsWhatContainsTheTextInEveryTab) {
+TEST_F(EditorLibraryTest, SearchFiltersEveryTab) {
   open();
   const QAbstractItemModelTester tester(model->apps()->cards());
   EXPECT_EQ(labels(model->cards()), "Discord, Music, Safari, Text Editor");
@@ -45,7 +45,7 @@ TEST_F(EditorLibraryTest, SearchShowsWhatContainsTheTextInEveryTab) {
   EXPECT_EQ(labels(model->cards()), "Vol \u2212, Vol +, Mute");
 }
 
-TEST_F(EditorLibraryTest, AListingWithoutAnythingSuggestsAShortcutUntilThereIsOneLikeIt) {
+TEST_F(EditorLibraryTest, SuggestsAShortcutUntilASimilarOneExists) {
   listShortcuts("");
   app("cursor", "My cursor editor");
   desktop.root.write("system/applications/com.apple.shortcuts.desktop",
@@ -53,7 +53,8 @@ TEST_F(EditorLibraryTest, AListingWithoutAnythingSuggestsAShortcutUntilThereIsOn
   open();
   auto* shortcuts = model->shortcuts();
   EXPECT_TRUE(shortcuts->showsSuggested());
-  EXPECT_EQ(model->suggestedWarnings(), "Wispr Flow isn\u2019t installed.") << "what it lacks";
+  EXPECT_EQ(model->suggestedWarnings(), "Wispr Flow isn\u2019t installed.")
+      << "names the missing application";
   EXPECT_TRUE(model->infoMessage().isNull());
   listShortcuts(std::string("echo 'my voice to cursor (") + briefId + ")'");
   listAgain();
@@ -76,7 +77,7 @@ TEST_F(EditorLibraryTest, AListingWithoutAnythingSuggestsAShortcutUntilThereIsOn
   EXPECT_TRUE(turnUntil([&] { return !model->errorMessage().isEmpty(); })) << "it does not start";
 }
 
-TEST_F(EditorLibraryTest, ShortcutKeysFollowTheirShortcuts) {
+TEST_F(EditorLibraryTest, UpdatesKeysWhenShortcutsChange) {
   const std::string key = briefId;
   giveIcon("a0000000-0000-0000-0000-00000000000a", Qt::red);
   open();
@@ -104,10 +105,10 @@ TEST_F(EditorLibraryTest, ShortcutKeysFollowTheirShortcuts) {
 
   listShortcuts("exit 1");
   listAgain();
-  EXPECT_TRUE(model->missingShortcutIDs().empty()) << "nothing is known";
+  EXPECT_TRUE(model->missingShortcutIDs().empty()) << "unknown after a failed listing";
 }
 
-TEST_F(EditorLibraryTest, IconsComeInWithoutDisturbingTheList) {
+TEST_F(EditorLibraryTest, LoadsIconsWithoutResettingTheList) {
   app("com.apple.Safari", "Safari", "plus", 120);
   open();
   auto* cards = model->apps()->cards();

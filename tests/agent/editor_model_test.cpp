@@ -12,7 +12,7 @@ using test::turnUntil;
 
 using DeckEditorTest = test::EditorTest;
 
-TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
+TEST_F(DeckEditorTest, DropInsertsMovesOrRefuses) {
   using Case = std::tuple<QStringList, int, bool, std::string>;
   const std::string before = "1 Discord, 2 Safari, 3 Music";
   open();
@@ -49,7 +49,7 @@ TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
     model->setDropTargetIndex(index);
     EXPECT_EQ(model->drop(items, index), accepted) << items.join(' ').toStdString();
     EXPECT_EQ(keys(), expected);
-    EXPECT_EQ(inserted.count() + moved.count(), expected != before ? 1 : 0) << "as one step";
+    EXPECT_EQ(inserted.count() + moved.count(), expected != before ? 1 : 0) << "in one step";
     EXPECT_EQ(model->dropTargetIndex(), -1);
     EXPECT_FALSE(model->isDeckDragActive());
     EXPECT_EQ(model->canUndo(), expected != before);
@@ -64,7 +64,7 @@ TEST_F(DeckEditorTest, DropsInsertMoveAndRefuse) {
   EXPECT_EQ(keys(), before);
 }
 
-TEST(DeckTilesModel, FollowsAnyChangeOfTheDeck) {
+TEST(DeckTilesModel, UpdatesRowsForAnyChange) {
   DeckTilesModel model;
   const QAbstractItemModelTester tester(&model);
   std::mt19937 random(6);
@@ -89,7 +89,7 @@ TEST(DeckTilesModel, FollowsAnyChangeOfTheDeck) {
   }
 }
 
-TEST_F(DeckEditorTest, ADuplicateIsRefusedWithItsText) {
+TEST_F(DeckEditorTest, RefusesDuplicatesWithAnError) {
   open();
   model->addAction("system.volume.up");
   model->addAction("system.volume.up");
@@ -102,7 +102,7 @@ TEST_F(DeckEditorTest, ADuplicateIsRefusedWithItsText) {
   EXPECT_TRUE(model->errorMessage().isNull());
 }
 
-TEST_F(DeckEditorTest, UndoTakesBackEveryEditAndANameTypedIsOne) {
+TEST_F(DeckEditorTest, UndoRevertsEditsOneByOne) {
   open();
   for (const auto* typed : {"S", "St", "Stream"}) {
     model->setDeckName(typed);
@@ -134,79 +134,7 @@ TEST_F(DeckEditorTest, UndoTakesBackEveryEditAndANameTypedIsOne) {
   EXPECT_EQ(keys(), "1 Safari, 2 Music") << "unsaved edits are gone";
 }
 
-TEST_F(DeckEditorTest, ASaveTellsWhereTheDeckIsNow) {
-  open();
-  EXPECT_FALSE(model->syncIsLive());
-  model->setDeckName(" \n");
-  model->remove(0);
-  save();
-  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Streaming");
-  EXPECT_EQ(model->deckName(), "Streaming");
-  EXPECT_EQ(model->syncLabel(), "Synced");
-  EXPECT_EQ(model->infoMessage(), "Saved on Mac \u2014 connect iPhone to update.");
-  EXPECT_EQ(closeRequests, 0);
-  EXPECT_EQ(announcements, 1);
-  model->addApp("editor");
-  EXPECT_FALSE(model->infoMessage().isNull()) << "an application leaves the information";
-  model->addAction("system.volume.up");
-  EXPECT_TRUE(model->infoMessage().isNull());
-
-  phone = true;
-  model->refreshLive();
-  EXPECT_FALSE(model->syncIsLive());
-  model->setDeckName("  On air ");
-  save();
-  EXPECT_TRUE(model->syncIsLive());
-  EXPECT_EQ(storedName(DeckCategoryID::streaming), "On air");
-  EXPECT_EQ(closeRequests, 1);
-
-  // The phone could not be told.
-  onSaved = [] {
-    return []() -> Awaitable<> {
-      throw std::runtime_error("cut");
-      co_return;
-    }();
-  };
-  model->setDeckName("Unheard");
-  save();
-  EXPECT_EQ(model->errorMessage(), "cut");
-  EXPECT_EQ(model->syncLabel(), "Synced");
-  EXPECT_FALSE(model->syncIsLive());
-  EXPECT_EQ(closeRequests, 1);
-  onSaved = nullptr;
-  save();
-  EXPECT_TRUE(model->syncIsLive());
-  EXPECT_EQ(closeRequests, 2);
-
-  phone = false;
-  EXPECT_TRUE(model->syncIsLive()) << "nobody has told yet";
-  save();
-  EXPECT_FALSE(model->syncIsLive());
-  EXPECT_EQ(model->infoMessage(), "Saved on Mac \u2014 connect iPhone to update.");
-  phone = true;
-  model->refreshLive();
-  EXPECT_TRUE(model->syncIsLive()) << "a phone that comes asks for the decks";
-  phone = false;
-  model->refreshLive();
-  EXPECT_FALSE(model->syncIsLive());
-
-  // A folder cannot be made where there is a file.
-  std::filesystem::remove_all(desktop.root / "agent");
-  desktop.root.write("agent", "");
-  model->setDeckName("Lost");
-  save();
-  EXPECT_FALSE(model->errorMessage().isNull());
-  EXPECT_EQ(model->syncLabel(), "Unsaved");
-  EXPECT_EQ(closeRequests, 2);
-  EXPECT_EQ(announcements, 5);
-  const QString error = model->errorMessage();
-  model->reset();
-  ASSERT_TRUE(turnUntil([&] { return !model->isResetting(); }));
-  EXPECT_EQ(model->errorMessage(), error) << "so does a failed reset, and the deck stays";
-  EXPECT_EQ(model->deckName(), "Lost");
-}
-
-TEST_F(DeckEditorTest, KeysTellWhatRuns) {
+TEST_F(DeckEditorTest, MarksRunningApplications) {
   running = {"com.apple.Safari"};
   open();
   const auto safari = model->tilesModel()->index(1);
@@ -217,7 +145,7 @@ TEST_F(DeckEditorTest, KeysTellWhatRuns) {
   EXPECT_EQ(safari.data(DeckTilesModel::IsRunningRole), false);
 }
 
-TEST_F(DeckEditorTest, AKeyThatIsTriedShowsWhatCameOfIt) {
+TEST_F(DeckEditorTest, TryingAKeyShowsItsOutcome) {
   open();
   model->addAction("system.volume.mute");
   const auto* tiles = model->tilesModel();
@@ -242,68 +170,7 @@ TEST_F(DeckEditorTest, AKeyThatIsTriedShowsWhatCameOfIt) {
   EXPECT_FALSE(is(action, DeckTilesModel::DidSucceedRole));
 }
 
-TEST_F(DeckEditorTest, AResetIsUndoneInTheStoreToo) {
-  const std::string builtIn = "1 Discord, 2 Safari, 3 Music";
-  open();
-  model->setDeckName("Mine");
-  save();
-  model->remove(0);
-  replace(&DeckEditorModel::reset);
-  EXPECT_EQ(keys(), builtIn);
-  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Streaming");
-  EXPECT_EQ(model->syncLabel(), "Synced");
-  EXPECT_EQ(model->infoMessage(), "The default deck is in place. Undo brings yours back.");
-
-  ASSERT_TRUE(turnUntil([&] { return announcements == 2; }));
-
-  phone = true;
-  model->refreshLive();
-  for (int round = 0; round < 2; ++round) {
-    announcements = 0;
-    replace(&DeckEditorModel::undo);
-    EXPECT_EQ(keys(), "1 Safari, 2 Music") << "with what was not saved";
-    EXPECT_EQ(model->deckName(), "Mine");
-    EXPECT_EQ(model->syncLabel(), "Unsaved");
-    EXPECT_EQ(storedName(DeckCategoryID::streaming), "Mine");
-    EXPECT_EQ(model->savedTiles().size(), 3u);
-    ASSERT_TRUE(turnUntil([&] { return announcements == 1; }));
-    EXPECT_TRUE(turnUntil([&] {
-      return model->infoMessage() ==
-             "The reset is undone: your deck is saved and on the iPhone again.";
-    }));
-    model->undo();
-    EXPECT_EQ(keys(), builtIn) << "the edit before the reset";
-    EXPECT_EQ(model->deckName(), "Mine");
-    EXPECT_EQ(model->syncLabel(), "Synced");
-    model->redo();
-    replace(&DeckEditorModel::redo);
-    EXPECT_EQ(storedName(DeckCategoryID::streaming), "Streaming");
-    ASSERT_TRUE(turnUntil([&] { return announcements == 2; }));
-  }
-
-  // Undo waits for a save under way, reaches over it, and into another window.
-  model->save();
-  EXPECT_FALSE(model->canUndo());
-  ASSERT_TRUE(turnUntil([&] { return !model->isSaving(); }));
-  model->close();
-  open();
-  loadDeck("gaming");
-  EXPECT_FALSE(model->canUndo());
-  loadDeck("streaming");
-  replace(&DeckEditorModel::undo);
-  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Mine");
-
-  // What cannot be stored comes back unsaved.
-  replace(&DeckEditorModel::redo);
-  std::filesystem::remove_all(desktop.root / "agent");
-  desktop.root.write("agent", "");
-  replace(&DeckEditorModel::undo);
-  EXPECT_FALSE(model->errorMessage().isNull());
-  EXPECT_EQ(keys(), "1 Safari, 2 Music");
-  EXPECT_EQ(model->savedDeckName(), "Streaming");
-}
-
-TEST(EditHistory, ForgetsTheOldestSteps) {
+TEST(EditHistory, DropsTheOldestSteps) {
   EditHistory history;
   for (std::size_t i = 0; i < EditHistory::capacity + 5; ++i) {
     history.record({{QString::number(i), {}}, std::nullopt});
@@ -315,122 +182,7 @@ TEST(EditHistory, ForgetsTheOldestSteps) {
   EXPECT_EQ(last, "5");
 }
 
-TEST_F(DeckEditorTest, UnsavedEditsAreKeptAsADraft) {
-  open();
-  EXPECT_EQ(model->offerText(), "");
-  model->remove(0);
-  startAgain();
-  EXPECT_EQ(keys(), "1 Discord, 2 Safari, 3 Music") << "never over the stored deck by itself";
-  EXPECT_EQ(model->syncLabel(), "Synced");
-  EXPECT_TRUE(model->offerText().startsWith("Unsaved changes from "));
-  EXPECT_FALSE(model->isOfferOutdated());
-  EXPECT_FALSE(model->canUndo());
-  startAgain();
-  EXPECT_NE(model->offerText(), "") << "until it is answered";
-
-  model->restoreOffer();
-  EXPECT_EQ(keys(), "1 Safari, 2 Music");
-  EXPECT_EQ(model->syncLabel(), "Unsaved");
-  EXPECT_EQ(model->offerText(), "");
-  model->undo();
-  EXPECT_EQ(model->syncLabel(), "Synced");
-  model->redo();
-  loadDeck("gaming");
-  EXPECT_EQ(model->offerText(), "") << "one a deck";
-  model->setDeckName("Night");
-  loadDeck("streaming");
-  EXPECT_NE(model->offerText(), "") << "going to another deck keeps it too";
-  model->undo();
-  EXPECT_EQ(keys(), "1 Safari, 2 Music") << "and can be undone";
-  save();
-  startAgain();
-  EXPECT_EQ(model->offerText(), "") << "saved";
-  loadDeck("gaming");
-  model->dismissOffer();
-  startAgain();
-  loadDeck("gaming");
-  EXPECT_EQ(model->offerText(), "") << "dismissed";
-  EXPECT_EQ(model->deckName(), "Gaming");
-
-  // Another deck is stored than the one that was changed.
-  model->setDeckName("Late");
-  model->close();
-  deck(DeckCategoryID::gaming, "Elsewhere", {});
-  startAgain();
-  loadDeck("gaming");
-  EXPECT_TRUE(model->isOfferOutdated());
-  model->save();
-  ASSERT_TRUE(turnUntil([&] { return !model->isSaving(); }));
-  EXPECT_EQ(model->offerText(), "") << "a save removes it";
-  model->setDeckName("Undone");
-  model->undo();
-  startAgain();
-  loadDeck("gaming");
-  EXPECT_EQ(model->offerText(), "") << "nothing is left to restore";
-}
-
-TEST_F(DeckEditorTest, WhatIsNoDraftOfTheDeckIsIgnored) {
-  const auto file = desktop.folders.stateHome / "streaming.json";
-  open();
-  model->setDeckName("Draft");
-  startAgain();
-  ASSERT_NE(model->offerText(), "");
-  const std::string draft = readWholeFile(file);
-  std::string other = draft;
-  other.replace(other.rfind("streaming"), 9, "gaming");
-  std::string later = draft;
-  later.replace(later.rfind(":1}"), 3, ":2}");
-  for (const auto& content : {std::string(), draft.substr(0, draft.size() / 2), other, later}) {
-    writeAtomically(file, content, 0600);
-    startAgain();
-    EXPECT_EQ(model->offerText(), "") << content;
-    EXPECT_EQ(model->deckName(), "Streaming");
-  }
-  writeAtomically(file, draft, 0600);
-  startAgain();
-  EXPECT_NE(model->offerText(), "");
-}
-
-TEST_F(DeckEditorTest, WhatHappensDuringASaveGoesToNoOtherDeck) {
-  open();
-  phone = true;
-  model->setDeckName("First");
-  model->save();
-  EXPECT_TRUE(model->canUndo());
-  model->setSelectedCategory("gaming");
-  EXPECT_FALSE(model->canUndo());
-  model->setDeckName("Not loaded yet");
-  model->remove(0);
-  model->setSelectedCategory("streaming");
-  ASSERT_TRUE(turnUntil([&] { return !model->isSaving() && !model->isLoading(); }));
-  EXPECT_EQ(model->deckName(), "First") << "what was saved is what is loaded";
-  EXPECT_EQ(model->syncLabel(), "Synced");
-  EXPECT_EQ(closeRequests, 0) << "the user has gone to another deck";
-  EXPECT_EQ(storedName(DeckCategoryID::gaming), "Gaming");
-
-  model->setDeckName("Second");
-  model->save();
-  model->setDeckName("Third");
-  ASSERT_TRUE(turnUntil([&] { return !model->isSaving(); }));
-  EXPECT_EQ(model->syncLabel(), "Unsaved");
-  EXPECT_EQ(closeRequests, 0) << "what was typed meanwhile is not thrown away";
-  EXPECT_EQ(storedName(DeckCategoryID::streaming), "Second");
-
-  phone = false;
-  for (const auto change : {&DeckEditorModel::save, &DeckEditorModel::reset}) {
-    // Cannot be stored the second time.
-    (model.get()->*change)();
-    model->setSelectedCategory(model->selectedCategory() == "gaming" ? "streaming" : "gaming");
-    ASSERT_TRUE(turnUntil(
-        [&] { return !model->isSaving() && !model->isResetting() && !model->isLoading(); }));
-    EXPECT_TRUE(model->infoMessage().isNull()) << "about the other deck";
-    EXPECT_TRUE(model->errorMessage().isNull());
-    std::filesystem::remove_all(desktop.root / "agent");
-    desktop.root.write("agent", "");
-  }
-}
-
-TEST_F(DeckEditorTest, ADamagedDeckIsShownAndCanBeEdited) {
+TEST_F(DeckEditorTest, ShowsAndRepairsADamagedDeck) {
   desktop.root.write("agent/decks.json", R"({"version":1,"decks":[
       {"id":"streaming","name":"S","tiles":[
         {"slot":9,"label":"Safari","bundleId":"com.apple.Safari"},

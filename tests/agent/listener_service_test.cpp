@@ -32,7 +32,7 @@ class ListenerServiceTest : public testing::Test {
 
   ListenerState state() { return agent.run(listener.state()); }
   bool pushes() {
-    state();  // behind what is under way on the service loop
+    state();  // runs after what is queued on the service loop
     return listener.hasConnectedPhone();
   }
 
@@ -47,7 +47,7 @@ class ListenerServiceTest : public testing::Test {
   }
 };
 
-TEST_F(ListenerServiceTest, AStrangerIsRefusedByTypeAndMayOnlyPair) {
+TEST_F(ListenerServiceTest, RefusesStrangersByMessageType) {
   const auto refusal = std::optional<std::string>("Missing or invalid X-Glintboard-Token header");
   const auto text = [](const auto& message) { return WireCodec::encode(message); };
   const std::pair<std::string, std::vector<std::string>> cases[] = {
@@ -76,7 +76,7 @@ TEST_F(ListenerServiceTest, AStrangerIsRefusedByTypeAndMayOnlyPair) {
   EXPECT_TRUE(agent.desktop.calls.empty());
 }
 
-TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
+TEST_F(ListenerServiceTest, SendsIconsInRequestOrderWithFreshIds) {
   agent.desktop.installed = {"com.apple.Safari", "com.spotify.client"};
   const auto icons =
       ask(agent.pair(services),
@@ -90,7 +90,7 @@ TEST_F(ListenerServiceTest, IconsComeInTheOrderAskedForUnderIdsOfTheirOwn) {
   EXPECT_NE(first->id, second->id);
 }
 
-TEST_F(ListenerServiceTest, PongsGiveWhatRanWhenThePingsCame) {
+TEST_F(ListenerServiceTest, PongsListWhatRunsWhenThePingArrives) {
   agent.desktop.installed = {"com.apple.Safari"};
   start();
   const auto token = agent.pair(services);
@@ -122,7 +122,7 @@ TEST_F(ListenerServiceTest, PongsGiveWhatRanWhenThePingsCame) {
   }
 }
 
-TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
+TEST_F(ListenerServiceTest, StopKeepsConnectionsButEndsPushes) {
   start();
   EXPECT_TRUE(agent.bonjour.isAdvertised);
   auto phone = connect(agent.pair(services));
@@ -137,28 +137,28 @@ TEST_F(ListenerServiceTest, StoppingKeepsConnectionsButNoPushes) {
   EXPECT_THROW(connect(), std::exception);
   agent.run(listener.restart());
   agent.run(services.pairingService().beginReplacementPairing());
-  EXPECT_FALSE(pushes()) << "until the phone connects again";
-  EXPECT_TRUE(agent.watchesRunning) << "it may still ask";
+  EXPECT_FALSE(pushes()) << "before the phone reconnects";
+  EXPECT_TRUE(agent.watchesRunning) << "the phone may still send requests";
   agent.run(services.pairingService().unpairAll());
   EXPECT_FALSE(agent.watchesRunning);
   ASSERT_TRUE(test::eventually([&] { return state().isRunning; }));
   connect();
 }
 
-TEST_F(ListenerServiceTest, ATakenPortIsTriedEightTimesMoreEach400MillisecondsLater) {
+TEST_F(ListenerServiceTest, RetriesATakenPortEightTimes) {
   std::optional<FileDescriptor> taken = test::holdPort(agent.port);
   const auto began = std::chrono::steady_clock::now();
   agent.run(listener.start());
-  // With each attempt that fails, the advertisement is withdrawn.
+  // Each failed attempt withdraws the advertisement.
   EXPECT_TRUE(test::eventually([&] { return agent.bonjour.withdrawn == 1 + 8; }));
   EXPECT_GE(std::chrono::steady_clock::now() - began, 8 * 400ms);
   taken.reset();
-  EXPECT_FALSE(test::eventually([&] { return state().isRunning; }, 800ms)) << "a ninth time";
+  EXPECT_FALSE(test::eventually([&] { return state().isRunning; }, 800ms)) << "a ninth attempt";
   EXPECT_EQ(state().lastError, "Port " + std::to_string(agent.port) +
                                    " is already in use. Quit the other Glintboard Agent first.");
 }
 
-TEST_F(ListenerServiceTest, APhoneThatIsThereBeforeTheStoredListJoinsWhenThatComes) {
+TEST_F(ListenerServiceTest, AuthorizesOpenConnectionsWhenTheKeychainAnswersLate) {
   KeychainPairedDeviceStore(agent.keychain).save({{randomUuid(), "Phone", {"stored"}, {}}});
   agent.keychain.hangs = true;
   std::atomic<int> told = 0;
@@ -171,14 +171,13 @@ TEST_F(ListenerServiceTest, APhoneThatIsThereBeforeTheStoredListJoinsWhenThatCom
   EXPECT_TRUE(WireCodec::decode<AppErrorPayload>(phone.receive(soon()).value_or("")));
   EXPECT_FALSE(itsListener.hasConnectedPhone());
   agent.keychain.recover();
-  EXPECT_TRUE(test::eventually([&] { return told > 0; }));
-  EXPECT_TRUE(agent.watchesRunning);
+  EXPECT_TRUE(test::eventually([&] { return told > 0 && agent.watchesRunning; }));
   agent.run(itsListener.pushDecksSnapshot());
   EXPECT_TRUE(WireCodec::decode<DecksSnapshotPayload>(phone.receive(soon()).value_or("")));
   agent.run(itsListener.shutDown());
 }
 
-TEST_F(ListenerServiceTest, TheFirstAnswersWaitForTheFirstLookAtWhatRuns) {
+TEST_F(ListenerServiceTest, FirstRepliesWaitForTheFirstScan) {
   agent.desktop.installed = {"com.apple.Safari"};
   agent.looksAtOnce = false;
   start();
@@ -197,7 +196,7 @@ TEST_F(ListenerServiceTest, TheFirstAnswersWaitForTheFirstLookAtWhatRuns) {
       const auto asked = Clock::now();
       phone->send(question, soon());
       stranger.send(WireCodec::encode(MessageFactory::deckSync(id)), soon());
-      EXPECT_TRUE(stranger.receive(soon())) << "others are not held up";
+      EXPECT_TRUE(stranger.receive(soon())) << "others do not wait";
       auto look = runOn(agent.executors.service(), [&] {
         agent.desktop.running = agent.desktop.installed;
         if (looks) {
@@ -209,7 +208,7 @@ TEST_F(ListenerServiceTest, TheFirstAnswersWaitForTheFirstLookAtWhatRuns) {
       const bool isRight =
           answer.find(R"("runningBundleIds":["com.apple.Safari")") != std::string::npos ||
           answer.find("app.ok") != std::string::npos;
-      // A busy computer may need so long for the look that nobody waits for it any more.
+      // On a busy computer the scan may end after the timeout.
       EXPECT_TRUE(isRight || Clock::now() - asked >= RunningWatch::timeout) << answer;
       phone.reset();
       ASSERT_TRUE(test::eventually([&] { return !agent.watchesRunning; }));
@@ -217,7 +216,7 @@ TEST_F(ListenerServiceTest, TheFirstAnswersWaitForTheFirstLookAtWhatRuns) {
   }
 }
 
-TEST_F(ListenerServiceTest, TheWatchOfWhatRunsRestsWhileNobodyAsks) {
+TEST_F(ListenerServiceTest, StopsScanningWhileNoRequestsArrive) {
   std::atomic<bool> isOn = false;
   const auto watch = std::make_shared<RunningWatch>(
       agent.executors.service(), [&](bool on, const std::function<void()>&) { isOn = on; },
@@ -229,7 +228,7 @@ TEST_F(ListenerServiceTest, TheWatchOfWhatRunsRestsWhileNobodyAsks) {
   onService([&] { watch->setWanted(true); });
   for (int time = 0; time < 2; ++time) {
     EXPECT_TRUE(test::eventually([&] { return !isOn; }));
-    EXPECT_FALSE(onService([&] { return watch->ask(); })) << "what was known is outdated";
+    EXPECT_FALSE(onService([&] { return watch->ask(); })) << "the last scan is outdated";
   }
   onService([&] { watch->setWanted(false); });
   EXPECT_FALSE(isOn);

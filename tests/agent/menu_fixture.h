@@ -12,17 +12,24 @@
 #include "protocol/message_factory.h"
 #include "tests/support/child_process.h"
 #include "tests/support/test_agent.h"
+#include "tests/support/turn_until.h"
 #include "tools/phone/agent_session.h"
 
 namespace glintboard::test {
 
-// What zbar reads in a picture.
+// The content of the QR code in a picture, as zbar reads it.
 inline std::string codeIn(const QImage& picture) {
   const TemporaryFolder folder;
   const std::string file = folder / "picture.png";
   picture.save(QString::fromStdString(file));
   return outputOf("zbarimg --quiet --raw -S*.enable=0 -Sqrcode.enable=1 " + file + " 2>/dev/null");
 }
+
+inline const QStringList unpairedButtons{"Edit Deck", "Quit"};
+inline const QStringList pairedButtons{"Edit Deck", "Show Pairing Code\u2026", "Unpair iPhone",
+                                       "Quit"};
+inline const QStringList replacementButtons{"Edit Deck", "Hide Pairing Code", "Unpair iPhone",
+                                            "Quit"};
 
 class MenuTest : public testing::Test {
  protected:
@@ -40,6 +47,13 @@ class MenuTest : public testing::Test {
     start();
     ASSERT_TRUE(showsStatus("Ready for iPhone"));
   }
+  // With a phone that pairs. Returns its token.
+  std::string startPaired() {
+    startAndWait();
+    auto token = pairOverTheWire(pin());
+    EXPECT_TRUE(showsState("pairedDevice", pairedButtons));
+    return token;
+  }
   void TearDown() override {
     window.reset();
     agent.run(viewModel->services().listenerService().shutDown());
@@ -51,11 +65,11 @@ class MenuTest : public testing::Test {
   bool shows(const QString& name) { return item(name)->isVisible(); }
   QString text(const QString& name) { return item(name)->property("text").toString(); }
   bool showsStatus(const QString& status) {
-    return QTest::qWaitFor([&] { return text("status") == status; });
+    return turnUntil([&] { return text("status") == status; });
   }
-  // The pairing section and the buttons of one row of the menu's states.
+  // Whether the menu shows only that pairing section and those buttons.
   bool showsState(const QString& section, const QStringList& buttons) {
-    return QTest::qWaitFor([&] {
+    return turnUntil([&] {
       QStringList sections;
       for (const char* name : {"pairedDevice", "pairingPanel", "lockMessage"}) {
         if (shows(name)) {
@@ -76,7 +90,7 @@ class MenuTest : public testing::Test {
   }
 
   void click(const QString& name) {
-    QTest::qWait(250);  // what moves is hard to hit
+    QTest::qWait(250);  // until animations have ended
     auto* const button = item(name);
     const QPointF middle(button->width() / 2, button->height() / 2);
     QTest::mouseClick(window->view(), Qt::LeftButton, {}, button->mapToScene(middle).toPoint());
@@ -86,9 +100,8 @@ class MenuTest : public testing::Test {
   }
 
   phone::AgentSession phone(const std::optional<std::string>& token = std::nullopt) {
-    return {phone::PhoneConnection({"127.0.0.1", agent.port}, token,
-                                   std::chrono::steady_clock::now() + std::chrono::seconds(5)),
-            std::chrono::seconds(5)};
+    return {phone::PhoneConnection({"127.0.0.1", agent.port}, token, soon()),
+            slowdown * std::chrono::seconds(5)};
   }
   // The token, or an empty text.
   std::string pairOverTheWire(const std::string& pin) {
@@ -97,12 +110,12 @@ class MenuTest : public testing::Test {
     const auto paired = WireCodec::decode<PairOKPayload>(reply.text);
     return paired ? paired->payload.token : "";
   }
-  // Runs an operation of the view model to its end.
+  // Runs an operation of the view model and waits for it.
   void run(Awaitable<> operation) {
     bool done = false;
     asio::co_spawn(mainThread.executor(), std::move(operation),
                    [&done](const std::exception_ptr& failure) { done = !failure; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return done; }));
+    EXPECT_TRUE(turnUntil([&] { return done; }));
   }
   void failPairing() {
     for (int i = 0; i < 5; ++i) {

@@ -11,21 +11,20 @@ namespace glintboard {
 namespace {
 
 using test::MenuTest;
+using test::pairedButtons;
+using test::replacementButtons;
+using test::turnUntil;
+using test::unpairedButtons;
 
-const QStringList unpairedButtons{"Edit Deck", "Quit"};
-const QStringList pairedButtons{"Edit Deck", "Show Pairing Code\u2026", "Unpair iPhone", "Quit"};
-const QStringList replacementButtons{"Edit Deck", "Hide Pairing Code", "Unpair iPhone", "Quit"};
-
-TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
+TEST_F(MenuTest, ShowsThePairingCodeAsTextAndAsPicture) {
   start();
   EXPECT_EQ(text("status"), "Starting\u2026");
   ASSERT_TRUE(showsStatus("Ready for iPhone"));
   ASSERT_TRUE(showsState("pairingPanel", unpairedButtons));
   EXPECT_EQ(text("instruction"),
             "Open Glintboard on your iPhone and tap Pair. Point the camera at this code.");
-  const std::string first = pin();
-  EXPECT_EQ(first.size(), 6u);
-  EXPECT_EQ(menuModel->pinGroups().join(""), first.c_str());
+  EXPECT_EQ(pin().size(), 6u);
+  EXPECT_EQ(menuModel->pinGroups().join(""), pin().c_str());
   QTest::qWait(250);
   const auto address = viewModel->pairingQRString().toStdString();
   EXPECT_EQ(test::codeIn(window->view()->grabWindow()), address + "\n");
@@ -33,14 +32,17 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   EXPECT_EQ(viewModel->bonjourServiceName(), "Test Computer");
   agent.name = "Another Name";
   agent.nameChanges.notify();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return viewModel->bonjourServiceName() == "Another Name"; }));
+  EXPECT_TRUE(turnUntil([&] { return viewModel->bonjourServiceName() == "Another Name"; }));
+}
 
+TEST_F(MenuTest, FollowsAPhoneThatPairsAndConnects) {
+  startAndWait();
   int changes = 0;
   QObject::connect(viewModel.get(), &AgentViewModel::pairedDevicesChanged, [&] { ++changes; });
-  const std::string token = pairOverTheWire(first);
+  const std::string token = pairOverTheWire(pin());
   ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
   run(viewModel->refresh());
-  EXPECT_EQ(changes, 1) << "only a change is told";
+  EXPECT_EQ(changes, 1) << "a refresh without a change notifies nobody";
   EXPECT_EQ(text("pairedDevice"), "Ann's iPhone");
   EXPECT_TRUE(showsStatus("Waiting for iPhone"));
   std::optional<phone::AgentSession> connection(phone(token));
@@ -48,31 +50,34 @@ TEST_F(MenuTest, FollowsAPhoneThatPairsOverTheWire) {
   connection.reset();
   const auto& listener = viewModel->services().listenerService();
   ASSERT_TRUE(test::eventually([&] { return !listener.hasConnectedPhone(); }));
-  agent.run(viewModel->services().pairingService().state());  // behind it on the service loop
-  EXPECT_TRUE(viewModel->hasConnectedPhone()) << "the main thread has not turned since";
+  agent.run(viewModel->services().pairingService().state());  // until the service loop has notified
+  EXPECT_TRUE(viewModel->hasConnectedPhone()) << "before the main thread runs";
   QCoreApplication::processEvents();
-  EXPECT_FALSE(viewModel->hasConnectedPhone()) << "told, not found out by the next refresh";
+  EXPECT_FALSE(viewModel->hasConnectedPhone()) << "without a refresh";
+}
 
-  click("pairingCode");
-  ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
-  EXPECT_EQ(text("instruction"),
-            "Scan to pair this iPhone again. This replaces the pairing on this Mac.");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return pin() != first; }));
-  click("pairingCode");
-  ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
-
-  click("pairingCode");
-  ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
+TEST_F(MenuTest, ShowsHidesAndLocksTheCodeOfAReplacement) {
+  startPaired();
+  const std::string first = pin();
+  for (int time = 0; time < 2; ++time) {
+    click("pairingCode");
+    ASSERT_TRUE(showsState("pairingPanel", replacementButtons));
+    EXPECT_EQ(text("instruction"),
+              "Scan to pair this iPhone again. This replaces the pairing on this Mac.");
+    EXPECT_TRUE(turnUntil([&] { return pin() != first; }));
+    if (time == 0) {
+      click("pairingCode");
+      ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+    }
+  }
   failPairing();
   ASSERT_TRUE(showsState("lockMessage", replacementButtons));
   click("unpair");
   EXPECT_TRUE(showsState("pairingPanel", unpairedButtons));
 }
 
-TEST_F(MenuTest, ARefreshUnderWayDoesNotUndoACommand) {
-  startAndWait();
-  pairOverTheWire(pin());
-  ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+TEST_F(MenuTest, RefreshInProgressDoesNotUndoACommand) {
+  startPaired();
   int refreshes = 0;
   for (int round = 0; round < 50; ++round) {
     for (int i = 0; i < 3; ++i) {
@@ -84,10 +89,10 @@ TEST_F(MenuTest, ARefreshUnderWayDoesNotUndoACommand) {
     ASSERT_TRUE(viewModel->isShowingPairingCode()) << round;
     run(viewModel->hidePairingCode());
   }
-  EXPECT_TRUE(QTest::qWaitFor([&] { return refreshes == 0; }));
+  EXPECT_TRUE(turnUntil([&] { return refreshes == 0; }));
 }
 
-TEST_F(MenuTest, HidesTheCodeFromWhoeverGuessedTooOften) {
+TEST_F(MenuTest, HidesTheCodeAfterFiveWrongPINs) {
   startAndWait();
   failPairing();
   ASSERT_TRUE(showsState("lockMessage", unpairedButtons));
@@ -97,7 +102,7 @@ TEST_F(MenuTest, HidesTheCodeFromWhoeverGuessedTooOften) {
   EXPECT_EQ(test::codeIn(window->view()->grabWindow()), "");
 }
 
-TEST_F(MenuTest, TellsOfAFailedListenerAndRestartsIt) {
+TEST_F(MenuTest, ShowsAListenerFailureAndRestarts) {
   auto held = std::make_unique<FileDescriptor>(test::holdPort(agent.port));
   start();
   ASSERT_TRUE(showsStatus("Connection failed"));
@@ -110,7 +115,7 @@ TEST_F(MenuTest, TellsOfAFailedListenerAndRestartsIt) {
   EXPECT_FALSE(shows("restart"));
 }
 
-TEST_F(MenuTest, RestartsAListenerItselfAtMostOnceInFiveSecondsAndNeverAStoppedOne) {
+TEST_F(MenuTest, RestartsAFailedListenerAtMostOnceInFiveSeconds) {
   agent.name.reset();
   KeychainPairedDeviceStore(agent.keychain)
       .save({{randomUuid(), "A", {"a"}, {}}, {randomUuid(), "B", {"b"}, {}}});
@@ -125,28 +130,25 @@ TEST_F(MenuTest, RestartsAListenerItselfAtMostOnceInFiveSecondsAndNeverAStoppedO
   run(viewModel->refresh());
   EXPECT_FALSE(QTest::qWaitFor([&] { return agent.bonjour.published != 1; }, 1200));
   run(viewModel->attemptAutomaticRecoveryIfNeeded());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return agent.bonjour.published == 2; }));
+  EXPECT_TRUE(turnUntil([&] { return agent.bonjour.published == 2; }));
   run(viewModel->attemptAutomaticRecoveryIfNeeded());
   EXPECT_FALSE(QTest::qWaitFor([&] { return agent.bonjour.published != 2; }, 300));
 }
 
 TEST_F(MenuTest, ShowsTheHintUntilItIsDismissed) {
-  startAndWait();
+  auto connection = phone(startPaired());
   EXPECT_FALSE(shows("hint"));
-  auto connection = phone(pairOverTheWire(pin()));
   agent.processRunner.result.timedOut = true;
   connection.ask(MessageFactory::shortcutRun("x", std::nullopt, randomUuid()));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return shows("hint"); }));
+  ASSERT_TRUE(turnUntil([&] { return shows("hint"); }));
   EXPECT_EQ(text("hint"), viewModel->shortcutCoachMessage());
   click("dismiss");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !shows("hint") && !shows("dismiss"); }));
+  EXPECT_TRUE(turnUntil([&] { return !shows("hint") && !shows("dismiss"); }));
 }
 
 TEST_F(MenuTest, WorksFromTheKeyboardAndForScreenReaders) {
   QAccessible::setActive(true);
-  startAndWait();
-  pairOverTheWire(pin());
-  ASSERT_TRUE(showsState("pairedDevice", pairedButtons));
+  startPaired();
   const auto named = [](QQuickItem* shown) {
     auto* const accessible = QAccessible::queryAccessibleInterface(shown);
     return accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
@@ -164,7 +166,7 @@ TEST_F(MenuTest, WorksFromTheKeyboardAndForScreenReaders) {
   agent.keychain.failure = keychainInteractionNotAllowed;
   key(Qt::Key_Space);
   ASSERT_TRUE(showsState("pairingPanel", unpairedButtons))
-      << "unpaired by the space bar, whatever the keychain does";
+      << "the space bar unpairs even if the keychain fails";
   EXPECT_EQ(named(item("pin")), text("pin"));
   EXPECT_EQ(named(item("qrCode")), "Pairing QR code");
   key(Qt::Key_Q, Qt::ControlModifier);
@@ -175,7 +177,7 @@ TEST_F(MenuTest, WorksFromTheKeyboardAndForScreenReaders) {
   EXPECT_TRUE(window->view() == nullptr || !window->view()->isVisible());
 }
 
-TEST_F(MenuTest, MovesToANewHeightUnlessMotionIsReduced) {
+TEST_F(MenuTest, AnimatesItsHeightUnlessMotionIsReduced) {
   startAndWait();
   auto* const view = window->view();
   const auto show = [&](const QString& error) {
@@ -188,7 +190,7 @@ TEST_F(MenuTest, MovesToANewHeightUnlessMotionIsReduced) {
   QTest::qWait(250);
   const int usual = view->height();
   const int growing = show("an error");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return view->height() > growing; }));
+  ASSERT_TRUE(turnUntil([&] { return view->height() > growing; }));
   QTest::qWait(250);
   const int grown = view->height();
   EXPECT_GT(grown, usual);
@@ -197,22 +199,22 @@ TEST_F(MenuTest, MovesToANewHeightUnlessMotionIsReduced) {
   EXPECT_EQ(show("an error"), grown);
 }
 
-TEST_F(MenuTest, ReleasesItsEngineWhenClosedForAWhile) {
+TEST_F(MenuTest, ReleasesItsEngineAfterBeingClosed) {
   startAndWait();
   window->toggle(std::nullopt);
   QTest::qWait(50);
-  ASSERT_NE(window->view(), nullptr) << "kept for a quick return";
+  ASSERT_NE(window->view(), nullptr) << "kept to reopen quickly";
   window->toggle(std::nullopt);
   QTest::qWait(400);
-  ASSERT_NE(window->view(), nullptr) << "open again";
+  ASSERT_NE(window->view(), nullptr) << "reopened in time";
   window->toggle(std::nullopt);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return window->view() == nullptr; }));
+  ASSERT_TRUE(turnUntil([&] { return window->view() == nullptr; }));
   window->toggle(std::nullopt);
   ASSERT_NE(window->view(), nullptr);
   EXPECT_TRUE(showsStatus("Ready for iPhone"));
 }
 
-TEST_F(MenuTest, IsAnOrdinaryWindowWhereThereIsNoTray) {
+TEST_F(MenuTest, IsAnOrdinaryWindowWithoutATray) {
   startAndWait();
   window->show();
   auto* const view = window->view();

@@ -13,12 +13,13 @@ namespace glintboard {
 namespace {
 
 using test::MenuTest;
+using test::turnUntil;
 
 void shell(const std::string& command) {
   ASSERT_EQ(std::system(command.c_str()), 0) << command;
 }
 
-// Says that the desktop composites, as a compositing manager does.
+// Owns the selection by which a compositing manager announces itself.
 class CompositingManager {
  public:
   CompositingManager() : connection_(xcb_connect(nullptr, nullptr)) {
@@ -42,14 +43,13 @@ class CompositingManager {
 };
 
 bool isClosed(MenuWindow& window) {
-  return QTest::qWaitFor([&] { return window.view() == nullptr || !window.view()->isVisible(); },
-                         3000);
+  return turnUntil([&] { return window.view() == nullptr || !window.view()->isVisible(); });
 }
 
-TEST_F(MenuTest, TakesItsKeysAndClosesOnEscapeAndWhenTheFocusGoesElsewhere) {
+TEST_F(MenuTest, HandlesKeysAndClosesOnEscapeAndFocusLoss) {
   startAndWait();
   shell("xdotool key ctrl+q");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return quits == 1; }));
+  EXPECT_TRUE(turnUntil([&] { return quits == 1; }));
   shell("xdotool key Escape");
   EXPECT_TRUE(isClosed(*window));
 
@@ -61,7 +61,7 @@ TEST_F(MenuTest, TakesItsKeysAndClosesOnEscapeAndWhenTheFocusGoesElsewhere) {
   other.show();
   other.requestActivate();
   EXPECT_TRUE(isClosed(*window));
-  // The click on the tray's item that took the focus must not open it again.
+  // A click on the tray item takes the focus, which closes the menu; it must not reopen it.
   window->toggle(std::nullopt);
   EXPECT_TRUE(isClosed(*window));
   QTest::qWait(350);
@@ -69,7 +69,7 @@ TEST_F(MenuTest, TakesItsKeysAndClosesOnEscapeAndWhenTheFocusGoesElsewhere) {
   EXPECT_TRUE(window->view()->isVisible());
 }
 
-TEST_F(MenuTest, OpensAgainAtOnce) {
+TEST_F(MenuTest, ReopensImmediately) {
   startAndWait();
   for (int i = 0; i < 5; ++i) {
     window->toggle(std::nullopt);
@@ -80,7 +80,7 @@ TEST_F(MenuTest, OpensAgainAtOnce) {
   }
 }
 
-TEST_F(MenuTest, IsTranslucentWhereTheDesktopComposites) {
+TEST_F(MenuTest, IsTranslucentOnACompositingDesktop) {
   startAndWait();
   EXPECT_EQ(window->view()->style(), MenuStyle::opaquePopover);
   EXPECT_FALSE(window->view()->format().hasAlpha());
@@ -93,7 +93,7 @@ TEST_F(MenuTest, IsTranslucentWhereTheDesktopComposites) {
     EXPECT_TRUE(window->view()->format().hasAlpha());
     window->toggle(std::nullopt);
   }
-  ASSERT_TRUE(QTest::qWaitFor([] { return !compositesWindows(); }));
+  ASSERT_TRUE(turnUntil([] { return !compositesWindows(); }));
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace glintboard {
 namespace {
 
-TEST(PairedDeviceStore, KeepsTheListLastSaved) {
+TEST(PairedDeviceStore, LoadsTheListLastSaved) {
   test::FakeKeychain keychain;
   KeychainPairedDeviceStore kept(keychain);
   InMemoryPairedDeviceStore forgotten;
@@ -26,7 +26,7 @@ TEST(PairedDeviceStore, KeepsTheListLastSaved) {
   }
 }
 
-TEST(PairedDeviceStore, DamagedDataIsAnEmptyList) {
+TEST(PairedDeviceStore, LoadsDamagedDataAsAnEmptyList) {
   test::FakeKeychain keychain;
   KeychainPairedDeviceStore store(keychain);
   store.save({{randomUuid(), "a", {"TOKEN"}, {800000000}}});
@@ -38,7 +38,7 @@ TEST(PairedDeviceStore, DamagedDataIsAnEmptyList) {
   }
 }
 
-TEST(PairedDeviceStore, OfTwoListsTheOneWithTheLaterPairingIsLater) {
+TEST(PairedDeviceStore, MergePrefersTheLaterPairing) {
   const auto list = [](double pairedAt) {
     test::FakeKeychain keychain;
     KeychainPairedDeviceStore(keychain).save({{randomUuid(), "a", {"TOKEN"}, {pairedAt}}});

@@ -44,14 +44,14 @@ TEST(PopoverPlacement, OpensBesideThePanelAndStaysOnTheScreen) {
       << "what is too tall shows its top";
 }
 
-TEST(PopoverPlacement, FindsAPointOfAScaledScreen) {
+TEST(PopoverPlacement, MapsPointsToAScaledScreen) {
   const QRect screen(1000, 0, 500, 400);
   EXPECT_EQ(pointOnScreen({1900, 10}, screen, 2), QPoint(1450, 5));
   EXPECT_EQ(pointOnScreen({999, 10}, screen, 2), std::nullopt);
   EXPECT_EQ(pointOnScreen({2000, 10}, screen, 2), std::nullopt);
 }
 
-TEST(WindowPlacement, IsTheMiddleOfTheScreenUnderThePointer) {
+TEST(WindowPlacement, CentresOnTheScreenUnderThePointer) {
   // A panel takes 40 pixels of the first; the second stands to its left, the third is small.
   const std::vector<ScreenArea> screens = {
       {QRect(0, 0, 1920, 1080), QRect(0, 40, 1920, 1040)},

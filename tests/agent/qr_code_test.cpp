@@ -12,7 +12,7 @@
 namespace glintboard {
 namespace {
 
-TEST(QRCode, IsDrawnAsASquareWithItsQuietZoneUnlessThereIsTooMuchText) {
+TEST(QRCode, HasAQuietZoneAndIsEmptyForTooMuchText) {
   const std::string drawing = qrHalfBlocks("glintboard://pair?v=1&name=a&code=b");
   EXPECT_EQ(std::ranges::count(drawing, '\n'), (29 + 8 + 1) / 2) << "version 3 has 29 modules";
   EXPECT_NE(drawing.find("\u2580"), std::string::npos);
@@ -22,9 +22,9 @@ TEST(QRCode, IsDrawnAsASquareWithItsQuietZoneUnlessThereIsTooMuchText) {
   }
 }
 
-// In a language of long texts no text of the windows is cut. The modules of the pictures' code are
-// black and white alone, at scale factors where the points are not whole pixels too.
-TEST(Pictures, ShowEveryTextAndASharpCodeAtEveryScaleFactor) {
+// In the pseudo-language no text is truncated. The modules of the QR codes are purely black and
+// white, at fractional scale factors too.
+TEST(Pictures, TruncateNoTextAndDrawSharpCodes) {
   const test::TemporaryFolder folder;
   EXPECT_EQ(std::system((GLINTBOARD_PICTURES " " + folder.path().string() + " pseudo").c_str()), 0);
   int codes = 0;
@@ -38,7 +38,7 @@ TEST(Pictures, ShowEveryTextAndASharpCodeAtEveryScaleFactor) {
     const auto address = PairingQRPayload::parse(text.substr(0, text.size() - 1));
     ASSERT_TRUE(address) << text;
     EXPECT_EQ(address->macName, "Studio");
-    // The finder pattern's row through the code's middle.
+    // A row of pixels through the middle of the code.
     int grey = 0;
     const QPoint middle(picture.width() / 2, picture.height() * 2 / 5);
     for (int x = middle.x() - 50; x < middle.x() + 50; ++x) {

@@ -20,16 +20,20 @@ std::chrono::steady_clock::duration timed(const std::function<void()>& call) {
   return std::chrono::steady_clock::now() - began;
 }
 
-// A child of the test is always younger, so one of them is the agent here.
-TEST(SingleInstanceGuard, AsksOlderAgentsToEndAndForcesThoseThatDoNot) {
+// A child of the test is always younger than the test, so the agent of this test is a child.
+TEST(SingleInstanceGuard, TerminatesOlderAgentsAndKillsUnresponsiveOnes) {
   const test::TemporaryFolder folder;
-  const auto trap = [](const std::string& action) {
+  const auto trap = [&](const std::string& action, const std::string& ready) {
     return std::vector<std::string>{"sh", "-c",
-                                    "trap '" + action + "' TERM; while :; do sleep 0.01; done"};
+                                    "trap '" + action + "' TERM; touch " +
+                                        (folder / ready).string() +
+                                        "; while :; do sleep 0.01; done"};
   };
-  test::ChildProcess polite(trap("touch " + (folder / "asked").string() + "; exit"));
-  test::ChildProcess stubborn(trap(""));
-  std::this_thread::sleep_for(300ms);
+  test::ChildProcess polite(trap("touch " + (folder / "asked").string() + "; exit", "polite"));
+  test::ChildProcess stubborn(trap("", "stubborn"));
+  for (const char* ready : {"polite", "stubborn"}) {
+    ASSERT_TRUE(test::eventually([&] { return std::filesystem::exists(folder / ready); }));
+  }
   std::string lines;
   for (const auto& each : {polite.id(), stubborn.id()}) {
     const auto identity = identifyProcess(each).value();
@@ -48,7 +52,7 @@ TEST(SingleInstanceGuard, AsksOlderAgentsToEndAndForcesThoseThatDoNot) {
   EXPECT_TRUE(std::filesystem::exists(folder / "asked"));
 }
 
-TEST(SingleInstanceGuard, WaitsForThePortAsLongAsItMayAndAloneNotAtAll) {
+TEST(SingleInstanceGuard, WaitsForThePortUpToItsLimit) {
   const auto port = test::freePort();
   auto held = std::make_unique<FileDescriptor>(test::holdPort(port));
   const test::TemporaryFolder folder;

@@ -28,7 +28,7 @@ DecksFile decksNamed(const std::string& streamingName, const std::string& gaming
           {DeckTemplate("streaming", streamingName, {}), DeckTemplate("gaming", gamingName, {})}};
 }
 
-// The decks in a folder, used by this thread alone, as a process that is forked needs it.
+// The decks in a folder, used by one thread only, since a forked process has no others.
 struct Decks {
   std::filesystem::path folder;
 
@@ -42,7 +42,7 @@ struct Decks {
     loop.run();
     return result.get();
   }
-  // What a phone's ping does.
+  // As for a phone's ping.
   void serve() const {
     run([](DeckStore& store, const WorkspaceClient& workspace) {
       return store.runningDeckBundleIds(workspace);
@@ -59,7 +59,7 @@ struct Decks {
            })
         .name;
   }
-  // The contents of the files that may hold what `file` held.
+  // The contents of `file` and its backup.
   Names kept(const std::string& file) const {
     Names contents;
     for (const std::string& name : {file, file + ".bak"}) {
@@ -71,7 +71,7 @@ struct Decks {
   }
 };
 
-TEST(StorageFaults, DecksSurviveAKillAtEveryCallOfASave) {
+TEST(StorageFaults, DecksSurviveAKillAtEverySystemCall) {
   const test::TemporaryFolder folder;
   const Decks decks{folder / "data"};
   const auto fresh = [&](const std::string& file, const std::string& content) {
@@ -93,7 +93,7 @@ TEST(StorageFaults, DecksSurviveAKillAtEveryCallOfASave) {
        [&] {
          EXPECT_THAT(decks.name(streaming), testing::AnyOf("Old", "New"));
          EXPECT_EQ(decks.name(gaming), "Mine");
-         EXPECT_EQ(decks.kept("decks.json").size(), 1u) << "nothing was damaged";
+         EXPECT_EQ(decks.kept("decks.json").size(), 1u) << "no file was damaged";
        }},
       {"taking over an earlier version's deck", "deck.json", legacy, [&] { decks.serve(); },
        [&] {
@@ -119,7 +119,7 @@ PairedDevice device(const char* name, double pairedAt) {
   return {Uuid(), name, {"TOKEN"}, {pairedAt}};
 }
 
-TEST(StorageFaults, ThePairingSurvivesAKillAtEveryCallOfAChange) {
+TEST(StorageFaults, PairingSurvivesAKillAtEverySystemCall) {
   const test::TemporaryFolder folder;
   FileKeychain preferred(folder / "preferred");
   FileKeychain fallback(folder / "fallback");
@@ -138,13 +138,10 @@ TEST(StorageFaults, ThePairingSurvivesAKillAtEveryCallOfAChange) {
   };
   const Case cases[] = {
       {"a change", store, [&] { store.save({device("New", 2)}); }, {"Old", "New"}},
-      {"a change of what the file keeps",
-       kept,
-       [&] { store.save({device("New", 2)}); },
-       {"Old", "New"}},
+      {"a change in the file", kept, [&] { store.save({device("New", 2)}); }, {"Old", "New"}},
       {"a move out of the file", kept, [&] { store.load(); }, {"Old"}},
-      {"an end", store, [&] { store.deleteAll(); }, {"Old", "none"}},
-      {"an end of what the file keeps", kept, [&] { store.deleteAll(); }, {"Old", "none"}},
+      {"a removal", store, [&] { store.deleteAll(); }, {"Old", "none"}},
+      {"a removal from the file", kept, [&] { store.deleteAll(); }, {"Old", "none"}},
   };
   for (const Case& each : cases) {
     SCOPED_TRACE(each.what);
@@ -158,7 +155,7 @@ TEST(StorageFaults, ThePairingSurvivesAKillAtEveryCallOfAChange) {
   }
 }
 
-// A mount that ends with it.
+// A mount, unmounted by the destructor.
 class Mount {
  public:
   Mount(const char* type, const std::filesystem::path& place, unsigned long flags,
@@ -174,53 +171,53 @@ class Mount {
   std::filesystem::path place_;
 };
 
-TEST(StorageFaults, WhatCannotBeWrittenIsSaidAndDamagesNothing) {
+// Expects a save of decks and one of the pairing to fail with the error and to change no file.
+void expectFailedSaves(const Decks& decks, KeychainPairedDeviceStore& pairing,
+                       const std::error_code& expected) {
+  const auto files = [&] {
+    Names names;
+    for (const auto& entry : std::filesystem::directory_iterator(decks.folder)) {
+      names.push_back(entry.path().filename());
+    }
+    return names;
+  };
+  const Names before = files();
+  try {
+    decks.save("New");
+    ADD_FAILURE() << "saved";
+  } catch (const std::system_error& error) {
+    EXPECT_EQ(error.code(), expected);
+  }
+  try {
+    pairing.save({device("New", 2)});
+    ADD_FAILURE() << "saved";
+  } catch (const KeychainPairedDeviceStoreError& error) {
+    EXPECT_EQ(error.status, -expected.value());
+  }
+  EXPECT_EQ(decks.name(streaming), "Old");
+  EXPECT_EQ(pairing.load().at(0).name, "Old");
+  EXPECT_EQ(files(), before);
+}
+
+TEST(StorageFaults, FailedWritesAreReportedAndDamageNothing) {
   if (::getenv("GLINTBOARD_PRIVATE_NETWORK") == nullptr) {
-    GTEST_SKIP() << "only where it may mount";
+    GTEST_SKIP() << "needs a mount namespace";
   }
   const test::TemporaryFolder folder;
   const Decks decks{folder.path()};
   FileKeychain keychain(folder.path());
   KeychainPairedDeviceStore pairing(keychain);
   const Mount disk("tmpfs", folder.path(), 0, "size=64k,mode=700");
-  const auto attempt = [&](const std::error_code& expected) {
-    const auto files = [&] {
-      Names names;
-      for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
-        names.push_back(entry.path().filename());
-      }
-      return names;
-    };
-    const Names before = files();
-    try {
-      decks.save("New");
-      ADD_FAILURE() << "saved";
-    } catch (const std::system_error& error) {
-      EXPECT_EQ(error.code(), expected);
-    }
-    try {
-      pairing.save({device("New", 2)});
-      ADD_FAILURE() << "saved";
-    } catch (const KeychainPairedDeviceStoreError& error) {
-      EXPECT_EQ(error.status, -expected.value());
-    }
-    EXPECT_EQ(decks.name(streaming), "Old");
-    EXPECT_EQ(pairing.load().at(0).name, "Old");
-    EXPECT_EQ(files(), before) << "and nothing lies about";
-  };
   decks.save("Old");
   pairing.save({device("Old", 1)});
 
-  EXPECT_THROW(writeAtomically(folder / "large", std::string(1 << 20, 'x'), 0600),
-               std::system_error);
-  for (int number = 0;; ++number) {
-    try {
-      writeAtomically(folder / std::to_string(number), std::string(1, 'x'), 0600);
-    } catch (const std::system_error&) {
-      break;
-    }
-  }
-  attempt(std::make_error_code(std::errc::no_space_on_device));
+  const auto fill = [&](const std::string& name, int size) {
+    writeAtomically(folder / name, std::string(size, 'x'), 0600);
+  };
+  EXPECT_THROW(fill("large", 1 << 20), std::system_error);
+  EXPECT_THROW(
+      for (int number = 0;; ++number) { fill(std::to_string(number), 1); }, std::system_error);
+  expectFailedSaves(decks, pairing, std::make_error_code(std::errc::no_space_on_device));
   std::filesystem::remove(folder / "0");
   std::filesystem::remove(folder / "1");
   decks.save("Old");
@@ -229,14 +226,14 @@ TEST(StorageFaults, WhatCannotBeWrittenIsSaidAndDamagesNothing) {
     ASSERT_EQ(
         ::mount("none", folder.path().c_str(), "none", MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr),
         0);
-    attempt(std::make_error_code(std::errc::read_only_file_system));
+    expectFailedSaves(decks, pairing, std::make_error_code(std::errc::read_only_file_system));
   }
   decks.save("New");
   EXPECT_EQ(decks.name(streaming), "New");
 }
 
-// Each ping asks for the decks; a disk that fails is not to be tried, and complained of, each time.
-TEST(StorageFaults, ADiskThatFailsIsLeftInPeaceForAWhile) {
+// Each ping reads the decks, but must not retry and log a failed write each time.
+TEST(StorageFaults, RetriesAFailedWriteOnlyAfterAPause) {
   const test::TemporaryFolder folder;
   folder.write("agent", "a file where the folder should be");
   asio::io_context loop;

@@ -10,7 +10,7 @@
 namespace glintboard {
 namespace {
 
-TEST(AppLauncher, EveryStateOfAnApplicationHasItsOutcome) {
+TEST(AppLauncher, ReturnsTheOutcomeForEachApplicationState) {
   using namespace AppLauncherOutcome;
   const auto launch = AppLauncherAction::launch;
   const auto focus = AppLauncherAction::focus;

@@ -13,7 +13,7 @@
 namespace glintboard {
 namespace {
 
-TEST(Defaults, AreThePartsOfTheLivePlatform) {
+TEST(Defaults, UseTheLivePlatform) {
   const test::DesktopFolders desktop;
   desktop.entry("system/applications/app.desktop", "Exec=true\n");
   const std::string id = "0F8FAD5B-D9CB-469F-A165-70867728950E";
@@ -38,7 +38,8 @@ TEST(Defaults, AreThePartsOfTheLivePlatform) {
                                                        "Application is not running", request)));
   EXPECT_EQ(wait(ShortcutsCatalog(tool).list()).at(0).id(), id);
   EXPECT_EQ(wait(ShortcutsRunner(tool).run(id)).index(), 0u);
-  EXPECT_EQ(wait(ShortcutMessageHandler().handleRun(id, request)).index(), 1u) << "none has that";
+  EXPECT_EQ(wait(ShortcutMessageHandler().handleRun(id, request)).index(), 1u)
+      << "there is no such Shortcut";
   EXPECT_EQ(ActionMessageHandler().handleRun("system.volume.up", request).index(), 1u);
 }
 

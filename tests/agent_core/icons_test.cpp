@@ -11,7 +11,7 @@
 namespace glintboard {
 namespace {
 
-TEST(AppIconProvider, RendersOnceForEachChangeOfTheApplication) {
+TEST(AppIconProvider, RendersOncePerModification) {
   Executors executors;
   test::FakeDesktop desktop;
   int rendered = 0;
@@ -48,7 +48,7 @@ TEST(AppIconProvider, RendersOnceForEachChangeOfTheApplication) {
 
   modified = ContentModification{};
   image = {};
-  EXPECT_FALSE(get()) << "an application whose icon is gone has none";
+  EXPECT_FALSE(get()) << "there is no image";
 }
 
 // One Shortcut and an icon without an identifier. Counts how often icons are drawn.
@@ -86,7 +86,7 @@ struct ShortcutIconProviderTest : testing::Test {
   ShortcutIconProvider provider{executors.workerStrand(), shortcuts.client()};
 };
 
-TEST_F(ShortcutIconProviderTest, CachesUnderTheIdentifierInAnyLetterCase) {
+TEST_F(ShortcutIconProviderTest, CacheIgnoresTheCaseOfIdentifiers) {
   const std::string key = ShortcutIconProvider::normalizedKey(shortcuts.identifier);
   EXPECT_EQ(run(provider.cachedPNG(key)), std::nullopt);
   const auto icon = run(provider.pngAndRevision(shortcuts.identifier));
@@ -97,10 +97,10 @@ TEST_F(ShortcutIconProviderTest, CachesUnderTheIdentifierInAnyLetterCase) {
   shortcuts.identifier = "another";
   EXPECT_FALSE(run(provider.pngAndRevision("unknown")));
   shortcuts.identifier = "unknown";
-  EXPECT_TRUE(run(provider.pngAndRevision("unknown"))) << "what is missing is looked for again";
+  EXPECT_TRUE(run(provider.pngAndRevision("unknown"))) << "a missing icon is looked up again";
 }
 
-TEST_F(ShortcutIconProviderTest, PreloadingRendersOnlyWhatChanged) {
+TEST_F(ShortcutIconProviderTest, PreloadRendersOnlyChangedIcons) {
   const auto first = run(provider.revision(shortcuts.identifier));
   const auto loaded = run(provider.preloadAll());
   EXPECT_EQ(loaded.size(), 2u) << "all that have an identifier";

@@ -14,7 +14,7 @@ using test::FakeRunner;
 
 const std::string someShortcut = "0F8FAD5B-D9CB-469F-A165-70867728950E";
 
-TEST(ShortcutsRunner, ClassifiesEveryEnd) {
+TEST(ShortcutsRunner, MapsEveryExitToAResult) {
   using namespace ShortcutRunResult;
   using enum ShortcutErrorCode;
   const char* missing = "Shortcut missing \u2014 replace it in Edit Deck.";
@@ -56,7 +56,7 @@ TEST(ShortcutsRunner, ClassifiesEveryEnd) {
   }
 }
 
-TEST(ShortcutsCatalog, ListsWhatParsesAndReportsWhatFails) {
+TEST(ShortcutsCatalog, ListsParsedLinesAndReportsFailures) {
   Executors executors;
   FakeRunner runner;
   const ShortcutsCatalog catalog("/bin/true", runner);

@@ -11,7 +11,7 @@ namespace {
 using test::FakeOutput;
 using test::Sound;
 
-TEST(Volume, EveryFailureHasItsText) {
+TEST(Volume, ReportsEachFailureWithItsText) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
       {"system.volume.up", "read volume", "Could not read volume (error -7)."},
       {"system.volume.down", "write volume", "Could not change volume (error -7)."},

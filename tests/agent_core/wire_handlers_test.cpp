@@ -13,7 +13,7 @@
 namespace glintboard {
 namespace {
 
-TEST(WireHandlers, AnswerTheirOwnTypesUnderTheRequestsId) {
+TEST(WireHandlers, AnswerOnlyTheirTypesWithTheRequestsId) {
   using namespace MessageFactory;
   Executors executors;
   test::FakeDesktop desktop;

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The agent on a whole desktop, as `desktop run` makes it: a phone pairs and its keys do things."""
+"""The agent on the desktop of `desktop run`: a phone pairs and its keys work."""
 
 import json
 import os
@@ -26,7 +26,7 @@ def on_other_computer(*command):
 
 
 def focused():
-    """The application whose window has the focus, by its entry's id."""
+    """The id of the application whose window has the focus."""
     if not WAYLAND:
         window = output_of("xdotool", "getactivewindow").strip()
         return "".join(output_of("xprop", "-id", window, "WM_CLASS").split('"')[1:2])
@@ -39,20 +39,20 @@ def focused():
 
 
 def windows(application):
-    """How many it has."""
+    """The number of its windows."""
     if not WAYLAND:
         return len(output_of("xdotool", "search", "--classname", f"^{application}$").split())
     return output_of("swaymsg", "-t", "get_tree").count(f'"app_id": "{application}"')
 
 
 def volume(sink):
-    """Of 65536."""
+    """The left volume, of 65536."""
     found = re.search(r"left: (\d+)", output_of("pactl", "get-sink-volume", sink))
     return int(found[1])
 
 
 class OtherComputersPhone(Phone):
-    """A phone on another computer, which finds the agent by itself when it pairs."""
+    """A phone on another computer, which discovers the agent when it pairs."""
 
     def command(self, *arguments):
         program, json_option, host_option, _, *rest = super().command(*arguments)
@@ -76,7 +76,7 @@ class WholeDesktop(unittest.TestCase):
     def advertised(self):
         return "_glintboard._tcp" in output_of(*on_other_computer("avahi-browse", "-atp"))
 
-    def test_a_phone_pairs_and_its_keys_do_things(self):
+    def test_a_phone_pairs_and_its_keys_work(self):
         agent = self.desktop.start_agent(arguments=["--without-display"]).serving()
         self.phone = (OtherComputersPhone if NETWORK else Phone)(self.desktop, "Phone")
         if NETWORK:

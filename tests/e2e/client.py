@@ -35,14 +35,14 @@ def token_of(connection):
 
 
 def upgrade(*headers):
-    """The request by which a connection without a library becomes a WebSocket."""
+    """The upgrade request of a raw connection."""
     return "\r\n".join(["GET / HTTP/1.1", "Host: agent", "Upgrade: websocket",
                         "Connection: Upgrade", "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==",
                         "Sec-WebSocket-Version: 13", *headers, "", ""]).encode()
 
 
 async def open_raw(*headers):
-    """Reader and writer of a connection that was upgraded and does nothing by itself."""
+    """Reader and writer of an upgraded connection that answers no pings."""
     reader, writer = await asyncio.open_connection("127.0.0.1", PORT)
     writer.write(upgrade(*headers))
     answer = await reader.readuntil(b"\r\n\r\n")

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Each daemon of the desktop hangs or dies under the agent, which goes on serving and recovers."""
+"""Hangs and kills each daemon of the desktop: the agent keeps serving and recovers."""
 
 import asyncio
 import signal
@@ -24,7 +24,7 @@ class Daemons(DesktopTest):
         self.desktop.install_service(SERVICE)
 
     def begin(self, name, state="unlocked"):
-        """Starts what `name` is, and what died with it."""
+        """Starts the daemon, and those that ended with it."""
         desktop = self.desktop
         self.running[name] = {
             "sound": desktop.start_sound,
@@ -40,12 +40,12 @@ class Daemons(DesktopTest):
                 "/", "--method", "org.freedesktop.DBus.ListNames"), "The keyring")
 
     async def answered(self, client, seconds):
-        """A phone is answered for that long, and at once, if only that it is not paired any more."""
+        """Expects prompt replies for that long, even if they are refusals."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
             asked = time.monotonic()
             await client.ask("deck.sync", {})
-            self.assertLess(time.monotonic() - asked, 1 * SLOWNESS, "held up")
+            self.assertLess(time.monotonic() - asked, 1 * SLOWNESS, "a late reply")
             await asyncio.sleep(0.02)
 
     async def ask(self, token, kind, payload):
@@ -96,7 +96,7 @@ class Daemons(DesktopTest):
                     await client.socket.close()
         self.assertTrue(agent.running())
 
-    async def test_a_phone_is_served_as_soon_as_its_pairing_can_be_read(self):
+    async def test_a_phone_is_recognised_as_soon_as_the_pairing_is_readable(self):
         self.begin("session bus")
         agent = self.start_agent()
         token = self.paired_phone(agent).token
@@ -124,7 +124,7 @@ class Daemons(DesktopTest):
                 self.assertEqual((await phone.ask("deck.sync", {}))["type"], "app.error")
                 self.assertEqual("cannot be read" in agent.log(), out_of_reach is lock)
                 within_reach()
-                # Before a second try by the clock could come.
+                # Sooner than polling would notice.
                 deadline = time.monotonic() + 5 * SLOWNESS
                 while (await phone.ask("deck.sync", {}))["type"] != "decks.snapshot":
                     self.assertLess(time.monotonic(), deadline, "the phone is refused")

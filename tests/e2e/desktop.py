@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""A desktop that one test has for itself: a home, applications, a bus, sound, and the agent.
+"""A private desktop for a test: a home, applications, a bus, sound, and the agent.
 
-Everything lies in the folder that private-namespace.sh provides.
+Everything is in the folder that private-namespace.sh provides.
 """
 
 import contextlib
@@ -29,7 +29,7 @@ FOLDER = pathlib.Path(os.environ["GLINTBOARD_E2E_FOLDER"])
 TESTS = pathlib.Path(__file__).resolve().parent.parent
 PARTS = TESTS / "desktop" / "parts"
 BUS_APPLICATION = TESTS / "support" / "bus_application.py"
-# How many times longer than a release build this build may take.
+# How many times slower than a release build this build may be.
 SLOWNESS = float(os.environ.get("GLINTBOARD_SLOWNESS", "1"))
 PORT = 9847
 SHOW, HIDE = "Show Pairing Code\u2026", "Hide Pairing Code"
@@ -44,7 +44,7 @@ def eventually(condition, what="the condition", seconds=10):
     deadline = time.monotonic() + seconds * SLOWNESS
     while not (value := condition()):
         if time.monotonic() > deadline:
-            raise AssertionError(f"{what} did not come about in {seconds * SLOWNESS:g} s")
+            raise AssertionError(f"{what} was not reached within {seconds * SLOWNESS:g} s")
         time.sleep(0.01)
     return value
 
@@ -94,7 +94,7 @@ def shortcut(identifier):
 
 
 class Agent:
-    """The running agent, its menu in text and the buttons of that."""
+    """A running agent, its text menu and the buttons of the menu."""
 
     def __init__(self, desktop, output=None, arguments=()):
         self._log = tempfile.NamedTemporaryFile(dir=desktop.root, prefix="agent-", delete=False)
@@ -104,7 +104,7 @@ class Agent:
         self.pid = self._process.pid
 
     def menu(self):
-        """The menu as it was printed last."""
+        """The menu as last printed."""
         text = pathlib.Path(self._menu.name).read_text()
         return text.rpartition("\nGlintboard Agent\n")[2]
 
@@ -113,7 +113,7 @@ class Agent:
         return self.menu()
 
     def line(self, start):
-        """The one line of the menu that starts so."""
+        """The line of the menu that begins with `start`."""
         return eventually(lambda: next((line for line in self.menu().splitlines()
                                         if line.startswith(start)), None), f"A line {start}")
 
@@ -124,7 +124,7 @@ class Agent:
         return self.line("glintboard://pair?")
 
     def show_code(self):
-        """Presses that button and returns the new code."""
+        """Presses the button that shows a new code and returns the code."""
         self.menu_shows(SHOW)
         self.press(SHOW)
         self.menu_shows("Manual code")
@@ -173,12 +173,12 @@ class Agent:
 
     @staticmethod
     def connections():
-        """How many connections the agent's end is open of."""
+        """The number of connections whose agent's end is open."""
         return len(output_of("ss", "-Htn", "state", "established", "state", "close-wait",
                              f"sport = :{PORT}").splitlines())
 
     def held(self):
-        """What it holds of what the machine has."""
+        """The resources that it holds."""
         status = pathlib.Path(f"/proc/{self.pid}/status").read_text()
         return {"descriptors": self.descriptors(),
                 "threads": int(re.search(r"Threads:\s+(\d+)", status)[1]),
@@ -199,12 +199,12 @@ class Agent:
         self._menu.close()
         self._log.close()
         log = self.log()
-        # The end alone, so that what a test has to say is found beside it.
+        # Only the last lines, so that the test's own output stays visible.
         print(f"--- agent {self.pid}, exit code {self._process.returncode}:",
               *log.splitlines()[-60:], self.menu(), sep="\n", file=sys.stderr)
         for finding in "Sanitizer:", "runtime error:":
             if finding in log:
-                raise AssertionError(f"a sanitizer found something: {log}")
+                raise AssertionError(f"a sanitizer report: {log}")
         shown = re.findall(r"^Manual code (\d+)$|&code=([\w-]+)$",
                            pathlib.Path(self._menu.name).read_text(), re.MULTILINE)
         for secret in filter(None, SECRETS.union(*shown)):
@@ -236,7 +236,7 @@ class Phone:
         return records
 
     def __call__(self, *arguments):
-        """What the command reports in the end; the message of a failure is in "message"."""
+        """The last record of the command; a failure has a "message"."""
         return self.records(*arguments)[-1]
 
     def pair(self, secret):
@@ -257,7 +257,7 @@ class Desktop:
     """Folders, environment and helpers; `close` ends everything that it started."""
 
     def __init__(self, env=None):
-        """With the environment `env`, or else one of its own."""
+        """With the environment `env`, or its own."""
         self.root = pathlib.Path(tempfile.mkdtemp(dir=FOLDER))
         self.env = env or self.own_environment()
         self.data = pathlib.Path(self.env["XDG_DATA_HOME"])
@@ -311,7 +311,7 @@ class Desktop:
         path.parent.mkdir(mode=0o700, parents=True, exist_ok=True)
         if isinstance(content, str):
             content = textwrap.dedent(content).lstrip().encode()
-        # Nobody may see half of it.
+        # Atomically.
         unfinished = path.with_name(path.name + ".unfinished")
         unfinished.write_bytes(content)
         unfinished.chmod(mode)
@@ -323,25 +323,25 @@ class Desktop:
                           "[Desktop Entry]\n" + "".join(f"{k}={v}\n" for k, v in lines.items()))
 
     def install(self, bundle_id, last="sleep 600", **keys):
-        """An application whose program leaves its process id behind and then does `last`."""
+        """Installs an application whose program records its process id and then does `last`."""
         program = self.write(
             self.root / "programs" / bundle_id,
             f"#!/bin/sh\necho $$ >> '{self.traces / bundle_id}'\n{last}\n", 0o755)
         return self.write_entry(bundle_id, **{"Exec": program, **keys})
 
     def install_service(self, bundle_id):
-        """An application that the session bus starts and activates."""
+        """Installs an application that the session bus starts and activates."""
         program = f"/usr/bin/python3 -E {BUS_APPLICATION} {bundle_id} {self.root / bundle_id}.log"
         self.write(self.runtime / "services" / f"{bundle_id}.service",
                    f"[D-BUS Service]\nName={bundle_id}\nExec={program}\n")
         self.write_entry(bundle_id, Exec=program, DBusActivatable="true")
 
     def activations(self, bundle_id):
-        """What such an application was asked to do."""
+        """The calls that such an application has received."""
         return (self.root / f"{bundle_id}.log").read_text().splitlines()
 
     def trace(self, name):
-        """The process ids that a program left behind."""
+        """The process ids that a program has recorded."""
         path = self.traces / name
         return [int(line) for line in path.read_text().split()] if path.exists() else []
 
@@ -356,7 +356,7 @@ class Desktop:
         self.write(self.decks_file, json.dumps({"version": 1, "decks": decks}))
 
     def set_shortcuts(self, cases):
-        """What stands in for the `shortcuts` tool: `cases` are those of a shell's "case $2"."""
+        """Replaces the `shortcuts` tool by a script with these cases of "case $2"."""
         self.write(FOLDER / "shortcuts",
                    f"#!/bin/sh\necho $$ >> '{self.traces}/shortcuts'\n"
                    f'[ "$1" = run ] || exit 64\ncase "$2" in\n{cases}\nesac\n', 0o755)
@@ -375,7 +375,7 @@ class Desktop:
 
 
 class DesktopTest(unittest.IsolatedAsyncioTestCase):
-    """Each test has a desktop of its own. What blocks may hold up its event loop."""
+    """Each test has its own desktop. Blocking calls may block the test's event loop."""
 
     def setUp(self):
         self.desktop = Desktop()
@@ -393,6 +393,6 @@ class DesktopTest(unittest.IsolatedAsyncioTestCase):
         return phone
 
     def assert_slot_outcomes(self, phone, command, outcomes):
-        """Checks what a command on the slots 1, 2, … of the deck comes to."""
+        """Checks the outcomes of a command on the slots 1, 2, … of the deck."""
         self.assertEqual([phone.outcome(command, slot) for slot in range(1, len(outcomes) + 1)],
                          list(outcomes))

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The agent on displays that work, that cannot be reached, and that die under it."""
+"""The agent with displays that work, that cannot be reached, and that die."""
 
 import asyncio
 import contextlib
@@ -21,7 +21,7 @@ import websockets
 from client import Client
 from desktop import FOLDER, PARTS, SLOWNESS, DesktopTest, app, eventually
 
-# How often each display dies at each moment.
+# How often each display is killed at each moment.
 ROUNDS = int(os.environ.get("GLINTBOARD_DISPLAY_ROUNDS", "2"))
 ICON = """
     <svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 64 64">
@@ -34,7 +34,7 @@ class Display(DesktopTest):
     def start_x_server(self):
         folder = self.desktop.root / "display"
         folder.mkdir(exist_ok=True)
-        # What a killed server and its manager left is no sign of the new ones.
+        # The files of a killed server and its manager would pass for the new ones.
         for name in "display", "manager-ready":
             (folder / name).unlink(missing_ok=True)
         server = self.desktop.start("env", "GLINTBOARD_PRIVATE_NETWORK=1", PARTS / "x-server",
@@ -52,7 +52,7 @@ class Display(DesktopTest):
         return server
 
     def start_compositor(self, name):
-        # The other user that it runs as does not see into the desktop's folder.
+        # It runs as another user, who cannot read the desktop's folder.
         folder = pathlib.Path(tempfile.mkdtemp(dir=FOLDER))
         compositor = self.desktop.start(PARTS / "compositor", name, folder)
         eventually((folder / "wayland-1").is_socket, "The compositor")
@@ -64,7 +64,7 @@ class Display(DesktopTest):
         return self.start_compositor("sway")
 
     def start_weston(self):
-        # It has no seat, and there Qt 6.4 crashes in its own input method.
+        # It has no seat, without which Qt 6.4 crashes in its own input method.
         self.desktop.env["QT_IM_MODULE"] = "compose"
         return self.start_compositor("weston")
 
@@ -92,7 +92,7 @@ class Display(DesktopTest):
                                    "Glintboard Agent", "windowfocus", "--sync",
                                    "key", "Tab", "key", "space")
         else:
-            # The agent first has to learn of this keyboard.
+            # The agent needs time to notice this keyboard.
             self.desktop.output_of("wtype", "-s", "150", "-k", "Tab", "-k", "space", "-s", "50")
         eventually(lambda: self.shows_window("Edit Deck"), "The editor")
 
@@ -115,17 +115,17 @@ class Display(DesktopTest):
         self.desktop.output_of("xdotool", "windowfocus", "--sync", found[0], "key", *keys)
 
     def draft(self):
-        """The name of the deck that was not saved."""
+        """The name of the deck in the draft."""
         file = pathlib.Path(self.desktop.env["XDG_STATE_HOME"],
                             "GlintboardAgent/drafts/streaming.json")
         return json.loads(file.read_text())["deck"]["name"] if file.exists() else ""
 
-    def test_unsaved_edits_outlive_the_display_and_the_agent(self):
+    def test_drafts_survive_the_display_and_the_agent(self):
         display = self.start_x_server()
         agent = self.desktop.start_agent()
         self.type("Glintboard Agent", "Down", "Return")
         eventually(self.desktop.decks_file.exists, "The deck")
-        # One of the controls is the name; which ones take the focus depends on what is loaded.
+        # Tab reaches the name at some point; the order depends on what is loaded.
         for _ in range(20):
             self.type("Edit Deck", "Tab", "x")
             with contextlib.suppress(AssertionError):
@@ -149,15 +149,15 @@ class Display(DesktopTest):
         if moment == "start":
             await asyncio.sleep(random.uniform(0, 0.6 * SLOWNESS))
         else:
-            # weston tells nobody of its windows, only their memory does.
+            # weston lists no windows; their buffers show that they exist.
             eventually(lambda: self.menu_is_open() or self.has_mapped(agent, "memfd:wayland-shm"),
                        "The menu")
             await self.served(agent, token)
             client = await Client.connect(token)
-            self.assertEqual(agent.menu(), "", "a desktop's program prints nothing")
+            self.assertEqual(agent.menu(), "", "nothing is printed on a desktop")
             if moment == "editor":
                 self.open_editor()
-            # The icons are drawn meanwhile.
+            # Icons are rendered while the display dies.
             await client.send("deck.sync", {})
         display.kill()
         died = time.monotonic()
@@ -199,7 +199,7 @@ class Display(DesktopTest):
                   f"at most, {sum(each > 0.5 for each in seconds)} after more than 0.5 s",
                   file=sys.stderr)
 
-    def test_a_display_that_does_not_answer_is_none(self):
+    def test_ignores_a_display_that_does_not_answer(self):
         with socket.socket(socket.AF_UNIX) as silent, socket.socket(socket.AF_UNIX) as compositor:
             silent.bind("\0/tmp/.X11-unix/X77")
             silent.listen()
@@ -214,7 +214,7 @@ class Display(DesktopTest):
                     for name in variables:
                         del self.desktop.env[name]
 
-    def test_ends_and_is_replaced_with_a_display_as_without(self):
+    def test_a_second_agent_replaces_the_first(self):
         self.start_x_server()
         first = self.desktop.start_agent()
         eventually(self.menu_is_open, "The menu")
@@ -223,7 +223,7 @@ class Display(DesktopTest):
         eventually(lambda: self.has_display(second), "Windows")
         time.sleep(0.5)
         self.assertFalse(self.menu_is_open(), "it was started in the background")
-        eventually(self.menu_is_open, "The menu, for nothing else shows an agent without a phone")
+        eventually(self.menu_is_open, "The menu, since there is no tray and no phone")
         self.assertEqual(second.end(signal.SIGTERM)[0], 0)
 
 

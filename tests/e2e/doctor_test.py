@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""glintboard-phone doctor on a computer with a network, whose every hop is broken in turn."""
+"""glintboard-phone doctor, with each hop from a phone to the agent broken in turn."""
 
 import collections
 import json
@@ -17,7 +17,7 @@ OPEN_DISCOVERY = "sudo nft insert rule inet filter input udp dport 5353 accept"
 PAIR = "glintboard-phone pair PIN"
 MUTE = f"import socket, time; s = socket.create_server(('', {PORT})); time.sleep(600)"
 
-# `advice` opens the firewall that only a phone can try.
+# `advice` opens a firewall that only a phone could test.
 Outcome = collections.namedtuple("Outcome", "exit failures advice", defaults=[None])
 WELL = Outcome(0, {})
 RESTART_AVAHI = "sudo systemctl restart avahi-daemon"
@@ -61,7 +61,7 @@ class Doctor(DesktopTest):
         return self.agent
 
     def doctor(self):
-        """The exit code, the command that each failure's code comes with, and the last line's."""
+        """The exit code, the command for each failure's code, and that of the last line."""
         done = subprocess.run([PHONE, "--json", "--state", self.phone().state, "doctor"],
                               env=self.desktop.env, text=True, stdout=subprocess.PIPE,
                               timeout=15 * SLOWNESS, check=False)
@@ -96,7 +96,7 @@ class Doctor(DesktopTest):
         self.start_agent()
 
     def browse(self):
-        """What Avahi knows at the moment."""
+        """The services that Avahi knows."""
         return self.desktop.output_of("avahi-browse", "-atp")
 
     def restart_avahi(self, setting=""):
@@ -106,7 +106,7 @@ class Doctor(DesktopTest):
             eventually(lambda: ";lo;" in self.browse(), "An advertisement, at home at least")
 
     def obey(self, command):
-        """Does what the doctor said."""
+        """Runs a command that the doctor printed."""
         run(*command.removeprefix("sudo ").split())
 
     def keep_phones_out(self):
@@ -139,7 +139,7 @@ class Doctor(DesktopTest):
     def pair(self):
         self.assertTrue(self.phone().pair(self.agent.pin())["ok"])
 
-    def test_names_each_broken_hop_and_what_mends_it(self):
+    def test_reports_each_fault_and_its_fix(self):
         self.comes_to(WELL)
         for name, broken, outcome, mend in (
                 ("no agent", lambda: self.agent.end(), Outcome(3, {"no_agent": "glintboard-agent"}),

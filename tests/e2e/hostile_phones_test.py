@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Connections that mean no good, while a paired phone goes on tapping its keys.
+"""Attacks by other connections while a paired phone taps its keys.
 
 `hostile_phones_test.py attack NAME TOKEN` carries out one attack until it is killed.
 """
@@ -20,10 +20,10 @@ import unittest
 from client import TOKEN_HEADER, Client, message, open_raw, upgrade
 from desktop import PORT, SLOWNESS, DesktopTest
 
-# Seconds, many times what an idle machine takes: for a usual tap, for any, and for a connection,
-# which has to wait behind those that others open without pause.
+# Limits in seconds, many times the figures of an idle machine: for the median tap, the slowest tap,
+# and a new connection, which waits behind those of the attacker.
 USUAL_TAP, ANY_TAP, CONNECTING = 0.1 * SLOWNESS, 1 * SLOWNESS, 5 * SLOWNESS
-# A sanitizer's attackers need as much of the machine as the agent that they attack.
+# Under a sanitizer, attackers need as much processor time as the agent.
 FEWER = 4 if SLOWNESS > 1 else 1
 GUEST = "00000000-0000-4000-8000-000000000000"
 LOUDER = {"actionId": "system.volume.up"}
@@ -52,8 +52,8 @@ def pair_request(secret, method="pin"):
 
 
 PINGS = text("ping", {"ts": "2026-01-01T00:00:00Z"}) * 100
-# How many connections; what each sends once; what it repeats as fast as it may, once that was
-# answered; whether it reads more than that answer; whether it has the phone's token.
+# The number of connections; what each sends once; what it repeats as fast as possible after the
+# reply; whether it reads further replies; whether it has the phone's token.
 ATTACKS = {
     "nothing": (0, b"", b"", True, False),
     "never upgrade": (2500, b"", b"", True, False),
@@ -74,7 +74,7 @@ ATTACKS = {
 
 
 def attack(name, token):
-    """Keeps the connections of one attack open, and opens another for each that is closed."""
+    """Runs an attack, and replaces each connection that is closed."""
     count, first, repeated, reads, paired = ATTACKS[name]
     if paired:
         first = first[:-2] + f"{TOKEN_HEADER}: {token}\r\n\r\n".encode()
@@ -123,7 +123,7 @@ def attack(name, token):
 
 class HostilePhones(DesktopTest):
     async def taps(self, phone, token, seconds=1.5):
-        """The milliseconds that taps take, and a new connection up to its first answer."""
+        """The seconds of each tap, and of each new connection until its first reply."""
         old, new = [], []
         end = time.monotonic() + seconds
         while time.monotonic() < end or len(new) < 3 // FEWER + 1:
@@ -139,7 +139,7 @@ class HostilePhones(DesktopTest):
             await asyncio.sleep(0.02)
         return old, new
 
-    async def test_a_paired_phone_is_answered_whatever_others_do(self):
+    async def test_attacks_do_not_delay_the_paired_phone(self):
         self.desktop.start_sound()
         agent = self.start_agent()
         token = self.paired_phone(agent).token
@@ -165,7 +165,7 @@ class HostilePhones(DesktopTest):
             self.assertLess(agent.held()["KiB"], 200 << 10)
         await phone.ping()
 
-    async def test_five_guesses_reach_the_check_however_many_connections_guess(self):
+    async def test_parallel_guesses_share_five_attempts(self):
         agent = self.start_agent()
         pin, code = agent.pin(), agent.qr().rpartition("code=")[2]
         wrong = "000000" if pin != "000000" else "111111"
@@ -183,7 +183,7 @@ class HostilePhones(DesktopTest):
         reply = await clients[1].ask("pair.request", pair_request(code, "qr"))
         self.assertEqual(reply["type"], "pair.ok", reply)
 
-    async def test_strangers_have_a_bounded_part_of_the_agent(self):
+    async def test_strangers_are_limited(self):
         agent = self.start_agent()
         token = self.paired_phone(agent).token
         phones = [await open_raw(f"{TOKEN_HEADER}: {token}") for _ in range(1000 // FEWER)]
@@ -192,7 +192,7 @@ class HostilePhones(DesktopTest):
         self.assertEqual([client.socket.closed for client in strangers],
                          [True] * 12 + [False] * 128)
         self.assertFalse(any(reader.at_eof() for reader, _ in phones))
-        # Their messages are short.
+        # Their messages have at most 16 KiB.
         await strangers[-1].socket.send("x" * (16 << 10))
         await strangers[-1].socket.send("x" * ((16 << 10) + 1))
         await asyncio.wait_for(strangers[-1].socket.wait_closed(), 10 * SLOWNESS)
@@ -200,7 +200,7 @@ class HostilePhones(DesktopTest):
         for _, writer in phones:
             writer.close()
 
-    async def test_a_page_of_another_site_is_a_stranger_like_any_other(self):
+    async def test_a_web_page_is_treated_as_a_stranger(self):
         agent = self.start_agent()
         reader, writer = await open_raw("Origin: https://elsewhere.example")
         writer.write(text("deck.sync", {}))

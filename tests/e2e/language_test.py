@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The agent in the user's language, and the lists of texts that it takes that from."""
+"""The agent in the user's language, and the translation files."""
 
 import os
 import pathlib
@@ -15,7 +15,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 
 
 def places(text):
-    """What is filled in, and the tags."""
+    """The placeholders and tags."""
     return sorted(re.findall(r"%L?[1-9n]|<[^>]*>", text or ""))
 
 
@@ -40,7 +40,7 @@ class Language(DesktopTest):
                         self.assertEqual(places(text.text), places(source))
                         self.assertTrue(text.text.strip())
 
-    def test_the_menu_speaks_the_first_language_that_it_knows(self):
+    def test_the_menu_uses_the_first_supported_language(self):
         for language, edit, quit_button in (
                 ({"LANG": "de_DE.UTF-8"}, "Deck bearbeiten", "Beenden"),
                 ({"LANG": "C.UTF-8", "LANGUAGE": "de_AT:fr"}, "Deck bearbeiten", "beenden"),

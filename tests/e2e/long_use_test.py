@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""An agent that runs for long: the desktop changes under it, and nothing piles up in it."""
+"""An agent that runs for a long time on a changing desktop, without leaks."""
 
 import asyncio
 import collections
@@ -15,13 +15,13 @@ from client import Client, now
 from desktop import HIDE, PORT, SLOWNESS, DesktopTest, action, app, eventually, png, shortcut
 
 FIRST, SECOND = "org.example.First", "org.example.Second"
-# How long the day is.
+# The length of the day.
 SECONDS = int(os.environ.get("GLINTBOARD_DAY", "60"))
 GOOD, BAD = "11111111-0000-4000-8000-000000000000", "22222222-0000-4000-8000-000000000000"
 
 
 class LongUse(DesktopTest):
-    async def test_a_day_of_use_leaves_nothing_behind(self):
+    async def test_a_day_of_use_leaks_nothing(self):
         day = Day(self)
         end = time.monotonic() + SECONDS
         while time.monotonic() < end:
@@ -30,7 +30,7 @@ class LongUse(DesktopTest):
 
 
 class Day:
-    """Phones and their user, hour after hour, and what the agent holds in the quiet between."""
+    """Phones and their user, hour by hour, and the agent's resources after each hour."""
 
     def __init__(self, test):
         self.test = test
@@ -46,7 +46,7 @@ class Day:
         self.done = collections.Counter()
 
     async def go_on(self):
-        """An hour: phones come, ask and go while their user does one thing after another."""
+        """An hour: phones connect, send requests and leave while the user acts."""
         user = [self.edit, self.pair_again, self.guess, self.sleep, self.install, self.hear]
         phones = [asyncio.create_task(self.visit(self.phone.token)) for _ in range(4)]
         for act in self.dice.sample(user, 3):
@@ -118,7 +118,7 @@ class Day:
         self.sound = self.desktop.start_sound()
 
     def judge(self):
-        """Nothing may grow once the first third of the day has seen everything."""
+        """Nothing may grow after the first third of the day."""
         third = len(self.held) // 3
         middle, late = self.held[third:2 * third], self.held[2 * third:]
         report = [f"{len(self.held)} hours in {SECONDS} s: {dict(self.done)}"]
@@ -126,7 +126,7 @@ class Day:
             before, after = (statistics.median(each[what] for each in part)
                              for part in (middle, late))
             report.append(f"{what}: {self.held[0][what]} at first, {before} midway, {after} late")
-            # What sanitizers keep to themselves grows all day.
+            # The memory of the sanitizers grows all day.
             if what != "KiB" or SLOWNESS == 1:
                 self.test.assertLessEqual(after, before + allowed, report)
         print("\n".join(report), file=sys.stderr)

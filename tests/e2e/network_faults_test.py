@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the network and the machine do to the agent, and that it serves again after that."""
+"""Faults of the network and the machine, from which the agent recovers."""
 
 import asyncio
 import contextlib
@@ -45,8 +45,8 @@ class NetworkFaults(DesktopTest):
             pass
         return time.monotonic() - start
 
-    @unittest.skipIf(SLOWNESS > 1, "a sanitizer looks at memory through descriptors")
-    async def test_no_descriptors_are_left_for_a_while(self):
+    @unittest.skipIf(SLOWNESS > 1, "a sanitizer needs descriptors")
+    async def test_recovers_from_exhausted_descriptors(self):
         self.desktop.set_decks([])
         agent = self.start_agent()
         token = self.paired_phone(agent).token
@@ -67,7 +67,7 @@ class NetworkFaults(DesktopTest):
         await (await waiting).ping()
         self.assertEqual(self.desktop.decks_file.read_bytes(), decks)
 
-    async def test_another_program_has_the_port_or_takes_it_and_leaves_it(self):
+    async def test_recovers_the_port_from_another_program(self):
         with socket.create_server(("", PORT)):
             agent = self.desktop.start_agent()
             agent.menu_shows("Port 9847 is already in use. Quit the other Glintboard Agent first.",
@@ -85,8 +85,8 @@ class NetworkFaults(DesktopTest):
         agent.menu_shows("iPhone connected")
         await again.ping()
 
-    @unittest.skipIf(SLOWNESS > 1, "a sanitizer wants to be loaded first")
-    async def test_the_clock_jumps(self):
+    @unittest.skipIf(SLOWNESS > 1, "a sanitizer must be loaded first")
+    async def test_survives_clock_jumps(self):
         clock = self.desktop.write(self.desktop.root / "clock", "+0")
         self.desktop.env.update(LD_PRELOAD=str(FAKETIME), FAKETIME_TIMESTAMP_FILE=str(clock),
                                 FAKETIME_NO_CACHE="1", FAKETIME_DONT_FAKE_MONOTONIC="1")
@@ -102,7 +102,7 @@ class NetworkFaults(DesktopTest):
             await phone.ping()
             await (await Client.connect()).socket.close()
 
-    async def test_the_process_is_stopped_for_longer_than_a_phone_may_be_silent(self):
+    async def test_survives_being_stopped(self):
         agent = self.start_agent()
         token = self.paired_phone(agent).token
         phone, dead = await Client.connect(token), await self.silent_phone(token)
@@ -114,13 +114,13 @@ class NetworkFaults(DesktopTest):
 
     @unittest.skipIf(pathlib.Path("/proc/self/uid_map").read_text().split()[2] == "1",
                      "Avahi's daemon needs more than one user")
-    async def test_the_machine_sleeps(self):
+    async def test_recovers_after_sleep(self):
         address = self.desktop.root / "system"
         self.desktop.env["DBUS_SYSTEM_BUS_ADDRESS"] = f"unix:path={address}"
         agent = self.start_agent()
         token = self.paired_phone(agent).token
         phone, dead = await Client.connect(token), await self.silent_phone(token)
-        # The bus is late, and so are those on it.
+        # The bus and its services start late.
         self.desktop.start_bus("system", address)
         bus = Gio.DBusConnection.new_for_address_sync(
             f"unix:path={address}", Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT

@@ -12,7 +12,7 @@ class PairingLife(DesktopTest):
     async def is_known(self, client):
         return (await client.ask("deck.sync", {}))["type"] == "decks.snapshot"
 
-    async def test_a_new_pairing_takes_the_place_of_the_one_before(self):
+    async def test_a_new_pairing_replaces_the_old_one(self):
         agent = self.start_agent()
         first, second = self.paired_phone(agent, "First"), self.phone("Second\x1b[31m")
         client = await Client.connect(first.token)
@@ -46,7 +46,7 @@ class PairingLife(DesktopTest):
         self.start_agent().menu_shows("Manual code")
         self.assertEqual(phone.outcome("decks"), "unauthorized")
 
-    def test_a_pairing_outlives_the_agent_in_a_file_that_only_the_user_can_read(self):
+    def test_a_pairing_survives_restarts_in_a_private_file(self):
         agent = self.start_agent()
         phone = self.paired_phone(agent)
         file = self.desktop.keychain_file

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The phone's program against an agent that follows a script: what the real one does not do."""
+"""glintboard-phone against a scripted agent, for replies that the real one does not give."""
 
 import asyncio
 import base64
@@ -20,7 +20,7 @@ TEA = "0F8FAD5B-D9CB-469F-A165-70867728950E"
 SECRETS = {"pin": "246810", "qr": "a+code"}
 BATCH = 12  # the most keys that a phone may ask for at once
 MUTE = {"label": "Mute", "bundleId": "", "actionId": "system.volume.mute"}
-# What the agent does with an application stands in its name.
+# Their names say how the scripted agent treats them.
 STREAMING = [app("Good"), app("Gone\x1b[31m"), app("Silent"), app("../../climber"), app("NoIcon"),
              MUTE, shortcut(TEA), *(app(f"App{number}") for number in range(12))]
 
@@ -112,7 +112,7 @@ class PhoneCommands(DesktopTest):
         await self.assert_outcome(["forget"], 0)
         await self.assert_outcome(["decks"], 1, "not_paired")
 
-    async def test_a_token_that_is_no_longer_good_is_told_at_once_by_every_command(self):
+    async def test_every_command_reports_an_invalid_token(self):
         state = {"deviceId": TEA, "token": "old"}
         self.desktop.write(self.phone().state / "phone.json", json.dumps(state))
         for words in ["decks"], ["icons", self.desktop.root], ["tap", 1], ["ping"], ["watch"]:
@@ -127,7 +127,7 @@ class PhoneCommands(DesktopTest):
         self.assertRegex(text, r"6 +Mute +action +system.volume.mute\n")
         self.assertNotIn("\x1b", text)
 
-    async def test_a_key_that_is_not_there_and_an_agent_that_is_silent_are_failures(self):
+    async def test_tap_reports_a_missing_key_and_a_timeout(self):
         await self.pair()
         await self.assert_outcome(["tap", 1, "--deck", "gaming"], 0)
         await self.assert_outcome(["tap", 99], 2, "no_key")
@@ -150,7 +150,7 @@ class PhoneCommands(DesktopTest):
         await self.assert_outcome(["icons", folder], 1, "bad_icon")
         self.assertFalse((folder / "Forged.png").exists())
 
-    async def test_ping_measures_the_time_itself_and_watch_shows_pushes_until_its_time_is_up(self):
+    async def test_ping_measures_and_watch_ends_in_time(self):
         await self.pair()
         pongs = await self.records("ping", "--count", 3)
         self.assertEqual(len(pongs), 3)
@@ -160,7 +160,7 @@ class PhoneCommands(DesktopTest):
         self.assertEqual(len(watched), 2)
         self.assertEqual(len(watched[1]["decks"]), 2)
 
-    async def test_no_agent_and_a_mute_one_are_told_apart(self):
+    async def test_distinguishes_an_absent_from_a_silent_agent(self):
         await self.end_agent()
         await self.assert_outcome(["pair", "246810"], 3, "unreachable")
         # The connection opens, the upgrade hangs.

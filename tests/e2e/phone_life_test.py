@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What a phone goes through: it pairs, fetches decks and icons, and uses every kind of key."""
+"""The life of a phone: pairing, decks, icons and every kind of key."""
 
 import os
 import signal
@@ -13,7 +13,7 @@ TEA = "11111111-0000-4000-8000-000000000000"
 
 
 class PhoneLife(DesktopTest):
-    def test_decks_hold_what_is_installed_with_revisions_of_icons(self):
+    def test_decks_contain_installed_applications_and_icon_revisions(self):
         icon = self.desktop.write(self.desktop.root / "editor.png", png((200, 0, 0)))
         self.desktop.install(EDITOR, Icon=icon)
         self.desktop.write(
@@ -48,7 +48,7 @@ class PhoneLife(DesktopTest):
         self.assertEqual(changed[PLAYER], first[PLAYER])
         self.assertNotEqual(changed[EDITOR], first[EDITOR])
 
-    async def test_applications_are_launched_and_brought_forward(self):
+    async def test_applications_are_launched_and_focused(self):
         self.desktop.start_bus()
         self.desktop.install(EDITOR)
         self.desktop.install_service(SERVICE)
@@ -57,7 +57,7 @@ class PhoneLife(DesktopTest):
         self.desktop.set_decks([app(EDITOR), app(SERVICE), app("org.example.Broken"),
                                 app("org.example.Nobody"), action("up")])
         phone = self.paired_phone(self.start_agent())
-        # As long as a phone is connected the agent looks for what others start.
+        # While a phone is connected, the agent scans for running applications.
         client = await Client.connect(phone.token)
         self.assert_slot_outcomes(phone, "focus",
                                   ["not_found", "not_found", "not_found", "not_found",
@@ -79,7 +79,7 @@ class PhoneLife(DesktopTest):
         self.assertEqual(len(self.desktop.trace(EDITOR)), 1, "started only once")
         await client.socket.close()
 
-    async def test_decks_are_pushed_to_every_connection_of_the_phone_and_to_no_other(self):
+    async def test_decks_are_pushed_to_the_paired_phone_only(self):
         self.desktop.install(EDITOR)
         agent = self.start_agent()
         client = await Client.connect()
@@ -88,7 +88,7 @@ class PhoneLife(DesktopTest):
         stranger = await Client.connect(TEA)
         for each in client, stranger:
             reply = await each.ask("deck.sync", {})
-            self.assertEqual(reply["payload"]["code"], "unauthorized", "until it connects anew")
+            self.assertEqual(reply["payload"]["code"], "unauthorized", "until it reconnects")
         phones = [await Client.connect(token, "x-glintboard-token") for _ in range(2)]
         for each in phones:
             await each.ping()
@@ -100,7 +100,7 @@ class PhoneLife(DesktopTest):
             self.assertEqual([deck["tiles"] for deck in push["payload"]["decks"]],
                              [[], [{**app(EDITOR), "slot": 1}]])
         self.assertEqual((await stranger.ask("deck.sync", {}))["type"], "app.error",
-                         "the next that it hears")
+                         "it gets no push")
         for each in *phones, stranger:
             await each.socket.close()
         agent.menu_shows("Waiting for iPhone")

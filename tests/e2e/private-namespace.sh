@@ -1,10 +1,10 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Runs a command where port 9847, the process list and /usr/bin are its own, so that it disturbs
-# nobody's agent, and other runs of this script can go on beside it. Needs no special rights.
+# Runs a command with its own port 9847, process list and /usr/bin, so that it disturbs no other agent
+# and can run in parallel with itself. Needs no special rights.
 #   private-namespace.sh COMMAND [ARGUMENT…]
-# GLINTBOARD_E2E_FOLDER names a folder that vanishes afterwards with everything in it, and
-# /usr/bin/shortcuts is a link to the file "shortcuts" in there.
+# GLINTBOARD_E2E_FOLDER names a folder that is removed afterwards, and /usr/bin/shortcuts links to the
+# file "shortcuts" in it.
 set -eu
 if [ "${GLINTBOARD_E2E_FOLDER:-}" = "" ]; then
   GLINTBOARD_E2E_FOLDER=$(mktemp -d)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The agent as a process: how it ends, and that there is only one."""
+"""The agent as a process: how it ends, and that only one runs."""
 
 import contextlib
 import os
@@ -19,7 +19,7 @@ STUCK = "11111111-0000-4000-8000-000000000000"
 
 class Process(DesktopTest):
     async def assert_ends_in_time(self, token, number, hang):
-        """A busy machine alone may make it late, but not three times in a row."""
+        """Tolerates two late ends, which a busy machine may cause."""
         late = []
         while len(late) < 3:
             agent = self.start_agent()
@@ -53,7 +53,7 @@ class Process(DesktopTest):
             self.assertEqual((await client.ask("action.run", volume))["type"], "action.ok")
             sound.send_signal(signal.SIGSTOP)
             await client.send("action.run", volume)
-            # Once another connection is answered, the agent has the key in hand.
+            # Once another connection gets a reply, the agent is handling the key.
             other = await Client.connect(token)
             await other.ping()
             time.sleep(0.1)
@@ -64,7 +64,7 @@ class Process(DesktopTest):
                     await self.assert_ends_in_time(token, number, hang)
         self.assertTrue(all(map(alive, self.desktop.trace("shortcuts"))), "left alone")
 
-    async def test_launched_applications_outlive_it_with_the_limit_and_the_environment_it_had(self):
+    async def test_launched_applications_survive_with_the_original_limits(self):
         self.desktop.install(EDITOR)
         usual = resource.getrlimit(resource.RLIMIT_NOFILE)
         resource.setrlimit(resource.RLIMIT_NOFILE, (1000, usual[1]))
@@ -81,7 +81,7 @@ class Process(DesktopTest):
         time.sleep(0.1)
         self.assertTrue(alive(editor))
 
-    def test_of_two_that_start_at_once_one_stays(self):
+    def test_one_of_two_simultaneous_agents_remains(self):
         for _ in range(4):
             agents = [self.desktop.start_agent() for _ in range(2)]
             eventually(lambda: sum(each.running() for each in agents) == 1, "A single agent")
@@ -89,7 +89,7 @@ class Process(DesktopTest):
             survivor.serving()
             self.assertEqual(survivor.end()[0], 0)
 
-    async def test_serves_on_when_its_terminal_is_gone(self):
+    async def test_continues_without_its_terminal(self):
         agent = self.start_agent()
         phone = self.paired_phone(agent)
         agent.end()
@@ -103,7 +103,7 @@ class Process(DesktopTest):
         client = await Client.connect(phone.token)
         used = agent.cpu_seconds()
         time.sleep(1.5)  # The menu notices the phone and is printed.
-        self.assertLess(agent.cpu_seconds() - used, 0.5 * SLOWNESS, "the end of input is no news")
+        self.assertLess(agent.cpu_seconds() - used, 0.5 * SLOWNESS, "the end of input is read once")
         await client.ping()
         self.assertTrue(agent.running())
 
@@ -126,12 +126,12 @@ class Process(DesktopTest):
         os.write(terminal, b"Quit\n")
         pin = eventually(lambda: shown(rb"Manual code (\d+)"), "A menu")[1].decode()
         eventually(lambda: shown(b"Ready for iPhone"), "A listener")
-        time.sleep(1.5)  # It has seen that something was typed, twice.
+        time.sleep(1.5)  # Time to react twice to the typed text.
         self.assertTrue(self.phone().pair(pin)["ok"])
         called.touch()
         eventually(lambda: os.waitpid(shell, os.WNOHANG)[0], "The end that was typed")
 
-    async def test_its_log_tells_what_happens_and_no_secret(self):
+    async def test_the_log_reports_events_without_secrets(self):
         self.desktop.set_shortcuts("*) exit 3;;")
         agent = self.start_agent()
         phone = self.phone("Sam\nInjected")
@@ -144,7 +144,7 @@ class Process(DesktopTest):
         agent.menu_shows("Waiting for iPhone")
         await (await Client.connect("stranger")).socket.close()
         agent.end()
-        said = iter(agent.log().splitlines())  # Each is looked for behind the one before.
+        said = iter(agent.log().splitlines())  # Each text follows the previous one.
         for text in [" starts, without a display", "listening on port 9847",
                      "connected: no token from ::ffff:127.0.0.1", "pairing by pin refused: invalid_pin",
                      'paired by qr with "Sam Injected"', 'connected: "Sam Injected" from',

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The tool that keeps and runs Shortcuts, by itself and under the agent's keys."""
+"""The `shortcuts` tool, alone and run by the agent."""
 
 import concurrent.futures
 import re
@@ -44,14 +44,14 @@ class Shortcuts(DesktopTest):
         return self.folder / f"{identifier}.shortcut"
 
     def tell(self, command):
-        """A shell command that writes down what `command` prints, for `what_was_told`."""
+        """A shell command that stores the output of `command` for `what_was_told`."""
         return f"({command}) >{self.told}.new; mv {self.told}.new {self.told}"
 
     def what_was_told(self):
-        eventually(self.told.exists, "What it tells")
+        eventually(self.told.exists, "Its output")
         return self.told.read_text()
 
-    def test_keeps_what_the_user_makes_changes_and_deletes(self):
+    def test_creates_edits_and_deletes(self):
         self.assertEqual(self.tool("list").stdout, "")
         command = "printf '%s\\n' \"a\\tb\"  # \u00fc\necho done"
         tea, boil = self.create("Make tea (green)", command), self.create("Boil", "true")
@@ -69,7 +69,7 @@ class Shortcuts(DesktopTest):
         self.assertEqual(self.tool("delete", tea).returncode, 0)
         self.assertEqual(self.tool("list").stdout, "--\n")
 
-    def test_refuses_what_makes_no_sense_and_changes_nothing(self):
+    def test_refuses_invalid_arguments(self):
         tea = self.create("Tea", "true")
         before = self.file_of(tea).read_text()
         for words in ([], ["brew"], ["run"], ["list", "--all"], ["list", "--show-identifiers=yes"],
@@ -106,14 +106,14 @@ class Shortcuts(DesktopTest):
             self.assert_fails([command, UNKNOWN[:-1] + "1"], 1, "has no Command")
         self.assertEqual({file: file.read_bytes() for file in damaged}, damaged)
 
-    def test_a_change_keeps_what_others_wrote_into_the_file(self):
+    def test_an_edit_keeps_foreign_content(self):
         tea = self.create("Tea", "true")
         content = "[Shortcut]\n# Mine\nName=Tea\nName[de]=Tee\nCommand=true\nX-Note=hot\n"
         self.file_of(tea).write_text(content)
         self.assertEqual(self.tool("edit", tea, "--command", "false").returncode, 0)
         self.assertEqual(self.file_of(tea).read_text(), content.replace("true", "false"))
 
-    def test_changes_made_at_once_are_all_kept(self):
+    def test_concurrent_changes_are_all_kept(self):
         tea = self.create("Tea", "true")
         changes = [words for number in range(5) for words in (
             ("edit", tea, "--name", "Green tea"), ("edit", tea, "--command", "echo green"),
@@ -127,7 +127,7 @@ class Shortcuts(DesktopTest):
         self.assertEqual(self.tool("list").stdout,
                          "Cup 0\nCup 1\nCup 2\nCup 3\nCup 4\nGreen tea\nOnly one\n")
 
-    async def test_every_kind_of_failure_reaches_the_phone_as_what_it_is(self):
+    async def test_failures_are_classified_for_the_phone(self):
         text = self.desktop.write(self.desktop.root / "text", "no program")
         client = await Client.connect(self.paired_phone(self.start_agent()).token)
         failed = "run_failed"
@@ -153,7 +153,7 @@ class Shortcuts(DesktopTest):
         self.create("Left behind", "echo early >&2; (sleep 0.2; printf late >&2) &")
         self.assertEqual(self.tool("run", "Left behind").stderr, "early\nlate")
 
-    def test_a_command_does_not_outlast_a_tool_that_alone_is_killed(self):
+    def test_a_command_ends_with_a_killed_tool(self):
         self.create("Slow", self.tell("echo $$") + "; exec sleep 60")
         running = self.desktop.start(TOOL, "run", "Slow")
         command = int(self.what_was_told())
@@ -178,7 +178,7 @@ class Shortcuts(DesktopTest):
         self.assertEqual(self.what_was_told(), f"{self.folder}\n")
         self.assertTrue(self.folder.is_dir())
 
-    def test_applications_offer_actions_under_identifiers_that_stay_the_same(self):
+    def test_actions_of_applications_have_stable_identifiers(self):
         actions = "new;nameless;\n[Desktop Action new]\nName=New Window\nExec=x"
         self.desktop.write_entry("org.test.Browser", Exec="true", Actions=actions)
         self.desktop.write_entry("other", Exec="true", Actions=actions)
@@ -188,7 +188,7 @@ class Shortcuts(DesktopTest):
             "Browser: New Window": "51FA575F-895A-5356-A4BE-5F4B8AA67453",
             "other: New Window": "EE920191-F010-51E2-9BD9-78B054599A58"})
 
-    def test_an_action_starts_the_application_in_a_session_of_its_own(self):
+    def test_an_action_starts_the_application_in_its_own_session(self):
         script = self.tell('echo "$@"; pwd; readlink /proc/$$/fd/1 /proc/$$/fd/2; '
                            "ps -o sid= -p $$; echo $$")
         program = self.desktop.write(self.desktop.root / "browser", f"#!/bin/sh\n{script}", 0o755)
@@ -204,7 +204,7 @@ class Shortcuts(DesktopTest):
         for words in ["delete", "browser: Lost"], ["edit", "browser: Lost", "--name", "x"]:
             self.assert_fails(words, 1, "belongs to an application")
 
-    def test_an_action_is_activated_over_the_bus_where_the_entry_asks_for_it(self):
+    def test_an_action_uses_dbus_activation(self):
         self.desktop.start_bus()
         self.desktop.install_service("org.test.Editor")
         for name in "Editor", "Nobody":

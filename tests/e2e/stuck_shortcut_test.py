@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Shortcuts that fail, one that never ends, and what goes on meanwhile."""
+"""Shortcuts that fail, one that never ends, and other requests meanwhile."""
 
 import asyncio
 import json
@@ -15,7 +15,7 @@ HINT = ("Allow this Shortcut on your Mac (System Settings \u2192 Privacy & Secur
 
 
 class StuckShortcut(DesktopTest):
-    async def test_times_out_after_25_seconds_and_holds_nobody_up(self):
+    async def test_times_out_after_25_seconds_without_blocking_others(self):
         self.desktop.set_decks([shortcut(each) for each in (STUCK, GONE, REFUSED)])
         (FOLDER / "shortcuts").symlink_to(TOOL)
         pids = self.desktop.root / "pids"
@@ -44,7 +44,7 @@ class StuckShortcut(DesktopTest):
             times.append(time.monotonic() - asked)
             await asyncio.sleep(0.1)
         seconds = time.monotonic() - start
-        # The machine may have other things to do now and then.
+        # Tolerates outliers on a busy machine.
         times.sort()
         self.assertGreater(len(times), 20)
         self.assertLess(times[-len(times) // 20], 0.1 * SLOWNESS, times)

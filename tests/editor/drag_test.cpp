@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Cards and keys under the pointer.
+// Dragging cards and keys.
 #include "tests/editor/editor_window.h"
 
 namespace glintboard {
@@ -7,7 +7,7 @@ namespace {
 
 using DragTest = test::EditorWindowTest;
 
-TEST_F(DragTest, AKeyGoesWhereItIsDroppedOrBackWhenItIsNowhere) {
+TEST_F(DragTest, DroppedKeysMoveOrReturn) {
   storeDeck({app("calendar", "Calendar"), app("files", "Files"), app("music", "Music"),
              app("notes", "Notes")});
   open();
@@ -16,16 +16,16 @@ TEST_F(DragTest, AKeyGoesWhereItIsDroppedOrBackWhenItIsNowhere) {
   drag(key("Notes"), slot(0));
   EXPECT_EQ(shown(), "Notes, Files, Music, Calendar");
   drag(key("Notes"), slot(17));
-  EXPECT_EQ(shown(), "Files, Music, Calendar, Notes") << "beyond the last key is the end";
+  EXPECT_EQ(shown(), "Files, Music, Calendar, Notes") << "a drop beyond the last key appends";
   drag(key("Files"), QPoint(300, 400));
   EXPECT_EQ(shown(), "Files, Music, Calendar, Notes");
-  // A card whose key is there moves the key.
+  // A card whose key is on the deck moves that key.
   drag(card("Notes"), slot(1));
   EXPECT_EQ(shown(), "Files, Notes, Music, Calendar");
   EXPECT_TRUE(model->errorMessage().isEmpty());
 }
 
-TEST_F(DragTest, KeysMakeRoomForACardAndEscapeEndsTheDragAlone) {
+TEST_F(DragTest, KeysMakeRoomAndEscapeCancelsTheDrag) {
   storeDeck({app("files", "Files")});
   open();
   const QPoint from = card("Music");
@@ -34,8 +34,8 @@ TEST_F(DragTest, KeysMakeRoomForACardAndEscapeEndsTheDragAlone) {
   settle();
   EXPECT_EQ(model->dropTargetIndex(), 0);
   EXPECT_TRUE(model->isDeckDragActive());
-  EXPECT_GE(keyItem("Files")->x(), keyItem("Files")->width()) << "it has made room";
-  EXPECT_EQ(model->tiles().size(), 1U) << "nothing has happened yet";
+  EXPECT_GE(keyItem("Files")->x(), keyItem("Files")->width()) << "it makes room";
+  EXPECT_EQ(model->tiles().size(), 1U) << "not dropped yet";
   press(Qt::Key_Escape);
   QTest::mouseRelease(window, Qt::LeftButton, {}, slot(0));
   EXPECT_EQ(shown(), "Files");
@@ -43,10 +43,10 @@ TEST_F(DragTest, KeysMakeRoomForACardAndEscapeEndsTheDragAlone) {
   EXPECT_FALSE(model->isDeckDragActive());
   ASSERT_NE(window, nullptr);
   press(Qt::Key_Escape);
-  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "as Cancel does";
+  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "like Cancel";
 }
 
-TEST_F(DragTest, AFullDeckTakesNothingButMovesItsKeys) {
+TEST_F(DragTest, FullDeckRefusesCardsButReordersKeys) {
   storeApps(24);
   open();
   EXPECT_EQ(item("counter")->property("text"), "24 / 24");
@@ -61,7 +61,7 @@ TEST_F(DragTest, AFullDeckTakesNothingButMovesItsKeys) {
   EXPECT_EQ(model->tiles().size(), 24U);
 }
 
-TEST_F(DragTest, APressWithoutADragAddsACardAndADuplicateSaysSo) {
+TEST_F(DragTest, ClickAddsACardAndReportsADuplicate) {
   storeDeck({});
   open();
   click(card("Calendar"));
@@ -74,7 +74,7 @@ TEST_F(DragTest, APressWithoutADragAddsACardAndADuplicateSaysSo) {
   EXPECT_EQ(shown(), "Calendar, Files");
 }
 
-TEST_F(DragTest, TheBadgeOfAHoveredKeyRemovesItAndUndoBringsItBack) {
+TEST_F(DragTest, BadgeOfAHoveredKeyRemovesIt) {
   storeDeck({app("files", "Files"), app("music", "Music")});
   open();
   auto* badge = keyItem("Music")->findChild<QQuickItem*>("remove");

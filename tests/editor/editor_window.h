@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The editor's window, driven as a person drives it: with the pointer and the keyboard.
+// The editor's window, driven by pointer and keyboard.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ class EditorWindowTest : public testing::Test {
   void storeDeck(std::vector<DeckTile> tiles, const std::string& name = "On Air") {
     stage.deck(DeckCategoryID::streaming, name, std::move(tiles));
   }
-  // A deck of so many applications, "App 0" and so on.
+  // Stores a deck of `count` applications: "App 0", "App 1", …
   void storeApps(int count) {
     std::vector<DeckTile> tiles;
     for (int i = 0; i < count; ++i) {
@@ -52,7 +52,7 @@ class EditorWindowTest : public testing::Test {
     storeDeck(tiles);
   }
   static DeckTile app(const char* id, const char* label) { return DeckTile::app(0, label, id); }
-  // Until nothing moves any more.
+  // Waits until animations have ended.
   static void settle() { EditorStage::turnFor(350); }
 
   QQuickItem* item(const QString& name) const {
@@ -60,7 +60,7 @@ class EditorWindowTest : public testing::Test {
     EXPECT_NE(found, nullptr) << name.toStdString();
     return found;
   }
-  // The middle of a card of the library shown, in the window.
+  // The middle of a card of the visible library, in the window.
   QPoint card(const QString& label) const {
     return middleOf(visible(label, QStringLiteral("add()")));
   }
@@ -110,7 +110,7 @@ class EditorWindowTest : public testing::Test {
     settle();
   }
 
-  // "Files, Music": what the phone shows in the end, in the order in which it lies there.
+  // The labels of the phone's keys in the order of their positions, as "Files, Music".
   std::string shown() const {
     settle();
     std::map<std::pair<int, int>, std::string> labels;
@@ -131,7 +131,7 @@ class EditorWindowTest : public testing::Test {
   QPointer<QQuickView> window;
 
  private:
-  // Among what is drawn: delegates are nobody's QObject children.
+  // Searches the visual children, since delegates are not QObject children.
   static QQuickItem* named(QQuickItem* root, const QString& name) {
     for (auto* child : root->childItems()) {
       auto* found = child->objectName() == name ? child : named(child, name);
@@ -141,7 +141,7 @@ class EditorWindowTest : public testing::Test {
     }
     return nullptr;
   }
-  // The items with that signal: cards add themselves, keys remove themselves.
+  // The items with that signal: `add` of cards, `remove` of keys.
   static QList<QQuickItem*> all(QQuickItem* root, const char* signal) {
     QList<QQuickItem*> found;
     for (auto* child : root->childItems()) {

@@ -15,7 +15,7 @@ class EditorKeyboardTest : public test::EditorWindowTest {
   }
 };
 
-TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
+TEST_F(EditorKeyboardTest, EditsAndSavesWithoutAPointer) {
   storeDeck({});
   open();
   press(Qt::Key_F, Qt::ControlModifier);
@@ -26,7 +26,7 @@ TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
   EXPECT_EQ(shown(), "Notes");
   press(Qt::Key_F, Qt::ControlModifier);
   press(Qt::Key_Escape);
-  EXPECT_EQ(model->searchText(), "") << "clears the search before it closes anything";
+  EXPECT_EQ(model->searchText(), "") << "the first Escape clears the search";
   press(Qt::Key_Down);
   press(Qt::Key_Home);
   press(Qt::Key_Space);
@@ -56,7 +56,7 @@ TEST_F(EditorKeyboardTest, AWholeSessionNeedsNoPointer) {
   EXPECT_TRUE(item("info")->isVisible());
 }
 
-TEST_F(EditorKeyboardTest, KeysMoveByRows) {
+TEST_F(EditorKeyboardTest, ArrowKeysMoveByRows) {
   storeApps(9);
   open();
   tabTo("phone");
@@ -69,10 +69,10 @@ TEST_F(EditorKeyboardTest, KeysMoveByRows) {
   press(Qt::Key_Down);
   EXPECT_EQ(item("phone")->property("currentIndex"), 8);
   press(Qt::Key_Delete);
-  EXPECT_EQ(item("phone")->property("currentIndex"), 7) << "the last key is chosen again";
+  EXPECT_EQ(item("phone")->property("currentIndex"), 7) << "the selection moves to the last key";
 }
 
-TEST_F(EditorKeyboardTest, TheNameIsEditedInPlaceAndUndoneWithTheRest) {
+TEST_F(EditorKeyboardTest, DeckNameIsEditedInPlaceAndUndone) {
   storeDeck({app("files", "Files")});
   open();
   tabTo("name");
@@ -82,7 +82,7 @@ TEST_F(EditorKeyboardTest, TheNameIsEditedInPlaceAndUndoneWithTheRest) {
   EXPECT_EQ(model->syncLabel(), "Unsaved");
   press(Qt::Key_Escape);
   EXPECT_FALSE(item("name")->hasActiveFocus());
-  ASSERT_NE(window, nullptr) << "the first Escape leaves the name alone";
+  ASSERT_NE(window, nullptr) << "the first Escape leaves the name field";
   tabTo("name");
   press(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(model->deckName(), "On Air");
@@ -90,7 +90,7 @@ TEST_F(EditorKeyboardTest, TheNameIsEditedInPlaceAndUndoneWithTheRest) {
   EXPECT_EQ(model->syncLabel(), "Synced");
 }
 
-TEST_F(EditorKeyboardTest, EveryControlHasANameAndARole) {
+TEST_F(EditorKeyboardTest, EveryControlHasAnAccessibleName) {
   storeDeck({app("files", "Files")});
   stage.drafts.keep(DeckCategoryID::streaming,
                     DeckDraft{{"streaming", "Draft", {}}, {"streaming", "Other", {}}, {}});

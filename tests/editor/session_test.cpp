@@ -11,7 +11,7 @@ namespace {
 using namespace std::chrono_literals;
 using EditorSessionTest = test::EditorWindowTest;
 
-TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
+TEST_F(EditorSessionTest, FillsAnEmptyDeckAndSendsItToAPhone) {
   test::TestAgent agent;
   agent.desktop.installed = {"calendar", "files"};
   AgentServices services(agent.environment(), stage.store);
@@ -21,7 +21,8 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
   ASSERT_TRUE(test::eventually([&] { return agent.run(listener.state()).isRunning; }));
   std::optional<phone::AgentSession> phone(
       std::in_place,
-      phone::PhoneConnection({"127.0.0.1", agent.port}, agent.pair(services), test::soon()), 5s);
+      phone::PhoneConnection({"127.0.0.1", agent.port}, agent.pair(services), test::soon()),
+      test::slowdown * 5s);
   phone->sync();
   stage.onSaved = [&] { return listener.pushDecksSnapshot(); };
 
@@ -36,7 +37,8 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
   EXPECT_EQ(shown(), "Calendar, Files, Tidy up, Mute");
   EXPECT_FALSE(model->syncIsLive());
   click("save");
-  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; })) << "a phone has it";
+  EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; }))
+      << "closes once a phone has the deck";
 
   std::string received;
   for (;;) {
@@ -62,7 +64,7 @@ TEST_F(EditorSessionTest, AnEmptyDeckIsFilledAndSavedToAPhoneOnTheWire) {
   agent.run(services.listenerService().shutDown());
 }
 
-TEST_F(EditorSessionTest, AWindowClosedInTheMiddleOfASaveFinishesIt) {
+TEST_F(EditorSessionTest, ClosingDuringASaveFinishesTheSave) {
   storeDeck({app("files", "Files")});
   open();
   click(card("Music"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the window says in its states.
+// The texts of the window in its states.
 #include "tests/editor/editor_window.h"
 
 namespace glintboard {
@@ -7,7 +7,7 @@ namespace {
 
 class EditorStatesTest : public test::EditorWindowTest {
  protected:
-  // The texts that can be read now.
+  // The visible texts.
   QStringList texts() const { return textsOf(window->rootObject()); }
   static QStringList textsOf(QQuickItem* root) {
     QStringList all;
@@ -50,7 +50,7 @@ TEST_F(EditorStatesTest, LoadsWithoutWarningsInEveryAppearance) {
   }
 }
 
-TEST_F(EditorStatesTest, AFailedListingSaysWhyAndRetryListsAgain) {
+TEST_F(EditorStatesTest, ShowsWhyAListingFailedAndRetries) {
   stage.listShortcuts("echo 'no answer' >&2; exit 1");
   storeDeck({});
   open();
@@ -69,7 +69,7 @@ TEST_F(EditorStatesTest, AFailedListingSaysWhyAndRetryListsAgain) {
           "The first run may ask for permission on your Mac."});
 }
 
-TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
+TEST_F(EditorStatesTest, ShowsATipForTheFirstShortcut) {
   storeDeck({});
   open();
   click("tab-shortcuts");
@@ -92,7 +92,7 @@ TEST_F(EditorStatesTest, TheFirstShortcutBringsATipUntilItIsRead) {
   EXPECT_EQ(shown(), "Brew, Tidy up");
 }
 
-TEST_F(EditorStatesTest, ASearchWithoutAMatchSaysSoInEveryLibrary) {
+TEST_F(EditorStatesTest, ShowsNoMatchesInEveryLibrary) {
   stage.listShortcuts("true");
   storeDeck({});
   open();
@@ -103,7 +103,7 @@ TEST_F(EditorStatesTest, ASearchWithoutAMatchSaysSoInEveryLibrary) {
   }
 }
 
-TEST_F(EditorStatesTest, TheCategoryThatNoPhoneShowsSaysSo) {
+TEST_F(EditorStatesTest, NotesThatPhonesShowOnlyTheStreamingDeck) {
   const QString note = "The iPhone shows the Streaming deck only for now.";
   storeDeck({app("files", "Files")});
   open();
@@ -116,7 +116,7 @@ TEST_F(EditorStatesTest, TheCategoryThatNoPhoneShowsSaysSo) {
   expect({note, "0 / 24"});
 }
 
-TEST_F(EditorStatesTest, TheNextWindowStartsAfreshAndAnOpenOneComesToTheFront) {
+TEST_F(EditorStatesTest, ReopensAfreshAndRaisesAnOpenWindow) {
   storeDeck({app("files", "Files")});
   open();
   stage.presenter->show();
@@ -127,18 +127,18 @@ TEST_F(EditorStatesTest, TheNextWindowStartsAfreshAndAnOpenOneComesToTheFront) {
   press(Qt::Key_Escape);
   ASSERT_TRUE(test::turnUntil([&] { return window == nullptr; }));
   EXPECT_EQ(stage.presenter->model(), nullptr);
-  EXPECT_TRUE(test::turnUntil([&] { return first.expired(); })) << "nothing of it is left";
+  EXPECT_TRUE(test::turnUntil([&] { return first.expired(); })) << "the model is released";
   open();
   EXPECT_EQ(model->libraryTab(), "apps");
   EXPECT_EQ(shown(), "Files");
 
-  // But for what Escape took.
+  // The draft has the edits that Escape discarded.
   EXPECT_TRUE(item("offer")->isVisible());
   expect({model->offerText()});
   click("offer-restore");
   EXPECT_EQ(shown(), "");
   EXPECT_FALSE(item("offer")->isVisible());
-  EXPECT_TRUE(window->rootObject()->hasActiveFocus()) << "the keys go on working";
+  EXPECT_TRUE(window->rootObject()->hasActiveFocus()) << "keyboard shortcuts still work";
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The editor on a real window system.
+// The editor on an X server.
 #include <QDrag>
 #include <QMimeData>
 #include <QRasterWindow>
@@ -11,7 +11,7 @@
 namespace glintboard {
 namespace {
 
-// Another program on the screen: a file lies in its corner that can be dragged away.
+// Another program, from whose window a file can be dragged.
 class FileManager : public QRasterWindow {
  public:
   explicit FileManager(QUrl file) : file_(std::move(file)) {
@@ -50,7 +50,7 @@ class EditorOnX11Test : public test::EditorWindowTest {
   }
 };
 
-TEST_F(EditorOnX11Test, OpensInTheMiddleOfTheScreenNoLargerThanIt) {
+TEST_F(EditorOnX11Test, OpensCentredWithinTheScreen) {
   open();
   const QRect screen = window->screen()->availableGeometry();
   EXPECT_LE(window->width(), screen.width());
@@ -62,7 +62,7 @@ TEST_F(EditorOnX11Test, OpensInTheMiddleOfTheScreenNoLargerThanIt) {
   EXPECT_TRUE(test::turnUntil([&] { return window->isActive(); })) << "comes back to the front";
 }
 
-TEST_F(EditorOnX11Test, ThePointerDragsACardToTheFirstSlot) {
+TEST_F(EditorOnX11Test, DragsACardToTheFirstSlot) {
   storeDeck({app("files", "Files"), app("music", "Music")});
   open();
   const QPoint from = card("Calendar");
@@ -81,7 +81,7 @@ TEST_F(EditorOnX11Test, ThePointerDragsACardToTheFirstSlot) {
   EXPECT_TRUE(test::turnUntil([&] { return window == nullptr; }));
 }
 
-TEST_F(EditorOnX11Test, AFileManagersLauncherIsDroppedOnTheDeck) {
+TEST_F(EditorOnX11Test, AcceptsALauncherDroppedByAFileManager) {
   storeDeck({app("files", "Files"), app("music", "Music")});
   open();
   const auto launcher = stage.desktop.root / "system/applications/notes.desktop";

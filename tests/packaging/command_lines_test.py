@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the programs' help, manual pages and completions tell is what they take.
+"""Help, manual pages and completions of the programs match what they accept.
 
 command_lines_test.py PACKAGING VERSION PROGRAM…
 """
@@ -11,7 +11,7 @@ import sys
 import unittest
 
 PACKAGING, VERSION, *PROGRAMS = sys.argv[1:]
-# So many operands are wrong for every command: nothing is done.
+# Too many operands for any command, so that nothing is done.
 NONSENSE = ["x"] * 9
 
 
@@ -20,7 +20,7 @@ def run(*words):
 
 
 def completed(program, *before):
-    """What the shell offers as the next word, without and with a dash."""
+    """The words that the shell offers next, without and with a dash."""
     script = ('. "$1/completion.bash"; shift; words=("$@"); for word in "" -; do '
               'COMP_WORDS=("${words[@]}" "$word") COMP_CWORD=${#words[@]}; '
               '_glintboard "$1" "$word" "${words[-1]}"; printf "%s\\n" "${COMPREPLY[@]}"; done')
@@ -41,14 +41,14 @@ class CommandLines(unittest.TestCase):
             text = pathlib.Path(PACKAGING, recipe).read_text()
             self.assertEqual(re.search(pattern, text, re.M)[1], VERSION, recipe)
 
-    def test_a_value_behind_an_equals_sign_is_no_command(self):
+    def test_completes_values_after_an_equals_sign(self):
         phone = next(program for program in PROGRAMS if program.endswith("phone"))
         commands = completed(phone)
         for words, offered in (("--host", "=", "studio"), commands), (
                 ("tap", "--deck", "="), {"streaming", "gaming"}):
             self.assertLessEqual(offered, completed(phone, *words), words)
 
-    def test_every_program_tells_what_it_takes(self):
+    def test_help_manuals_and_completions_agree(self):
         for program in PROGRAMS:
             name = pathlib.Path(program).name
             text = run(program, "--help").stdout
@@ -61,7 +61,7 @@ class CommandLines(unittest.TestCase):
                                   if not re.search(rf"(^|[^a-z-]){word}\b", manual)}, set())
                 section = text.partition("\nCommands:\n")[2].partition("\n\n")[0]
                 self.assertEqual(commands, set(re.findall(r"^  ([a-z]+)", section, re.M)))
-            # The agent has none.
+            # The agent has no commands.
             for command in commands - {"help"} or {None}:
                 words = (command,) if command else ()
                 with self.subTest(program=name, command=command):

@@ -1,6 +1,6 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# cmake --install puts everything below the prefix, from where the programs run.
+# cmake --install puts every file below the prefix, and the programs run from there.
 #   install_test.sh BUILD VERSION
 set -eu
 prefix=$(mktemp -d)

@@ -36,7 +36,7 @@ class Instances : public testing::Test {
   const ProcessIdentity self_ = identityOf(::getpid());
 };
 
-TEST_F(Instances, AnOlderOneThatLooksLaterStaysAwayWhileTheYoungerRuns) {
+TEST_F(Instances, OlderInstanceYieldsToARunningYoungerOne) {
   EXPECT_EQ(claim(), 0u);
   EXPECT_EQ(claim(), 0u) << "it never finds itself";
   const test::ChildProcess younger({"sleep", "60"});
@@ -48,7 +48,7 @@ TEST_F(Instances, AnOlderOneThatLooksLaterStaysAwayWhileTheYoungerRuns) {
   EXPECT_EQ(readWholeFile(file_), lineOf(self_));
 }
 
-TEST_F(Instances, DropsLinesThatNameNoInstance) {
+TEST_F(Instances, DropsLinesWithoutARunningInstance) {
   test::ChildProcess stranger({"sleep", "60"});
   ASSERT_TRUE(test::eventually([&] { return identifyProcess(stranger.id()).has_value(); }));
   ProcessIdentity reused = identityOf(stranger.id());
@@ -60,7 +60,7 @@ TEST_F(Instances, DropsLinesThatNameNoInstance) {
   EXPECT_FALSE(stranger.hasEnded());
 }
 
-TEST_F(Instances, NeverFindsAProcessOfAnotherUser) {
+TEST_F(Instances, IgnoresProcessesOfOtherUsers) {
   if (::geteuid() != 0) {
     GTEST_SKIP() << "only root can start a process of another user";
   }
@@ -75,7 +75,7 @@ TEST_F(Instances, NeverFindsAProcessOfAnotherUser) {
   EXPECT_FALSE(other.hasEnded());
 }
 
-TEST_F(Instances, AHeldLockDelaysButDoesNotBlock) {
+TEST_F(Instances, HeldLockDelaysButDoesNotBlock) {
   EXPECT_EQ(claim(), 0u);
   const int held = ::open(file_.c_str(), O_RDWR | O_CLOEXEC);
   ASSERT_EQ(::flock(held, LOCK_EX), 0);
@@ -85,12 +85,12 @@ TEST_F(Instances, AHeldLockDelaysButDoesNotBlock) {
   ::close(held);
 }
 
-TEST_F(Instances, WithoutAFolderThereAreNoOthers) {
+TEST_F(Instances, FindsNoOthersWithoutAFolder) {
   EXPECT_TRUE(LinuxAgentInstances(std::nullopt).claim().value().empty());
   EXPECT_TRUE(LinuxAgentInstances(folder_ / "missing").claim().value().empty());
 }
 
-TEST_F(Instances, TheRuntimeFolderIsTheUsersAlone) {
+TEST_F(Instances, RejectsARuntimeFolderOpenToOthers) {
   ::setenv("XDG_RUNTIME_DIR", folder_.path().c_str(), 1);
   EXPECT_EQ(runtimeFolder(), folder_.path());
   ::chmod(folder_.path().c_str(), 0777);
@@ -101,7 +101,7 @@ TEST_F(Instances, TheRuntimeFolderIsTheUsersAlone) {
   EXPECT_TRUE(fallback->is_absolute());
 }
 
-TEST(ProcessIdentity, ReadsPastAnyProgramName) {
+TEST(ProcessIdentity, ParsesAnyProgramName) {
   const test::TemporaryFolder folder;
   const auto program = folder / "a ) R 1 (b";
   std::filesystem::copy_file("/bin/sleep", program);

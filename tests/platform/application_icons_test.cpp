@@ -4,15 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
-#include <thread>
 
-#include "tests/platform/desktop_folders.h"
+#include "tests/platform/applications_test.h"
 #include "tests/support/painted.h"
 
 namespace glintboard {
 namespace {
 
-class ApplicationIconsTest : public testing::Test {
+class ApplicationIconsTest : public test::IndexTest {
  protected:
   ApplicationIconsTest() {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -41,15 +40,8 @@ class ApplicationIconsTest : public testing::Test {
     return rect;
   }
 
-  ~ApplicationIconsTest() override {
-    if (index_) {
-      index_->stop();
-    }
-  }
-  // Reads the installed applications. Starts threads: set the environment before.
   void open() {
-    executors_.emplace();
-    index_ = ApplicationIndex::open(*executors_, desktop_.folders);
+    IndexTest::open();
     icons_ = applicationIcons(index_, desktop_.folders);
   }
   ApplicationLocation location(const std::string& bundleId) const {
@@ -67,13 +59,10 @@ class ApplicationIconsTest : public testing::Test {
   char name_[5] = "test";
   char* arguments_[2] = {name_, nullptr};
   std::optional<QGuiApplication> application_;
-  test::DesktopFolders desktop_;
-  std::optional<Executors> executors_;
-  std::shared_ptr<ApplicationIndex> index_;
   ApplicationIconClient icons_;
 };
 
-TEST_F(ApplicationIconsTest, FitsAnyImageIntoTheSquareAndCentresIt) {
+TEST_F(ApplicationIconsTest, ScalesAndCentresAnyImage) {
   EXPECT_EQ(covered(paint("small.png", {16, 16}, Qt::red)), QRect(0, 0, 128, 128));
   EXPECT_EQ(covered(paint("wide.png", {512, 256}, Qt::red)), QRect(0, 32, 128, 64));
   EXPECT_EQ(covered(paint("tall.xpm", {20, 80}, Qt::red)), QRect(48, 0, 32, 128));
@@ -85,7 +74,7 @@ TEST_F(ApplicationIconsTest, FitsAnyImageIntoTheSquareAndCentresIt) {
       << "a drawing without a size";
 }
 
-TEST_F(ApplicationIconsTest, RefusesWhatIsNoImageOrTooLarge) {
+TEST_F(ApplicationIconsTest, RefusesInvalidAndOversizedImages) {
   const auto sparse = paint("sparse.png", {8, 8}, Qt::red);
   std::filesystem::resize_file(sparse, 17u << 20u);
   const auto pipe = desktop_.root / "pipe.png";
@@ -96,17 +85,17 @@ TEST_F(ApplicationIconsTest, RefusesWhatIsNoImageOrTooLarge) {
     EXPECT_TRUE(drawIcon(refused, 128).isNull()) << refused;
   }
   const auto huge = drawIcon(drawing("width='900000000' height='3'", "<rect width='9'/>"), 128);
-  EXPECT_EQ(huge.size(), QSize(128, 128)) << "a drawing has no pixels of its own";
+  EXPECT_EQ(huge.size(), QSize(128, 128)) << "a drawing has no size in pixels";
 }
 
-TEST_F(ApplicationIconsTest, WithoutAGuiApplicationADrawingIsRefusedRatherThanFatal) {
+TEST_F(ApplicationIconsTest, RefusesDrawingsWithoutAGuiApplication) {
   const auto text = drawing("width='20' height='20'", "<text x='2' y='15'>GM</text>");
   EXPECT_FALSE(drawIcon(text, 128).isNull());
   application_.reset();
   EXPECT_TRUE(drawIcon(text, 128).isNull());
 }
 
-TEST_F(ApplicationIconsTest, AnApplicationHasItsOwnIconOrTheGenericOneAndChangesAreSeen) {
+TEST_F(ApplicationIconsTest, UsesItsOwnOrTheGenericIconAndSeesChanges) {
   const auto own = paint("own.png", {64, 64}, Qt::green);
   const auto damaged = desktop_.root.write("damaged.png", "not an image");
   desktop_.entry("system/applications/own.desktop", "Icon=" + own.string() + "\n");
@@ -129,13 +118,12 @@ TEST_F(ApplicationIconsTest, AnApplicationHasItsOwnIconOrTheGenericOneAndChanges
   EXPECT_EQ(colour("own"), QColor(Qt::blue));
 
   paint("system/icons/hicolor/64x64/apps/application-x-executable.png", {64, 64}, Qt::red);
-  std::this_thread::sleep_for(std::chrono::milliseconds(60));
-  EXPECT_NE(modification("none"), withoutIcon);
+  EXPECT_TRUE(test::eventually([&] { return modification("none") != withoutIcon; }));
   EXPECT_EQ(colour("none"), QColor(Qt::red));
   EXPECT_EQ(colour("damaged"), QColor(Qt::red));
 }
 
-TEST_F(ApplicationIconsTest, FlatpaksAndSnapsShowTheirsThroughTheLinksThatAnUpdateMoves) {
+TEST_F(ApplicationIconsTest, FollowsTheSymlinksOfFlatpakAndSnapUpdates) {
   desktop_.folders.dataDirs.push_back(desktop_.root / "flatpak/exports/share");
   desktop_.folders.dataDirs.push_back(desktop_.root / "snapd/desktop");
   const auto link = [&](const std::string& target, const std::string& path) {

@@ -3,8 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/platform/desktop_folders.h"
-#include "tests/support/eventually.h"
+#include "tests/platform/applications_test.h"
 
 namespace glintboard {
 namespace {
@@ -12,10 +11,8 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 
-class ApplicationIndexTest : public testing::Test {
+class ApplicationIndexTest : public test::IndexTest {
  protected:
-  void TearDown() override { index_->stop(); }
-  void open() { index_ = ApplicationIndex::open(executors_, desktop_.folders); }
   // "bundle id: entry file below the root" for each installed application.
   std::vector<std::string> installed() const {
     std::vector<std::string> found;
@@ -31,15 +28,11 @@ class ApplicationIndexTest : public testing::Test {
   // Waits until the live index has an identifier, or no longer has it.
   bool becomes(const std::string& bundleId, bool present) const {
     return test::eventually(
-        [&] { return (index_->current()->withBundleId(bundleId) != nullptr) == present; }, 3s);
+        [&] { return (index_->current()->withBundleId(bundleId) != nullptr) == present; });
   }
-
-  test::DesktopFolders desktop_;
-  Executors executors_;
-  std::shared_ptr<ApplicationIndex> index_;
 };
 
-TEST_F(ApplicationIndexTest, TheFirstFolderWithAnIdDecidesWhetherItIsInstalled) {
+TEST_F(ApplicationIndexTest, FirstFolderWithAnIdTakesPrecedence) {
   const std::string mine = "home/data/applications/";
   const std::string local = "local/applications/";
   const std::string system = "system/applications/";
@@ -68,7 +61,7 @@ TEST_F(ApplicationIndexTest, TheFirstFolderWithAnIdDecidesWhetherItIsInstalled) 
   EXPECT_TRUE(index_->current()->withBundleId("not-in-menus")->noDisplay);
 }
 
-TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
+TEST_F(ApplicationIndexTest, ReadsEveryFieldOfAnEntry) {
   desktop_.entry("system/applications/org.test.Full.desktop",
                  "Name[C]=Full Name\nIcon=full\nStartupWMClass=FullClass\nDBusActivatable=true\n"
                  "Exec=\"/opt/my app/run\" --fixed \"a \\\\\"b\\\\\"\" --title=%c 100%% %U\n");
@@ -88,11 +81,11 @@ TEST_F(ApplicationIndexTest, ReadsWhatAnEntrySaysInTheUsersLanguage) {
   EXPECT_EQ(applications->withBundleId("empty")->name, "");
 }
 
-TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLater) {
+TEST_F(ApplicationIndexTest, NoticesChangesInFoldersThatAppearLater) {
   open();
   EXPECT_THAT(installed(), ElementsAre());
   desktop_.entry("home/data/applications/new.desktop", "Exec=true\n");
-  EXPECT_TRUE(becomes("new", true)) << "several folders were missing";
+  EXPECT_TRUE(becomes("new", true)) << "several parent folders were missing";
   desktop_.entry("home/data/applications/sub/folder/other.desktop", "Exec=true\n");
   EXPECT_TRUE(becomes("sub-folder-other", true));
   desktop_.entry("home/data/applications/new.desktop", "Exec=true\nHidden=true\n");
@@ -101,10 +94,10 @@ TEST_F(ApplicationIndexTest, NoticesInstallationAndRemovalInFoldersThatAppearLat
   EXPECT_TRUE(becomes("sub-folder-other", false));
   std::filesystem::remove_all(desktop_.root / "home");
   desktop_.entry("home/data/applications/again.desktop", "Exec=true\n");
-  EXPECT_TRUE(becomes("again", true)) << "the folder was removed and made again";
+  EXPECT_TRUE(becomes("again", true)) << "the folder was removed and created again";
 }
 
-TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) {
+TEST_F(ApplicationIndexTest, FollowsChangesOfDefaultApplications) {
   for (const std::string id : {"thunar", "mine", "foot", "term"}) {
     desktop_.entry("system/applications/" + id + ".desktop", "Exec=true\n");
   }
@@ -129,14 +122,14 @@ TEST_F(ApplicationIndexTest, ADefaultApplicationThatTheUserChangesBearsItsRole) 
   };
   for (const auto& step : steps) {
     desktop_.root.write(std::string("home/config/") + step.file, step.content);
-    EXPECT_TRUE(test::eventually(
-        [&] { return index_->current()->withBundleId(step.role)->id == step.id; }, 3s))
-        << step.file;
+    EXPECT_TRUE(test::eventually([&] {
+      return index_->current()->withBundleId(step.role)->id == step.id;
+    })) << step.file;
   }
   const auto before = index_->current();
   desktop_.root.write("home/config/otherrc", "");
   std::this_thread::sleep_for(300ms);
-  EXPECT_EQ(index_->current(), before) << "other settings are no reason to look again";
+  EXPECT_EQ(index_->current(), before) << "other settings cause no scan";
 }
 
 }  // namespace

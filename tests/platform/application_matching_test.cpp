@@ -38,7 +38,7 @@ std::shared_ptr<const InstalledApplications> installed(std::vector<DesktopEntry>
   return std::make_shared<const InstalledApplications>(std::move(entries), KnownApplications());
 }
 
-TEST(ApplicationMatcher, AttributesAProcessByItsUnitAndByItsProgram) {
+TEST(ApplicationMatcher, MatchesProcessesByUnitAndProgram) {
   const test::DesktopFolders desktop;
   const auto program = [&](const char* name) {
     return desktop.program(std::string("bin/") + name, "").string();
@@ -94,7 +94,7 @@ TEST(ApplicationMatcher, AttributesAProcessByItsUnitAndByItsProgram) {
   }
 }
 
-TEST(WindowMatcher, KnowsAWindowsApplicationByItsNamesAndItsProcess) {
+TEST(WindowMatcher, MatchesWindowsByNamesAndProcess) {
   const WindowMatcher matcher(installed(
       {entry("a-hidden-handler", {"twin"}, "Twin", true), entry("browser", {"browser"}),
        entry("chromium", {"chromium"}, "Chromium"),
@@ -134,7 +134,7 @@ TEST(WindowMatcher, KnowsAWindowsApplicationByItsNamesAndItsProcess) {
   }
 }
 
-TEST(IdentifierTable, AKnownProgramBearsItsIdentifierHoweverItIsPackaged) {
+TEST(IdentifierTable, MapsKnownProgramsFromEveryPackaging) {
   const test::DesktopFolders desktop;
   for (const char* id : {"steam", "com.valvesoftware.Steam", "steam_steam"}) {
     EXPECT_THAT(knownApplications(entries({id, "other"}), desktop.folders),
@@ -147,7 +147,7 @@ TEST(IdentifierTable, AKnownProgramBearsItsIdentifierHoweverItIsPackaged) {
       << "an entry's own id wins";
 }
 
-TEST(IdentifierTable, RolesGoToTheUsersChoiceThenToWhatTheDesktopBrings) {
+TEST(IdentifierTable, RolesPreferTheUsersChoiceThenTheDesktops) {
   test::DesktopFolders desktop;
   auto all = entries({"org.gnome.Nautilus", "org.kde.dolphin", "thunar", "org.kde.konsole", "foot",
                       "org.gnome.Settings", "systemsettings"});
@@ -179,7 +179,7 @@ TEST(IdentifierTable, RolesGoToTheUsersChoiceThenToWhatTheDesktopBrings) {
   EXPECT_THAT(roles("KDE"), ElementsAre("thunar", "org.kde.konsole", "systemsettings"));
 }
 
-TEST(IdentifierTable, AnUnknownFileManagerIsOneThatOpensFoldersAndWasNotTakenOut) {
+TEST(IdentifierTable, FallsBackToAProgramThatOpensFolders) {
   const test::DesktopFolders desktop;
   const auto manager = [&](const Words& ids) {
     return knownApplications(entries(ids), desktop.folders)["com.apple.finder"];

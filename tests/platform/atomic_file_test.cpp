@@ -15,7 +15,7 @@
 namespace glintboard {
 namespace {
 
-TEST(AtomicFile, AFailedWriteLeavesTheOldFileAndNoOther) {
+TEST(AtomicFile, FailedWriteLeavesOnlyTheOldFile) {
   const test::TemporaryFolder folder;
   folder.write("target/inside", "a folder cannot be replaced by a file");
   EXPECT_THROW(writeAtomically(folder / "target", "new", 0644), std::system_error);
@@ -23,7 +23,7 @@ TEST(AtomicFile, AFailedWriteLeavesTheOldFileAndNoOther) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
-TEST(AtomicFile, ReadsOnWhileWhatCameIsAPart) {
+TEST(AtomicFile, ReadsUntilTheContentIsComplete) {
   const test::TemporaryFolder folder;
   const auto pipe = folder / "pipe";
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);

@@ -122,7 +122,7 @@ class Avahi : public testing::Test {
   Computer computer_{"box"};
 };
 
-TEST_F(Avahi, AdvertisesUnderTheNameOfTheDaemonsHostAndWithdraws) {
+TEST_F(Avahi, AdvertisesAndWithdraws) {
   AvahiAdvertiser advertiser;
   advertise(advertiser, "Anna's Box");
   const auto instances = browse();
@@ -139,7 +139,7 @@ TEST_F(Avahi, AdvertisesUnderTheNameOfTheDaemonsHostAndWithdraws) {
   EXPECT_TRUE(eventuallyFound({}));
 }
 
-TEST_F(Avahi, FitsTheNameToTheNetworkAlone) {
+TEST_F(Avahi, TruncatesLongNamesAndRefusesInvalidOnes) {
   computer_.startDaemon();
   AvahiAdvertiser advertiser;
   const std::string long62(62, 'x');
@@ -154,7 +154,7 @@ TEST_F(Avahi, FitsTheNameToTheNetworkAlone) {
   EXPECT_TRUE(BonjourBrowser::live()->browse("\xff", 1s)->empty());
 }
 
-TEST_F(Avahi, TakesTheNextNameWhenAnotherComputerOrThisOneHasItAlready) {
+TEST_F(Avahi, TakesTheNextNameOnACollision) {
   Computer other("other");
   connect(other);
   computer_.startDaemon();
@@ -169,7 +169,7 @@ TEST_F(Avahi, TakesTheNextNameWhenAnotherComputerOrThisOneHasItAlready) {
   EXPECT_TRUE(eventuallyFound({"Box", "Box #2", "Box #3"}));
 }
 
-TEST_F(Avahi, IsSeenWhenACableComesAndAgainAfterItWasOut) {
+TEST_F(Avahi, FollowsACablePulledAndPluggedIn) {
   AvahiAdvertiser advertiser;
   advertise(advertiser, "Box");
   Computer other("other");
@@ -189,7 +189,7 @@ TEST_F(Avahi, IsSeenWhenACableComesAndAgainAfterItWasOut) {
   EXPECT_TRUE(isSeen(true));
 }
 
-TEST_F(Avahi, AdvertisesUnderTheNameThatTheComputerHasAtTheTime) {
+TEST_F(Avahi, FollowsTheHostName) {
   const auto rename = [](const std::string& name) {
     EXPECT_EQ(::sethostname(name.data(), name.size()), 0);
   };
@@ -220,7 +220,7 @@ TEST_F(Avahi, AdvertisesUnderTheNameThatTheComputerHasAtTheTime) {
   watcher->stop();
 }
 
-TEST_F(Avahi, JoinsASystemBusThatComesLaterAndOneThatComesAgain) {
+TEST_F(Avahi, ReconnectsToTheSystemBus) {
   computer_.stopBus();
   AvahiAdvertiser advertiser;
   advertiser.publish({"Box", type, "local.", 9847});

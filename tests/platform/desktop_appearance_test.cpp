@@ -11,7 +11,7 @@
 namespace glintboard {
 namespace {
 
-TEST(DesktopAppearanceTest, FollowsThePortalAndBeginsWithTheFiles) {
+TEST(DesktopAppearanceTest, StartsWithFilesAndFollowsThePortal) {
   const test::TemporaryFolder home;
   home.write("gtk-4.0/settings.ini", "[Settings]\ngtk-theme-name=HighContrast\n");
   ::setenv("XDG_CONFIG_HOME", home.path().c_str(), 1);
@@ -43,7 +43,7 @@ TEST(DesktopAppearanceTest, FollowsThePortalAndBeginsWithTheFiles) {
   EXPECT_TRUE(isTold({.increasedContrast = true, .reducedMotion = true, .textScale = 1.5}));
 }
 
-TEST(DesktopAppearanceTest, WithoutAPortalReadsWhatTheDesktopsKeepInFiles) {
+TEST(DesktopAppearanceTest, ReadsSettingsFilesWithoutAPortal) {
   ::unsetenv("GTK_THEME");
   const auto kde = "[Colors:Window]\nBackgroundNormal=42,46,50\n[KDE]\nAnimationDurationFactor=0\n";
   struct Case {

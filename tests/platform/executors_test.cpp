@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QTimer>
 #include <atomic>
+#include <latch>
 #include <thread>
 
 #include "platform/actor.h"
@@ -20,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// An actor whose operation needs a lock across an await.
+// An actor whose operation holds a lock across an await.
 class Counter : public Actor {
  public:
   explicit Counter(asio::any_io_executor executor)
@@ -46,7 +47,7 @@ Awaitable<> incrementTwice(Counter& counter, std::atomic<int>& done) {
   ++done;
 }
 
-TEST(Actor, ALockHeldAcrossAnAwaitKeepsCallersOfEveryExecutorApart) {
+TEST(Actor, AsyncLockSerializesCallersOfAllExecutors) {
   Executors executors;
   Counter counter(executors.service());
   std::atomic<int> done = 0;
@@ -54,26 +55,26 @@ TEST(Actor, ALockHeldAcrossAnAwaitKeepsCallersOfEveryExecutorApart) {
     spawn(executors.service(), incrementTwice(counter, done), "test");
     spawn(executors.workers(), incrementTwice(counter, done), "test");
   }
-  while (done < 10) {
-    std::this_thread::sleep_for(1ms);
-  }
+  ASSERT_TRUE(test::eventually([&] { return done == 10; }));
   EXPECT_EQ(test::await(executors.workers(), counter.increment()), 21);
 }
 
-TEST(RunBefore, GivesUpOnACallThatHangsAndSurvivesItsLateAnswer) {
+TEST(RunBefore, TimesOutAndSurvivesALateResult) {
   Executors executors;
-  std::atomic<bool> ended = false;
-  const auto late = test::await(executors.service(), runBefore(20ms, executors.keychainLane(), [&] {
-                                  std::this_thread::sleep_for(100ms);
-                                  ended = true;
-                                  return 1;
-                                }));
-  EXPECT_FALSE(late.has_value());
-  EXPECT_FALSE(ended);
-  const auto intime =
-      test::await(executors.service(), runBefore(5s, executors.keychainLane(), [] { return 2; }));
-  EXPECT_TRUE(ended);
-  EXPECT_EQ(intime, 2);
+  std::latch released(1);
+  bool ended = false;  // of the lane's thread
+  const auto call = [&](std::chrono::milliseconds deadline, auto function) {
+    return test::await(executors.service(),
+                       runBefore(deadline, executors.keychainLane(), std::move(function)));
+  };
+  EXPECT_EQ(call(20ms,
+                 [&] {
+                   released.wait();
+                   return ended = true;
+                 }),
+            std::nullopt);
+  released.count_down();
+  EXPECT_EQ(call(test::slowdown * 5s, [&] { return ended; }), true);
 }
 
 int fail() {
@@ -85,7 +86,7 @@ Awaitable<> failInCoroutine() {
   co_return;
 }
 
-TEST(Executors, WhatThrowsReachesItsCallerOrTheLogAndEndsNoThread) {
+TEST(Executors, ExceptionsReachTheCallerOrTheLog) {
   Executors executors;
   asio::post(executors.service(), fail);
   for (const auto& executor : {executors.service(), executors.workers(), executors.workerStrand(),
@@ -107,7 +108,7 @@ Awaitable<> hop(Executors& executors, std::vector<std::thread::id>& seen) {
   QCoreApplication::quit();
 }
 
-TEST(MainThread, ResumesItsCoroutinesOnTheThreadOfTheEventLoop) {
+TEST(MainThread, ResumesCoroutinesOnTheEventLoopThread) {
   int argc = 1;
   char name[] = "test";
   char* argv[] = {name, nullptr};
@@ -116,7 +117,7 @@ TEST(MainThread, ResumesItsCoroutinesOnTheThreadOfTheEventLoop) {
   MainThread mainThread;
   std::vector<std::thread::id> seen;
   spawn(mainThread.executor(), hop(executors, seen), "test");
-  QTimer::singleShot(5s, [] { QCoreApplication::exit(1); });
+  QTimer::singleShot(test::slowdown * 5s, [] { QCoreApplication::exit(1); });
   EXPECT_EQ(QCoreApplication::exec(), 0);
   EXPECT_EQ(seen, std::vector(4, std::this_thread::get_id()));
 }

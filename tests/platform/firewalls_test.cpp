@@ -6,7 +6,7 @@
 namespace glintboard {
 namespace {
 
-TEST(Firewalls, AChainIsInTheWayUnlessItsRulesClearlyLetEverybodyIn) {
+TEST(Firewalls, ReportsChainsThatMayBlockThePort) {
   struct Case {
     const char* policy;
     const char* rules;

@@ -9,7 +9,7 @@
 namespace glintboard {
 namespace {
 
-TEST(HostName, IsThePrettyNameElseTheHostName) {
+TEST(HostName, PrefersThePrettyName) {
   const test::TemporaryFolder folder;
   const auto file = folder / "machine-info";
   std::string kernelName = "box";
@@ -33,7 +33,7 @@ TEST(HostName, IsThePrettyNameElseTheHostName) {
   }
 }
 
-TEST(HostName, AssignmentsAreQuotedAsAShellDoes) {
+TEST(HostName, ParsesShellQuotedAssignments) {
   const struct {
     const char* file;
     const char* value;

@@ -22,7 +22,7 @@ using Clock = std::chrono::steady_clock;
 
 const KeychainQuery item{"org.example.service", "paired-devices"};
 
-// What every keychain does; afterwards it holds `last`.
+// The contract of every keychain. Leaves `last` in it.
 void expectKeepsAnItem(Keychain& keychain, const std::string& last) {
   std::string data;
   EXPECT_EQ(keychain.copyMatching(item, data), keychainItemNotFound);
@@ -38,7 +38,7 @@ void expectKeepsAnItem(Keychain& keychain, const std::string& last) {
   EXPECT_EQ(data, last);
 }
 
-TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
+TEST(FileKeychain, KeepsAnItemInAPrivateFile) {
   const test::TemporaryFolder folder;
   const auto file = folder / "data/agent/paired-devices.json";
   FileKeychain keychain(file.parent_path());
@@ -47,7 +47,7 @@ TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
     EXPECT_EQ(std::filesystem::status(file.parent_path()).permissions(),
               std::filesystem::perms{0700});
     EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms{0600});
-    // What others could read is closed to them with the next change.
+    // The next change makes a readable file private again.
     ::chmod(file.parent_path().c_str(), 0755);
     ::chmod(file.c_str(), 0644);
     EXPECT_EQ(keychain.update(item, next), keychainSuccess);
@@ -55,7 +55,7 @@ TEST(FileKeychain, KeepsAnItemInAFileThatIsTheUsersAlone) {
   }
 }
 
-TEST(FileKeychain, ReportsFailuresAsNegativeStatuses) {
+TEST(FileKeychain, ReportsErrorsAsNegativeStatuses) {
   const test::TemporaryFolder folder;
   folder.write("blocked", "a file where the folder should be");
   FileKeychain blocked(folder / "blocked");
@@ -74,12 +74,12 @@ TEST(FileKeychain, ReportsFailuresAsNegativeStatuses) {
   EXPECT_EQ(keychain.update(item, "[]"), -EISDIR);
 }
 
-TEST(FileKeychain, TakesNothingThatAnotherUserPrepared) {
+TEST(FileKeychain, RefusesFilesOfOtherUsers) {
   const test::TemporaryFolder folder;
   const auto file = folder.write("agent/paired-devices.json", "[]");
   std::string data;
   for (const auto& foreign : {file, file.parent_path()}) {
-    // Only root can give a file away; whoever else runs this finds one of root's.
+    // Only root can change the owner; other users test with a folder of root.
     const bool given = ::chown(foreign.c_str(), 1000, 1000) == 0;
     EXPECT_EQ(FileKeychain(given ? folder / "agent" : "/usr").copyMatching(item, data), -EPERM);
     EXPECT_EQ(data, "");
@@ -114,7 +114,7 @@ class SecretServiceKeychainTest : public testing::Test {
   Clock::duration slowest{};
 };
 
-TEST_F(SecretServiceKeychainTest, KeepsAnItemUnderItsAttributes) {
+TEST_F(SecretServiceKeychainTest, StoresAnItemUnderItsAttributes) {
   session.start("unlocked");
   const std::string first = "[{\"name\":\"Anna\u2019s phone\"}]";
   expectKeepsAnItem(keychain, first);
@@ -135,7 +135,7 @@ TEST_F(SecretServiceKeychainTest, KeepsAnItemUnderItsAttributes) {
   EXPECT_EQ(keychain.copyMatching({item.service, "another"}, data), keychainSuccess);
 }
 
-TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIsAskedOnce) {
+TEST_F(SecretServiceKeychainTest, LockedCollectionIsNotEmptyAndPromptsOnce) {
   const auto prompts = session.folder() / "prompts";
   const std::string prompter = "org.gnome.keyring.SystemPrompter";
   const test::ChildProcess prompting({"/usr/bin/python3",
@@ -156,10 +156,10 @@ TEST_F(SecretServiceKeychainTest, ALockedCollectionIsNotAnAbsentItemAndTheUserIs
   EXPECT_EQ(keychain.copyMatching({item.service, "absent"}, data), keychainInteractionNotAllowed);
   session.restart("unlocked");
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
-  EXPECT_EQ(data, "[1]") << "nothing that was refused changed the item";
+  EXPECT_EQ(data, "[1]") << "refused changes had no effect";
 }
 
-TEST_F(SecretServiceKeychainTest, NoDefaultCollectionIsMade) {
+TEST_F(SecretServiceKeychainTest, CreatesNoDefaultCollection) {
   session.start("locked");
   EXPECT_EQ(statuses(),
             (std::vector<KeychainStatus>{keychainItemNotFound, keychainItemNotFound,
@@ -167,8 +167,8 @@ TEST_F(SecretServiceKeychainTest, NoDefaultCollectionIsMade) {
   EXPECT_LT(slowest, test::slowdown * 2500ms);
 }
 
-TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppears) {
-  EXPECT_EQ(statuses(), always(keychainNotAvailable)) << "a bus without the service";
+TEST_F(SecretServiceKeychainTest, ReportsAnAbsentServiceAndFindsItLater) {
+  EXPECT_EQ(statuses(), always(keychainNotAvailable)) << "on a bus without the service";
   session.start("unlocked");
   EXPECT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   EXPECT_EQ(keychain.copyMatching(item, data), keychainSuccess);
@@ -177,7 +177,7 @@ TEST_F(SecretServiceKeychainTest, AnAbsentServiceIsSaidAtOnceAndFoundWhenItAppea
   EXPECT_LT(slowest, test::slowdown * 2s);
 }
 
-TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheDeadline) {
+TEST_F(SecretServiceKeychainTest, HungOrDyingServiceMeetsTheDeadline) {
   session.start("unlocked");
   ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   session.signal(SIGSTOP);
@@ -191,20 +191,20 @@ TEST_F(SecretServiceKeychainTest, AServiceThatHangsOrDiesHoldsUpNobodyBeyondTheD
   auto dying = std::async(std::launch::async, [&] { return patient.update(item, "[2]"); });
   EXPECT_EQ(dying.wait_for(300ms), std::future_status::timeout);
   session.kill();
-  ASSERT_EQ(dying.wait_for(5s), std::future_status::ready);
+  ASSERT_EQ(dying.wait_for(test::slowdown * 5s), std::future_status::ready);
   EXPECT_EQ(dying.get(), keychainNotAvailable);
   session.start("unlocked");
   EXPECT_EQ(keychain.update(item, "[3]"), keychainSuccess);
 }
 
-TEST_F(SecretServiceKeychainTest, WhatBecomesReadableIsToldAtOnce) {
+TEST_F(SecretServiceKeychainTest, SignalsWhenItBecomesReadable) {
   session.start("unlocked");
   ASSERT_EQ(keychain.add(item, "[1]"), keychainSuccess);
   session.kill();
   const auto locked = [this] { session.restart("locked"); };
   const struct {
     const char* name;
-    std::function<void()> begin;  // of a service that runs
+    std::function<void()> begin;  // applied to a running service
     KeychainStatus before;
     std::function<void()> end;
   } cases[] = {
@@ -241,7 +241,7 @@ TEST_F(SecretServiceKeychainTest, WhatBecomesReadableIsToldAtOnce) {
   }
 }
 
-// Later items are the greater texts here.
+// In these tests the greater text is the later item.
 class TwoPlaceKeychainTest : public testing::Test {
  protected:
   test::KeyringSession session;
@@ -256,7 +256,7 @@ class TwoPlaceKeychainTest : public testing::Test {
            : status == keychainItemNotFound ? "none"
                                             : std::to_string(status);
   }
-  // As the pairing is saved.
+  // Saves the way the pairing is saved.
   KeychainStatus save(const std::string& data) {
     const KeychainStatus status = keychain.update(item, data);
     return status == keychainItemNotFound ? keychain.add(item, data) : status;
@@ -268,7 +268,7 @@ class TwoPlaceKeychainTest : public testing::Test {
   }
 };
 
-TEST_F(TwoPlaceKeychainTest, WhatWasKeptWithoutTheServiceMovesToItWhenItAppears) {
+TEST_F(TwoPlaceKeychainTest, MovesTheItemToTheServiceWhenItAppears) {
   EXPECT_EQ(read(keychain), std::to_string(keychainNotAvailable));
   EXPECT_EQ(save("0"), keychainSuccess);
   EXPECT_EQ(keychain.remove(item), keychainSuccess);
@@ -290,7 +290,7 @@ TEST_F(TwoPlaceKeychainTest, WhatWasKeptWithoutTheServiceMovesToItWhenItAppears)
   EXPECT_EQ(keychain.remove(item), keychainItemNotFound);
 }
 
-TEST_F(TwoPlaceKeychainTest, OfTwoItemsTheLaterOneWins) {
+TEST_F(TwoPlaceKeychainTest, LaterItemWins) {
   session.start("unlocked");
   ASSERT_EQ(secretService.add(item, "1"), keychainSuccess);
   ASSERT_EQ(file.add(item, "2"), keychainSuccess);
@@ -302,7 +302,7 @@ TEST_F(TwoPlaceKeychainTest, OfTwoItemsTheLaterOneWins) {
   expectOnlyInSecretService("3");
 }
 
-TEST_F(TwoPlaceKeychainTest, AnItemSurvivesAServiceThatIsLockedOrHangs) {
+TEST_F(TwoPlaceKeychainTest, ItemSurvivesALockedOrHungService) {
   session.start("unlocked");
   ASSERT_EQ(save("1"), keychainSuccess);
   session.lock();
@@ -321,8 +321,8 @@ TEST_F(TwoPlaceKeychainTest, AnItemSurvivesAServiceThatIsLockedOrHangs) {
   expectOnlyInSecretService("3");
 }
 
-TEST_F(TwoPlaceKeychainTest, TheFileIsKeptUntilTheServiceHasWhatItHolds) {
-  session.start("locked");  // nothing can be added: there is no collection
+TEST_F(TwoPlaceKeychainTest, KeepsTheFileUntilTheServiceHasTheItem) {
+  session.start("locked");  // without a collection, so nothing can be added
   ASSERT_EQ(file.add(item, "1"), keychainSuccess);
   EXPECT_EQ(read(keychain), "1");
   EXPECT_EQ(read(file), "1");
@@ -330,7 +330,7 @@ TEST_F(TwoPlaceKeychainTest, TheFileIsKeptUntilTheServiceHasWhatItHolds) {
   EXPECT_EQ(read(file), "2");
 }
 
-TEST_F(TwoPlaceKeychainTest, WhatWasRemovedWhileTheServiceWasAwayDoesNotComeBack) {
+TEST_F(TwoPlaceKeychainTest, RemovalWithoutTheServiceIsPermanent) {
   session.start("unlocked");
   ASSERT_EQ(save("1"), keychainSuccess);
   session.kill();
@@ -341,7 +341,7 @@ TEST_F(TwoPlaceKeychainTest, WhatWasRemovedWhileTheServiceWasAwayDoesNotComeBack
   EXPECT_EQ(read(secretService), "1");
   expectOnlyInSecretService("none");
 
-  // A pairing after such a removal counts, wherever it is kept.
+  // An item saved after such a removal is kept.
   ASSERT_EQ(save("2"), keychainSuccess);
   session.lock();
   EXPECT_EQ(keychain.remove(item), keychainSuccess);

@@ -18,10 +18,10 @@ using testing::Not;
 
 using LinuxApplicationsTest = test::ApplicationsTest;
 
-TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilItEnds) {
-  desktop_.scripted(
-      "app", desktop_.report("seen", "ls -l /proc/$$/fd; cat /proc/$$/status; cat /proc/$$/stat") +
-                 "\nwhile [ ! -e " + (desktop_.root / "stop").string() + " ]; do sleep 0.02; done");
+TEST_F(LinuxApplicationsTest, LaunchedProgramInheritsNothingAndRunsUntilItEnds) {
+  desktop_.scripted("app", desktop_.report("seen", "ls -l /proc/$$/fd; cat /proc/$$/status") +
+                               "\nwhile [ ! -e " + (desktop_.root / "stop").string() +
+                               " ]; do sleep 0.02; done");
   const FileDescriptor inheritable(::open(desktop_.root.write("leak", "").c_str(), O_RDONLY));
   ::signal(SIGUSR2, SIG_IGN);
   sigset_t blocked;
@@ -38,10 +38,10 @@ TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilIt
                   HasSubstr("2 -> /dev/null"), Not(HasSubstr("leak")),
                   HasSubstr("SigBlk:\t0000000000000000"), HasSubstr("SigIgn:\t0000000000000000")));
   EXPECT_TRUE(workspace_.isRunning("app"));
-  EXPECT_FALSE(activate("app")) << "nothing can bring it forward";
+  EXPECT_FALSE(activate("app")) << "it has no window";
   desktop_.root.write("stop", "");
   EXPECT_TRUE(becomesRunning("app", false));
-  EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child was left";
+  EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a child process was not reaped";
   const auto descriptors = test::openDescriptors();
   for (int again = 0; again < 3; ++again) {
     open("app");
@@ -50,14 +50,16 @@ TEST_F(LinuxApplicationsTest, ALaunchedProgramInheritsNothingAndIsRunningUntilIt
   EXPECT_TRUE(test::eventually([&] { return test::openDescriptors() <= descriptors; }));
 }
 
-TEST_F(LinuxApplicationsTest, AnApplicationThatItsWrapperLeftBehindIsStillRunning) {
-  desktop_.scripted("app", "sleep 60 &\n" + desktop_.report("pid", "echo $!"));
+TEST_F(LinuxApplicationsTest, ApplicationRunsAfterItsWrapperEnds) {
+  desktop_.scripted("app", "sleep 60 &\n" + desktop_.report("pids", "echo $! $$"));
   start();
   open("app");
-  const pid_t left = std::stoi(desktop_.reported("pid"));
-  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  pid_t application = 0;
+  pid_t wrapper = 0;
+  std::istringstream(desktop_.reported("pids")) >> application >> wrapper;
+  ASSERT_TRUE(test::eventually([&] { return ::kill(wrapper, 0) != 0; }));
   EXPECT_TRUE(workspace_.isRunning("app"));
-  ::kill(left, SIGKILL);
+  ::kill(application, SIGKILL);
   EXPECT_TRUE(becomesRunning("app", false));
 }
 
@@ -85,7 +87,7 @@ TEST_F(LinuxApplicationsTest, FailuresNameTheApplicationAndTheReason) {
   }
 }
 
-TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {
+TEST_F(LinuxApplicationsTest, FindsProcessesOfOthersWhileWatching) {
   const auto program = desktop_.root / "bin/player";
   std::filesystem::create_directories(program.parent_path());
   std::filesystem::copy_file("/bin/sleep", program);
@@ -97,16 +99,17 @@ TEST_F(LinuxApplicationsTest, FindsWhatOthersStartedWhileItIsToldToWatch) {
   std::promise<bool> found;
   applications_->watchRunningApplications(true,
                                           [&] { found.set_value(workspace_.isRunning("player")); });
-  EXPECT_TRUE(found.get_future().get()) << "known at the end of the first look";
+  EXPECT_TRUE(found.get_future().get()) << "known at the end of the first scan";
   process.reset();
-  EXPECT_TRUE(becomesRunning("player", false, std::chrono::seconds(1))) << "before the next look";
+  EXPECT_TRUE(becomesRunning("player", false, test::slowdown * std::chrono::seconds(1)))
+      << "before the next scan";
   process.emplace(std::vector<std::string>{program.string(), "60"});
   EXPECT_TRUE(becomesRunning("player", true));
   applications_->watchRunningApplications(false);
-  EXPECT_TRUE(becomesRunning("player", false)) << "nobody would notice its end";
+  EXPECT_TRUE(becomesRunning("player", false)) << "its end would go unnoticed";
 }
 
-TEST_F(LinuxApplicationsTest, MayBeDestroyedWhileItsWorkIsUnderWay) {
+TEST_F(LinuxApplicationsTest, MayBeDestroyedDuringWork) {
   desktop_.entry("system/applications/app.desktop", "Exec=sleep 0.3\n");
   start();
   open("app");
@@ -115,7 +118,7 @@ TEST_F(LinuxApplicationsTest, MayBeDestroyedWhileItsWorkIsUnderWay) {
   std::this_thread::sleep_for(std::chrono::milliseconds(100));
   applications_.reset();
   std::this_thread::sleep_for(std::chrono::milliseconds(400));
-  EXPECT_TRUE(workspace_.isInstalled("app")) << "a client answers from what was known last";
+  EXPECT_TRUE(workspace_.isInstalled("app")) << "a client answers from the last snapshot";
   workspace_ = {};
   executors_.reset();
 }

@@ -7,23 +7,16 @@
 
 #include "platform/linux/shortcuts/shortcut_folder.h"
 #include "platform/linux/shortcuts/shortcut_tile.h"
-#include "tests/platform/desktop_folders.h"
+#include "tests/platform/applications_test.h"
 #include "tests/support/painted.h"
 
 namespace glintboard {
 namespace {
 
-class ShortcutIconsTest : public testing::Test {
+class ShortcutIconsTest : public test::IndexTest {
  protected:
-  ~ShortcutIconsTest() override {
-    if (index_) {
-      index_->stop();
-    }
-  }
-
   void start() {
-    executors_.emplace();
-    index_ = ApplicationIndex::open(*executors_, desktop_.folders);
+    open();
     icons_ = shortcutIcons(index_, desktop_.folders);
   }
   std::map<std::string, std::string> stamps() {
@@ -37,14 +30,12 @@ class ShortcutIconsTest : public testing::Test {
     const auto icon = icons_->icon(identifier);
     return icon ? icon->draw(64) : QImage();
   }
-  test::DesktopFolders desktop_;
+
   ShortcutFolder folder_{ShortcutFolder::pathIn(desktop_.folders)};
-  std::optional<Executors> executors_;
-  std::shared_ptr<ApplicationIndex> index_;
   std::optional<ShortcutIconClient> icons_;
 };
 
-TEST_F(ShortcutIconsTest, AShortcutHasTheIconThatItNamesOrATileOfItsOwn) {
+TEST_F(ShortcutIconsTest, DrawsTheNamedIconOrATile) {
   test::paint(desktop_.root, "system/icons/hicolor/128x128/apps/browser.png", Qt::blue);
   desktop_.entry("system/applications/browser.desktop",
                  "Exec=true\nIcon=browser\nActions=new;\n[Desktop Action new]\nName=New\n");
@@ -73,7 +64,7 @@ TEST_F(ShortcutIconsTest, AShortcutHasTheIconThatItNamesOrATileOfItsOwn) {
       << "the application's";
 }
 
-TEST_F(ShortcutIconsTest, OnlyTheStampOfAnIconThatMayLookDifferentChanges) {
+TEST_F(ShortcutIconsTest, StampsChangeOnlyWithTheIcon) {
   const auto file = test::paint(desktop_.root, "own.png", Qt::red);
   const auto own = folder_.create({"Own", "true", file.string()});
   const auto plain = folder_.create({"Plain", "true", {}});

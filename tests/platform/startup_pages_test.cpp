@@ -13,7 +13,7 @@
 namespace glintboard {
 namespace {
 
-TEST(StartupPages, LeaveCodeThatWasCompiledAtRunTime) {
+TEST(StartupPages, KeepCodeGeneratedAtRunTime) {
   constexpr std::array<unsigned char, 6> code{0xb8, 42, 0, 0, 0, 0xc3};  // return 42
   const FileDescriptor file(::memfd_create("code", MFD_CLOEXEC));
   const auto size = static_cast<std::size_t>(::getpagesize());

@@ -83,7 +83,7 @@ class VolumeKeys : public testing::TestWithParam<const char*> {
 INSTANTIATE_TEST_SUITE_P(Servers, VolumeKeys, testing::Values("pulseaudio", "pipewire"),
                          [](const auto& server) { return std::string(server.param); });
 
-TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
+TEST_P(VolumeKeys, StepKeepingBalanceAndUnmute) {
   makeDefault("first");
   using Key = void (CoreAudioVolumeController::*)();
   const Key up = &CoreAudioVolumeController::volumeUp;
@@ -111,7 +111,7 @@ TEST_P(VolumeKeys, StepBothChannelsKeepTheirBalanceClampAndUnmute) {
   }
 }
 
-TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
+TEST_P(VolumeKeys, FollowTheDefaultDeviceAndServerRestarts) {
   pactl("set-sink-volume first 32768");
   pactl("set-sink-volume second 32768");
   makeDefault("first");
@@ -142,14 +142,14 @@ TEST_P(VolumeKeys, FollowTheDefaultDeviceAndTheServerFromTapToTap) {
   }
 }
 
-TEST_P(VolumeKeys, FailInTimeOnADeviceThatIsGoneAndAServerThatHangs) {
+TEST_P(VolumeKeys, FailInTimeOnAMissingDeviceAndAHungServer) {
   using namespace std::chrono_literals;
   makeDefault("first");
   auto device = output_.defaultOutputDevice();
   removeSink("first");
   try {
     device->volume();
-    FAIL() << "the volume of a device that is gone";
+    FAIL() << "read the volume of a missing device";
   } catch (const AudioError& error) {
     EXPECT_EQ(error.status, 5) << "no such entity";
   }
@@ -164,7 +164,7 @@ TEST_P(VolumeKeys, FailInTimeOnADeviceThatIsGoneAndAServerThatHangs) {
   EXPECT_THROW(device->volume(), AudioError);
   EXPECT_THROW(device->setMuted(true), AudioError);
   EXPECT_LT(std::chrono::steady_clock::now() - start, test::slowdown * 1700ms)
-      << "one deadline for all";
+      << "both calls share a deadline";
   EXPECT_FALSE(output_.defaultOutputDevice());
   EXPECT_LT(std::chrono::steady_clock::now() - start, test::slowdown * 4s);
 }
@@ -179,7 +179,7 @@ TEST_P(VolumeKeys, ShareNoMemoryWithTheServerAndKeepTheUsersSettings) {
   folder_.write("pulse/client.conf", "enable-shm = yes\n");
   auto device = output_.defaultOutputDevice();
   ASSERT_TRUE(device);
-  EXPECT_TRUE(sharedMemory()) << "as it is without us";
+  EXPECT_TRUE(sharedMemory()) << "the default of libpulse";
   device.reset();
 
   shareNoMemoryWithSoundServer();

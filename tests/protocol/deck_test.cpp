@@ -9,7 +9,7 @@
 namespace glintboard {
 namespace {
 
-TEST(DeckTile, ReadingDerivesKindAndIdentityThatAreMissing) {
+TEST(DeckTile, ReadingDerivesMissingKindAndIdentity) {
   const std::tuple<const char*, DeckTileKind, const char*> cases[] = {
       {R"({"slot":1,"label":"A","bundleId":"a.b"})", DeckTileKind::app, "a.b"},
       {R"({"slot":1,"label":"A","bundleId":"","actionId":"system.volume.up"})",
@@ -33,14 +33,14 @@ TEST(DeckTile, ReadingDerivesKindAndIdentityThatAreMissing) {
   }
 }
 
-TEST(DeckTile, AnActionIsWrittenWithAnEmptyBundleIdAndARealMinus) {
+TEST(DeckTile, ActionsAreWrittenWithAnEmptyBundleId) {
   EXPECT_EQ(jsonText(DeckTile::action(3, BuiltinAction::volumeDown)),
             "{\"actionId\":\"system.volume.down\",\"bundleId\":\"\",\"iconSymbol\":"
             "\"speaker.wave.1.fill\",\"id\":\"system.volume.down\",\"kind\":\"action\",\"label\":"
             "\"Vol \xe2\x88\x92\",\"slot\":3}");
 }
 
-TEST(DeckTemplate, MakingSortsBySlotAndReadingDoesNot) {
+TEST(DeckTemplate, ConstructionSortsBySlotAndReadingDoesNot) {
   const std::vector<DeckTile> tiles = {DeckTile::app(5, "a", "a"), DeckTile::app(1, "b", "b"),
                                        DeckTile::app(1, "c", "c")};
   DeckTemplate deck("d", "D", tiles);
@@ -49,7 +49,7 @@ TEST(DeckTemplate, MakingSortsBySlotAndReadingDoesNot) {
   EXPECT_EQ(decodeJson<DeckTemplate>(jsonText(deck))->tiles, tiles);
 }
 
-TEST(DeckTemplates, TheBuiltInDecksAreTheseAndReadBackFromTheirJson) {
+TEST(DeckTemplates, BuiltInDecksHaveTheseKeysAndRoundTrip) {
   const std::vector<DeckTile> decks[] = {
       {DeckTile::app(1, "OBS", "com.obsproject.obs-studio", "obs", {{"com.obsproject.OBS"}}),
        DeckTile::app(2, "Discord", "com.hnc.Discord", "discord", {{"com.discord.Discord"}}),
@@ -87,7 +87,7 @@ TEST(DeckTemplates, TheBuiltInDecksAreTheseAndReadBackFromTheirJson) {
   EXPECT_EQ(*DeckTemplates::loadStreaming(json), DeckTemplates::streaming());
 }
 
-TEST(MacIconSyncPolicy, AsksOnceForAnIconUnderOneIdentifier) {
+TEST(MacIconSyncPolicy, RequestsEachIconOnce) {
   EXPECT_EQ(MacIconSyncPolicy::normalized("0F8FAD5B-D9CB-469F-A165-70867728950E"),
             "0f8fad5b-d9cb-469f-a165-70867728950e");
   EXPECT_EQ(MacIconSyncPolicy::normalized("Com.Example"), "Com.Example");

@@ -14,14 +14,14 @@
 namespace glintboard {
 namespace {
 
-TEST(Json, WritesKeysInOrderWithoutSpacesAndLeavesAbsentOptionalsOut) {
+TEST(Json, WritesSortedCompactObjects) {
   AppErrorPayload payload{"a\"b\\c\n\x01/é", AppErrorCode::notFound, std::nullopt};
   EXPECT_EQ(jsonText(payload), "{\"bundleId\":\"a\\\"b\\\\c\\n\\u0001/é\",\"code\":\"not_found\"}");
   EXPECT_EQ(jsonText(DeckSnapshotPayload{}),
             R"({"deckId":"","iconRevisions":{},"name":"","runningBundleIds":[],"tiles":[]})");
 }
 
-TEST(Json, NumbersReadBackAsTheyWere) {
+TEST(Json, NumbersRoundTrip) {
   for (const double number : {0.0, -0.25, 1.0 / 3, 1e-12, 1.7976931348623157e308, -86400.5}) {
     std::string text;
     JsonWriter(text).write(number);
@@ -35,7 +35,7 @@ TEST(Json, NumbersReadBackAsTheyWere) {
   EXPECT_EQ(decodeJson<double>("-0e+315").value(), 0);
 }
 
-TEST(Json, ReadsLenientlyWhatMayVaryAndRefusesTheRest) {
+TEST(Json, AcceptsVariationsAndRefusesMismatches) {
   const std::pair<const char*, bool> cases[] = {
       {R"({"bundleId":"a","code":"not_found"})", true},
       {R"({"bundleId":"a","code":"not_found","message":null,"unknown":[1,{}]})", true},
@@ -62,8 +62,8 @@ TEST(Json, ReadsLenientlyWhatMayVaryAndRefusesTheRest) {
   }
 }
 
-// The grammar, beside the library's opinion of the same text.
-TEST(Json, TakesForJsonWhatIsJson) {
+// Compares with Boost.JSON.
+TEST(Json, AgreesWithTheLibraryOnTheGrammar) {
   std::vector<std::string> texts = {
       R"({"x":[1,-0,2.5e-3,1E+5,0.1],"y":{"z":[true,false,null]}} )",
       R"("\\\"\/\b\f\n\r\t\u00e9\ud83d\ude00 é and more than eight plain characters")",
@@ -94,7 +94,7 @@ TEST(Json, TakesForJsonWhatIsJson) {
   EXPECT_EQ(text, "Aé€😀\n");
 }
 
-TEST(Json, ReadsOverWhatWasReadBefore) {
+TEST(Json, ReadingReplacesPreviousContent) {
   std::vector<PongPayload> pongs;
   EXPECT_TRUE(JsonReader(R"([{"ts":"2026-11-16T16:25:42Z","rtt":1.5,"runningBundleIds":["a","b"]},
                              {"ts":"2026-11-16T16:25:42Z"}])")
@@ -105,7 +105,7 @@ TEST(Json, ReadsOverWhatWasReadBefore) {
                                             std::vector<std::string>{"c"}}}));
 }
 
-TEST(Json, SaysWhereATextDoesNotFit) {
+TEST(Json, ErrorsNameTheMember) {
   const auto snapshot =
       decodeJson<DecksSnapshotPayload>(R"({"decks":[{"deckId":"a","name":"b","tiles":[{}]}]})");
   ASSERT_FALSE(snapshot);

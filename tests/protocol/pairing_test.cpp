@@ -26,7 +26,7 @@ TEST(PairingSecrets, AreWellFormedAndDiffer) {
   EXPECT_NE(code, PairingCodeGenerator::generate());
 }
 
-TEST(PairingEngine, CountsWhatFailsUpToTheFifth) {
+TEST(PairingEngine, LocksOutAfterFiveFailures) {
   using namespace PINCheckResult;
   const struct {
     const char* pin;
@@ -88,7 +88,7 @@ TEST(PairingQRPayload, ReadsOnlyCompletePairingAddresses) {
   }
 }
 
-TEST(PairedDevice, IsStoredWithAllItsMembers) {
+TEST(PairedDevice, RoundTripsAllMembers) {
   const PairedDevice device{
       *parseUuid("0f8fad5b-d9cb-469f-a165-70867728950e"), "iPhone", {"T"}, {800000000.25}};
   const std::string text = jsonText(device);

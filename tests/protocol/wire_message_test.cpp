@@ -12,7 +12,7 @@ const std::string idText = "0F8FAD5B-D9CB-469F-A165-70867728950E";
 const Uuid id = *parseUuid(idText);
 const WireDate date = *WireDate::parse("2026-11-16T16:25:42Z");
 
-// A message survives the wire, and its text is the expected one.
+// Expects the message to have this text and to round-trip.
 template <class Payload>
 void expectRoundTrip(const WireMessage<Payload>& message, const std::string& type,
                      const std::string& payload) {
@@ -24,7 +24,7 @@ void expectRoundTrip(const WireMessage<Payload>& message, const std::string& typ
   EXPECT_EQ(*back, message);
 }
 
-TEST(WireMessage, EveryMessageHasItsTextAndSurvivesTheWire) {
+TEST(WireMessage, EveryMessageRoundTrips) {
   namespace make = MessageFactory;
   const Uuid device = *parseUuid("00000000-0000-4000-8000-00000000000a");
   expectRoundTrip(
@@ -70,7 +70,7 @@ TEST(WireMessage, EveryMessageHasItsTextAndSurvivesTheWire) {
                   R"({"code":"timed_out","message":"m","shortcutIdentifier":"x"})");
 }
 
-TEST(WireMessage, TextThatIsNotUtf8DoesNotGoOut) {
+TEST(WireMessage, RefusesToEncodeInvalidUtf8) {
   EXPECT_THROW(WireCodec::encodeString(MessageFactory::appOK("\xff", id)), WireCodecError);
 }
 
@@ -87,7 +87,7 @@ std::string withPayload(const std::string& type, const std::string& payload) {
          payload + "}";
 }
 
-TEST(WireMessageParser, TellsAcceptedFromUnknownAndUnreadable) {
+TEST(WireMessageParser, DistinguishesAcceptedUnknownAndInvalid) {
   const auto ping =
       WireMessageParser::parse(withPayload("ping", R"({"ts":"2026-11-16T16:25:42Z"})"));
   ASSERT_TRUE(ping);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Coroutines from a test's own thread.
+// Waiting for coroutines on the test's thread.
 #pragma once
 
 #include <boost/asio/use_future.hpp>

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""An application, or a keyring's prompter, on the session bus: writes down what it is asked to do.
+"""An application, or a keyring's prompter, on the session bus: logs the calls it receives.
 
 bus_application.py NAME FILE [PATH]      appends it to FILE
 """

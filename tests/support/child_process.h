@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Programs that a test starts for itself.
+// Programs started by a test.
 #pragma once
 
 #include <fcntl.h>
@@ -17,8 +17,8 @@
 
 namespace glintboard::test {
 
-// A program found through PATH, started with the test's environment and silent. It ends with this
-// object, and with the test even when that crashes.
+// A program found through PATH, with the test's environment; its output is discarded. It ends with
+// this object, and if the test crashes.
 class ChildProcess {
  public:
   explicit ChildProcess(std::vector<std::string> command) {
@@ -33,7 +33,7 @@ class ChildProcess {
       ::prctl(PR_SET_PDEATHSIG, SIGKILL);
       const int null = ::open("/dev/null", O_RDWR);
       for (const int stream : {0, 1, 2}) {
-        // GLINTBOARD_TEST_VERBOSE=1 shows what the programs of a failing test say.
+        // GLINTBOARD_TEST_VERBOSE=1 shows the output.
         const bool silent = stream == 0 || ::getenv("GLINTBOARD_TEST_VERBOSE") == nullptr;
         if (silent && (null < 0 || ::dup2(null, stream) < 0)) {
           ::_exit(126);
@@ -50,7 +50,7 @@ class ChildProcess {
   pid_t id() const { return id_; }
   void signal(int number) const { ::kill(id_, number); }
 
-  // Whether the program has ended by itself; its exit status is then gone.
+  // Whether the program has ended. Reaps it, so its exit status is lost.
   bool hasEnded() {
     if (id_ > 0 && ::waitpid(id_, nullptr, WNOHANG) == id_) {
       id_ = 0;

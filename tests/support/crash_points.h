@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a program leaves behind that is killed in the middle of its work.
+// Kills a process at each of its system calls, to check what it leaves on disk.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,14 +15,14 @@ namespace glintboard::test {
 
 namespace detail {
 
-// Lets the traced child go on until its system call number `last` and kills it before that is made.
-// False when it came to its end.
+// Lets the traced child run until its system call number `last` and kills it before that call.
+// False if the child ended first.
 inline bool killBeforeCall(pid_t child, int last) {
   int status = 0;
   ::waitpid(child, &status, 0);
   EXPECT_TRUE(WIFSTOPPED(status)) << "this needs a system that lets a test trace its children";
   ::ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL);
-  // A call stops twice, before it is made and after.
+  // The child stops before and after each call.
   for (int stops = 0; stops < 2 * last - 1;) {
     ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
     ::waitpid(child, &status, 0);
@@ -39,9 +39,9 @@ inline bool killBeforeCall(pid_t child, int last) {
 
 }  // namespace detail
 
-// Does `work` again and again in a child process, each time after `prepare`, killed before its
-// first system call, before its second and so on, until it comes to its end; after each `check`
-// looks at what is left. To be called without other threads, which the child would not have.
+// Runs `prepare`, then `work` in a child process that is killed before its n-th system call, then
+// `check`; for n = 1, 2, … until `work` completes. The calling process must have no other threads,
+// because the child would lack them.
 inline void killAtEveryCall(const std::function<void()>& prepare, const std::function<void()>& work,
                             const std::function<void()>& check) {
   bool killed = true;
@@ -57,7 +57,7 @@ inline void killAtEveryCall(const std::function<void()>& prepare, const std::fun
     }
     killed = detail::killBeforeCall(child, last);
     check();
-    EXPECT_TRUE(killed || last > 3) << "the work makes calls that can be killed";
+    EXPECT_TRUE(killed || last > 3) << "the work makes system calls";
   }
 }
 

@@ -21,7 +21,7 @@ namespace glintboard::test {
 // Needs a QGuiApplication, which outlives it.
 class EditorStage {
  public:
-  // What is under way elsewhere lets go of the applications while its executors are there.
+  // Work in progress must release the applications before the executors are destroyed.
   ~EditorStage() {
     presenter.reset();
     await(executors.service(), drafts.finish());
@@ -35,7 +35,7 @@ class EditorStage {
   static constexpr const char* briefId = "A0000000-0000-0000-0000-00000000000A";
   static constexpr const char* tidyId = "B0000000-0000-0000-0000-00000000000B";
 
-  // An application with an icon of its own; without a symbol it has none.
+  // Installs an application, with an icon if there is a symbol.
   void app(const std::string& id, const std::string& name, const QString& symbol = {},
            int hue = 0) const {
     std::string icon;
@@ -48,7 +48,7 @@ class EditorStage {
     desktop.root.write("system/applications/" + id + ".desktop",
                        "[Desktop Entry]\nType=Application\nExec=true\nName=" + name + "\n" + icon);
   }
-  // Shortcuts' names and identifiers, as the tool prints them.
+  // Replaces the tool that lists Shortcuts by a script.
   void listShortcuts(const std::string& script) const {
     desktop.program("shortcuts", "#!/bin/sh\n" + script + "\n");
   }
@@ -59,7 +59,7 @@ class EditorStage {
                                               Qt::SmoothTransformation);
                                 }});
   }
-  // Stores a deck; its applications must be there.
+  // Stores a deck; its applications must be installed.
   void deck(DeckCategoryID category, const std::string& name, std::vector<DeckTile> tiles) {
     std::int64_t slot = 0;
     for (auto& tile : tiles) {
@@ -107,13 +107,13 @@ class EditorStage {
       co_await std::move(announcing);
     }
   }
-  // Opens the window; the libraries load while the event loop turns.
+  // Opens the window; the libraries load while the event loop runs.
   DeckEditorModel& open(const Appearance& appearance = {}) {
     presenter.emplace(inputs(), appearance);
     presenter->show();
     return *presenter->model();
   }
-  // Everything is there, with its icons.
+  // Whether everything is loaded, icons included.
   bool isLoaded() const {
     const auto model = presenter->model();
     if (!model || model->isLoading() || !model->apps()->isLoaded() ||
@@ -156,7 +156,7 @@ class EditorStage {
   Executors executors;
   DeckStore store{executors.service(), executors.workers(), desktop.root / "agent/decks.json"};
   DeckDrafts drafts{executors.service(), executors.workers(), desktop.folders.stateHome};
-  // As long as the agent runs.
+  // Outlives the windows, as in the agent.
   std::shared_ptr<DeckHistories> histories = std::make_shared<DeckHistories>();
   std::optional<LinuxApplications> applications;
   std::optional<FoundationProcessRunner> runner;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Waiting for what other threads and programs do.
+// Waiting for other threads and processes.
 #pragma once
 
 #include <chrono>
@@ -7,14 +7,14 @@
 
 namespace glintboard::test {
 
-// How many times longer than a release build this build may take.
+// How many times slower than a release build this build may be.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 inline constexpr int slowdown = 10;
 #else
 inline constexpr int slowdown = 1;
 #endif
 
-// Whether `holds` becomes true within `limit`; asks every few milliseconds.
+// Whether `holds` becomes true within `limit`; polls every few milliseconds.
 template <class Condition>
 bool eventually(Condition holds,
                 std::chrono::milliseconds limit = slowdown * std::chrono::seconds(10)) {
@@ -28,7 +28,7 @@ bool eventually(Condition holds,
   return true;
 }
 
-// A deadline that only a fault misses.
+// A deadline that is missed only through a fault.
 inline std::chrono::steady_clock::time_point soon() {
   return std::chrono::steady_clock::now() + slowdown * std::chrono::seconds(5);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A desktop of lambdas, for tests of logic.
+// A simulated desktop for tests of logic.
 #pragma once
 
 #include <map>

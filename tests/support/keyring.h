@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// GNOME's keyring, for a test alone.
+// A private GNOME keyring.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,7 @@
 
 namespace glintboard::test {
 
-// A session with a bus and a home of its own. The keyring runs in it when the test starts it.
+// A session with its own bus and home folder, in which the test starts the keyring.
 class KeyringSession {
  public:
   KeyringSession() {
@@ -22,8 +22,8 @@ class KeyringSession {
 
   const TemporaryFolder& folder() const { return bus_.folder(); }
 
-  // "unlocked": with a default collection, made where there is none, that is open; or "locked":
-  // with what is on the disk.
+  // `state` is "unlocked", with an open default collection that is created if missing, or "locked",
+  // with the collections on disk.
   void start(const std::string& state) {
     daemon_.emplace(std::vector<std::string>{desktopPart("keyring"), state});
     waitForOwner(true);
@@ -44,7 +44,7 @@ class KeyringSession {
         " --object-path /org/freedesktop/secrets --method org.freedesktop.Secret.Service.Lock"
         " \"['/org/freedesktop/secrets/aliases/default']\"");
   }
-  // As the user who enters the password when asked.
+  // Acts as a user who enters the password.
   void unlock() const {
     if (outputOf("/usr/bin/python3 -E " GLINTBOARD_TEST_SUPPORT "/unlock_keyring.py") != "done\n") {
       throw std::runtime_error("the keyring cannot be unlocked");

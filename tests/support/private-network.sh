@@ -1,14 +1,13 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Runs its arguments in namespaces of their own: a network with nothing but a loopback device that
-# can multicast, an empty /run, X displays, a host name, and a list of processes that all end with
-# the first. Works for root, in a chroot too, and for ordinary users where the system lets them have
-# user namespaces.
+# Runs a command in private namespaces: a network with only a loopback device, which can multicast, an
+# empty /run, its own X displays, host name and processes, which all end with the first. Works for
+# root, also in a chroot, and for ordinary users if the system allows them user namespaces.
 set -eu
 case "${1:-}" in
   --chroot)
-    # The root of a chroot is no mount point, so what is mounted here would be seen outside, unless
-    # this moves to one that is.
+    # The root of a chroot is not a mount point, so mounts would be visible outside. Move to a root
+    # that is one.
     shift
     mount --make-rprivate /proc
     mount -t tmpfs tmpfs /proc
@@ -27,7 +26,7 @@ case "${1:-}" in
     mkdir -p -m 1777 /tmp/.X11-unix
     mount -t tmpfs tmpfs /tmp/.X11-unix
     export GLINTBOARD_PRIVATE_NETWORK=1
-    # Not with exec: this shell, the first process of the namespace, reaps what others leave behind.
+    # No exec: this shell, the first process of the namespace, reaps orphans.
     "$@"
     exit
     ;;

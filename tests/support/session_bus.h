@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A session bus that a test has for itself.
+// A private session bus.
 #pragma once
 
 #include <cstdlib>
@@ -12,7 +12,7 @@
 
 namespace glintboard::test {
 
-// Runs dbus-daemon and names it in this process's environment: make it before other threads run.
+// Runs dbus-daemon and sets its address in the environment: create it before starting threads.
 class SessionBus {
  public:
   SessionBus() : daemon_({desktopPart("bus"), "session", socket().string()}) {
@@ -25,8 +25,8 @@ class SessionBus {
 
   const TemporaryFolder& folder() const { return folder_; }
 
-  // Lets the bus start an application, which appends to `log` what it is asked to do. Returns its
-  // command.
+  // Registers an application that the bus can start, and that appends the calls it receives to
+  // `log`. Returns its command.
   std::string install(const std::string& name, const std::filesystem::path& log) const {
     const auto command = "/usr/bin/python3 -E " GLINTBOARD_TEST_SUPPORT "/bus_application.py " +
                          name + " " + log.string();

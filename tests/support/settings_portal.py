@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""The settings of a desktop portal: dark and large at first, light and at rest once it is told.
+"""A settings portal: dark with large text at first, light with reduced motion after Change.
 
-The theme of icons is what stands in the file FILE, if there is one.
+settings_portal.py [FILE]      the icon theme is the content of FILE
 """
 
 import sys

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A StatusNotifier tray, without anything to see.
+// A StatusNotifier tray without a window.
 #pragma once
 
 #include <filesystem>
@@ -14,7 +14,7 @@ namespace glintboard::test {
 
 class StatusNotifierWatcher {
  public:
-  // With `late` it answers items only when told to.
+  // With `late` it answers items only after `answer`.
   explicit StatusNotifierWatcher(bool late = false)
       : process_({"sh", "-c",
                   "exec /usr/bin/python3 " GLINTBOARD_TEST_SUPPORT "/status_notifier_watcher.py " +
@@ -28,7 +28,7 @@ class StatusNotifierWatcher {
   }
   void answer() const { process_.signal(SIGUSR1); }
 
-  // What the item answers to a call.
+  // The item's reply to a call.
   std::string call(const std::string& method) const {
     return outputOf("gdbus call --session --timeout 5 --dest " + item() +
                     " --object-path /StatusNotifierItem --method " + method + " 2>&1");

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""A tray's half of the StatusNotifier protocol: takes items, and says so on standard output.
+"""A StatusNotifierWatcher that prints the items that register.
 
-With "late" as its argument it answers them when SIGUSR1 comes.
+With the argument "late" it replies to them on SIGUSR1.
 """
 
 import signal

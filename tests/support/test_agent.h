@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The agent's services over doubles of the desktop, on a port of their own.
+// The agent's services over doubles of the desktop, on their own port.
 #pragma once
 
 #include "agent/decks/deck_store.h"
@@ -23,7 +23,7 @@ struct TestAgent {
   FakeBonjour bonjour;
   Observers nameChanges;
   std::atomic<bool> watchesRunning = false;
-  // Whether the watch's first look ends at once; else it does when `looked` is called.
+  // Whether the first scan ends at once; otherwise it ends when `looked` is called.
   bool looksAtOnce = true;
   std::function<void()> looked;
   std::optional<std::string> name = "Test Computer";
@@ -60,7 +60,7 @@ struct TestAgent {
   T run(Awaitable<T> operation) {
     return await(executors.service(), std::move(operation));
   }
-  // The token of a phone that pairs.
+  // Pairs a phone and returns its token.
   std::string pair(AgentServices& services) {
     auto& pairing = services.pairingService();
     const PairRequestPayload request{PairingMethod::pin, run(pairing.state()).currentPIN, "Phone",

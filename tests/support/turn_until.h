@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Waiting in a test that has Qt's event loop to turn.
+// Waiting while Qt's event loop runs.
 #pragma once
 
 #include <QCoreApplication>

@@ -30,7 +30,7 @@ TEST(SpringBoardJiggle, StartsAfterTheDelayAndOnlyOnce) {
   view.setActive(true);
   EXPECT_FALSE(view.isStarting());
   EXPECT_EQ(stops.size(), 0);
-  // Another seed starts anew, and so does a lost animation.
+  // Another seed restarts the animation, and so does a lost rotation.
   view.setSeed(5);
   view.setActive(true);
   EXPECT_EQ(stops.size(), 1);
@@ -68,7 +68,7 @@ EditModeJiggleModifier {
   Symbol { name: "lock.fill"; size: 60 }
 })";
 
-TEST(EditModeJiggleModifier, WobblesUnlessMotionIsReducedAndSettlesWhereItWas) {
+TEST(EditModeJiggleModifier, WobblesUnlessMotionIsReducedAndReturns) {
   for (const bool reduced : {false, true}) {
     QmlView view(wobblingSymbol, {false, false, reduced, 1});
     const QImage idle = view.grab();
@@ -87,7 +87,7 @@ TEST(EditModeJiggleModifier, WobblesUnlessMotionIsReducedAndSettlesWhereItWas) {
   }
 }
 
-TEST(HomeScreenMinusBadge, ExplainsItselfUnderThePointer) {
+TEST(HomeScreenMinusBadge, ShowsHelpUnderThePointer) {
   QmlView view("HomeScreenMinusBadge { width: 60; height: 60 }");
   auto* help = view.root->findChild<QObject*>("helpText");
   QTest::mouseMove(&view.window, {22, 22});

@@ -14,7 +14,7 @@ RGB componentsOf(const QColor& color) {
   return {color.redF(), color.greenF(), color.blueF()};
 }
 
-// `over` as it looks on an opaque `ground`.
+// `over` blended onto an opaque `ground`.
 RGB seenOn(const QColor& over, const RGB& ground) {
   const double alpha = over.alphaF();
   return {over.redF() * alpha + ground.red * (1 - alpha),
@@ -28,12 +28,12 @@ TEST(WCAGContrast, FollowsThePublishedFormula) {
   EXPECT_DOUBLE_EQ(WCAGContrast::contrastRatio(white, black), 21);
   EXPECT_DOUBLE_EQ(WCAGContrast::contrastRatio(black, white), 21);
   EXPECT_DOUBLE_EQ(WCAGContrast::relativeLuminance({0.03928, 0.03928, 0.03928}), 0.03928 / 12.92);
-  // Just beyond the threshold the power takes over.
+  // Above the threshold the formula uses a power.
   EXPECT_NEAR(WCAGContrast::relativeLuminance({0.04, 0.04, 0.04}), 0.003096, 1e-6);
   EXPECT_NEAR(WCAGContrast::relativeLuminance({0, 1, 0}), 0.7152, 1e-12);
 }
 
-TEST(Theme, WritesLegiblyOnEveryGroundInEveryAppearance) {
+TEST(Theme, TextHasEnoughContrastInEveryAppearance) {
   Theme look;
   for (const bool dark : {false, true}) {
     for (const bool increasedContrast : {false, true}) {

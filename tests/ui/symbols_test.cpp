@@ -21,7 +21,7 @@ QImage drawn(const QString& name) {
   return image;
 }
 
-// What is drawn, in parts of the square; all of it must be red.
+// The fraction of the square that is drawn; expects all of it to be red.
 double covered(const QImage& image) {
   int marked = 0;
   for (int y = 0; y < image.height(); ++y) {
@@ -38,7 +38,7 @@ QString text(std::string_view view) {
   return QString::fromUtf8(view.data(), static_cast<qsizetype>(view.size()));
 }
 
-TEST(Symbols, HasADrawingForEveryNameThatADeckOrAViewUses) {
+TEST(Symbols, HasADrawingForEveryUsedName) {
   QStringList used{"checkmark",
                    "exclamationmark.shield",
                    "exclamationmark.triangle.fill",
@@ -58,7 +58,7 @@ TEST(Symbols, HasADrawingForEveryNameThatADeckOrAViewUses) {
   }
 }
 
-TEST(Symbols, DrawsEachOfThemDifferentlyAndInItsColour) {
+TEST(Symbols, DrawsEachSymbolDifferently) {
   QList<QImage> images;
   for (const auto& name : Symbols::names()) {
     images.append(drawn(name));

@@ -15,7 +15,7 @@ TileAppearance appearanceOf(const char* label, std::optional<std::string> iconNa
   return TileAppearance::forTile(DeckTile::app(1, label, "id", std::move(iconName)));
 }
 
-TEST(TileAppearance, IsTheBrandsForKnownApplications) {
+TEST(TileAppearance, UsesTheBrandsOfKnownApplications) {
   using Text = const char*;
   const std::tuple<Text, std::optional<std::string>, Text, Text> cases[] = {
       {"Spotify", {}, "music.note", "#40d973"},
@@ -51,7 +51,7 @@ TEST(TileAppearance, HasASymbolForActionsShortcutsAndEveryBuiltInKey) {
   }
 }
 
-TEST(GlassDeckTileView, ShowsItsStatesOnTheFace) {
+TEST(GlassDeckTileView, ShowsEachState) {
   const QByteArray source = R"(
 Row {
   id: row

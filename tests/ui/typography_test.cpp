@@ -13,8 +13,7 @@ namespace {
 using DeckTypography::TextStyle;
 using DeckTypography::Weight;
 
-// Whether Qt really draws the font with the file of that PostScript name, which is in its name
-// table.
+// Whether Qt draws the font with the file of that PostScript name, which its name table contains.
 bool isDrawnWith(const QFont& font, const char* postScriptName) {
   QByteArray utf16;
   for (; *postScriptName != 0; ++postScriptName) {
@@ -39,7 +38,7 @@ TEST(DeckTypography, DrawsWithTheFileOfTheNamedWeight) {
   }
 }
 
-TEST(DeckTypography, WithoutItsFilesTheSystemsFontsStandIn) {
+TEST(DeckTypography, FallsBackToTheSystemFont) {
   DeckTypography::registerFonts();
   EXPECT_EQ(DeckTypography::ui(TextStyle::body).family(), "Space Grotesk");
   QFontDatabase::removeAllApplicationFonts();

@@ -9,7 +9,7 @@
 namespace glintboard::phone {
 namespace {
 
-TEST(PhoneArguments, OptionsStandAnywhereAndTakeTheirValueEitherWay) {
+TEST(PhoneArguments, AcceptsOptionsAnywhereInBothForms) {
   const auto arguments = parseArguments(
       {"--timeout=0.5", "tap", "--deck", "gaming", "7", "--json", "--host", "[fe80::1%eth0]:99"});
   EXPECT_EQ(arguments.command, Command::tap);
@@ -20,7 +20,7 @@ TEST(PhoneArguments, OptionsStandAnywhereAndTakeTheirValueEitherWay) {
   EXPECT_TRUE(arguments.json);
 }
 
-TEST(PhoneArguments, ReadsEveryFormOfAnAddress) {
+TEST(PhoneArguments, ParsesEveryFormOfAddress) {
   const std::pair<const char*, std::optional<AgentAddress>> cases[] = {
       {"studio.local", AgentAddress{"studio.local", GlintboardService::defaultPort}},
       {"10.0.0.2:1", AgentAddress{"10.0.0.2", 1}},
@@ -41,7 +41,7 @@ TEST(PhoneArguments, ReadsEveryFormOfAnAddress) {
   }
 }
 
-TEST(PhoneArguments, RefusesWhatMakesNoSense) {
+TEST(PhoneArguments, RefusesInvalidArguments) {
   const std::vector<std::string> cases[] = {
       {},
       {"dance"},

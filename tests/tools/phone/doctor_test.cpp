@@ -8,7 +8,7 @@
 namespace glintboard::phone {
 namespace {
 
-TEST(Doctor, OpensEachFirewallForWhatIsMissing) {
+TEST(Doctor, SuggestsTheCommandForEachFirewall) {
   using Kind = Firewall::Kind;
   const auto tcp = connectionPortRule();
   const auto udp = discoveryPortRule();
@@ -36,7 +36,7 @@ TEST(Doctor, OpensEachFirewallForWhatIsMissing) {
   }
 }
 
-TEST(Doctor, ADamagedPairingIsAFindingLikeOthers) {
+TEST(Doctor, ReportsADamagedPairing) {
   const test::TemporaryFolder folder;
   folder.write("phone.json", R"({"token": "secret"})");
   const LocalAddress anywhere{"lo", "127.0.0.1", true};

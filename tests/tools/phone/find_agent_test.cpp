@@ -21,7 +21,7 @@ class FixedBrowser : public BonjourBrowser {
   std::vector<BonjourInstance> found_;
 };
 
-TEST(FindAgent, TakesTheWantedOneElseTheOnlyOneAndNeverGuesses) {
+TEST(FindAgent, PrefersTheNamedThenTheOnlyAgent) {
   constexpr std::chrono::milliseconds timeout{1};
   EXPECT_EQ(findAgent(nullptr, "Studio", timeout).addresses,
             (std::vector<AgentAddress>{{"127.0.0.1", GlintboardService::defaultPort}}));

@@ -13,7 +13,7 @@
 namespace glintboard::phone {
 namespace {
 
-TEST(PhoneStateFile, KeepsThePairingForTheUserAlone) {
+TEST(PhoneStateFile, KeepsThePairingInAPrivateFile) {
   const test::TemporaryFolder folder;
   const PhoneStateFile file(folder / "not/there/yet");
   PhoneState state = file.load();
@@ -26,7 +26,7 @@ TEST(PhoneStateFile, KeepsThePairingForTheUserAlone) {
             std::filesystem::perms{0700});
 }
 
-TEST(IconCache, AsksForWhatIsMissingOutdatedOrDamaged) {
+TEST(IconCache, RequestsMissingOutdatedAndDamagedIcons) {
   const test::TemporaryFolder folder;
   const IconCache cache(folder / "icons");
   const std::string shortcut = "0F8FAD5B-D9CB-469F-A165-70867728950E";
@@ -49,7 +49,7 @@ TEST(IconCache, AsksForWhatIsMissingOutdatedOrDamaged) {
             (std::vector<std::string>{"damaged", "missing", "outdated"}));
 }
 
-TEST(IconCache, NoKeyLeavesTheFolderOrSharesAFile) {
+TEST(IconCache, MapsKeysToDistinctFilesInTheFolder) {
   const IconCache cache("icons");
   std::set<std::string> files;
   std::vector<std::string> keys = {"a/b", "a%2Fb", "../a", "..", ".a", "a", "", "\n"};
@@ -65,7 +65,7 @@ TEST(IconCache, NoKeyLeavesTheFolderOrSharesAFile) {
   EXPECT_EQ(files.size(), keys.size());
 }
 
-TEST(PhoneOutput, NothingThatSteersATerminalIsPrinted) {
+TEST(PhoneOutput, StripsTerminalControlSequences) {
   const std::string hostile = "Vol −\x1b[2J\n\x7f\u009b31m\u202e evil\u2066 naïve";
   EXPECT_EQ(printable(hostile), "Vol −[2J31m evil naïve");
   EXPECT_EQ(printable("\x9b stray"), " stray");
@@ -76,7 +76,7 @@ TEST(PhoneOutput, NothingThatSteersATerminalIsPrinted) {
   EXPECT_EQ(json.str(), "{\"text\":\"a\\u001b\\u007f\\u009b\u00a0\"}\n");
 }
 
-TEST(PhoneOutput, TablesAreAlignedByCharacters) {
+TEST(PhoneOutput, AlignsTablesByCharacters) {
   std::ostringstream text;
   std::ostringstream none;
   Output(text, none, false)
