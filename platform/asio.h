@@ -26,6 +26,7 @@ using boost::system::error_code;
 //   co_await std::move(scanning);
 //
 // Temporaries of types with constructors, and variables, may stand inside the expression.
+// `tools/check-awaits` finds the lambdas.
 template <class T = void>
 using Awaitable = asio::awaitable<T>;
 

@@ -28,9 +28,9 @@ asio::ip::address peerOf(const asio::ip::address& address) {
 }  // namespace
 
 ConnectionLimits ConnectionLimits::forDescriptors(std::size_t descriptors) {
-  constexpr std::size_t agentsOwn = 256;
+  constexpr std::size_t reserved = 256;
   ConnectionLimits limits;
-  limits.total = std::min(limits.total, descriptors - std::min(agentsOwn, descriptors / 2));
+  limits.total = std::min(limits.total, descriptors - std::min(reserved, descriptors / 2));
   const std::size_t eighth = std::max<std::size_t>(limits.total / 8, 1);
   limits.waiting = std::min(limits.waiting, eighth);
   limits.unpaired = std::min(limits.unpaired, eighth);

@@ -95,11 +95,12 @@ Awaitable<> PairedListLoading::run(std::weak_ptr<PairedListLoading> wanted,
       break;
     }
     if (!std::exchange(watches, true)) {
-      co_await watch(store, lane, [weak = std::weak_ptr(changed)] {
+      const auto notifyChange = [weak = std::weak_ptr(changed)] {
         if (const auto waiting = weak.lock()) {
           waiting->notify();
         }
-      });
+      };
+      co_await watch(store, lane, notifyChange);
     }
     co_await Wakeup::next(changed);
   }

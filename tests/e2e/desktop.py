@@ -12,6 +12,7 @@ import pathlib
 import re
 import select
 import signal
+import socket
 import struct
 import subprocess
 import sys
@@ -52,6 +53,12 @@ def output_of(*command, env=None):
     return subprocess.run([str(word) for word in command], env=env, text=True, check=False,
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                           timeout=20 * SLOWNESS).stdout
+
+
+def listens(path):
+    """Whether a server accepts connections at that Unix socket, which is there a little before."""
+    with socket.socket(socket.AF_UNIX) as client:
+        return client.connect_ex(str(path)) == 0
 
 
 def alive(pid):
@@ -354,12 +361,10 @@ class Desktop:
                    f"#!/bin/sh\necho $$ >> '{self.traces}/shortcuts'\n"
                    f'[ "$1" = run ] || exit 64\ncase "$2" in\n{cases}\nesac\n', 0o755)
 
-    def start_bus(self, kind="session", socket=None):
-        socket = socket or self.runtime / "bus"
-        # What a killed bus left is no sign of the new one.
-        socket.unlink(missing_ok=True)
-        bus = self.start(PARTS / "bus", kind, socket)
-        eventually(socket.exists, f"The {kind} bus")
+    def start_bus(self, kind="session", path=None):
+        path = path or self.runtime / "bus"
+        bus = self.start(PARTS / "bus", kind, path)
+        eventually(lambda: listens(path), f"The {kind} bus")
         return bus
 
     def start_sound(self):

@@ -133,7 +133,7 @@ class Display(DesktopTest):
                 break
         self.assertIn("x", self.draft())
         self.type("Edit Deck", "y")
-        time.sleep(0.2)
+        time.sleep(0.2 * SLOWNESS)
         self.assertEqual(agent.end(signal.SIGTERM)[0], 0)
         self.assertIn("y", self.draft())
         name = self.draft()
@@ -152,6 +152,7 @@ class Display(DesktopTest):
             # weston tells nobody of its windows, only their memory does.
             eventually(lambda: self.menu_is_open() or self.has_mapped(agent, "memfd:wayland-shm"),
                        "The menu")
+            await self.served(agent, token)
             client = await Client.connect(token)
             self.assertEqual(agent.menu(), "", "a desktop's program prints nothing")
             if moment == "editor":

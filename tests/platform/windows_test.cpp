@@ -116,14 +116,15 @@ TYPED_TEST(Windows, FocusReachesWindowsBehindOthersAndHiddenOnes) {
   this->start();
   const auto process = this->show("XCalc");
   const auto terminal = this->show("XTerm");
+  const auto isFocused = [] { return TypeParam::focused() == "XCalc"; };
   EXPECT_TRUE(this->activate(calculator));
-  EXPECT_EQ(TypeParam::focused(), "XCalc");
+  EXPECT_TRUE(test::eventually(isFocused));
   for (const std::string hide : TypeParam::waysToHide) {
     test::outputOf("timeout 5 " + hide + " 2>&1");
-    EXPECT_NE(TypeParam::focused(), "XCalc") << hide;
+    EXPECT_TRUE(test::eventually([&] { return !isFocused(); })) << hide;
     EXPECT_TRUE(this->workspace_.isRunning(calculator));
     EXPECT_TRUE(this->activate(calculator));
-    EXPECT_EQ(TypeParam::focused(), "XCalc") << hide;
+    EXPECT_TRUE(test::eventually(isFocused)) << hide;
   }
 }
 

@@ -81,9 +81,11 @@ class FakeKeychain : public Keychain {
   std::atomic<int> reads = 0;
 
   KeychainStatus copyMatching(const KeychainQuery& query, std::string& data) override {
+    // Who has seen the count may set another failure for the next reading.
+    const KeychainStatus refusal = readFailure;
     ++reads;
     hangs.wait(true);
-    const auto status = readFailure == keychainSuccess ? find(query) : readFailure.load();
+    const auto status = refusal == keychainSuccess ? find(query) : refusal;
     if (status == keychainSuccess) {
       data = items[key(query)];
     }
