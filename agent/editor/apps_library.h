@@ -64,7 +64,7 @@ class AppsLibrary : public QObject, public std::enable_shared_from_this<AppsLibr
   int load_ = 0;  // the one whose results count
   bool isLoaded_ = false;
   std::vector<InstalledApp> apps_;
-  std::unordered_map<std::string, std::size_t> places_;  // by bundle identifier
+  std::unordered_map<std::string, std::size_t> indices_;  // by bundle identifier
   std::unordered_map<std::string, QString> sources_;
   std::set<std::string> drawnFirst_;
   DeckLibraryModel cards_;

@@ -90,7 +90,7 @@ void DeckEditorModel::addTile(const DeckTile& tile) {
   if (!session_->isEditable() || isFull()) {
     return;
   }
-  if (DeckEdits::placeOf(tiles(), tile)) {
+  if (DeckEdits::indexOf(tiles(), tile)) {
     setError(duplicateText(tile));
     return;
   }
@@ -142,9 +142,9 @@ bool DeckEditorModel::dropItem(const QString& item, int index) {
 }
 
 bool DeckEditorModel::dropTile(const DeckTile& tile, int index) {
-  const auto place = static_cast<std::size_t>(std::max(index, 0));
-  if (const auto from = DeckEdits::placeOf(tiles(), tile)) {
-    session_->setTiles(DeckEdits::moved(tiles(), *from, place));
+  const auto position = static_cast<std::size_t>(std::max(index, 0));
+  if (const auto from = DeckEdits::indexOf(tiles(), tile)) {
+    session_->setTiles(DeckEdits::moved(tiles(), *from, position));
     return true;
   }
   if (isFull()) {
@@ -154,7 +154,7 @@ bool DeckEditorModel::dropTile(const DeckTile& tile, int index) {
     showFirstShortcutTip_ = true;
     Q_EMIT tipChanged();
   }
-  session_->setTiles(DeckEdits::inserted(tiles(), tile, place));
+  session_->setTiles(DeckEdits::inserted(tiles(), tile, position));
   setError(QString());
   return true;
 }

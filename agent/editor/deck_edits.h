@@ -27,7 +27,7 @@ Tiles removed(Tiles tiles, std::size_t index);
 Tiles orderedBySlot(Tiles tiles);
 
 // The place of the key that does the same as `like`, or none.
-std::optional<std::size_t> placeOf(const Tiles& tiles, const DeckTile& like);
+std::optional<std::size_t> indexOf(const Tiles& tiles, const DeckTile& like);
 bool holdsShortcut(const Tiles& tiles);
 
 // The Shortcut keys bear the names that their Shortcuts have now.

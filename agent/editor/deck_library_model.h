@@ -66,9 +66,9 @@ class DeckLibraryModel : public QAbstractListModel {
   void changed(int firstRow, int lastRow, const QList<int>& roles);
 
   std::vector<LibraryEntry> entries_;
-  QHash<QString, std::size_t> places_;  // of the payloads among the entries
-  std::vector<std::size_t> rows_;       // the entry of each row
-  std::vector<int> rowOf_;              // the row of each entry, or -1
+  QHash<QString, std::size_t> indices_;  // of the payloads among the entries
+  std::vector<std::size_t> rows_;        // the entry of each row
+  std::vector<int> rowOf_;               // the row of each entry, or -1
   QString filter_;
   QSet<QString> inDeck_;
   bool isFull_ = false;

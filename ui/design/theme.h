@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The look of every window as one QML singleton: colours, fonts, distances, times.
+// The design of every window as one QML singleton: colours, fonts, distances, durations.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -43,8 +43,13 @@ class Theme : public QObject {
   Q_PROPERTY(QColor dangerText READ dangerText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor warningText READ warningText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor successText READ successText NOTIFY appearanceChanged)
-  // Marks and fills, the same everywhere.
+  // Marks and fills, the same in every appearance.
   Q_PROPERTY(QColor accentVivid READ accentVivid CONSTANT)
+  // Text on `accentVivid`.
+  Q_PROPERTY(QColor accentText READ accentText CONSTANT)
+  // Text in the accent's hue on a dark ground.
+  Q_PROPERTY(QColor accentPale READ accentPale CONSTANT)
+  Q_PROPERTY(QColor darkGround READ darkGround CONSTANT)
   Q_PROPERTY(QColor success READ success CONSTANT)
   Q_PROPERTY(QColor warning READ warning CONSTANT)
   Q_PROPERTY(QColor danger READ danger CONSTANT)
@@ -121,6 +126,9 @@ class Theme : public QObject {
   QColor warningText() const;
   QColor successText() const;
   static QColor accentVivid();
+  static QColor accentText();
+  static QColor accentPale();
+  static QColor darkGround();
   static QColor success();
   static QColor warning();
   static QColor danger();

@@ -174,7 +174,7 @@ GlassTile {
             height: width
             radius: width / 2
             visible: tile.isMissing
-            color: "#CC17121A"
+            color: Theme.faded(Theme.darkGround, 0.8)
 
             Symbol {
                 anchors.centerIn: parent

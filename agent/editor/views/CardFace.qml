@@ -71,7 +71,7 @@ Rectangle {
         Text {
             anchors.centerIn: parent
             visible: face.symbolName === ""
-            text: KeyLooks.letter(face.label)
+            text: KeyArtwork.letter(face.label)
             font: Theme.fonts.uiSized(18, Theme.Semibold, false)
             color: Theme.secondaryText
         }

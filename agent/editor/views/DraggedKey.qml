@@ -17,15 +17,15 @@ Item {
     // Whether it would be taken where it is.
     property bool welcome: true
     property real keySize: 52
-    property var look: ({})
+    property var content: ({})
     property point origin
     property point grip
     property size cardSize
-    readonly property bool isKey: dragged.look.isKey === true
+    readonly property bool isKey: dragged.content.isKey === true
     readonly property bool showsKey: dragged.isKey || dragged.overPhone
 
     // The pointer has been pressed there; a drag may begin.
-    function place(from: Item, x: real, y: real): void {
+    function pressAt(from: Item, x: real, y: real): void {
         if (back.running)
             back.complete();
         const point = dragged.parent.mapFromItem(from, x, y);
@@ -37,7 +37,7 @@ Item {
         const corner = dragged.parent.mapFromItem(face, 0, 0);
         dragged.grip = Qt.point(corner.x - dragged.origin.x, corner.y - dragged.origin.y);
         dragged.cardSize = Qt.size(face.width, face.height);
-        dragged.look = what;
+        dragged.content = what;
         dragged.payload = what.payload;
         dragged.owner = who;
         dragged.overPhone = false;
@@ -112,12 +112,12 @@ Item {
         CardFace {
             anchors.fill: parent
             color: Theme.solidSurface
-            label: dragged.look.label ?? ""
-            subtitle: dragged.look.subtitle ?? ""
-            symbolName: dragged.look.iconSymbol ?? ""
-            iconSource: dragged.look.iconSource ?? ""
-            accent: dragged.look.accent ?? Theme.accent
-            isInDeck: dragged.look.isInDeck ?? false
+            label: dragged.content.label ?? ""
+            subtitle: dragged.content.subtitle ?? ""
+            symbolName: dragged.content.iconSymbol ?? ""
+            iconSource: dragged.content.iconSource ?? ""
+            accent: dragged.content.accent ?? Theme.accent
+            isInDeck: dragged.content.isInDeck ?? false
             tinted: true
         }
 
@@ -139,13 +139,13 @@ Item {
         y: dragged.isKey ? dragged.grip.y : -tileFaceSize / 2
         tileFaceSize: dragged.keySize
         showsLabel: false
-        kind: dragged.look.kind ?? "app"
-        label: dragged.look.label ?? ""
-        iconName: dragged.look.iconName ?? ""
-        iconSymbol: dragged.look.iconSymbol ?? ""
-        iconSource: dragged.look.iconSource ?? ""
-        accent: dragged.look.accent ?? Theme.accent
-        isMissingShortcut: dragged.look.isMissingShortcut ?? false
+        kind: dragged.content.kind ?? "app"
+        label: dragged.content.label ?? ""
+        iconName: dragged.content.iconName ?? ""
+        iconSymbol: dragged.content.iconSymbol ?? ""
+        iconSource: dragged.content.iconSource ?? ""
+        accent: dragged.content.accent ?? Theme.accent
+        isMissingShortcut: dragged.content.isMissingShortcut ?? false
         opacity: dragged.showsKey ? dragged.welcome ? 1 : 0.5 : 0
         scale: !dragged.showsKey ? 0.6 : dragged.lifted && !Theme.reducedMotion ? 1.12 : 1
         transformOrigin: Item.Center

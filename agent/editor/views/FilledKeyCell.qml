@@ -93,7 +93,7 @@ T.Control {
 
         onPressed: mouse => {
             cell.chosen();
-            cell.dragged.place(area, mouse.x, mouse.y);
+            cell.dragged.pressAt(area, mouse.x, mouse.y);
         }
         drag.onActiveChanged: {
             if (area.drag.active)

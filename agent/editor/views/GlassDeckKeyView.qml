@@ -14,9 +14,9 @@ GlassDeckTileView {
     property color accent: Theme.accent
     property bool isMissingShortcut: false
 
-    appearance: KeyLooks.appearance(key.kind, key.label, key.iconName, key.iconSymbol)
+    appearance: KeyArtwork.appearance(key.kind, key.label, key.iconName, key.iconSymbol)
     displayLabel: key.label
-    macIcon: KeyLooks.icon(key.iconSource)
+    macIcon: KeyArtwork.icon(key.iconSource)
     iconAccent: key.accent
     isMissing: key.isMissingShortcut
 
@@ -40,7 +40,7 @@ GlassDeckTileView {
             font: Theme.fonts.uiSized(Math.max(8, Math.min(11, key.faceSize * 0.17)), Theme.Bold, false)
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 7
-            color: "#2B0015"
+            color: Theme.accentText
         }
     }
 }

@@ -103,7 +103,7 @@ T.Control {
         // A finger scrolls the list, a pointer drags the card.
         onPressed: mouse => {
             area.preventStealing = mouse.source === Qt.MouseEventNotSynthesized;
-            card.dragged.place(area, mouse.x, mouse.y);
+            card.dragged.pressAt(area, mouse.x, mouse.y);
         }
         drag.onActiveChanged: {
             if (area.drag.active)

@@ -25,10 +25,10 @@ Rectangle {
             result = fold(result, repeater.itemAt(i)?.[size] ?? 0);
         return result;
     }
-    function choose(place: int): void {
-        if (place >= 0 && place < tabs.all.length) {
-            tabs.editor.libraryTab = tabs.all[place].id;
-            const button = repeater.itemAt(place);
+    function choose(index: int): void {
+        if (index >= 0 && index < tabs.all.length) {
+            tabs.editor.libraryTab = tabs.all[index].id;
+            const button = repeater.itemAt(index);
             if (button)
                 button.forceActiveFocus(Qt.TabFocusReason);
         }

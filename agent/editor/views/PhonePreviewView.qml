@@ -51,7 +51,7 @@ FocusScope {
     signal moved(int from, int to)
     signal tried(int index)
 
-    function placeOf(index: int): int {
+    function positionOf(index: int): int {
         if (preview.landing < 0)
             return index;
         if (index === preview.away)
@@ -223,7 +223,7 @@ FocusScope {
                 visible: preview.keyCount === 0 && !preview.isDeckDragActive && preview.showsChanges
                 text: Theme.teachingCaption
                 font: Theme.fonts.handCaption(Theme.Title2)
-                color: "#FF9CC9"
+                color: Theme.accentPale
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.WordWrap
             }
@@ -237,9 +237,9 @@ FocusScope {
                 FilledKeyCell {
                     id: cell
 
-                    readonly property int place: preview.placeOf(cell.index)
-                    property real column: cell.place % preview.columns
-                    property real row: Math.floor(cell.place / preview.columns)
+                    readonly property int position: preview.positionOf(cell.index)
+                    property real column: cell.position % preview.columns
+                    property real row: Math.floor(cell.position / preview.columns)
 
                     x: cell.column * preview.cellWidth
                     y: cell.row * preview.cellHeight

@@ -15,13 +15,13 @@ class QQmlEngine;
 namespace glintboard {
 
 // Answers for one QML engine, from the icons of the provider that it was given. Main thread only.
-class KeyLooks : public QObject {
+class KeyArtwork : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_SINGLETON
 
  public:
-  static KeyLooks* create(QQmlEngine* engine, QJSEngine* scripts);
+  static KeyArtwork* create(QQmlEngine* engine, QJSEngine* scripts);
 
   // The look of a key of these fields; empty texts are absent ones.
   Q_INVOKABLE glintboard::TileAppearance appearance(const QString& kind, const QString& label,
@@ -35,7 +35,7 @@ class KeyLooks : public QObject {
   Q_INVOKABLE QVariant icon(const QString& source) const;
 
  private:
-  explicit KeyLooks(QQmlEngine& engine) : engine_(engine) {}
+  explicit KeyArtwork(QQmlEngine& engine) : engine_(engine) {}
 
   QQmlEngine& engine_;  // owns this
 };
