@@ -8,7 +8,7 @@
 namespace glintboard {
 namespace {
 
-// Few enough that showing them holds up no frame, and that other work gets its turn between.
+// Small enough that showing a batch delays no frame, and other work runs between batches.
 constexpr std::size_t iconsAtOnce = 16;
 
 QString text(const std::string& utf8) {

@@ -142,7 +142,7 @@ void DeckTilesModel::arrange(const std::vector<DeckKey>& keys) {
     } else if (from == position) {
       continue;
     } else if (from == position + 1) {
-      // The key in this position went further back: it is the one that moved, not those behind it.
+      // The key at this position moved back, not those behind it.
       move(position, std::min(indexOf(keys, identity(keys_[position])), keys_.size() - 1));
     } else {
       move(from, position);

@@ -3,20 +3,21 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// What is being dragged, under the pointer: the card that was lifted, and over the phone the key
-// that it will be. It has no size, so that its place is the pointer's.
+// The dragged item under the pointer: a card, which becomes a key over the phone. It has no size,
+// so that its position is the pointer's.
 Item {
     id: dragged
 
-    // What the drag carries; the rest is how it looks.
+    // The data of the drag.
     property string payload: ""
     property bool lifted: false
-    // The card or key that was lifted; it keeps its place until the drop.
+    // The item of the dragged card or key. It stays in its layout until the drop.
     property Item owner: null
     property bool overPhone: false
-    // Whether it would be taken where it is.
+    // Whether a drop at the pointer would be accepted.
     property bool welcome: true
     property real keySize: 52
+    // What the card and the key show: the roles of their model.
     property var content: ({})
     property point origin
     property point grip
@@ -24,7 +25,7 @@ Item {
     readonly property bool isKey: dragged.content.isKey === true
     readonly property bool showsKey: dragged.isKey || dragged.overPhone
 
-    // The pointer has been pressed there; a drag may begin.
+    // Records a press, which may start a drag.
     function pressAt(from: Item, x: real, y: real): void {
         if (back.running)
             back.complete();
@@ -59,7 +60,7 @@ Item {
             dragged.goBack();
         }
     }
-    // What was lifted is no longer there.
+    // Ends the drag of an item that is destroyed.
     function giveUp(who: Item): void {
         if (dragged.owner === who) {
             if (dragged.lifted)

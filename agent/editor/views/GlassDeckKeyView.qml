@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// A key of the deck as a tile of glass.
+// A key of the deck as a glass tile.
 GlassDeckTileView {
     id: key
 
@@ -22,7 +22,7 @@ GlassDeckTileView {
 
     Rectangle {
         anchors.horizontalCenter: parent.horizontalCenter
-        // On the lower edge, clear of the glyph and of the caption.
+        // On the lower edge, where it covers neither the glyph nor the caption.
         y: key.faceSize - height + key.captionGap
         width: missing.width + 8
         height: missing.implicitHeight + 2

@@ -4,7 +4,7 @@ import QtQuick.Window
 import Glintboard.Editor
 import Glintboard.UI
 
-// A Shortcut worth making, until it is there.
+// Suggests a Shortcut that the user does not have yet.
 Rectangle {
     id: suggested
 
