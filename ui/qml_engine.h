@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Makes the module usable from an engine.
+// Prepares a QML engine for the module.
 #pragma once
 
 #include "ui/design/theme.h"
@@ -8,11 +8,11 @@ class QQmlEngine;
 
 namespace glintboard {
 
-// Registers the fonts and the QML module `Glintboard.UI`, sets where the engine finds it, and gives
-// the engine's look this appearance. To be called once for each engine, before it loads anything.
+// Registers the fonts and the QML module `Glintboard.UI`, sets the engine's import path, and sets
+// its theme's appearance. Call it once for each engine, before it loads a view.
 void prepareEngine(QQmlEngine& engine, const Appearance& appearance);
 
-// The look of a prepared engine's views, for changes of the appearance.
+// The theme of a prepared engine, for changes of the appearance.
 Theme& themeOf(QQmlEngine& engine);
 
 }  // namespace glintboard

@@ -9,8 +9,8 @@
 namespace glintboard {
 
 struct AgentArguments {
-  bool background = false;      // the menu waits in the tray until it is asked for
-  bool withoutDisplay = false;  // the menu is text, even where windows could be shown
+  bool background = false;      // do not open the menu at the start
+  bool withoutDisplay = false;  // use the text menu even with a display
   bool help = false;
   bool version = false;
 };
@@ -18,8 +18,8 @@ struct AgentArguments {
 // The option that sets `withoutDisplay`.
 inline constexpr const char* withoutDisplayOption = "--without-display";
 
-// Reads the words after the program's name. Throws std::invalid_argument, with a text for people,
-// for a word that is none of the options.
+// Parses the words after the program's name. Throws std::invalid_argument, with a text for the
+// user, for an unknown option.
 AgentArguments parseAgentArguments(const std::vector<std::string>& words);
 
 // What --help and --version print.

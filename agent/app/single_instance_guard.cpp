@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 constexpr auto pause = 100ms;
 constexpr int maxPortAttempts = 50;
 
-// Whether the port can be bound; so it seems too when no socket can be made to find out.
+// Whether the port can be bound. True also when the probe's socket cannot be created.
 bool isPortFree(std::uint16_t port) {
   const FileDescriptor probe(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
   if (!probe) {

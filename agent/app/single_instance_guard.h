@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One agent for each user of a computer.
+// Ensures that a user runs one agent on a computer.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,9 @@
 
 namespace glintboard::SingleInstanceGuard {
 
-// Ends the other instances, and waits up to five seconds until their port can be bound. False when
-// a younger instance runs, in whose favour this one should end. Blocks; runs before anything that
-// must not wait. Never throws.
+// Ends the other instances, and waits up to five seconds until their port can be bound. Returns
+// false when a newer instance runs and this one should end. Blocks: call it before the event loop
+// runs. Never throws.
 bool enforce(AgentInstances& instances, std::uint16_t port = GlintboardService::defaultPort);
 
 // Blocks until the port can be bound, for at most `maxAttempts` (0 or more) tries 100 ms apart.

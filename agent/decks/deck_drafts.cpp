@@ -69,7 +69,7 @@ Awaitable<std::optional<DeckDraft>> DeckDrafts::doLoad(DeckCategoryID category) 
   }
 }
 
-// The first to come pauses and then writes for all that have come meanwhile.
+// The first of several calls waits for the pause and then writes the changes of all.
 Awaitable<> DeckDrafts::doKeep(DeckCategoryID category, std::optional<DeckDraft> draft) {
   unwritten_.insert_or_assign(category, std::move(draft));
   const auto guard = co_await changes_.acquire();

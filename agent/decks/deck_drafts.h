@@ -30,23 +30,23 @@ BOOST_DESCRIBE_STRUCT(DeckDraft, (), (deck, base, editedAt, version))
 // Reads a draft of that category. None when the text is not one.
 std::optional<DeckDraft> deckDraft(std::string_view text, DeckCategoryID category);
 
-// Keeps one draft for each category, each in a file of its own. A change is written half a second
-// later, together with those that follow it until then, so that a crash costs no more than that. No
-// draft is ever sent to a phone.
+// Keeps one draft for each category, in one file each. A change is written half a second later,
+// together with later changes, so that a crash loses half a second of work at most. Drafts are not
+// sent to phones.
 //
 // An actor of the service loop; files are written on the workers.
 class DeckDrafts : public Actor {
  public:
-  // Without `folder` the drafts lie in the agent's own state folder. No file is touched.
+  // `folder` is by default in the agent's state folder. Accesses no file.
   DeckDrafts(asio::any_io_executor executor, asio::any_io_executor workers,
              std::optional<std::filesystem::path> folder = std::nullopt);
 
-  // The draft that was kept last. None when there is none, or its file cannot be used. Never fails.
+  // The latest draft; none when there is none or its file is not usable. Never fails.
   Awaitable<std::optional<DeckDraft>> load(DeckCategoryID category);
   // Replaces the draft, or removes it when there is none. Returns at once; any thread. A failure to
   // write is logged.
   void keep(DeckCategoryID category, std::optional<DeckDraft> draft);
-  // Writes at once what is to be kept, and resumes when that is done. From then on nothing waits.
+  // Writes pending changes now and waits for that. Later changes are written without a delay.
   Awaitable<> finish();
 
  private:

@@ -20,7 +20,7 @@ std::vector<DeckTile> numbered(const std::vector<DeckTile>& tiles) {
   return result;
 }
 
-// Throws unless the tile's identity is new among those of its kind.
+// Throws when the tile has no identity or one of its kind has the same.
 void insertIdentity(std::set<std::string>& seen, const std::optional<std::string>& identity,
                     Code duplicate) {
   if (!identity) {

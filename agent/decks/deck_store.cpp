@@ -16,16 +16,16 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// What the agent itself could not write is not tried again with the next ping.
+// The pause after a failed write of the built-in decks, which requests would repeat otherwise.
 constexpr auto writePause = std::chrono::seconds(30);
 
-// Whether the phone can be served from what is stored.
+// Whether the file holds every deck that the phone is served.
 bool isComplete(const StoredDecks& stored) {
   return stored.state == StoredDecks::State::present &&
          stored.decks.size() >= DeckTemplates::categoryOrder.size();
 }
 
-// Whose icon a key shows, or null.
+// The key of a tile's icon, or null.
 const std::string* iconKey(const DeckTile& tile) {
   if (tile.kind == DeckTileKind::app) {
     return &tile.bundleId;
@@ -34,7 +34,8 @@ const std::string* iconKey(const DeckTile& tile) {
                                                                         : nullptr;
 }
 
-// The running applications of the served decks among these, deck after deck.
+// The running applications of all served decks, in the order of the decks. Missing decks are
+// replaced by the built-in ones.
 std::vector<std::string> runningOf(const std::vector<DeckTemplate>& decks,
                                    const WorkspaceClient& workspace) {
   const ApplicationStates states = workspace.states();
@@ -65,7 +66,7 @@ Awaitable<std::map<std::string, std::string>> revisionsOf(
   co_return revisions;
 }
 
-// Makes an earlier version's deck the Streaming deck. False when it is not valid.
+// Migrates an earlier version's deck to the Streaming deck. False when it is not valid.
 bool adopt(const DeckTemplate& legacy, DeckTemplate& streaming) {
   try {
     streaming = DeckRules::validated(
@@ -149,16 +150,16 @@ Awaitable<DeckTemplate> DeckStore::store(DeckCategoryID category, DeckTemplate d
   const auto guard = co_await changes_.acquire();
   const StoredDecks& stored = reader_.read();
   if (stored.state == StoredDecks::State::unavailable) {
-    // The other decks cannot be kept if they cannot be read.
+    // Writing would lose the other decks.
     throw std::system_error(stored.error, storageURL().string());
   }
   Decks decks = DeckRules::normalizedDecks(stored.decks, workspace);
-  const auto place = std::ranges::find(decks, rawValue(category), &DeckTemplate::id);
-  if (place == decks.end()) {
+  const auto position = std::ranges::find(decks, rawValue(category), &DeckTemplate::id);
+  if (position == decks.end()) {
     throw DeckStoreError(DeckStoreError::Code::unknownCategory, std::string(rawValue(category)));
   }
-  *place = DeckRules::validated(deck);
-  DeckTemplate result = *place;
+  *position = DeckRules::validated(deck);
+  DeckTemplate result = *position;
   co_await writeDecks(std::move(decks), stored.state == StoredDecks::State::unusable);
   co_return result;
 }
@@ -198,7 +199,7 @@ Awaitable<std::map<std::string, std::string>> DeckStore::iconRevisions(
       }
     }
   }
-  // There at once, since both mostly take turns with each other there.
+  // On the provider's executor, which both providers share, to change threads only once.
   co_return co_await asio::co_spawn(
       iconProvider.executor(),
       revisionsOf({bundleIds.begin(), bundleIds.end()}, {shortcuts.begin(), shortcuts.end()},
@@ -257,16 +258,16 @@ Awaitable<const StoredDecks*> DeckStore::migratedDecks(const WorkspaceClient& wo
 Awaitable<> DeckStore::migrateLegacyIfNeeded(const WorkspaceClient& workspace) {
   const auto guard = co_await changes_.acquire();
   if (reader_.read().state != StoredDecks::State::absent) {
-    co_return;  // made while this waited
+    co_return;  // created by another operation
   }
   try {
     const auto legacy = readLegacyDeck(legacyURL_);
     Decks decks = DeckRules::defaultDecks(workspace);
-    const bool kept = legacy && adopt(*legacy, decks.front());
+    const bool migrated = legacy && adopt(*legacy, decks.front());
     co_await writeDecks(std::move(decks));
-    // The decks are safely on disk now. A legacy deck that was not taken over stays with the user.
+    // The decks are on disk. A legacy deck that is not valid is kept as a backup.
     std::error_code ignored;
-    if (kept) {
+    if (migrated) {
       std::filesystem::remove(legacyURL_, ignored);
     } else if (legacy) {
       std::filesystem::rename(legacyURL_, freeBackup(legacyURL_), ignored);

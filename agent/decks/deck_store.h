@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The user's decks.
+// The decks of the user.
 #pragma once
 
 #include <filesystem>
@@ -19,18 +19,15 @@
 
 namespace glintboard {
 
-// The only reader and writer of the decks file. It holds no decks in memory: every operation reads
-// the file afresh, so that the file is the one truth. Changes are made one after another; reading
-// never waits for them and sees the file as it stands. Nothing the user made is destroyed: a file
-// that cannot be read now is left alone, and one that holds no usable decks is kept under another
-// name before the built-in decks replace it.
+// The only reader and writer of the decks file. It keeps no decks in memory: every operation reads
+// the file. Changes are serialised; reads do not wait for them. A file that cannot be read is never
+// overwritten, and a file without usable decks is backed up before the built-in decks replace it.
 //
-// An actor of the service loop; files are written on the workers. The workspace and the icon
-// providers given to an operation must stay valid until it has ended.
+// An actor of the service loop; files are written on the workers. The operations may be awaited on
+// any executor. Their workspace and icon providers must outlive them.
 class DeckStore : public Actor {
  public:
-  // `storageURL` is the decks file; without one it lies in the agent's own folder. No file is
-  // touched.
+  // `storageURL` is the decks file, by default in the agent's data folder. Accesses no file.
   DeckStore(asio::any_io_executor executor, asio::any_io_executor workers,
             std::optional<std::filesystem::path> storageURL = std::nullopt);
 
@@ -44,18 +41,18 @@ class DeckStore : public Actor {
                        const WorkspaceClient& workspace);
   // Stores the built-in deck in place of the user's and returns it. Throws as saveDeck does.
   Awaitable<DeckTemplate> resetDeck(DeckCategoryID category, const WorkspaceClient& workspace);
-  // What the phone sees: each deck with its installed applications, those that run, and the
-  // revisions of the icons.
+  // The decks as the phone receives them: with the installed applications, the running ones, and
+  // the revisions of the icons. Never fails.
   Awaitable<std::vector<DeckSnapshotPayload>> deckSnapshots(
       const WorkspaceClient& workspace, AppIconProvider& iconProvider,
       ShortcutIconProvider& shortcutIconProvider);
-  // The running applications of all decks, deck after deck; one that is on several decks occurs
-  // several times.
+  // The running applications of all decks, in the order of the decks. An application on several
+  // decks is listed once for each.
   Awaitable<std::vector<std::string>> runningDeckBundleIds(const WorkspaceClient& workspace);
-  // The same at once; none when the file has to be made or replaced first. To be called in the
-  // actor's turn.
+  // The same without waiting; none when the file has to be created or replaced first. On the
+  // actor's executor only.
   std::optional<std::vector<std::string>> runningDeckBundleIdsNow(const WorkspaceClient& workspace);
-  // Resumes when no change is being written.
+  // Waits for the changes that are being written.
   Awaitable<> finishChanges();
 
  private:
@@ -71,16 +68,16 @@ class DeckStore : public Actor {
   Awaitable<std::vector<std::string>> doRunningDeckBundleIds(const WorkspaceClient& workspace);
   Awaitable<> doFinishChanges();
 
-  // The stored decks after a first start's or an earlier version's file has been made; valid until
-  // the next await.
+  // The stored decks. Creates a missing file first, from an earlier version's deck if there is one.
+  // Valid until the next await.
   Awaitable<const StoredDecks*> migratedDecks(const WorkspaceClient& workspace);
   Awaitable<> migrateLegacyIfNeeded(const WorkspaceClient& workspace);
-  // The decks that the phone sees.
+  // The decks that the phone receives. Replaces an unusable file.
   Awaitable<Decks> servedDecks(const WorkspaceClient& workspace);
   Awaitable<> replaceUnusableFile(const WorkspaceClient& workspace);
-  // Tells the log when the file begins to be unreadable.
+  // Logs when the file becomes unreadable.
   void reportUnavailable(const StoredDecks& stored);
-  // Puts the validated deck in its category's place and writes all decks.
+  // Replaces the category's deck by the validated one and writes all decks.
   Awaitable<DeckTemplate> store(DeckCategoryID category, DeckTemplate deck,
                                 const WorkspaceClient& workspace);
   Awaitable<> writeDecks(Decks decks, bool keepingBackup = false);
@@ -93,11 +90,12 @@ class DeckStore : public Actor {
   std::filesystem::path legacyURL_;
   asio::any_io_executor workers_;
   AsyncLock changes_;
-  std::chrono::steady_clock::time_point nextWrite_;  // of what nobody asked to be written
+  // The earliest time of the next write of the built-in decks.
+  std::chrono::steady_clock::time_point nextWrite_;
   bool wasUnavailable_ = false;
 };
 
-// The rules of stored decks, without a file.
+// The rules of stored decks. No file is accessed.
 namespace DeckRules {
 
 // The deck that a template gives on this computer: installed applications only, numbered from 1.

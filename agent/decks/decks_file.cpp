@@ -21,7 +21,7 @@ bool isMissing(const std::error_code& error) {
 
 const StoredDecks& DecksReader::read() {
   using State = StoredDecks::State;
-  // Back to where they were read into, for their memory.
+  // Reuses the memory of the previous call.
   file_.decks.swap(stored_.decks);
   try {
     bool isPresent = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The decks on disk.
+// The decks file.
 #pragma once
 
 #include <filesystem>
@@ -19,7 +19,7 @@ struct DecksFile {
 };
 BOOST_DESCRIBE_STRUCT(DecksFile, (), (version, decks))
 
-// What reading the decks gave.
+// The result of reading the decks file.
 struct StoredDecks {
   enum class State {
     present,      // `decks` holds them
@@ -32,7 +32,7 @@ struct StoredDecks {
   std::error_code error;  // why the file is unavailable
 };
 
-// Reads one decks file again and again. Each time everything is read anew; only memory is kept.
+// Reads one decks file repeatedly. Every call reads the whole file; only the memory is reused.
 class DecksReader {
  public:
   explicit DecksReader(std::filesystem::path path) : path_(std::move(path)) {}
@@ -48,10 +48,10 @@ class DecksReader {
   StoredDecks stored_;
 };
 
-// Each of these blocks on the disk too.
+// The functions below block on the disk.
 
-// The single deck of an earlier version's file; none when there is none, or it cannot be read or is
-// not a deck, which the log is told.
+// The single deck of an earlier version's file. None when the file is missing, cannot be read or is
+// not a deck; the latter two are logged.
 std::optional<DeckTemplate> readLegacyDeck(const std::filesystem::path& path);
 
 // Writes the file atomically, creating its folder. Throws DeckStoreError::encodingFailed or

@@ -8,7 +8,7 @@
 namespace glintboard {
 namespace {
 
-// Few enough that showing them holds up no frame, and that other work gets its turn between.
+// Small enough that showing a batch delays no frame, and other work runs between batches.
 constexpr std::size_t iconsAtOnce = 16;
 
 QString text(const std::string& utf8) {
@@ -25,8 +25,8 @@ AppsLibrary::AppsLibrary(asio::any_io_executor mainThread, InstalledAppsCatalog 
       icons_(std::move(icons)) {}
 
 const InstalledApp* AppsLibrary::app(const std::string& bundleId) const {
-  const auto place = places_.find(bundleId);
-  return place == places_.end() ? nullptr : &apps_[place->second];
+  const auto index = indices_.find(bundleId);
+  return index == indices_.end() ? nullptr : &apps_[index->second];
 }
 
 QString AppsLibrary::iconSource(const std::string& bundleId) const {
@@ -69,11 +69,11 @@ Awaitable<> AppsLibrary::runLoad(std::shared_ptr<AppsLibrary> self, int load) {
 
 void AppsLibrary::show(std::vector<InstalledApp> apps) {
   apps_ = std::move(apps);
-  places_.clear();
+  indices_.clear();
   std::vector<LibraryEntry> entries;
   entries.reserve(apps_.size());
   for (const auto& app : apps_) {
-    places_.emplace(app.bundleId, entries.size());
+    indices_.emplace(app.bundleId, entries.size());
     entries.push_back({.payload = text(app.bundleId), .label = text(app.label)});
   }
   isLoaded_ = true;
@@ -85,7 +85,7 @@ void AppsLibrary::showIcons(const std::vector<InstalledApp>& drawn) {
   for (const auto& app : drawn) {
     const QString payload = text(app.bundleId);
     const QString source = icons_->set(QStringLiteral("app:") + payload, app.icon);
-    auto& shown = apps_[places_.at(app.bundleId)];
+    auto& shown = apps_[indices_.at(app.bundleId)];
     shown.icon = app.icon;
     shown.accent = app.accent;
     sources_[app.bundleId] = source;

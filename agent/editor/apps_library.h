@@ -15,8 +15,8 @@
 
 namespace glintboard {
 
-// Shows the applications at once and their icons as they are drawn, a few at a time. Lives on the
-// main thread; a load under way shares it.
+// Lists the applications first, then adds their icons in batches as they are drawn. Main thread; a
+// load under way shares ownership.
 class AppsLibrary : public QObject, public std::enable_shared_from_this<AppsLibrary> {
   Q_OBJECT
   Q_PROPERTY(glintboard::DeckLibraryModel* cards READ cards CONSTANT)
@@ -29,11 +29,11 @@ class AppsLibrary : public QObject, public std::enable_shared_from_this<AppsLibr
   DeckLibraryModel* cards() { return &cards_; }
   bool isLoaded() const { return isLoaded_; }
   const std::vector<InstalledApp>& installedApps() const { return apps_; }
-  // Null when it is not offered. Valid until changed().
+  // Null when it is not listed. Valid until changed().
   const InstalledApp* app(const std::string& bundleId) const;
   // Empty without an icon.
   QString iconSource(const std::string& bundleId) const;
-  // Whether an application's label contains the text, letter case aside.
+  // Whether an application's label contains the text, ignoring case.
   bool hasLabelWith(const QString& text) const;
   // See InstalledAppsCatalog.
   std::optional<std::string> bundleIdOf(const std::filesystem::path& launcher) const {
@@ -43,13 +43,13 @@ class AppsLibrary : public QObject, public std::enable_shared_from_this<AppsLibr
   void load();
   // Ends a load.
   void stop() { ++load_; }
-  // The applications whose icons are wanted before all others.
+  // The applications whose icons are drawn before all others.
   void setDrawnFirst(std::set<std::string> bundleIds) { drawnFirst_ = std::move(bundleIds); }
 
  Q_SIGNALS:
-  // The list is another one.
+  // The list has changed.
   void changed();
-  // Some icons have arrived.
+  // Some icons were added.
   void iconsChanged();
 
  private:
@@ -61,10 +61,10 @@ class AppsLibrary : public QObject, public std::enable_shared_from_this<AppsLibr
   InstalledAppsCatalog catalog_;
   WorkspaceClient workspace_;
   std::shared_ptr<EditorIcons> icons_;
-  int load_ = 0;  // the one whose results count
+  int load_ = 0;  // the current load; results of earlier ones are ignored
   bool isLoaded_ = false;
   std::vector<InstalledApp> apps_;
-  std::unordered_map<std::string, std::size_t> places_;  // by bundle identifier
+  std::unordered_map<std::string, std::size_t> indices_;  // by bundle identifier
   std::unordered_map<std::string, QString> sources_;
   std::set<std::string> drawnFirst_;
   DeckLibraryModel cards_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user does to the deck.
+// The edits of a deck.
 #include <algorithm>
 
 #include "agent/decks/deck_store_error.h"
@@ -23,8 +23,8 @@ std::optional<DeckTile> actionTile(const std::string& actionId) {
   return action ? std::optional(DeckTile::action(0, *action)) : std::nullopt;
 }
 
-// The launcher file that a dropped text names, or an empty path. Lists of URLs count by their
-// first line; the menus of some desktops name the entry alone.
+// The launcher file that a dropped text names, or an empty path. Of a list of URLs the first one is
+// used. The menus of some desktops name only the desktop entry.
 std::filesystem::path launcherPath(const QString& item) {
   const QString line = item.section(QLatin1Char('\n'), 0, 0).trimmed();
   if (line.startsWith(QLatin1Char('/'))) {
@@ -90,7 +90,7 @@ void DeckEditorModel::addTile(const DeckTile& tile) {
   if (!session_->isEditable() || isFull()) {
     return;
   }
-  if (DeckEdits::placeOf(tiles(), tile)) {
+  if (DeckEdits::indexOf(tiles(), tile)) {
     setError(duplicateText(tile));
     return;
   }
@@ -127,7 +127,7 @@ bool DeckEditorModel::dropItem(const QString& item, int index) {
   if (const auto shortcut = shortcutTile(id)) {
     return dropTile(*shortcut, index);
   }
-  // A key may stay on the deck when what it stands for is gone; it can still be moved.
+  // A key whose application or Shortcut is gone can still be moved.
   const auto onDeck = [&](DeckTileKind kind) {
     return std::ranges::find_if(
         tiles(), [&](const DeckTile& tile) { return tile.kind == kind && tile.derivedId() == id; });
@@ -142,9 +142,9 @@ bool DeckEditorModel::dropItem(const QString& item, int index) {
 }
 
 bool DeckEditorModel::dropTile(const DeckTile& tile, int index) {
-  const auto place = static_cast<std::size_t>(std::max(index, 0));
-  if (const auto from = DeckEdits::placeOf(tiles(), tile)) {
-    session_->setTiles(DeckEdits::moved(tiles(), *from, place));
+  const auto position = static_cast<std::size_t>(std::max(index, 0));
+  if (const auto from = DeckEdits::indexOf(tiles(), tile)) {
+    session_->setTiles(DeckEdits::moved(tiles(), *from, position));
     return true;
   }
   if (isFull()) {
@@ -154,7 +154,7 @@ bool DeckEditorModel::dropTile(const DeckTile& tile, int index) {
     showFirstShortcutTip_ = true;
     Q_EMIT tipChanged();
   }
-  session_->setTiles(DeckEdits::inserted(tiles(), tile, place));
+  session_->setTiles(DeckEdits::inserted(tiles(), tile, position));
   setError(QString());
   return true;
 }

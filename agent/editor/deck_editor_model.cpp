@@ -21,7 +21,7 @@ QString text(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-// What decks and phones call in English, as the libraries show it.
+// Translates a name that decks and phones use in English.
 QString shownName(std::string_view name) {
   [[maybe_unused]] constexpr std::array known = {
       QT_TRANSLATE_NOOP("Deck", "Streaming"), QT_TRANSLATE_NOOP("Deck", "Gaming"),
@@ -38,9 +38,14 @@ std::shared_ptr<DeckEditorModel> DeckEditorModel::create(DeckEditorInputs inputs
 
 DeckEditorModel::DeckEditorModel(DeckEditorInputs inputs)
     : inputs_(std::move(inputs)),
-      session_(std::make_shared<DeckSession>(DeckSessionParts{
-          inputs_.mainThread, inputs_.deckStore, inputs_.deckDrafts, inputs_.histories,
-          inputs_.workspace, inputs_.isPhoneConnected, inputs_.onSaved})),
+      session_(std::make_shared<DeckSession>(
+          DeckSessionParts{.mainThread = inputs_.mainThread,
+                           .deckStore = inputs_.deckStore,
+                           .drafts = inputs_.deckDrafts,
+                           .histories = inputs_.histories,
+                           .workspace = inputs_.workspace,
+                           .isPhoneConnected = inputs_.isPhoneConnected,
+                           .onSaved = inputs_.onSaved})),
       icons_(std::make_shared<EditorIcons>()),
       apps_(std::make_shared<AppsLibrary>(inputs_.mainThread, inputs_.appsCatalog,
                                           inputs_.workspace, icons_)),
@@ -124,7 +129,7 @@ Awaitable<> DeckEditorModel::followLive(std::weak_ptr<DeckEditorModel> weak,
     } else {
       co_return;
     }
-    // Timers do not run on the main thread.
+    // Timers run on the service loop.
     auto sleeping = asio::co_spawn(timers, sleepFor(std::chrono::seconds(1)), asio::use_awaitable);
     co_await std::move(sleeping);
   }
@@ -224,7 +229,7 @@ QString DeckEditorModel::offerText() const {
     return {};
   }
   const auto made = QDateTime::fromSecsSinceEpoch(offer->editedAt.time.time_since_epoch().count());
-  // As the user writes times and dates, whatever language the windows speak.
+  // In the user's formats, which may differ from the language of the windows.
   const QLocale locale = QLocale::system();
   const QString time = locale.language() == QLocale::C
                            ? made.time().toString(QStringLiteral("HH:mm"))

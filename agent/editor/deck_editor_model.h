@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The deck editor's state and rules.
+// The deck editor's view model.
 #pragma once
 
 #include <QObject>
@@ -52,9 +52,8 @@ struct EnumText<LibraryTab> {
   }};
 };
 
-// One opening of the editor: the libraries, the rules by which keys come to the deck, and what the
-// window shows of the session, which goes on with a save when the window is closed. Messages are
-// null when absent.
+// The state of one editor window: the libraries, the rules of adding keys, and the session, which
+// finishes a save after the window is closed. Messages are null when absent.
 //
 // Lives on the main thread; its coroutines run there.
 class DeckEditorModel : public QObject, public std::enable_shared_from_this<DeckEditorModel> {
@@ -165,10 +164,10 @@ class DeckEditorModel : public QObject, public std::enable_shared_from_this<Deck
   Q_INVOKABLE void addShortcut(const QString& identifier);
   // The one of these that the tab shown adds.
   Q_INVOKABLE void add(const QString& payload);
-  // Puts the first item (a payload, or a launcher file as path or URL) at a place from 0, or moves
-  // the key there that does the same. Returns whether it was accepted.
+  // Inserts the first item (a payload, or a launcher file as path or URL) at an index from 0, or
+  // moves the key that does the same there. Returns whether it was accepted.
   Q_INVOKABLE bool drop(const QStringList& items, int index);
-  // The same for launcher files that another program dragged.
+  // drop() of launcher files that another program dragged.
   Q_INVOKABLE bool dropDesktopFile(const QList<QUrl>& urls, int index);
   // Moves a key as a drop at `to` does. False when there is no key at `from`.
   Q_INVOKABLE bool move(int from, int to);

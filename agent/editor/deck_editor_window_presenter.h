@@ -12,8 +12,8 @@
 
 namespace glintboard {
 
-// Shows one window at a time. Each window has an editor of its own and a QML engine, which go with
-// it, so that the next one starts afresh; a save under way is finished. Main thread only.
+// Shows one window at a time. Each window has its own editor model and QML engine, which are
+// destroyed with it. A save under way is finished. Main thread only.
 class DeckEditorWindowPresenter : public QObject {
   Q_OBJECT
 
@@ -21,13 +21,13 @@ class DeckEditorWindowPresenter : public QObject {
   explicit DeckEditorWindowPresenter(DeckEditorInputs inputs, Appearance appearance = {});
   ~DeckEditorWindowPresenter() override;
 
-  // Opens the window in the middle of the screen with the pointer, or brings the open one to the
+  // Opens the window in the middle of the screen under the pointer, or brings the open one to the
   // front.
   void show();
   void close();
-  // Also of the open window.
+  // Applies to the open window and to later ones.
   void setAppearance(const Appearance& appearance);
-  // A phone has come or gone: the open window is to say so now.
+  // Call it when a phone connects or disconnects: updates the open window.
   void refreshLive();
 
   // Null while no window is open.

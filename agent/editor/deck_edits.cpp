@@ -7,7 +7,7 @@
 namespace glintboard::DeckEdits {
 namespace {
 
-auto placeAt(Tiles& tiles, std::size_t index) {
+auto iteratorAt(Tiles& tiles, std::size_t index) {
   return tiles.begin() + static_cast<std::ptrdiff_t>(std::min(index, tiles.size()));
 }
 
@@ -22,18 +22,18 @@ Tiles renumbered(Tiles tiles) {
 }
 
 Tiles inserted(Tiles tiles, DeckTile tile, std::size_t index) {
-  tiles.insert(placeAt(tiles, index), std::move(tile));
+  tiles.insert(iteratorAt(tiles, index), std::move(tile));
   return renumbered(std::move(tiles));
 }
 
 Tiles moved(Tiles tiles, std::size_t from, std::size_t to) {
   DeckTile tile = std::move(tiles.at(from));
-  tiles.erase(placeAt(tiles, from));
+  tiles.erase(iteratorAt(tiles, from));
   return inserted(std::move(tiles), std::move(tile), to);
 }
 
 Tiles removed(Tiles tiles, std::size_t index) {
-  tiles.erase(placeAt(tiles, index));
+  tiles.erase(iteratorAt(tiles, index));
   return renumbered(std::move(tiles));
 }
 
@@ -42,7 +42,7 @@ Tiles orderedBySlot(Tiles tiles) {
   return tiles;
 }
 
-std::optional<std::size_t> placeOf(const Tiles& tiles, const DeckTile& like) {
+std::optional<std::size_t> indexOf(const Tiles& tiles, const DeckTile& like) {
   const auto found = std::ranges::find_if(tiles, [&](const DeckTile& tile) {
     return tile.kind == like.kind && tile.derivedId() == like.derivedId();
   });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The rules by which a deck is edited, without a window.
+// The rules of editing a deck. Pure functions, any thread.
 #pragma once
 
 #include <cstddef>
@@ -15,24 +15,24 @@ namespace glintboard::DeckEdits {
 
 using Tiles = std::vector<DeckTile>;
 
-// The tiles in slots 1, 2, 3 … in their order, as every edit below leaves them.
+// Numbers the slots 1, 2, 3 … in the order of the tiles. Every edit below does so too.
 Tiles renumbered(Tiles tiles);
-// At the end when `index` is beyond it.
+// Appends the tile when `index` is beyond the end.
 Tiles inserted(Tiles tiles, DeckTile tile, std::size_t index);
-// Taken from its place first: an index beyond the rest is the end. `from` must be a place.
+// `to` counts without the moved tile, and is the end when it is beyond. `from` must be valid.
 Tiles moved(Tiles tiles, std::size_t from, std::size_t to);
-// `index` must be a place.
+// `index` must be valid.
 Tiles removed(Tiles tiles, std::size_t index);
-// In the order of their slots.
+// Sorted by slot.
 Tiles orderedBySlot(Tiles tiles);
 
-// The place of the key that does the same as `like`, or none.
-std::optional<std::size_t> placeOf(const Tiles& tiles, const DeckTile& like);
+// The index of the key that does the same as `like`, or none.
+std::optional<std::size_t> indexOf(const Tiles& tiles, const DeckTile& like);
 bool holdsShortcut(const Tiles& tiles);
 
-// The Shortcut keys bear the names that their Shortcuts have now.
+// Renames the Shortcut keys to the current names of their Shortcuts.
 Tiles withShortcutNames(Tiles tiles, const std::vector<CatalogShortcut>& catalog);
-// The identifiers of Shortcut keys whose Shortcuts are not there.
+// The identifiers of Shortcut keys whose Shortcuts are not in the catalog.
 std::set<std::string> missingShortcutIDs(const Tiles& tiles,
                                          const std::vector<CatalogShortcut>& catalog);
 

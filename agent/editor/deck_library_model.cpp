@@ -45,9 +45,9 @@ QHash<int, QByteArray> DeckLibraryModel::roleNames() const {
 void DeckLibraryModel::setEntries(std::vector<LibraryEntry> entries) {
   beginResetModel();
   entries_ = std::move(entries);
-  places_.clear();
-  for (std::size_t place = 0; place < entries_.size(); ++place) {
-    places_.insert(entries_[place].payload, place);
+  indices_.clear();
+  for (std::size_t index = 0; index < entries_.size(); ++index) {
+    indices_.insert(entries_[index].payload, index);
   }
   showMatching();
   endResetModel();
@@ -82,12 +82,12 @@ void DeckLibraryModel::setDeck(const QSet<QString>& inDeck, bool isFull) {
 
 void DeckLibraryModel::setIcon(const QString& payload, const QString& source,
                                const QColor& accent) {
-  const auto place = places_.constFind(payload);
-  if (place == places_.constEnd()) {
+  const auto index = indices_.constFind(payload);
+  if (index == indices_.constEnd()) {
     return;
   }
-  entries_[*place].iconSource = source;
-  entries_[*place].accent = accent;
+  entries_[*index].iconSource = source;
+  entries_[*index].accent = accent;
   if (const int row = rowOf(payload); row >= 0) {
     changed(row, row, {IconSourceRole, AccentRole});
   }
@@ -96,17 +96,17 @@ void DeckLibraryModel::setIcon(const QString& payload, const QString& source,
 void DeckLibraryModel::showMatching() {
   rows_.clear();
   rowOf_.assign(entries_.size(), -1);
-  for (std::size_t place = 0; place < entries_.size(); ++place) {
-    if (entries_[place].label.contains(filter_, Qt::CaseInsensitive)) {
-      rowOf_[place] = count();
-      rows_.push_back(place);
+  for (std::size_t index = 0; index < entries_.size(); ++index) {
+    if (entries_[index].label.contains(filter_, Qt::CaseInsensitive)) {
+      rowOf_[index] = count();
+      rows_.push_back(index);
     }
   }
 }
 
 int DeckLibraryModel::rowOf(const QString& payload) const {
-  const auto place = places_.constFind(payload);
-  return place == places_.constEnd() ? -1 : rowOf_[*place];
+  const auto index = indices_.constFind(payload);
+  return index == indices_.constEnd() ? -1 : rowOf_[*index];
 }
 
 void DeckLibraryModel::changed(int firstRow, int lastRow, const QList<int>& roles) {

@@ -14,18 +14,18 @@ namespace glintboard {
 
 // What a card shows.
 struct LibraryEntry {
-  // What a drag of the card carries: a bundle identifier, an action's id or a Shortcut's.
+  // The data of a drag: a bundle identifier, an action's id or a Shortcut's identifier.
   QString payload;
   QString label;
   QString subtitle = {};
-  // Drawn while there is no icon.
+  // Shown while there is no icon.
   QString symbolName = {};
   QString iconSource = {};
   QColor accent = fallbackAccent();
 };
 
-// The entries whose label contains the filter, in their order. An icon that arrives, or a key that
-// comes to the deck, changes its own row only.
+// The entries whose label contains the filter, in their order. A new icon, or a key added to the
+// deck, changes its own row only. Main thread.
 class DeckLibraryModel : public QAbstractListModel {
   Q_OBJECT
   Q_PROPERTY(int count READ count NOTIFY countChanged)
@@ -50,7 +50,7 @@ class DeckLibraryModel : public QAbstractListModel {
   QHash<int, QByteArray> roleNames() const override;
 
   void setEntries(std::vector<LibraryEntry> entries);
-  // An empty filter shows everything; letter case does not count.
+  // Ignores case. An empty filter shows everything.
   void setFilter(const QString& filter);
   // The payloads of the keys on the deck.
   void setDeck(const QSet<QString>& inDeck, bool isFull);
@@ -66,9 +66,9 @@ class DeckLibraryModel : public QAbstractListModel {
   void changed(int firstRow, int lastRow, const QList<int>& roles);
 
   std::vector<LibraryEntry> entries_;
-  QHash<QString, std::size_t> places_;  // of the payloads among the entries
-  std::vector<std::size_t> rows_;       // the entry of each row
-  std::vector<int> rowOf_;              // the row of each entry, or -1
+  QHash<QString, std::size_t> indices_;  // of the entries, by payload
+  std::vector<std::size_t> rows_;        // the entry of each row
+  std::vector<int> rowOf_;               // the row of each entry, or -1
   QString filter_;
   QSet<QString> inDeck_;
   bool isFull_ = false;

@@ -12,7 +12,7 @@ DeckState stateOf(const DeckTemplate& deck) {
   return {QString::fromStdString(deck.name), DeckEdits::orderedBySlot(deck.tiles)};
 }
 
-// Whether the store would write the same for both: it numbers the keys anew.
+// Compares the decks as the store writes them, with renumbered keys.
 bool isSameDeck(const DeckTemplate& one, const DeckState& other) {
   const DeckState state = stateOf(one);
   return state.name == other.name &&
@@ -30,7 +30,7 @@ void DeckSession::setName(const QString& name) {
     deck_.name = name;
     keepDraft();
   }
-  // Also when it is refused, so that a field takes back what was typed.
+  // Emitted also for a refused name, so that the text field reverts.
   Q_EMIT deckChanged();
 }
 
@@ -76,7 +76,7 @@ void DeckSession::go(Direction direction) {
     replaceStored(Travel{direction, next});
     return;
   }
-  // The message was about what has been undone.
+  // The message was about the undone edit.
   setMessages(QString(), infoMessage_);
   show(history().edits.go(direction, {deck_, saved_})->shown);
   keepDraft();
@@ -99,7 +99,7 @@ void DeckSession::showStored(const DeckTemplate& stored, std::optional<DeckDraft
 }
 
 void DeckSession::keepDraft() {
-  // A Shortcut that has another name now is no edit of the user's.
+  // A renamed Shortcut is not an edit.
   const DeckState unedited{saved_.name, DeckEdits::withShortcutNames(saved_.tiles, catalog_)};
   const bool isEdited = !(deck_ == unedited);
   history().unsaved = isEdited ? std::optional(deck_) : std::nullopt;

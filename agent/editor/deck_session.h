@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The deck that is being edited, and its way to the store and back.
+// Loads, edits and saves one deck.
 #pragma once
 
 #include <QObject>
@@ -15,34 +15,35 @@
 
 namespace glintboard {
 
-// What undo and redo know of one deck. It outlives the window, so that a save that closed it can
-// still be undone.
+// The undo and redo history of one deck. It outlives the window, so that the edits before a save
+// can still be undone in the next window.
 struct DeckHistory {
   EditHistory edits;
-  // The unsaved deck that is shown. Loading the stored one in its place can be undone too.
+  // The unsaved deck that is shown. Undo restores it after the stored deck was loaded.
   std::optional<DeckState> unsaved;
 };
 using DeckHistories = std::map<DeckCategoryID, DeckHistory>;
 
-// What a session needs of the agent. References outlive every session.
+// The dependencies of a session. References must outlive every session.
 struct DeckSessionParts {
   asio::any_io_executor mainThread;
   DeckStore& deckStore;
   DeckDrafts& drafts;
   std::shared_ptr<DeckHistories> histories;
   WorkspaceClient workspace;
-  // Whether a phone is connected at this moment. Called on the main thread.
+  // Whether a phone is connected now. Called on the main thread.
   std::function<bool()> isPhoneConnected;
-  // Run after every change of the stored deck; throws when the phone could not be told.
+  // Runs after every change of the stored deck. Throws when the deck could not be sent to the
+  // phone.
   std::function<Awaitable<>()> onSaved;
 };
 
-// One deck at a time: as it is stored, as it is edited, and what the user is told about it. Only
-// save(), reset() and undoing a reset change the stored deck. While a deck is loaded or reset,
-// edits and saves are refused, so that no deck ends up in another's place. Unsaved edits are kept
-// as a draft from the moment they are made until they are saved or undone.
+// Holds one deck at a time: its stored and its edited state, and the messages about it. Only
+// save(), reset() and undoing a reset change the stored deck. Edits and saves are refused while a
+// deck is loaded or reset, so that no deck overwrites another. Every unsaved edit is kept as a
+// draft until it is saved or undone.
 //
-// Lives on the main thread; its coroutines run there and share it, so that a save goes on when its
+// Main thread. Its coroutines run there and share ownership, so that a save continues after the
 // window is closed.
 class DeckSession : public QObject, public std::enable_shared_from_this<DeckSession> {
   Q_OBJECT
@@ -55,8 +56,8 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   explicit DeckSession(DeckSessionParts parts) : parts_(std::move(parts)) {}
 
   DeckCategoryID category() const { return category_; }
-  // Shows the stored deck of that category, and offers its draft. Unsaved edits of the present deck
-  // stay its draft.
+  // Shows the stored deck of that category, and offers its draft. Unsaved edits of the current deck
+  // stay in its draft.
   void load(DeckCategoryID category);
 
   const DeckState& deck() const { return deck_; }
@@ -64,7 +65,7 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   bool hasUnsavedChanges() const { return !(deck_ == saved_); }
   bool isLoading() const { return isLoading_; }
   bool isSaving() const { return isSaving_; }
-  // Also while a reset is undone.
+  // True also while a reset is undone.
   bool isResetting() const { return isResetting_; }
   bool isEditable() const { return !isLoading_ && !isResetting_; }
 
@@ -72,15 +73,15 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   void setName(const QString& name);
   void setTiles(Tiles tiles);
   bool canGo(Direction direction) const;
-  // Undo or redo. What a reset did to the stored deck is undone there and on the phone too; if that
-  // fails the deck comes back as an unsaved edit.
+  // Undo or redo. Undoing a reset also restores the stored deck and sends it to the phone; if that
+  // fails, the deck is restored as an unsaved edit.
   void go(Direction direction);
-  // The Shortcut keys bear these names from now on.
+  // Sets the current names of the Shortcuts, which their keys show.
   void setCatalog(std::vector<CatalogShortcut> catalog);
 
   // Stores the deck and sends it to the phone.
   void save();
-  // Puts the built-in deck in place of the stored one and sends it to the phone.
+  // Replaces the stored deck with the built-in one and sends it to the phone.
   void reset();
 
   // Unsaved changes of an earlier session; none when there are none to offer.
@@ -91,9 +92,9 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   void dismissOffer();
 
   bool isPhoneConnected() const { return isPhoneConnected_; }
-  // Whether a phone is connected and was given the deck as it is shown.
+  // Whether a phone is connected and has the deck as it is shown.
   bool isLive() const;
-  // Asks whether a phone is connected, and returns it.
+  // Updates isPhoneConnected and returns it.
   bool refreshPhone();
 
   // Null when absent.
@@ -102,20 +103,20 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   void setMessages(const QString& error, const QString& info);
 
  Q_SIGNALS:
-  // The deck or what is stored of it.
+  // The shown or the stored deck has changed.
   void deckChanged();
-  // A stored deck is about to be shown instead.
+  // A stored deck is about to replace the shown one.
   void deckReplaced();
   void busyChanged();
   void liveChanged();
   void offerChanged();
   void messagesChanged();
-  // Saved to a connected phone.
+  // The deck was saved and sent to a connected phone.
   void closeRequested();
 
  private:
   using Self = std::shared_ptr<DeckSession>;
-  // The deck that an operation began with.
+  // The state at the start of an operation.
   struct Begun {
     DeckCategoryID category;
     EditStep step;
@@ -125,16 +126,16 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   bool isShown(const Begun& begun) const { return begun.generation == generation_; }
 
   DeckHistory& history() { return (*parts_.histories)[category_]; }
-  // An edit is about to change the deck.
+  // Call it before an edit changes the deck.
   void record(bool ofName);
   void show(DeckState deck);
   void showStored(const DeckTemplate& stored, std::optional<DeckDraft> draft);
-  // To be called after every change of the deck by the user, or of what is stored.
+  // Call it after every edit and every change of the stored deck.
   void keepDraft();
 
   static Awaitable<> runLoad(Self self);
   static Awaitable<> runSave(Self self, Begun begun);
-  // A step that has a stored deck, and the direction in which it lies.
+  // A step with a stored deck, and the direction that leads to it.
   struct Travel {
     Direction direction;
     EditStep step;
@@ -145,7 +146,7 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   static Awaitable<EditStep> storeInstead(Self self, DeckCategoryID category,
                                           std::optional<Travel> travel);
   void showReplaced(const EditStep& step);
-  // Why the phone could not be told; null when it was.
+  // The error of sending the deck to the phone; null without one.
   static Awaitable<QString> announceSaved(Self self);
   void storeChanged();
 
@@ -154,7 +155,7 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   DeckState deck_;
   DeckState saved_;
   std::vector<CatalogShortcut> catalog_;
-  int generation_ = 0;  // of the deck shown: a result for an earlier one is late
+  int generation_ = 0;  // of the shown deck; results for earlier ones are ignored
   bool isLoading_ = false;
   bool isSaving_ = false;
   bool isStoring_ = false;  // the part of saving or resetting that the store does
@@ -164,12 +165,12 @@ class DeckSession : public QObject, public std::enable_shared_from_this<DeckSess
   std::optional<DeckDraft> offer_;
 
   bool isPhoneConnected_ = false;
-  // Whether the phone was given what is stored. One that comes asks for it by itself.
+  // Whether the stored deck was sent. A phone that connects requests it.
   bool isHandedOver_ = true;
 
   QString errorMessage_;
   QString infoMessage_;
-  QString resetNote_;  // the information about a reset, which the next edit makes untrue
+  QString resetNote_;  // the message about a reset, cleared by the next edit
 };
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How decks come to a session and go from it.
+// Loading, saving and resetting in a session.
 #include "agent/editor/deck_session.h"
 #include "agent/language/error_text.h"
 #include "platform/log.h"
@@ -12,7 +12,7 @@ void DeckSession::load(DeckCategoryID category) {
   ++generation_;
   isLoading_ = true;
   offer_.reset();
-  // Now, since what comes up meanwhile is not about the deck that goes.
+  // Cleared first: a message set during the load belongs to the new deck.
   setMessages(QString(), QString());
   Q_EMIT busyChanged();
   Q_EMIT liveChanged();
@@ -49,7 +49,7 @@ void DeckSession::save() {
   spawn(parts_.mainThread, runSave(shared_from_this(), begun()), "saving the deck");
 }
 
-// The user may go on editing, or choose another deck, while this one is written.
+// The user may edit on, or select another deck, during the save.
 Awaitable<> DeckSession::runSave(Self self, Begun begun) {
   const DeckState& deck = begun.step.shown;
   QString name = deck.name.trimmed();
@@ -82,7 +82,7 @@ Awaitable<> DeckSession::runSave(Self self, Begun begun) {
     failure = co_await announceSaved(self);
   }
   const bool isAway = !self->refreshPhone();
-  // What became of a deck is said over that deck alone.
+  // The result is shown with its own deck only.
   if (self->isShown(begun)) {
     if (isStored && isAway) {
       self->setMessages(QString(), tr("Saved on Mac \u2014 connect iPhone to update."));
@@ -150,7 +150,7 @@ Awaitable<> DeckSession::runReplace(Self self, std::optional<Travel> travel, Beg
   self->storeChanged();
   self->isHandedOver_ = self->isHandedOver_ && !isStored;
   if (!self->isShown(begun)) {
-    history.unsaved.reset();  // the steps have it
+    history.unsaved.reset();  // the history has recorded it
   } else if (after) {
     self->showReplaced(*after);
   }
@@ -192,7 +192,7 @@ void DeckSession::showReplaced(const EditStep& step) {
   Q_EMIT offerChanged();
 }
 
-// The deck is saved, whatever becomes of telling it.
+// A failure to send leaves the deck saved.
 Awaitable<QString> DeckSession::announceSaved(Self self) {
   QString failure;
   self->isHandedOver_ = false;

@@ -24,7 +24,7 @@ std::set<DeckKeyIdentity> identities(const std::vector<DeckKey>& keys) {
   return all;
 }
 
-std::size_t placeOf(const std::vector<DeckKey>& keys, const DeckKeyIdentity& wanted) {
+std::size_t indexOf(const std::vector<DeckKey>& keys, const DeckKeyIdentity& wanted) {
   return static_cast<std::size_t>(std::ranges::find(keys, wanted, identity) - keys.begin());
 }
 
@@ -105,10 +105,10 @@ void DeckTilesModel::setKeys(const std::vector<DeckKey>& keys) {
   } else {
     removeKeysNotIn(keys);
     arrange(keys);
-    for (std::size_t place = 0; place < keys.size(); ++place) {
-      if (keys_[place] != keys[place]) {
-        keys_[place] = keys[place];
-        const auto changed = index(static_cast<int>(place));
+    for (std::size_t position = 0; position < keys.size(); ++position) {
+      if (keys_[position] != keys[position]) {
+        keys_[position] = keys[position];
+        const auto changed = index(static_cast<int>(position));
         Q_EMIT dataChanged(changed, changed);
       }
     }
@@ -121,12 +121,12 @@ void DeckTilesModel::setKeys(const std::vector<DeckKey>& keys) {
 void DeckTilesModel::removeKeysNotIn(const std::vector<DeckKey>& keys) {
   auto remaining = identities(keys);
   // From the front, so that of keys that are there twice the first one stays.
-  for (std::size_t place = 0; place < keys_.size();) {
-    if (remaining.erase(identity(keys_[place])) != 0) {
-      ++place;
+  for (std::size_t position = 0; position < keys_.size();) {
+    if (remaining.erase(identity(keys_[position])) != 0) {
+      ++position;
       continue;
     }
-    const int row = static_cast<int>(place);
+    const int row = static_cast<int>(position);
     beginRemoveRows({}, row, row);
     keys_.erase(keys_.begin() + row);
     endRemoveRows();
@@ -134,18 +134,18 @@ void DeckTilesModel::removeKeysNotIn(const std::vector<DeckKey>& keys) {
 }
 
 void DeckTilesModel::arrange(const std::vector<DeckKey>& keys) {
-  for (std::size_t place = 0; place < keys.size(); ++place) {
-    const auto wanted = identity(keys[place]);
-    const auto from = placeOf(keys_, wanted);
+  for (std::size_t position = 0; position < keys.size(); ++position) {
+    const auto wanted = identity(keys[position]);
+    const auto from = indexOf(keys_, wanted);
     if (from == keys_.size()) {
-      insert(place, keys[place]);
-    } else if (from == place) {
+      insert(position, keys[position]);
+    } else if (from == position) {
       continue;
-    } else if (from == place + 1) {
-      // The key in this place went further back: it is the one that moved, not those behind it.
-      move(place, std::min(placeOf(keys, identity(keys_[place])), keys_.size() - 1));
+    } else if (from == position + 1) {
+      // The key at this position moved back, not those behind it.
+      move(position, std::min(indexOf(keys, identity(keys_[position])), keys_.size() - 1));
     } else {
-      move(from, place);
+      move(from, position);
     }
   }
 }
@@ -163,8 +163,8 @@ void DeckTilesModel::move(std::size_t from, std::size_t to) {
   endMoveRows();
 }
 
-void DeckTilesModel::insert(std::size_t place, const DeckKey& key) {
-  const int row = static_cast<int>(place);
+void DeckTilesModel::insert(std::size_t position, const DeckKey& key) {
+  const int row = static_cast<int>(position);
   beginInsertRows({}, row, row);
   keys_.insert(keys_.begin() + row, key);
   endInsertRows();

@@ -70,7 +70,7 @@ class DeckTilesModel : public QAbstractListModel {
   void removeKeysNotIn(const std::vector<DeckKey>& keys);
   void arrange(const std::vector<DeckKey>& keys);
   void move(std::size_t from, std::size_t to);
-  void insert(std::size_t place, const DeckKey& key);
+  void insert(std::size_t position, const DeckKey& key);
 
   std::vector<DeckKey> keys_;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Undo and redo of what happens to a deck.
+// Undo and redo of the changes of a deck.
 #pragma once
 
 #include <QString>
@@ -11,36 +11,36 @@
 
 namespace glintboard {
 
-// What an edit changes.
+// The part of a deck that edits change.
 struct DeckState {
   QString name;
   std::vector<DeckTile> tiles;
   bool operator==(const DeckState&) const = default;
 };
 
-// One place in a history.
+// One step of a history.
 struct EditStep {
   DeckState shown;
-  // The stored deck that belongs to it; none for an edit, which stores nothing.
+  // The stored deck of this step; none for an edit, which does not change the stored deck.
   std::optional<DeckState> stored;
   bool operator==(const EditStep&) const = default;
 };
 
-// The steps before each change, and those that undoing left behind.
+// The steps to undo and the steps to redo. Main thread.
 class EditHistory {
  public:
   enum class Direction { undo, redo };
-  // The oldest steps beyond these are forgotten.
+  // The maximum of steps to undo. Older ones are dropped.
   static constexpr std::size_t capacity = 100;
 
-  // A change is about to leave this step. Changes of the name that follow one another are one.
+  // Records the step before a change. Consecutive changes of the name are one step.
   void record(EditStep step, bool ofName = false);
-  // The next change of the name stands for itself.
+  // The next change of the name is a step of its own.
   void endNameEdit() { editsName_ = false; }
-  // Where that direction leads, or null. Valid until the next change.
+  // The next step in that direction, or null. Valid until the next change.
   const EditStep* next(Direction direction) const;
-  // Goes there from `current`, to which the other direction leads from now on: to its stored deck
-  // too if the step has one. None when there is no such step.
+  // Removes and returns the next step in that direction, and adds `current` to the other direction,
+  // with its stored deck if the returned step has one. None when there is no such step.
   std::optional<EditStep> go(Direction direction, EditStep current);
 
  private:

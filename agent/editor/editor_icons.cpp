@@ -31,7 +31,7 @@ QImage EditorIcons::icon(const QString& number) const {
 QImage EditorIconProvider::requestImage(const QString& id, QSize* size,
                                         const QSize& requestedSize) {
   QImage icon = icons_->icon(id);
-  // The view says how large it draws; what the icon says of its scale would shrink it twice.
+  // The view scales the icon. Its own pixel ratio would scale it a second time.
   icon.setDevicePixelRatio(1);
   if (size != nullptr) {
     *size = icon.size();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The icons that the editor's views show.
+// The icons of the editor's views.
 #pragma once
 
 #include <QImage>
@@ -11,15 +11,15 @@
 
 namespace glintboard {
 
-// Icons under numbers that are never used twice, so that another icon has another source and no
-// view keeps an old one. Safe on any thread: views load images on threads of their own.
+// Each icon has a number that is never used again, so that a changed icon has a new source and
+// views do not show a cached one. Any thread, since views load images on threads of their own.
 class EditorIcons {
  public:
-  // The name under which a QML engine is given the provider below.
+  // The name of the provider below in a QML engine.
   static constexpr const char* providerName = "editor-icons";
 
-  // Keeps the icon of `key` and forgets the one before. Returns what an Image element takes as its
-  // source, empty for a null icon.
+  // Stores the icon of `key` instead of an earlier one. Returns its source for an Image element,
+  // empty for a null icon.
   QString set(const QString& key, QImage icon);
   void remove(const QString& key);
   // The icon of a number, or a null image.
@@ -32,7 +32,7 @@ class EditorIcons {
   std::map<int, QImage> icons_;
 };
 
-// Serves the icons to a QML engine, which owns it; the icons may outlive it or it them.
+// Provides the icons to a QML engine, which owns the provider.
 class EditorIconProvider : public QQuickImageProvider {
  public:
   explicit EditorIconProvider(std::shared_ptr<const EditorIcons> icons)

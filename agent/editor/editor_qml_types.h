@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The editor's models as QML knows them.
+// Registers the editor's models with QML.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -12,7 +12,7 @@ struct DeckEditorModelInQml {
   Q_GADGET
   QML_FOREIGN(glintboard::DeckEditorModel)
   QML_NAMED_ELEMENT(DeckEditorModel)
-  QML_UNCREATABLE("The window's presenter makes it.")
+  QML_UNCREATABLE("The window's presenter creates it.")
 };
 
 struct DeckTilesModelInQml {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The colour that an icon lends to its card and key.
+// Derives the colour of a card and a key from their icon.
 #include "agent/editor/icon_accent.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace glintboard {
 namespace {
 
 constexpr int side = 8;
-// What a grey pixel weighs.
+// The weight of a grey pixel.
 constexpr double leastWeight = 0.15;
 constexpr float leastSaturation = 0.55F;
 constexpr float leastBrightness = 0.75F;
@@ -57,7 +57,7 @@ std::optional<QColor> InstalledAppsCatalog::accentColor(const QImage& image) {
     return static_cast<float>(std::min(sums[channel] / total, 1.0));
   };
   const QColor color = QColor::fromRgbF(average(0), average(1), average(2));
-  // Qt calls the hue of a grey -1.
+  // Qt reports the hue -1 for a grey.
   return QColor::fromHsvF(std::max(color.hsvHueF(), 0.0F),
                           std::max(color.hsvSaturationF(), leastSaturation),
                           std::max(color.valueF(), leastBrightness))

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The colour of cards and keys whose icon lends them none.
+// The colour of cards and keys without an icon.
 #pragma once
 
 #include <QColor>

@@ -16,7 +16,7 @@
 
 namespace glintboard {
 
-// What an application tells of itself.
+// An application's own metadata.
 struct AppBundleInfo {
   std::string label;
   std::string bundleId;  // never empty
@@ -38,8 +38,7 @@ struct InstalledApp {
   QColor accent = fallbackAccent();
 };
 
-// Stores nothing: every call looks again. The clients may be called from any thread, and so may
-// this.
+// Keeps no cache: every call lists the applications again. Any thread.
 class InstalledAppsCatalog {
  public:
   // `workers` draw the icons.
@@ -57,12 +56,12 @@ class InstalledAppsCatalog {
   // are left out. Icons are drawn on a worker.
   Awaitable<std::vector<InstalledApp>> load(WorkspaceClient workspace) const;
 
-  // The same in two steps, for those who show the applications before their icons are drawn.
-  // First the applications, without icons and with the fallback accent.
+  // load() in two steps, to show the applications before their icons are drawn. First the
+  // applications, without icons and with the fallback accent.
   Awaitable<std::vector<InstalledApp>> list(WorkspaceClient workspace) const;
-  // Then the icons and accents of some of them at a time. `drawn` is what earlier calls of the
-  // same load have drawn: applications that share an icon share its pixels. Not two calls at once
-  // with the same `drawn`.
+  // Then the icons and accents of a batch. `drawn` caches the icons of earlier calls of the same
+  // load, so that applications with the same icon share its pixels. Concurrent calls need different
+  // `drawn`.
   struct Drawn {
     QImage icon;
     QColor accent;

@@ -19,7 +19,7 @@
 
 namespace glintboard {
 
-// Where the listing stands; a failed one says why in `loadMessage`.
+// The state of the listing. `loadMessage` has the reason of a failure.
 enum class ShortcutsLoadState { loading, loaded, empty, failed };
 template <>
 struct EnumText<ShortcutsLoadState> {
@@ -31,7 +31,7 @@ struct EnumText<ShortcutsLoadState> {
   }};
 };
 
-// Lives on the main thread; a load under way shares it.
+// Lists the Shortcuts and their icons. Main thread; a load under way shares ownership.
 class ShortcutsLibrary : public QObject, public std::enable_shared_from_this<ShortcutsLibrary> {
   Q_OBJECT
   Q_PROPERTY(glintboard::DeckLibraryModel* cards READ cards CONSTANT)
@@ -43,7 +43,7 @@ class ShortcutsLibrary : public QObject, public std::enable_shared_from_this<Sho
   Q_PROPERTY(QString suggestedSymbolName READ suggestedSymbolName CONSTANT)
 
  public:
-  // What it works with; the icon provider outlives every load.
+  // The dependencies. The icon provider must outlive every load.
   struct Parts {
     asio::any_io_executor mainThread;
     asio::any_io_executor workers;
@@ -64,22 +64,22 @@ class ShortcutsLibrary : public QObject, public std::enable_shared_from_this<Sho
   QString loadStateText() const;
   QString loadMessage() const { return loadMessage_; }
   const std::vector<CatalogShortcut>& catalogShortcuts() const { return shortcuts_; }
-  // Whether `catalogShortcuts` is what is there: a listing has succeeded, and none failed since.
+  // Whether `catalogShortcuts` is complete: the last listing has succeeded.
   bool isKnown() const { return isKnown_; }
   // Null when there is none. Valid until changed().
   const CatalogShortcut* shortcut(const std::string& identifier) const;
-  // Null without an icon; in either letter case. Valid until changed().
+  // Null without an icon. Ignores case. Valid until changed().
   const Icon* icon(const std::string& identifier) const;
 
-  // The suggestion shows until the Shortcut is there.
+  // True until the suggested Shortcut exists.
   bool showsSuggested() const;
   QString suggestedTitle() const;
   QString suggestedText() const;
   QString suggestedSymbolName() const;
 
-  // Lists them; also Refresh and Retry. Does nothing while a listing is under way.
+  // Lists the Shortcuts, also for Refresh and Retry. Does nothing while a listing is under way.
   Q_INVOKABLE void load();
-  // Opens the place where the user makes Shortcuts.
+  // Opens the application in which the user creates Shortcuts.
   Q_INVOKABLE void open();
 
  Q_SIGNALS:

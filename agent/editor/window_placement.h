@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where a window opens.
+// The position of a new window.
 #pragma once
 
 #include <QPoint>
@@ -9,15 +9,15 @@
 
 namespace glintboard {
 
-// A screen in the coordinates of the desktop; `available` is what panels and docks leave of it.
+// A screen in desktop coordinates. `available` excludes panels and docks.
 struct ScreenArea {
   QRect whole;
   QRect available;
 };
 
-// A window of that size in the middle of the screen under the pointer, else of the window's own
-// screen, else of the first. Smaller than asked where the screen is. `screens` must not be empty,
-// its first is the main one; `own` is the place of the window's screen among them, or -1.
+// The geometry of a window of that size in the middle of the screen under the pointer, else of the
+// window's own screen, else of the first. The size is limited to the screen's. `screens` must not
+// be empty and starts with the main one; `own` is the index of the window's screen in it, or -1.
 QRect centredWindow(QSize size, QPoint pointer, const std::vector<ScreenArea>& screens,
                     int own = -1);
 

@@ -13,7 +13,8 @@
 namespace glintboard {
 namespace {
 
-// What the system tells the user of an errno; to the process itself it speaks English.
+// The system's text for an errno in the user's language. The process's own message locale is
+// English.
 QString reason(int number) {
   static const locale_t language = ::newlocale(LC_CTYPE_MASK | LC_MESSAGES_MASK, "", nullptr);
   return QString::fromLocal8Bit(language == nullptr ? ::strerror(number)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a view says of an error.
+// The text of an error for the user.
 #pragma once
 
 #include <QString>

@@ -25,7 +25,7 @@ QTranslator& translator() {
 
 void speakLanguageOfUser() {
   speak(languageFor(QLocale::system().uiLanguages()));
-  // Libraries say what went wrong in this language, and phones are told so.
+  // Error messages of libraries stay English, since they are sent to phones.
   std::setlocale(LC_MESSAGES, "C");
 }
 

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
-// The language of the views.
+// The language of the user interface.
 #pragma once
 
 #include <QStringList>
 
 namespace glintboard {
 
-// Makes the views speak the first of the user's languages that the agent knows, and English if that
-// comes first or there is none. What goes to phones and into the log stays English. To be called
-// once, after the application object is made and before any text is.
+// Selects the first of the user's languages that the agent has a translation for, else English.
+// Messages to phones and the log stay English. Call it once, after the application object is
+// created and before any text is read.
 void speakLanguageOfUser();
 
-// Makes the views that are made from now on speak it: "de", "es", "fr", "ja", or "en". False, and
-// nothing changes, for a language that the agent does not know. Main thread.
+// Sets the language of views created later: "de", "es", "fr", "ja", or "en". Returns false and
+// changes nothing for a language without a translation. Main thread.
 bool speak(const QString& language);
 
-// The language for a user who wants these, best first, named as in "de-AT".
+// The language for a user's preferences, best first, named as in "de-AT".
 QString languageFor(const QStringList& wanted);
 
 }  // namespace glintboard

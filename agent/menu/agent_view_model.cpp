@@ -13,8 +13,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How often a failed listener is looked after.
-constexpr auto recoveryCheckPause = 1s;
+// The interval between checks of a failed listener.
+constexpr auto recoveryCheckInterval = 1s;
 
 QString text(const std::string& utf8) {
   return QString::fromStdString(utf8);
@@ -37,14 +37,14 @@ AgentViewModel::AgentViewModel(asio::any_io_executor mainThread, AgentEnvironmen
   connect(this, &AgentViewModel::isLockedOutChanged, this,
           &AgentViewModel::pairingStatusTextChanged);
   recoveryCheck_.setSingleShot(true);
-  recoveryCheck_.setInterval(recoveryCheckPause);
+  recoveryCheck_.setInterval(recoveryCheckInterval);
   recoveryCheck_.callOnTimeout(this, &AgentViewModel::refreshSoon);
   followServices();
   spawn(mainThread_, startListener(), "starting the listener");
 }
 
 void AgentViewModel::followServices() {
-  const auto told = [weak = QPointer<AgentViewModel>(this), mainThread = mainThread_] {
+  const auto changed = [weak = QPointer<AgentViewModel>(this), mainThread = mainThread_] {
     asio::post(mainThread, [weak] {
       if (weak) {
         weak->refreshConnectedPhone();
@@ -52,9 +52,9 @@ void AgentViewModel::followServices() {
       }
     });
   };
-  services_.pairingService().whenChanged(told);
-  services_.listenerService().whenChanged(told);
-  services_.environment().nameChanges.add(told);
+  services_.pairingService().whenChanged(changed);
+  services_.listenerService().whenChanged(changed);
+  services_.environment().nameChanges.add(changed);
 }
 
 bool AgentViewModel::refreshConnectedPhone() {
@@ -89,14 +89,15 @@ Awaitable<> AgentViewModel::refreshOnce(QPointer<AgentViewModel> viewModel) {
 }
 
 Awaitable<> AgentViewModel::refresh() {
-  const QPointer<AgentViewModel> self(this);  // may be gone when a service has answered
+  const QPointer<AgentViewModel> self(this);  // may be destroyed while a service answers
   const int commands = pairingCommands_;
   const PairingState pairing = co_await services_.pairingService().state();
   if (!self) {
     co_return;
   }
   if (commands == pairingCommands_) {
-    setPairing(pairing);  // else it may tell of what was before the command, which refreshes itself
+    // Else the state may be older than the command, which refreshes after itself.
+    setPairing(pairing);
   }
   const ListenerState listener = co_await services_.listenerService().state();
   if (!self) {
@@ -206,7 +207,7 @@ Awaitable<> AgentViewModel::unpair() {
   try {
     co_await services_.pairingService().unpairAll();
   } catch (const std::exception& error) {
-    // The phone is forgotten all the same.
+    // The pairing service has removed the phone from memory.
     log::warning("unpairing: ", error.what());
   }
   ++pairingCommands_;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user interface shows and commands.
+// The services' state as the user interface shows it, and the user's commands.
 #pragma once
 
 #include <QObject>
@@ -16,16 +16,16 @@
 
 namespace glintboard {
 
-// A copy of the services' state, made anew whenever they tell of a change. A field's signal is
-// emitted only when its value changes. Optional texts are null when absent.
+// A copy of the services' state, updated whenever they report a change. A field's signal is emitted
+// only when its value changes. Optional texts are null when absent.
 //
 // Lives on the main thread; its coroutines run there and await the services.
 class AgentViewModel : public QObject {
   Q_OBJECT
 
  public:
-  // Makes the services, follows them and starts the listener. `mainThread` is the executor over the
-  // thread that makes this; `deckStore` must outlive it.
+  // Creates the services, observes them and starts the listener. `mainThread` is the executor of
+  // the thread that creates this; `deckStore` must outlive it.
   AgentViewModel(asio::any_io_executor mainThread, AgentEnvironment environment,
                  DeckStore& deckStore);
 
@@ -40,7 +40,7 @@ class AgentViewModel : public QObject {
   bool hasConnectedPhone() const { return hasConnectedPhone_; }
   QString shortcutCoachMessage() const { return shortcutCoachMessage_; }
   bool isShowingPairingCode() const { return isShowingPairingCode_; }
-  // The names of the paired phones, else what pairing waits for.
+  // The names of the paired phones, else the state of the pairing.
   QString pairingStatusText() const;
 
   DeckStore& deckStore() { return deckStore_; }
@@ -49,14 +49,14 @@ class AgentViewModel : public QObject {
 
   // Copies the services' state into the fields, and restarts a listener that has failed.
   Awaitable<> refresh();
-  // The listener's own answer at this moment, which hasConnectedPhone takes over.
+  // Reads whether a phone is connected now, updates hasConnectedPhone and returns it.
   bool refreshConnectedPhone();
   Awaitable<> startListener();
-  // The user's command.
+  // The user's command to restart the listener.
   Awaitable<> restartListener();
-  // Restarts a failed listener, at most once in five seconds.
+  // Restarts the listener, at most once in five seconds.
   Awaitable<> attemptAutomaticRecoveryIfNeeded();
-  // Shows a fresh code, by which another phone may replace the paired one.
+  // Creates and shows a new code, with which another phone can replace the paired one.
   Awaitable<> showPairingCode();
   Awaitable<> hidePairingCode();
   Awaitable<> unpair();
@@ -78,8 +78,7 @@ class AgentViewModel : public QObject {
  private:
   template <class T>
   void set(T& field, T value, void (AgentViewModel::*changed)());
-  // Copies what has changed, as soon as the services answer. Any number of changes that come
-  // meanwhile is one refresh.
+  // Schedules a refresh. Further calls before it starts have no effect.
   void refreshSoon();
   static Awaitable<> refreshOnce(QPointer<AgentViewModel> viewModel);
   void followServices();
@@ -103,7 +102,7 @@ class AgentViewModel : public QObject {
   bool hasConnectedPhone_ = false;
   QString shortcutCoachMessage_;
   bool isShowingPairingCode_ = false;
-  int pairingCommands_ = 0;  // carried out so far
+  int pairingCommands_ = 0;  // completed ones
 
   bool isRefreshDue_ = false;
   QTimer recoveryCheck_;  // runs while the listener has failed

@@ -7,10 +7,6 @@
 
 namespace glintboard {
 
-DeckMark::DeckMark(QQuickItem* parent) : QQuickPaintedItem(parent) {
-  connect(this, &DeckMark::changed, this, [this] { update(); });
-}
-
 void DeckMark::paint(QPainter* painter) {
   const qreal ratio = painter->device()->devicePixelRatio();
   QImage image = markImage(static_cast<int>(width() * ratio), key_, lit_);

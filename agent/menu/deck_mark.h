@@ -2,26 +2,23 @@
 // The agent's mark in its windows.
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
 #include <QColor>
-#include <QQuickPaintedItem>
+
+#include "ui/design/painted_item.h"
 
 namespace glintboard {
 
-// A deck of four keys, one of them lit; sharp at every scale factor. Main thread.
-class DeckMark : public QQuickPaintedItem {
+// Four keys, one of them lit; sharp at every scale factor. Main thread.
+class DeckMark : public glintboard::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QColor keyColor MEMBER key_ NOTIFY changed)
   Q_PROPERTY(QColor litColor MEMBER lit_ NOTIFY changed)
 
  public:
-  explicit DeckMark(QQuickItem* parent = nullptr);
+  using PaintedItem::PaintedItem;
 
   void paint(QPainter* painter) override;
-
- Q_SIGNALS:
-  void changed();
 
  private:
   QColor key_ = Qt::gray;

@@ -5,10 +5,6 @@
 
 namespace glintboard {
 
-PanelBackground::PanelBackground(QQuickItem* parent) : QQuickPaintedItem(parent) {
-  connect(this, &PanelBackground::changed, this, [this] { update(); });
-}
-
 void PanelBackground::paint(QPainter* painter) {
   const qreal hairline = 1 / painter->device()->devicePixelRatio();
   QLinearGradient ground(0, 0, 0, height());

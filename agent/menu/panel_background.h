@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-// The ground of a popover.
+// The background of a popover.
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
 #include <QColor>
-#include <QQuickPaintedItem>
+
+#include "ui/design/painted_item.h"
 
 namespace glintboard {
 
 // A rounded gradient with a hairline around it. Qt's own rectangle has jagged corners when a
 // gradient is drawn in software. Main thread.
-class PanelBackground : public QQuickPaintedItem {
+class PanelBackground : public glintboard::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(QColor topColor MEMBER top_ NOTIFY changed)
@@ -19,12 +19,9 @@ class PanelBackground : public QQuickPaintedItem {
   Q_PROPERTY(qreal radius MEMBER radius_ NOTIFY changed)
 
  public:
-  explicit PanelBackground(QQuickItem* parent = nullptr);
+  using PaintedItem::PaintedItem;
 
   void paint(QPainter* painter) override;
-
- Q_SIGNALS:
-  void changed();
 
  private:
   QColor top_ = Qt::white;

@@ -11,7 +11,7 @@ constexpr int gap = 8;  // to the panel and to the edges
 
 enum class Edge { top, bottom, left, right };
 
-// The edge that the anchor's panel is at; where no panel takes room of the screen, the nearest one.
+// The edge of the anchor's panel; the nearest edge when no panel reserves space.
 Edge edgeOf(QPoint anchor, const QRect& available) {
   const std::array distances{
       std::pair(anchor.y() - available.top(), Edge::top),
@@ -22,7 +22,7 @@ Edge edgeOf(QPoint anchor, const QRect& available) {
   return std::ranges::min_element(distances)->second;
 }
 
-// Trays lie at the far end of a panel.
+// Trays are at the far end of a panel.
 QPoint usualAnchor(const QRect& screen, const QRect& available) {
   if (available.left() > screen.left()) {
     return {screen.left(), screen.bottom()};
@@ -60,7 +60,7 @@ QPoint popoverPosition(std::optional<QPoint> anchor, QSize size, QRect screen, Q
           clamped(place.y(), inside.top(), inside.bottom() + 1 - size.height())};
 }
 
-// Qt scales a screen's size, but not its place.
+// Qt scales a screen's size, but not its position.
 std::optional<QPoint> pointOnScreen(QPoint pixels, QRect screen, qreal devicePixelRatio) {
   const QPoint place = pixels - screen.topLeft();
   if (!QRect(QPoint(), (QSizeF(screen.size()) * devicePixelRatio).toSize()).contains(place)) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where a popover opens.
+// The position of a popover.
 #pragma once
 
 #include <QPoint>
@@ -9,13 +9,14 @@
 
 namespace glintboard {
 
-// The place of a popover of `size` on a screen whose panels leave `available` of it. It lies beside
-// the panel that `anchor` is in, centred on it; without an anchor in the corner where the panel
-// keeps its tray. Always inside `available` as far as it fits, with its top in any case.
+// The top left corner of a popover of `size`. `available` is the area of the screen without its
+// panels. The popover is beside the panel that contains `anchor`, centred on the anchor; without an
+// anchor it is in the corner where the panel shows its tray. If it does not fit into `available`,
+// its top and left edges do.
 QPoint popoverPosition(std::optional<QPoint> anchor, QSize size, QRect screen, QRect available);
 
-// A point in the window system's pixels as a point of Qt's, on a screen whose geometry Qt tells as
-// `screen`; nothing when it lies on another.
+// Converts a point from the window system's pixels to Qt's coordinates. `screen` is a screen's
+// geometry in Qt's coordinates. None when the point is on another screen.
 std::optional<QPoint> pointOnScreen(QPoint pixels, QRect screen, qreal devicePixelRatio);
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A text as the modules of a QR code.
+// Encodes a text as a QR code.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ struct QRCode {
   int width = 0;           // modules on each side, without a quiet zone
   std::vector<bool> dark;  // row by row
 
-  // What lies outside is light.
+  // Modules outside the code are light.
   bool isDark(int x, int y) const {
     return x >= 0 && y >= 0 && x < width && y < width &&
            dark[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
@@ -20,7 +20,7 @@ struct QRCode {
   }
 };
 
-// The bytes of `text` at error correction level M; nothing when it is empty or too long.
+// Encodes the bytes of `text` at error correction level M. None when it is empty or too long.
 std::optional<QRCode> encodeQRCode(const std::string& text);
 
 }  // namespace glintboard

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// QR codes as pictures.
+// Draws QR codes as images.
 #pragma once
 
 #include <QImage>
@@ -7,12 +7,12 @@
 
 namespace glintboard::QRCodeImage {
 
-// The side of the picture that stands for a pairing address, in points.
+// The side of a pairing address's image, in points.
 inline constexpr int usualSide = 180;
 
 // The UTF-8 bytes of `text` as a QR code, black on white, over a square of `sideLength` points with
-// `devicePixelRatio` pixels each. Every module ends between two pixels, and a margin of one module
-// belongs to the picture. Null when the text is empty or too long.
+// `devicePixelRatio` pixels each. Modules end on pixel boundaries. The image includes a margin of
+// one module. Null when the text is empty or too long.
 QImage make(const QString& text, qreal sideLength = usualSide, qreal devicePixelRatio = 1);
 
 }  // namespace glintboard::QRCodeImage

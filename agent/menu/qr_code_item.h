@@ -7,8 +7,8 @@
 
 namespace glintboard {
 
-// Draws `text` over its whole square, at the pixels of the screen it is on: a picture that is
-// scaled again would get uneven modules. Main thread.
+// Draws `text` as a QR code over its whole square, at the resolution of its screen: a scaled image
+// would have uneven modules. Main thread.
 class QRCodeItem : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT

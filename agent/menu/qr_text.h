@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// QR codes for a terminal.
 #pragma once
 
 #include <string>

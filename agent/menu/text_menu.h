@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The menu of an agent without windows.
+// The menu of an agent without a display.
 #pragma once
 
 #include <QSocketNotifier>

@@ -20,7 +20,7 @@ void writeAll(int output, std::string_view text) {
     if (count > 0) {
       text.remove_prefix(static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
-      return;  // Nobody reads: the menu goes on.
+      return;  // No reader: the text is dropped.
     }
   }
 }

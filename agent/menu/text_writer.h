@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the menu in text is printed.
+// The output of the text menu.
 #pragma once
 
 #include <memory>
@@ -7,17 +7,17 @@
 
 namespace glintboard {
 
-// Writes to a descriptor on a thread of its own, for whoever reads there may hold it up: a terminal
-// that stands still, a full pipe. Any thread.
+// Writes to a descriptor on a thread of its own, since a stopped terminal or a full pipe may block
+// the writing. Any thread.
 class TextWriter {
  public:
   explicit TextWriter(int output);
-  // What is held up or not begun yet is lost.
+  // Discards texts that are not yet written. Does not wait for a blocked write.
   ~TextWriter();
   TextWriter(const TextWriter&) = delete;
   TextWriter& operator=(const TextWriter&) = delete;
 
-  // Returns at once. Of texts that wait behind one that is held up, the last ones are kept.
+  // Queues the text and returns at once. A full queue drops its oldest text.
   void write(std::string text);
 
  private:

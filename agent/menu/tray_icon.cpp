@@ -5,17 +5,22 @@
 #include <algorithm>
 #include <array>
 
+#include "ui/design/deck_brand_palette.h"
+
 namespace glintboard {
 namespace {
 
-constexpr QColor face{0xF6, 0xF0, 0xF4};
-constexpr QColor lit{0xFF, 0x4D, 0x9D};
-// What sets a key off a light panel; on a dark one nobody sees it.
-constexpr QColor rim{0x21, 0x16, 0x1D, 0xB0};
+// Makes the keys visible on a light panel.
+QColor rimColor() {
+  QColor color = DeckBrandPalette::lightText;
+  color.setAlpha(0xB0);
+  return color;
+}
 
-constexpr double roundness = 3.5;  // of a key: its side by its corners' radius
+constexpr double roundness = 3.5;  // the side of a key divided by its corner radius
 
-// The places of the keys in a square of `size` pixels: in two rows, every edge between two pixels.
+// The rectangles of the keys in a square of `size` pixels: two rows, every edge on a pixel
+// boundary.
 std::array<QRectF, 4> keysIn(int size) {
   const int between = std::max(2, size / 11);
   const int key = (size - size / 20 - between) / 2;
@@ -39,16 +44,16 @@ QImage trayImage(int size) {
   const auto keys = keysIn(size);
   for (std::size_t i = 0; i < keys.size(); ++i) {
     const qreal radius = keys[i].width() / roundness;
-    painter.setBrush(rim);
+    painter.setBrush(rimColor());
     painter.drawRoundedRect(keys[i], radius, radius);
-    painter.setBrush(i == litKey ? lit : face);
+    painter.setBrush(i == litKey ? DeckBrandPalette::accentVivid : DeckBrandPalette::darkText);
     const auto inner = keys[i].adjusted(border, border, -border, -border);
     painter.drawRoundedRect(inner, radius - border * 0.7, radius - border * 0.7);
   }
   return image;
 }
 
-QImage markImage(int size, const QColor& key, const QColor& litOne) {
+QImage markImage(int size, const QColor& key, const QColor& lit) {
   QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
@@ -56,7 +61,7 @@ QImage markImage(int size, const QColor& key, const QColor& litOne) {
   painter.setPen(Qt::NoPen);
   const auto keys = keysIn(size);
   for (std::size_t i = 0; i < keys.size(); ++i) {
-    painter.setBrush(i == litKey ? litOne : key);
+    painter.setBrush(i == litKey ? lit : key);
     const qreal radius = keys[i].width() / roundness;
     painter.drawRoundedRect(keys[i], radius, radius);
   }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The grid of keys that stands for the agent: in the tray, where the desktop has no picture of it
-// installed, and in its own windows.
+// The agent's icon, a grid of keys: for the tray where the desktop has no installed icon of the
+// agent, and for its own windows.
 #pragma once
 
 #include <QImage>
@@ -10,9 +10,9 @@ namespace glintboard {
 
 // The grid of keys as a square of `size` pixels (16 or more), readable on light and dark panels.
 QImage trayImage(int size);
-// The same without borders, in the colours of a window.
+// The same without borders, in the given colours.
 QImage markImage(int size, const QColor& key, const QColor& lit);
-// The sizes that trays show, smallest first.
+// The icon in the sizes that trays show, smallest first.
 std::vector<QImage> trayImages();
 
 }  // namespace glintboard

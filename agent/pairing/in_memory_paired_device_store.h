@@ -7,7 +7,7 @@
 
 namespace glintboard {
 
-// Keeps the list as long as it lives. Any thread.
+// Keeps the list in memory. Any thread.
 class InMemoryPairedDeviceStore : public PairedDeviceStoring {
  public:
   explicit InMemoryPairedDeviceStore(std::vector<PairedDevice> devices = {})

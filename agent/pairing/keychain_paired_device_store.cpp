@@ -18,7 +18,7 @@ KeychainQuery itemQuery() {
   return {std::string(agentIdentifier).append(".paired-devices"), "paired-devices"};
 }
 
-// An unreadable list is an empty one.
+// A list that cannot be decoded counts as empty.
 std::vector<PairedDevice> devicesIn(const std::string& data) {
   auto devices = decodeJson<std::vector<PairedDevice>>(data);
   return devices ? std::move(*devices) : std::vector<PairedDevice>();
@@ -46,10 +46,10 @@ KeychainPairedDeviceStoreError::KeychainPairedDeviceStoreError(Code givenCode,
 std::vector<PairedDevice> KeychainPairedDeviceStore::load() {
   std::string data;
   const KeychainStatus status = keychain_.copyMatching(itemQuery(), data);
-  const bool couldBeAsked = !isOutOfReach_;
+  const bool wasInReach = !isOutOfReach_;
   isOutOfReach_ = status != keychainSuccess && status != keychainItemNotFound;
-  // A session without a keychain has lost nothing.
-  if (isOutOfReach_ && couldBeAsked && status != keychainNotAvailable) {
+  // A session without a keychain is no fault.
+  if (isOutOfReach_ && wasInReach && status != keychainNotAvailable) {
     log::info("the stored pairing cannot be read (error ", status, ")");
   }
   return status == keychainSuccess ? devicesIn(data) : std::vector<PairedDevice>();

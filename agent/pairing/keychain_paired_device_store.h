@@ -21,7 +21,8 @@ class KeychainPairedDeviceStoreError : public std::runtime_error {
   KeychainStatus status;
 };
 
-// Keeps the list as one generic password: a JSON array of devices.
+// Stores the list as one generic password: a JSON array of devices. Saving and deleting throw
+// KeychainPairedDeviceStoreError.
 class KeychainPairedDeviceStore : public PairedDeviceStoring {
  public:
   // `keychain` must outlive the store.
@@ -29,7 +30,7 @@ class KeychainPairedDeviceStore : public PairedDeviceStoring {
 
   std::vector<PairedDevice> load() override;
   bool isOutOfReach() const override { return isOutOfReach_; }
-  void watch(std::function<void()> told) override { keychain_.watch(std::move(told)); }
+  void watch(std::function<void()> changed) override { keychain_.watch(std::move(changed)); }
   void save(const std::vector<PairedDevice>& devices) override;
   void deleteAll() override;
 
@@ -38,7 +39,7 @@ class KeychainPairedDeviceStore : public PairedDeviceStoring {
   bool isOutOfReach_ = false;
 };
 
-// Of two stored lists the one with the later pairing is the later one; an empty list is none.
+// Of two stored lists, the one with the later pairing wins; an empty list counts as removed.
 KeychainMergeRule pairedDevicesMergeRule();
 
 }  // namespace glintboard

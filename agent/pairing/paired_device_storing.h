@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the trusted phones are remembered.
+// The store of paired devices.
 #pragma once
 
 #include <functional>
@@ -9,20 +9,20 @@
 
 namespace glintboard {
 
-// The calls may block: the pairing service makes them on the keychain lane, one at a time.
+// Calls may block. The pairing service makes them on the keychain lane, one at a time.
 class PairedDeviceStoring {
  public:
   virtual ~PairedDeviceStoring() = default;
   // The stored list; empty when there is none or it cannot be read. Never throws.
   virtual std::vector<PairedDevice> load() = 0;
-  // Whether the last `load` could not ask what is stored, so that a later one may tell more.
+  // Whether the last `load` failed to access the store, so that a later one may succeed.
   virtual bool isOutOfReach() const { return false; }
-  // From now on calls `told`, on any thread, whenever `load` may tell more than it last did;
-  // without a function ends that.
-  virtual void watch(std::function<void()> /*told*/) {}
-  // Replaces the stored list. Throws; the list stored before is then kept.
+  // Calls `changed`, on any thread, whenever `load` may give another result. Replaces the previous
+  // function; an empty one ends the watch.
+  virtual void watch(std::function<void()> /*changed*/) {}
+  // Replaces the stored list. Throws; the previous list is then intact.
   virtual void save(const std::vector<PairedDevice>& devices) = 0;
-  // Removes the stored list; there being none is a success. Throws.
+  // Removes the stored list, if there is one. Throws.
   virtual void deleteAll() = 0;
 };
 

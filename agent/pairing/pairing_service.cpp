@@ -5,7 +5,6 @@
 
 #include "platform/log.h"
 #include "platform/run_on.h"
-#include "platform/spawn.h"
 #include "protocol/message_factory.h"
 #include "protocol/pairing_secrets.h"
 
@@ -14,7 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto loadDeadline = 2s;
 constexpr auto changeDeadline = 5s;
 
 PairFailPayload failure(PairingFailureReason reason, std::string message) {
@@ -25,121 +23,16 @@ PairFailPayload lockoutFailure() {
   return failure(PairingFailureReason::lockout, "Too many failed PIN attempts");
 }
 
-// Wakes one coroutine from any thread.
-class Wakeup : public std::enable_shared_from_this<Wakeup> {
- public:
-  explicit Wakeup(const asio::any_io_executor& executor) : timer_(executor) {
-    timer_.expires_at(asio::steady_timer::time_point::max());
-  }
-
-  // Any thread.
-  void notify() {
-    asio::post(timer_.get_executor(), [self = shared_from_this()] {
-      self->isNotified_ = true;
-      self->timer_.cancel();
-    });
-  }
-
-  // Resumes once there was a notification since the last call. On the timer's executor.
-  static Awaitable<> next(std::shared_ptr<Wakeup> wakeup) {
-    while (!std::exchange(wakeup->isNotified_, false)) {
-      co_await wakeup->timer_.async_wait(asio::as_tuple(asio::use_awaitable));
-    }
-  }
-
- private:
-  asio::steady_timer timer_;
-  bool isNotified_ = false;
-};
-
 }  // namespace
-
-// The loading of the stored list. It goes on when the service has stopped waiting for it, and again
-// when a store out of reach tells of a change; it ends when the service drops it.
-class PairingService::Loading {
- public:
-  Loading(const asio::any_io_executor& executor, std::shared_ptr<const Observers> observers)
-      : ended_(executor),
-        observers_(std::move(observers)),
-        changed_(std::make_shared<Wakeup>(executor)) {
-    ended_.expires_after(loadDeadline);
-  }
-  Loading(const Loading&) = delete;
-  Loading& operator=(const Loading&) = delete;
-  ~Loading() { changed_->notify(); }
-
-  static void start(const std::shared_ptr<Loading>& loading,
-                    std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
-    spawn(loading->ended_.get_executor(),
-          run(loading, loading->changed_, std::move(store), std::move(lane)),
-          "loading the pairing");
-  }
-
-  bool isExpected() const { return ended_.expiry() > std::chrono::steady_clock::now(); }
-  // Resumes when the list is there, or is not expected any more.
-  Awaitable<> wait() {
-    if (isExpected()) {
-      co_await ended_.async_wait(asio::as_tuple(asio::use_awaitable));
-    }
-  }
-
-  // The list, once.
-  std::optional<std::vector<PairedDevice>> take() { return std::exchange(devices_, std::nullopt); }
-
- private:
-  static Awaitable<> run(std::weak_ptr<Loading> wanted, std::shared_ptr<Wakeup> changed,
-                         std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane) {
-    bool watches = false;
-    while (!wanted.expired()) {
-      auto load = runOn(lane, [store] {
-        auto devices = store->load();
-        return std::pair(std::move(devices), store->isOutOfReach());
-      });
-      auto [devices, isOutOfReach] = co_await std::move(load);
-      if (const auto loading = wanted.lock()) {
-        loading->devices_ = std::move(devices);
-        loading->ended_.expires_at(asio::steady_timer::time_point::min());
-        loading->observers_->notify();
-      }
-      if (!isOutOfReach) {
-        break;
-      }
-      if (!std::exchange(watches, true)) {
-        const auto told = [weak = std::weak_ptr(changed)] {
-          if (const auto waiting = weak.lock()) {
-            waiting->notify();
-          }
-        };
-        co_await watch(store, lane, told);
-      }
-      co_await Wakeup::next(changed);
-    }
-    if (watches) {
-      co_await watch(store, lane, {});
-    }
-  }
-
-  static Awaitable<> watch(std::shared_ptr<PairedDeviceStoring> store, asio::any_io_executor lane,
-                           std::function<void()> told) {
-    auto watching = runOn(lane, [store, told = std::move(told)] { store->watch(told); });
-    co_await std::move(watching);
-  }
-
-  asio::steady_timer ended_;
-  const std::shared_ptr<const Observers> observers_;
-  std::optional<std::vector<PairedDevice>> devices_;
-  const std::shared_ptr<Wakeup> changed_;
-};
 
 PairingService::PairingService(asio::any_io_executor executor, asio::any_io_executor storeLane,
                                std::unique_ptr<PairedDeviceStoring> store)
     : Actor(std::move(executor)),
       store_(std::move(store)),
       storeLane_(std::move(storeLane)),
-      changes_(this->executor()),
-      loading_(std::make_shared<Loading>(this->executor(), observers_)) {
+      changes_(this->executor()) {
   renewSecrets();
-  Loading::start(loading_, store_, storeLane_);
+  loading_ = PairedListLoading::start(this->executor(), storeLane_, store_, observers_);
 }
 
 Awaitable<PairingResponse> PairingService::handlePairRequest(PairRequestPayload request,
@@ -176,7 +69,6 @@ Awaitable<> PairingService::loaded() {
   takeLoaded();
 }
 
-// A list that comes late still counts, unless a phone was paired or forgotten meanwhile.
 void PairingService::takeLoaded() {
   auto devices = loading_ ? loading_->take() : std::nullopt;
   if (devices) {
@@ -241,7 +133,6 @@ Awaitable<PairingResponse> PairingService::doHandlePairRequest(PairRequestPayloa
   co_return MessageFactory::pairOK(token, requestId);
 }
 
-// Why the request is refused whatever its secret, or none.
 std::optional<PairFailPayload> PairingService::refusal(const PairRequestPayload& request) {
   if (request.method == PairingMethod::pin && engine_.isLockedOut()) {
     return lockoutFailure();

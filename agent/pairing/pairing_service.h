@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one owner of this computer's pairing.
+// The pairing of this computer.
 #pragma once
 
 #include <memory>
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "agent/pairing/paired_device_storing.h"
+#include "agent/pairing/paired_list_loading.h"
 #include "platform/actor.h"
 #include "platform/async_lock.h"
 #include "platform/observers.h"
@@ -30,7 +31,7 @@ class PairingServiceError : public std::runtime_error {
   Code code;
 };
 
-// What the user is shown of the pairing.
+// The state that the user sees.
 struct PairingState {
   std::string currentPIN;
   std::string currentPairingCode;
@@ -39,41 +40,40 @@ struct PairingState {
   bool replacementPairingEnabled = false;
 };
 
-// Judges pairing requests, issues device tokens and says whose a token is. At most one phone is
-// trusted: a successful pairing replaces the list. Changes happen one after another, each with its
-// store call; looking a token up never waits for them. Everything waits at most two seconds for
-// the stored list at the start; one that comes later is taken as long as nothing was changed.
+// Checks pairing requests, issues device tokens and looks tokens up. At most one phone is paired: a
+// successful pairing replaces the list. Changes are serialised, each with its store call; looking a
+// token up does not wait for them. At the start every operation waits up to two seconds for the
+// stored list. A list that is loaded later is used unless the pairing was changed before.
 //
-// An actor of the service loop.
+// An actor of the service loop. The operations may be awaited on any executor.
 class PairingService : public Actor {
  public:
-  // Starts loading the stored list; while the store is out of reach, loads it again whenever the
-  // store tells that it may be readable. Throws SecureRandomError.
+  // Starts loading the stored list. A store out of reach is loaded again when it reports a change.
+  // The store is called on `storeLane` only, where it may block. Throws SecureRandomError.
   PairingService(asio::any_io_executor executor, asio::any_io_executor storeLane,
                  std::unique_ptr<PairedDeviceStoring> store);
 
-  // Throws PairingServiceError::persistenceFailed when the new pairing cannot be saved; it is in
-  // effect all the same until the agent ends.
+  // The complete reply to the request. Throws PairingServiceError::persistenceFailed when the new
+  // pairing cannot be saved; it is valid until the agent ends.
   Awaitable<PairingResponse> handlePairRequest(PairRequestPayload request, Uuid requestId);
   // The paired device of that token, or none.
   Awaitable<std::optional<PairedDevice>> device(std::string token);
-  // Whether the token is a paired device's, at once; none as long as the stored list is waited for.
-  // To be called in the actor's turn.
+  // Whether the token names a paired device; none while the stored list is waited for. On the
+  // actor's executor only.
   std::optional<bool> isPaired(std::string_view token);
-  // Forgets the paired phone. Throws the store's error; the phone is forgotten until the agent
-  // ends all the same.
+  // Removes the pairing. Throws the store's error, or std::runtime_error after five seconds; the
+  // phone is unpaired until the agent ends in either case.
   Awaitable<> unpairAll();
-  // From now on another phone may pair and replace the paired one, with fresh secrets.
+  // Renews the secrets and lets another phone pair and replace the paired one.
   Awaitable<> beginReplacementPairing();
+  // Refuses other phones again.
   Awaitable<> endReplacementPairing();
   Awaitable<PairingState> state();
-  // Calls `told` in the actor's turn at every change of the state, the arrival of the stored list
-  // included. Any thread.
-  void whenChanged(std::function<void()> told) { observers_->add(std::move(told)); }
+  // Calls `observer` on the actor's executor after each change of the state, including the load of
+  // the stored list. Any thread.
+  void whenChanged(std::function<void()> observer) { observers_->add(std::move(observer)); }
 
  private:
-  class Loading;
-
   Awaitable<PairingResponse> doHandlePairRequest(PairRequestPayload request, Uuid requestId);
   Awaitable<std::optional<PairedDevice>> doDevice(std::string token);
   Awaitable<> doUnpairAll();
@@ -81,14 +81,17 @@ class PairingService : public Actor {
   Awaitable<> doEndReplacementPairing();
   Awaitable<PairingState> doState();
 
+  // Waits for the stored list and takes it over.
   Awaitable<> loaded();
   void takeLoaded();
   const PairedDevice* find(std::string_view token) const;
+  // Why the request is refused regardless of its secret; none when it is not.
   std::optional<PairFailPayload> refusal(const PairRequestPayload& request);
+  // Why the secret is refused; none when it is right. Counts wrong PINs.
   std::optional<PairFailPayload> secretRefusal(const PairRequestPayload& request);
   void renewSecrets();
 
-  // Shared with the store lane, where a call may still hang when this is destroyed.
+  // Shared with the calls on the store lane, which may outlive this.
   std::shared_ptr<PairedDeviceStoring> store_;
   // Shared with the loading, which may outlive this.
   const std::shared_ptr<Observers> observers_ = std::make_shared<Observers>();
@@ -99,8 +102,8 @@ class PairingService : public Actor {
   std::string currentPairingCode_;
   std::vector<PairedDevice> pairedDevices_;
   bool replacementPairingEnabled_ = false;
-  // None once a phone was paired or forgotten: the stored list is then outdated.
-  std::shared_ptr<Loading> loading_;
+  // Null after a change of the pairing, which makes the stored list outdated.
+  std::shared_ptr<PairedListLoading> loading_;
 };
 
 }  // namespace glintboard

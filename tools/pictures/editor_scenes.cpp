@@ -227,7 +227,7 @@ void openCategories(EditorStage& stage) {
   QTest::mouseClick(window, Qt::LeftButton, {}, centreOf(stage, QStringLiteral("category")));
 }
 
-// What a window of this day or of an earlier one left behind.
+// A draft of today or of an earlier day.
 void keepDraft(EditorStage& stage, bool isOfToday) {
   usual(stage);
   auto tiles = usualTiles();
@@ -250,7 +250,7 @@ void withOutdatedDraft(EditorStage& stage) {
   keepDraft(stage, false);
 }
 
-// The built-in deck holds nothing that is installed here.
+// The built-in deck has no installed application here.
 void reset(EditorStage& stage) {
   auto model = stage.presenter->model();
   model->reset();

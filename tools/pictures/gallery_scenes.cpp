@@ -48,7 +48,7 @@ Rectangle {
     Repeater { model: symbolNames
       Symbol { required property string modelData; name: modelData; color: Theme.text; size: 28 } }
   }
-  Spinner { x: 348; y: 300; size: 32; color: Theme.accent }
+  Spinner { x: 348; y: 300; size: 32; color: Theme.accent; delay: 0 }
   Row { x: 348; y: 360; spacing: 12
     Repeater { model: [Theme.success, Theme.warning, Theme.dangerVivid, Theme.inactive, Theme.accent]
       Rectangle { required property color modelData; width: 24; height: 24; radius: 12; color: modelData } } }

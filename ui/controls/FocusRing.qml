@@ -3,8 +3,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Glintboard.UI
 
-// Two pixels of accent around what has the keyboard's focus, with two of space between.
-// Lies inside the control it belongs to: `FocusRing { target: control; cornerRadius: 8 }`.
+// A ring in the accent around the control with the keyboard focus: two pixels wide, with a gap of
+// two. It is a child of the control: `FocusRing { target: control; cornerRadius: 8 }`.
 Rectangle {
     id: ring
 

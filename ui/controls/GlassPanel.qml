@@ -3,12 +3,12 @@ import QtQuick
 import QtQuick.Window
 import Glintboard.UI
 
-// A rounded translucent panel; opaque under increased contrast, or where nothing shines through.
+// A rounded translucent panel; opaque with increased contrast or without a window's ground behind it.
 Item {
     id: panel
 
     property real radius: Theme.PanelRadius
-    // Without a window's ground behind it a panel must be opaque to be legible.
+    // An opaque panel stays legible without a window's ground behind it.
     property bool opaque: Theme.increasedContrast
     property bool raised: false
     property color fill: panel.opaque ? Theme.solidSurface : Theme.surface

@@ -2,11 +2,11 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// What every button does: Return presses it too, and a key that is held down presses it once.
+// The base of all buttons. Return presses it too, and a key that is held down presses it once.
 T.Button {
     id: button
 
-    // Keys do nothing meanwhile.
+    // Ignores keys while true.
     property bool busy: false
 
     focusPolicy: Qt.StrongFocus

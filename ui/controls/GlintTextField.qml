@@ -4,15 +4,15 @@ import QtQuick.Templates as T
 import QtQuick.Window
 import Glintboard.UI
 
-// A line to type in: for a search, with a symbol in front, or for a name edited in place.
+// A text field of one line: a search field with a symbol, or a name that is edited in place.
 T.TextField {
     id: control
 
     // In front of the text; "magnifyingglass" for a search.
     property string symbolName: ""
-    // Shows no frame until the pointer or the keyboard is on it.
+    // Shows its frame only while it is hovered or has the focus.
     property bool inPlace: false
-    // What a screen reader calls it; the placeholder will mostly do.
+    // The name for screen readers, the placeholder by default.
     property string accessibleName: control.placeholderText
 
     implicitWidth: Math.max(contentWidth + leftPadding + rightPadding, placeholder.implicitWidth + leftPadding + rightPadding, 120)

@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import QtQuick.Window
 import Glintboard.UI
 
-// Explains a control to whoever rests the pointer on it: `HelpText { target: button; text: "…" }`.
+// A tool tip: `HelpText { target: button; text: "…" }`.
 T.ToolTip {
     id: tip
 

@@ -2,14 +2,14 @@
 import QtQuick
 import Glintboard.UI
 
-// A command as a quiet row over the whole width.
+// A borderless button that fills the width of its row.
 GlintButton {
     id: control
 
-    // What cannot be undone is written in the colour of danger.
+    // A command that cannot be undone has a red text.
     property bool destructive: false
     property string symbolName: ""
-    // Shown at the end of the row; it is the caller who makes the keys work.
+    // Shown at the end of the row. The user of this control binds the keys.
     property string shortcutText: ""
     readonly property color ink: control.destructive ? Theme.dangerText : Theme.text
     // Red on the neutral tint is hard to read: a destructive row is tinted with its own colour.

@@ -2,7 +2,7 @@
 import QtQuick
 import Glintboard.UI
 
-// What a MenuRowButton says: a symbol, a text that may take several lines, and its keys at the end.
+// The content of a MenuRowButton: a symbol, a text that may wrap, and the keyboard shortcut.
 Item {
     id: label
 

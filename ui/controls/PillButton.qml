@@ -3,8 +3,7 @@ import QtQuick
 import QtQuick.Window
 import Glintboard.UI
 
-// A button in the form of a pill: the primary one filled with the accent, the others quiet. While it
-// is busy it shows that what was pressed is under way.
+// A pill-shaped button. The primary kind is filled with the accent. A busy one shows a spinner.
 GlintButton {
     id: control
 

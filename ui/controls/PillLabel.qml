@@ -2,7 +2,7 @@
 import QtQuick
 import Glintboard.UI
 
-// What a PillButton says: a symbol, a text, or the spinner in their place.
+// The content of a PillButton: a symbol and a text, or the spinner instead of both.
 Item {
     id: label
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the user asks of every window's look. The agent hands it in; nothing here asks a desktop.
+// The user's appearance settings. The agent passes them in; the ui library does not read the
+// desktop's settings.
 #pragma once
 
 namespace glintboard {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the module's resources lie.
+// Finds the module's resources.
 #pragma once
 
 #include <QString>
@@ -9,8 +9,7 @@ namespace glintboard {
 class BundleFinder {
  public:
   BundleFinder() = delete;
-  // The folder of the module's resources. Ends the program when they were not linked in, since no
-  // view could be drawn.
+  // The folder of the module's resources. Ends the process when they are not linked in.
   static QString resourceBundle();
 };
 

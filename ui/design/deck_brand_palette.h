@@ -36,6 +36,16 @@ constexpr RGB dangerComponents{0.78, 0.12, 0.12};
 constexpr RGB dangerVividComponents{1.0, 0.27, 0.23};
 constexpr RGB inactiveComponents{0.56, 0.56, 0.58};
 
+// The windows' neutrals, of the light and the dark appearance.
+inline constexpr QColor lightWindowTop{0xFC, 0xF8, 0xFB};
+inline constexpr QColor darkWindowTop{0x17, 0x12, 0x1A};
+inline constexpr QColor lightWindowBottom{0xF3, 0xEA, 0xF0};
+inline constexpr QColor darkWindowBottom{0x21, 0x18, 0x26};
+inline constexpr QColor lightText{0x21, 0x16, 0x1D};
+inline constexpr QColor darkText{0xF6, 0xF0, 0xF4};
+inline constexpr QColor lightSecondaryText{0x5E, 0x4F, 0x59};
+inline constexpr QColor darkSecondaryText{0xBD, 0xB1, 0xBB};
+
 inline const QColor accentVivid = accentDarkComponents.color();
 inline const QColor accentText = accentTextComponents.color();
 inline const QColor accentLink = accentLightComponents.color();

@@ -31,7 +31,7 @@ bool registerAll() {
   return registerFolder(QCoreApplication::applicationDirPath() + "/Fonts") && bundled;
 }
 
-// The family as font files name it.
+// The family name in the font files.
 QString familyName(Family family) {
   switch (family) {
     case Family::ui:
@@ -59,8 +59,8 @@ int fileWeight(Family family, Weight weight) {
   return wanted <= 450 ? 400 : wanted <= 550 ? 500 : wanted <= 650 ? 600 : 700;
 }
 
-// Remembers the answers until the fonts of the system or of this process change: to list them takes
-// a while, and every text of a window asks.
+// Caches the answers until the fonts of the system or of this process change: listing the fonts is
+// slow, and every text of a window needs an answer.
 bool isKnownAvailable(const QString& name) {
   static QHash<QString, bool> answers;
   [[maybe_unused]] static const auto changes =

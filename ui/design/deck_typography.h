@@ -34,14 +34,14 @@ int number(Weight weight);
 // In points, before the user's text scale.
 double baseSize(TextStyle style);
 
-// Makes the module's fonts known to this process, once; needs a QGuiApplication. False when a file
-// of them could not be used: the makers below then fall back to the system's font.
+// Registers the module's fonts with this process, once; needs a QGuiApplication. Returns false when
+// a font file could not be loaded: the functions below then fall back to the system's font.
 bool registerFonts();
-// Whether a font of that PostScript name can be made.
+// Whether a font of that PostScript name is available.
 bool isPostScriptAvailable(const QString& name);
 QString postScriptName(Family family, Weight weight);
 
-// Makers of fonts of a text style. `textScale` is the user's; sizes are device-independent pixels.
+// Fonts of a text style. `textScale` is the user's; sizes are device-independent pixels.
 // Main thread only.
 QFont ui(TextStyle style, Weight weight = Weight::regular, double textScale = 1);
 QFont keyLabel(TextStyle style, Weight weight = Weight::regular, double textScale = 1);
@@ -49,7 +49,8 @@ QFont hero(TextStyle style, Weight weight = Weight::bold, double textScale = 1);
 QFont handCaption(TextStyle style, Weight weight = Weight::regular, double textScale = 1);
 QFont mono(TextStyle style, Weight weight = Weight::regular, double textScale = 1);
 
-// Makers of fonts of a size. They scale with the user's text when they are relative to a style.
+// Fonts of a size in pixels. They scale with the user's text size when they are relative to a
+// style.
 QFont ui(double size, Weight weight, std::optional<TextStyle> relativeTo, double textScale = 1);
 QFont keyLabel(double size, Weight weight, std::optional<TextStyle> relativeTo,
                double textScale = 1);

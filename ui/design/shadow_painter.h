@@ -9,7 +9,7 @@ class QPainter;
 
 namespace glintboard {
 
-// Paints the shadow of a rounded rectangle that covers `shape`; it fades out `blur` beyond it.
+// Paints the shadow of a rounded rectangle over `shape`. It fades out within `blur` pixels outside.
 void paintShadow(QPainter& painter, const QRectF& shape, qreal radius, qreal blur,
                  const QColor& color);
 

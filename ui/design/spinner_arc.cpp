@@ -7,24 +7,6 @@
 
 namespace glintboard {
 
-void SpinnerArc::setColor(const QColor& color) {
-  if (color == color_) {
-    return;
-  }
-  color_ = color;
-  update();
-  Q_EMIT colorChanged();
-}
-
-void SpinnerArc::setTurn(qreal turn) {
-  if (turn == turn_) {
-    return;
-  }
-  turn_ = turn;
-  update();
-  Q_EMIT turnChanged();
-}
-
 void SpinnerArc::paint(QPainter* painter) {
   const qreal side = std::min(width(), height());
   const qreal stroke = std::max(1.5, side / 9);

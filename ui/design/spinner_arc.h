@@ -2,33 +2,24 @@
 // The open ring of a progress spinner.
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
 #include <QColor>
-#include <QQuickPaintedItem>
+
+#include "ui/design/painted_item.h"
 
 namespace glintboard {
 
-// Fades out along its length. Whoever shows it turns it, as an item or by `turn`.
-class SpinnerArc : public QQuickPaintedItem {
+// Fades out along its length. Its owner animates it, by the item's rotation or by `turn`.
+class SpinnerArc : public glintboard::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
   // Degrees, clockwise.
-  Q_PROPERTY(qreal turn READ turn WRITE setTurn NOTIFY turnChanged)
+  Q_PROPERTY(qreal turn MEMBER turn_ NOTIFY changed)
 
  public:
-  explicit SpinnerArc(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
-
-  QColor color() const { return color_; }
-  void setColor(const QColor& color);
-  qreal turn() const { return turn_; }
-  void setTurn(qreal turn);
+  using PaintedItem::PaintedItem;
 
   void paint(QPainter* painter) override;
-
- Q_SIGNALS:
-  void colorChanged();
-  void turnChanged();
 
  private:
   QColor color_ = Qt::black;

@@ -2,37 +2,28 @@
 // A symbol in a view, sharp at every scale factor.
 #pragma once
 
-#include <QtQml/qqmlregistration.h>
 #include <QColor>
-#include <QQuickPaintedItem>
+
+#include "ui/design/painted_item.h"
 
 namespace glintboard {
 
 // In QML: `Symbol { name: "lock.fill"; color: Theme.text; size: 16 }`.
-class Symbol : public QQuickPaintedItem {
+class Symbol : public glintboard::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
-  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
+  // A name of Symbols. An empty one draws nothing.
+  Q_PROPERTY(QString name MEMBER name_ NOTIFY changed)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
   // The side of its square, in device-independent pixels.
-  Q_PROPERTY(qreal size READ size WRITE setSize NOTIFY sizeChanged)
+  Q_PROPERTY(qreal size READ implicitWidth WRITE setSide NOTIFY implicitWidthChanged)
 
  public:
   explicit Symbol(QQuickItem* parent = nullptr);
 
-  QString name() const { return name_; }
-  void setName(const QString& name);
-  QColor color() const { return color_; }
-  void setColor(const QColor& color);
-  qreal size() const { return implicitWidth(); }
-  void setSize(qreal size);
+  void setSide(qreal side) { setImplicitSize(side, side); }
 
   void paint(QPainter* painter) override;
-
- Q_SIGNALS:
-  void nameChanged();
-  void colorChanged();
-  void sizeChanged();
 
  private:
   QString name_;

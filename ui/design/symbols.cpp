@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/design/symbols.h"
 
+#include <QCache>
 #include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -16,6 +17,8 @@ namespace {
 struct Drawing {
   const char* symbol;
   const char* file;
+  // The file whose drawing is fitted to the area, so that related symbols share scale and position.
+  const char* fittedAs = file;
 };
 
 constexpr Drawing drawings[] = {
@@ -51,8 +54,8 @@ constexpr Drawing drawings[] = {
     {"rectangle.grid.2x2", "squares-four"},
     {"safari.fill", "compass"},
     {"slider.horizontal.3", "sliders-horizontal"},
-    {"speaker.slash.fill", "speaker-slash"},
-    {"speaker.wave.1.fill", "speaker-low"},
+    {"speaker.slash.fill", "speaker-slash", "speaker-high"},
+    {"speaker.wave.1.fill", "speaker-low", "speaker-high"},
     {"speaker.wave.3.fill", "speaker-high"},
     {"terminal.fill", "terminal-window"},
     {"video.fill", "video-camera"},
@@ -64,6 +67,34 @@ const Drawing* find(const QString& name) {
   const auto* found = std::ranges::find_if(
       drawings, [&](const Drawing& one) { return name == QLatin1String(one.symbol); });
   return found == std::end(drawings) ? nullptr : found;
+}
+
+// Enough for the symbols of all windows in their colours. Colours that are animated pass through.
+constexpr int keptDrawings = 64;
+
+// The drawing in a colour, parsed once as long as it is in use. Its only path has the id "drawn".
+// Null when the file cannot be read. Valid until the next call on the same thread.
+QSvgRenderer* parsedDrawing(const char* file, const QColor& color) {
+  thread_local QCache<QString, QSvgRenderer> parsed(keptDrawings);
+  const QString key = file + color.name();
+  if (auto* const known = parsed.object(key)) {
+    return known;
+  }
+  QFile source(BundleFinder::resourceBundle() + "/Symbols/" + file + ".svg");
+  if (!source.open(QIODevice::ReadOnly)) {
+    return nullptr;
+  }
+  auto* const drawing = new QSvgRenderer(source.readAll()
+                                             .replace("currentColor", color.name().toLatin1())
+                                             .replace("<path ", "<path id=\"drawn\" "));
+  parsed.insert(key, drawing);
+  return drawing;
+}
+
+// The bounds of the drawing itself in its view box; empty when the file cannot be read.
+QRectF boundsOf(const char* file, const QColor& color) {
+  const auto* const svg = parsedDrawing(file, color);
+  return svg != nullptr ? svg->boundsOnElement(QStringLiteral("drawn")) : QRectF();
 }
 
 }  // namespace
@@ -82,26 +113,23 @@ bool isKnown(const QString& name) {
 
 void draw(QPainter& painter, const QString& name, const QRectF& area, const QColor& color,
           Fit fit) {
-  const Drawing* drawing = find(name);
-  const QString file = QLatin1String(drawing != nullptr ? drawing->file : "question");
-  QFile source(BundleFinder::resourceBundle() + "/Symbols/" + file + ".svg");
-  if (!source.open(QIODevice::ReadOnly)) {
+  static constexpr Drawing unknown{"", "question"};
+  const Drawing* const known = find(name);
+  const Drawing& drawing = known != nullptr ? *known : unknown;
+  const QRectF fitted = fit == Fit::drawing ? boundsOf(drawing.fittedAs, color) : QRectF();
+  QSvgRenderer* const svg = parsedDrawing(drawing.file, color);
+  if (svg == nullptr) {
     return;
   }
-  // Each drawing is one path.
-  QSvgRenderer svg(source.readAll()
-                       .replace("currentColor", color.name().toLatin1())
-                       .replace("<path ", "<path id=\"drawn\" "));
-  const QRectF whole = svg.viewBoxF();
-  const QRectF fitted = fit == Fit::square ? whole : svg.boundsOnElement(QStringLiteral("drawn"));
-  const qreal scale =
-      std::min(area.width(), area.height()) / std::max(fitted.width(), fitted.height());
+  const QRectF whole = svg->viewBoxF();
+  const QRectF& part = fitted.isEmpty() ? whole : fitted;
+  const qreal scale = std::min(area.width(), area.height()) / std::max(part.width(), part.height());
   QRectF square(QPointF(), whole.size() * scale);
-  square.moveCenter(area.center() + (whole.center() - fitted.center()) * scale);
+  square.moveCenter(area.center() + (whole.center() - part.center()) * scale);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setOpacity(painter.opacity() * color.alphaF());
-  svg.render(&painter, square);
+  svg->render(&painter, square);
   painter.restore();
 }
 

@@ -62,11 +62,11 @@ QColor Theme::inkOn(const QColor& ground) {
 }
 
 QColor Theme::windowTop() const {
-  return dark() ? QColor(0x17121A) : QColor(0xFCF8FB);
+  return dark() ? DeckBrandPalette::darkWindowTop : DeckBrandPalette::lightWindowTop;
 }
 
 QColor Theme::windowBottom() const {
-  return dark() ? QColor(0x211826) : QColor(0xF3EAF0);
+  return dark() ? DeckBrandPalette::darkWindowBottom : DeckBrandPalette::lightWindowBottom;
 }
 
 QColor Theme::surface() const {
@@ -98,14 +98,14 @@ QColor Theme::shadow() const {
 }
 
 QColor Theme::text() const {
-  return dark() ? QColor(0xF6F0F4) : QColor(0x21161D);
+  return dark() ? DeckBrandPalette::darkText : DeckBrandPalette::lightText;
 }
 
 QColor Theme::secondaryText() const {
   if (increasedContrast()) {
     return text();
   }
-  return dark() ? QColor(0xBDB1BB) : QColor(0x5E4F59);
+  return dark() ? DeckBrandPalette::darkSecondaryText : DeckBrandPalette::lightSecondaryText;
 }
 
 QColor Theme::accent() const {
@@ -132,6 +132,15 @@ QColor Theme::successText() const {
 
 QColor Theme::accentVivid() {
   return DeckBrandPalette::accentVivid;
+}
+QColor Theme::accentText() {
+  return DeckBrandPalette::accentText;
+}
+QColor Theme::accentPale() {
+  return DeckBrandPalette::accentDarkICComponents.color();
+}
+QColor Theme::darkGround() {
+  return DeckBrandPalette::darkWindowTop;
 }
 QColor Theme::success() {
   return DeckBrandPalette::success;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The look of every window as one QML singleton: colours, fonts, distances, times.
+// The design of every window as one QML singleton: colours, fonts, distances, durations.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -11,7 +11,8 @@
 
 namespace glintboard {
 
-// Values follow the appearance, which `setAppearance` changes at any time. Main thread only.
+// All values derive from the appearance, which `setAppearance` may change at any time. Main thread
+// only.
 class Theme : public QObject {
   Q_OBJECT
   QML_ELEMENT
@@ -25,11 +26,12 @@ class Theme : public QObject {
   // A window's ground, a gradient from top to bottom.
   Q_PROPERTY(QColor windowTop READ windowTop NOTIFY appearanceChanged)
   Q_PROPERTY(QColor windowBottom READ windowBottom NOTIFY appearanceChanged)
-  // Cards and panels. `surface` is translucent, `solidSurface` is what it looks like on a window.
+  // Cards and panels. `surface` is translucent, `solidSurface` is `surface` blended with the
+  // window.
   Q_PROPERTY(QColor surface READ surface NOTIFY appearanceChanged)
   Q_PROPERTY(QColor solidSurface READ solidSurface NOTIFY appearanceChanged)
   Q_PROPERTY(QColor stroke READ stroke NOTIFY appearanceChanged)
-  // Over what the pointer hovers, and what is pressed.
+  // Tints of hovered and pressed controls.
   Q_PROPERTY(QColor hover READ hover NOTIFY appearanceChanged)
   Q_PROPERTY(QColor pressed READ pressed NOTIFY appearanceChanged)
   Q_PROPERTY(QColor shadow READ shadow NOTIFY appearanceChanged)
@@ -43,8 +45,13 @@ class Theme : public QObject {
   Q_PROPERTY(QColor dangerText READ dangerText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor warningText READ warningText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor successText READ successText NOTIFY appearanceChanged)
-  // Marks and fills, the same everywhere.
+  // Marks and fills, the same in every appearance.
   Q_PROPERTY(QColor accentVivid READ accentVivid CONSTANT)
+  // Text on `accentVivid`.
+  Q_PROPERTY(QColor accentText READ accentText CONSTANT)
+  // Text in the accent's hue on a dark ground.
+  Q_PROPERTY(QColor accentPale READ accentPale CONSTANT)
+  Q_PROPERTY(QColor darkGround READ darkGround CONSTANT)
   Q_PROPERTY(QColor success READ success CONSTANT)
   Q_PROPERTY(QColor warning READ warning CONSTANT)
   Q_PROPERTY(QColor danger READ danger CONSTANT)
@@ -52,11 +59,11 @@ class Theme : public QObject {
   Q_PROPERTY(QColor inactive READ inactive CONSTANT)
 
   Q_PROPERTY(glintboard::ThemeFonts* fonts READ fonts NOTIFY appearanceChanged)
-  // Of a symbol beside a text; it grows with that.
+  // The size of a symbol beside a text. It scales with the text.
   Q_PROPERTY(int symbolSize READ symbolSize NOTIFY appearanceChanged)
   Q_PROPERTY(QString teachingCaption READ teachingCaption CONSTANT)
 
-  // Milliseconds. Movement takes no time under reduced motion; fades keep theirs.
+  // Milliseconds. With reduced motion movements take 0, and fades keep their duration.
   Q_PROPERTY(int pressTime READ pressTime NOTIFY appearanceChanged)
   Q_PROPERTY(int releaseTime READ releaseTime NOTIFY appearanceChanged)
   Q_PROPERTY(int moveTime READ moveTime NOTIFY appearanceChanged)
@@ -81,7 +88,7 @@ class Theme : public QObject {
   Q_ENUM(TextStyle)
   enum Weight { UltraLight, Thin, Light, Regular, Medium, Semibold, Bold, Heavy, Black };
   Q_ENUM(Weight)
-  // Distances between things, in device-independent pixels.
+  // Spacing, in device-independent pixels.
   enum Gap { Gap4 = 4, Gap8 = 8, Gap12 = 12, Gap16 = 16, Gap24 = 24, Gap32 = 32 };
   Q_ENUM(Gap)
   // Corner radii.
@@ -121,6 +128,9 @@ class Theme : public QObject {
   QColor warningText() const;
   QColor successText() const;
   static QColor accentVivid();
+  static QColor accentText();
+  static QColor accentPale();
+  static QColor darkGround();
   static QColor success();
   static QColor warning();
   static QColor danger();

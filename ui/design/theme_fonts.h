@@ -8,7 +8,7 @@
 
 namespace glintboard {
 
-// Main thread only, as everything of QML.
+// Main thread only.
 class ThemeFonts : public QObject {
   Q_OBJECT
   QML_ANONYMOUS
@@ -18,13 +18,13 @@ class ThemeFonts : public QObject {
 
   void setTextScale(double scale) { textScale_ = scale; }
 
-  // Of a text style and a weight: values of Theme.TextStyle and Theme.Weight. What one reads.
+  // `style` and `weight` are values of Theme.TextStyle and Theme.Weight. For all usual text.
   Q_INVOKABLE QFont ui(int style, int weight = regular) const;
-  // A deck's name, the title of an empty state.
+  // For a deck's name and the title of an empty state.
   Q_INVOKABLE QFont hero(int style, int weight = bold) const;
-  // One warm sentence.
+  // For the teaching caption.
   Q_INVOKABLE QFont handCaption(int style, int weight = regular) const;
-  // Digits that one copies; `tracking` is the space between them, as a part of their size.
+  // For digits to copy. `tracking` is the letter spacing as a fraction of the font size.
   Q_INVOKABLE QFont mono(int style, int weight = regular, double tracking = 0) const;
   // The `ui` font at `size` pixels. Sizes that belong to a drawing do not follow the text scale.
   Q_INVOKABLE QFont uiSized(double size, int weight = regular, bool scales = true) const;

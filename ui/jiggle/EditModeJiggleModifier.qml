@@ -2,7 +2,7 @@
 import QtQuick
 import Glintboard.UI
 
-// Makes its content wobble while it is active, except for those who want no movement:
+// Makes its content wobble while it is active, unless motion is reduced:
 // `EditModeJiggleModifier { isActive: true; seed: index; GlassDeckTileView {} }`.
 Item {
     id: modifier

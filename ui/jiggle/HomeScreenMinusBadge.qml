@@ -2,7 +2,7 @@
 import QtQuick
 import Glintboard.UI
 
-// Removes the key it sits on, by its `action` or `onClicked`.
+// The button that removes a key, by its `action` or `onClicked`.
 GlintButton {
     id: badge
 

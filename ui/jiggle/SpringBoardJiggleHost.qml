@@ -6,10 +6,10 @@ import Glintboard.UI
 Item {
     id: host
 
-    // Whether the content wobbles, and the seed that makes it differ from its neighbours.
+    // Whether the content wobbles. The seed varies the motion between neighbours.
     property bool isActive: false
     property int seed: 0
-    // How far the content draws beyond itself, as a shadow does.
+    // How far the content draws outside its bounds, such as a shadow.
     property real overhang: 16
     default property alias content: body.data
 
@@ -58,7 +58,7 @@ Item {
 
             x: -host.overhang
             y: -host.overhang
-            // Whole, or the picture has seams.
+            // Whole pixels, since a fractional offset would show seams.
             width: Math.ceil(host.width + 2 * host.overhang)
             height: Math.ceil(host.height + 2 * host.overhang)
 
@@ -77,7 +77,7 @@ Item {
                 }
             }
 
-            // Drawn once and turned as a whole, which keeps its edges smooth.
+            // Rendered once to a texture, whose rotation keeps edges smooth.
             ShaderEffectSource {
                 id: picture
 

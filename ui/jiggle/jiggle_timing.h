@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// How a key wobbles.
+// The timing of a key's wobble.
 #pragma once
 
 #include <cstdint>
 
 namespace glintboard {
 
-// Derived from a seed, so that the keys of a grid do not move in step. Times in seconds.
+// Derived from a seed, so that the keys of a grid are out of phase. Times in seconds.
 struct JiggleTiming {
   double startDelay = 0;
   double angle = 0;             // radians; turns from -angle to angle and back

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
-// When a key wobbles and when it lies still. SpringBoardJiggleHost.qml moves it.
+// Starts and stops the wobble of a key. SpringBoardJiggleHost.qml animates it.
+//
+// The phone and its protocol were made for a Mac. The system's design names this role after the
+// view class of that platform.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -11,14 +14,14 @@
 
 namespace glintboard {
 
-// The animations themselves run on the render thread and belong to the QML file, which is told by
-// signals. Main thread only.
+// The animations run on the render thread and belong to the QML file, which follows the signals.
+// Main thread only.
 class SpringBoardJiggleNSView : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(int seed READ seed WRITE setSeed NOTIFY seedChanged)
   Q_PROPERTY(bool isActive READ isActive NOTIFY isActiveChanged)
-  // Whether the rotation is there; an animation may be lost with its window.
+  // Whether the rotation animation exists. It is lost with its window.
   Q_PROPERTY(bool hasRotation MEMBER hasRotation_ NOTIFY hasRotationChanged)
 
  public:
@@ -44,7 +47,7 @@ class SpringBoardJiggleNSView : public QQuickItem {
   // Rotate from -angle to angle (degrees) and back, and move from -height to 0 and back, for ever.
   void startAnimations(double angle, int rotationMilliseconds, double height,
                        int bounceMilliseconds);
-  // End both, and return to rest within that time.
+  // End both animations, and return to rest within that time.
   void stopAnimations(int settleMilliseconds);
 
  private:

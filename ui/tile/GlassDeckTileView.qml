@@ -3,7 +3,7 @@ import QtQuick
 import QtQuick.Window
 import Glintboard.UI
 
-// A key of a deck as a tile of glass, with its caption below.
+// A key of a deck as a glass tile, with its caption below.
 GlassTile {
     id: tile
 
@@ -36,7 +36,7 @@ GlassTile {
             }
         }
 
-        // The glow of a live key, and a line that holds it.
+        // The glow of a live key, and its outline.
         SoftShadow {
             anchors.fill: parent
             anchors.margins: -blur
@@ -111,7 +111,7 @@ GlassTile {
             }
         }
 
-        // Dims the face while something is going on.
+        // Dims the face during a launch.
         Rectangle {
             anchors.fill: parent
             radius: tile.cornerRadius
@@ -140,7 +140,7 @@ GlassTile {
             running: tile.isLaunching && !tile.didSucceed
         }
 
-        // Uncovered from left to right, as a hand would draw it.
+        // The check mark is revealed from left to right.
         Item {
             anchors.verticalCenter: parent.verticalCenter
             x: (parent.width - tile.glyphSize) / 2
@@ -174,7 +174,7 @@ GlassTile {
             height: width
             radius: width / 2
             visible: tile.isMissing
-            color: "#CC17121A"
+            color: Theme.faded(Theme.darkGround, 0.8)
 
             Symbol {
                 anchors.centerIn: parent
@@ -195,7 +195,7 @@ GlassTile {
             visible: tile.showsRunningDot && tile.isRunning && !tile.isMissing
             color: Theme.success
 
-            // Keeps the dot apart from a face of its own colour.
+            // Separates the dot from a face of the same colour.
             Rectangle {
                 anchors.fill: parent
                 anchors.margins: -1.5

@@ -28,28 +28,27 @@ void GlassFace::paint(QPainter* painter) {
     top = desaturated(top);
     bottom = desaturated(bottom);
   }
-  paintGlassFace(*painter, face(), radius(), top, bottom);
+  paintGlassFace(*painter, boundingRect(), radius(), top, bottom);
 }
 
 void GlassHighlight::paint(QPainter* painter) {
-  paintGlassHighlight(*painter, face(), radius());
+  paintGlassHighlight(*painter, boundingRect(), radius());
 }
 
 void GlassRim::paint(QPainter* painter) {
-  paintGlassRim(*painter, face(), {radius(), bandWidth_, edgeInset_}, missing());
+  paintGlassRim(*painter, boundingRect(), {radius(), bandWidth_, edgeInset_}, missing());
 }
 
 void TileGlyph::setIcon(const QVariant& value) {
   const auto icon = value.value<QImage>();
   if (icon.cacheKey() != icon_.cacheKey()) {
     icon_ = icon;
-    update();
-    Q_EMIT layerChanged();
+    Q_EMIT changed();
   }
 }
 
 void TileGlyph::paint(QPainter* painter) {
-  const QRectF area = face().adjusted(margin(), margin(), -margin(), -margin());
+  const QRectF area = boundingRect().adjusted(margin(), margin(), -margin(), -margin());
   if (!icon_.isNull()) {
     paintIcon(*painter, area);
     return;

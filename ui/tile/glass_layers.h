@@ -1,71 +1,50 @@
 // SPDX-License-Identifier: MIT
-// The painted layers of a glass tile, each an item so that light and press can move apart.
+// The painted layers of a glass tile. Each is an item, so that they can be animated apart.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
 #include <QColor>
 #include <QImage>
-#include <QQuickPaintedItem>
 #include <QVariant>
+
+#include "ui/design/painted_item.h"
 
 namespace glintboard {
 
-// Derived classes name this one with its namespace: qmltyperegistrar knows it by that alone.
-// Painted anew only when one of its values changes, and sharp at every scale factor.
-class GlassLayer : public QQuickPaintedItem {
+// Derived classes name this one with its namespace, since qmltyperegistrar finds it by the qualified
+// name only.
+class GlassLayer : public glintboard::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
-  QML_UNCREATABLE("one of the layers is meant")
+  QML_UNCREATABLE("It is the base of the layers.")
   // The radius of the face's corners.
-  Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY layerChanged)
-  // Drawn as something that is no longer there.
-  Q_PROPERTY(bool missing READ missing WRITE setMissing NOTIFY layerChanged)
+  Q_PROPERTY(qreal radius MEMBER radius_ NOTIFY changed)
+  // Drawn as a key whose application or Shortcut is gone.
+  Q_PROPERTY(bool missing MEMBER missing_ NOTIFY changed)
 
  public:
-  explicit GlassLayer(QQuickItem* parent = nullptr) : QQuickPaintedItem(parent) {}
-
-  qreal radius() const { return radius_; }
-  void setRadius(qreal radius) { change(radius_, radius); }
-  bool missing() const { return missing_; }
-  void setMissing(bool missing) { change(missing_, missing); }
-
- Q_SIGNALS:
-  void layerChanged();
+  using PaintedItem::PaintedItem;
 
  protected:
-  QRectF face() const { return {0, 0, width(), height()}; }
-
-  template <class Value>
-  void change(Value& field, const Value& value) {
-    if (field != value) {
-      field = value;
-      update();
-      Q_EMIT layerChanged();
-    }
-  }
+  qreal radius() const { return radius_; }
+  bool missing() const { return missing_; }
 
  private:
   qreal radius_ = 0;
   bool missing_ = false;
 };
 
+// The face in its gradient.
 class GlassFace : public glintboard::GlassLayer {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(QColor upper READ upper WRITE setUpper NOTIFY layerChanged)
-  Q_PROPERTY(QColor lower READ lower WRITE setLower NOTIFY layerChanged)
-  // A dark face in a tint of `upper`, for an icon to stand on.
-  Q_PROPERTY(bool behindIcon READ behindIcon WRITE setBehindIcon NOTIFY layerChanged)
+  Q_PROPERTY(QColor upper MEMBER upper_ NOTIFY changed)
+  Q_PROPERTY(QColor lower MEMBER lower_ NOTIFY changed)
+  // A dark face in a tint of `upper`, as the background of an icon.
+  Q_PROPERTY(bool behindIcon MEMBER behindIcon_ NOTIFY changed)
 
  public:
   using GlassLayer::GlassLayer;
-
-  QColor upper() const { return upper_; }
-  void setUpper(const QColor& upper) { change(upper_, upper); }
-  QColor lower() const { return lower_; }
-  void setLower(const QColor& lower) { change(lower_, lower); }
-  bool behindIcon() const { return behindIcon_; }
-  void setBehindIcon(bool behindIcon) { change(behindIcon_, behindIcon); }
 
   void paint(QPainter* painter) override;
 
@@ -75,6 +54,7 @@ class GlassFace : public glintboard::GlassLayer {
   bool behindIcon_ = false;
 };
 
+// The light on the upper part of the face.
 class GlassHighlight : public glintboard::GlassLayer {
   Q_OBJECT
   QML_ELEMENT
@@ -85,19 +65,16 @@ class GlassHighlight : public glintboard::GlassLayer {
   void paint(QPainter* painter) override;
 };
 
+// The bright band along the edge of the face; a dashed line when the key is missing. Lengths in
+// device-independent pixels.
 class GlassRim : public glintboard::GlassLayer {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(qreal bandWidth READ bandWidth WRITE setBandWidth NOTIFY layerChanged)
-  Q_PROPERTY(qreal edgeInset READ edgeInset WRITE setEdgeInset NOTIFY layerChanged)
+  Q_PROPERTY(qreal bandWidth MEMBER bandWidth_ NOTIFY changed)
+  Q_PROPERTY(qreal edgeInset MEMBER edgeInset_ NOTIFY changed)
 
  public:
   using GlassLayer::GlassLayer;
-
-  qreal bandWidth() const { return bandWidth_; }
-  void setBandWidth(qreal width) { change(bandWidth_, width); }
-  qreal edgeInset() const { return edgeInset_; }
-  void setEdgeInset(qreal inset) { change(edgeInset_, inset); }
 
   void paint(QPainter* painter) override;
 
@@ -111,9 +88,9 @@ class GlassRim : public glintboard::GlassLayer {
 class TileGlyph : public glintboard::GlassLayer {
   Q_OBJECT
   QML_ELEMENT
-  Q_PROPERTY(QString glyph READ glyph WRITE setGlyph NOTIFY layerChanged)
-  Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY layerChanged)
-  Q_PROPERTY(QVariant icon READ icon WRITE setIcon NOTIFY layerChanged)
+  Q_PROPERTY(QString glyph MEMBER glyph_ NOTIFY changed)
+  Q_PROPERTY(QColor color MEMBER color_ NOTIFY changed)
+  Q_PROPERTY(QVariant icon READ icon WRITE setIcon NOTIFY changed)
   Q_PROPERTY(qreal margin READ margin CONSTANT)
 
  public:
@@ -121,10 +98,6 @@ class TileGlyph : public glintboard::GlassLayer {
 
   static qreal margin() { return 1; }
 
-  QString glyph() const { return glyph_; }
-  void setGlyph(const QString& glyph) { change(glyph_, glyph); }
-  QColor color() const { return color_; }
-  void setColor(const QColor& color) { change(color_, color); }
   QVariant icon() const { return icon_; }
   void setIcon(const QVariant& value);
 

@@ -74,7 +74,7 @@ void paintGlassRim(QPainter& painter, const QRectF& face, const GlassRimShape& r
     painter.fillPath(rim.path(face), light);
     return;
   }
-  // Inside the face, so that the gaps show it and not the ground.
+  // Inside the face, so that the face shows in the gaps.
   const qreal inset = rim.edgeInset + 2.5 * rim.bandWidth;
   QPen pen(white(0.75), rim.bandWidth);
   pen.setDashPattern({3, 2.5});

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the layers of a glass tile are painted. Any thread.
+// Paints the layers of a glass tile. Any thread.
 #pragma once
 
 #include <QColor>
@@ -14,14 +14,14 @@ namespace glintboard {
 // The rounded face in a gradient from top to bottom, darker towards its lower edge.
 void paintGlassFace(QPainter& painter, const QRectF& face, qreal radius, const QColor& top,
                     const QColor& bottom);
-// The light that lies on the upper part of the face, with a curved lower edge.
+// The highlight on the upper part of the face, with a curved lower edge.
 void paintGlassHighlight(QPainter& painter, const QRectF& face, qreal radius);
-// The bright edge of the glass; a dashed line for a key that has lost what it stands for.
+// The bright edge of the glass; a dashed line for a key whose application or Shortcut is gone.
 void paintGlassRim(QPainter& painter, const QRectF& face, const GlassRimShape& rim, bool dashed);
 
-// The same colour without most of its colour.
+// The colour with most of its saturation removed.
 QColor desaturated(const QColor& color);
-// The colours of the dark face behind an icon with that accent.
+// The colours of the dark face behind an icon, tinted with the icon's accent.
 QColor iconFaceTop(const QColor& accent);
 QColor iconFaceBottom(const QColor& accent);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a glass tile is given, and the sizes that follow from it. GlassDeckTileView.qml draws it.
+// The properties of a glass tile and the sizes derived from them. GlassDeckTileView.qml draws it.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -14,14 +14,14 @@
 
 namespace glintboard {
 
-// Keeps no state of its own: whoever shows a tile sets and clears its flags. Main thread only.
+// Has no state of its own: its user sets and clears the flags. Main thread only.
 class GlassTile : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(glintboard::TileAppearance appearance MEMBER appearance_ NOTIFY appearanceChanged)
   // The caption.
   Q_PROPERTY(QString displayLabel MEMBER displayLabel_ NOTIFY displayLabelChanged)
-  // The side of the face; 0 when it is left to the tile, which then takes 72.
+  // The side of the face; 0 for the default of 72.
   Q_PROPERTY(qreal tileFaceSize MEMBER tileFaceSize_ NOTIFY tileFaceSizeChanged)
   // The application's own icon, a QImage, drawn instead of the glyph; undefined for none.
   Q_PROPERTY(QVariant macIcon READ macIcon WRITE setMacIcon NOTIFY macIconChanged)
@@ -32,16 +32,16 @@ class GlassTile : public QQuickItem {
   Q_PROPERTY(bool isRunning MEMBER isRunning_ NOTIFY isRunningChanged)
   Q_PROPERTY(bool isLaunching MEMBER isLaunching_ NOTIFY isLaunchingChanged)
   Q_PROPERTY(bool didSucceed MEMBER didSucceed_ NOTIFY didSucceedChanged)
-  // In use right now: marked by a glow in the accent.
+  // In use now: marked by a glow in the accent.
   Q_PROPERTY(bool isLive MEMBER isLive_ NOTIFY isLiveChanged)
-  // What the key stands for is no longer there.
+  // The key's application or Shortcut is gone.
   Q_PROPERTY(bool isMissing MEMBER isMissing_ NOTIFY isMissingChanged)
   // The caption's colours, of a running application and of others.
   Q_PROPERTY(QColor labelColor MEMBER labelColor_ NOTIFY labelColorChanged)
   Q_PROPERTY(QColor labelMutedColor MEMBER labelMutedColor_ NOTIFY labelMutedColorChanged)
   Q_PROPERTY(bool showsLabel MEMBER showsLabel_ NOTIFY showsLabelChanged)
   Q_PROPERTY(bool showsRunningDot MEMBER showsRunningDot_ NOTIFY showsRunningDotChanged)
-  // As the TileIsPressedKey of this item or of the nearest around it says.
+  // The value of the TileIsPressedKey of this item or of its nearest ancestor that has one.
   Q_PROPERTY(bool isPressed READ isPressed NOTIFY isPressedChanged)
 
   Q_PROPERTY(qreal faceSize READ faceSize NOTIFY tileFaceSizeChanged)

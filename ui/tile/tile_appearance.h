@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a key looks: what is drawn on its face, and the face's colours.
+// The appearance of a key: the glyph and the colours of its face.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -24,9 +24,9 @@ class TileAppearance {
 
   bool operator==(const TileAppearance&) const = default;
 
-  // The look of a key: known applications have one of their own, others their first letter.
+  // Known applications have a symbol and colours of their own, others show their first letter.
   static TileAppearance forTile(const DeckTile& tile);
-  // What a reader takes for the first character, however many code points it has.
+  // The first grapheme cluster, empty for an empty label.
   static QString firstCharacter(const QString& label);
 };
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Glintboard.Editor
 
-// Something that the computer can do by itself.
+// A built-in action.
 LibraryCard {
     required symbolName
     kind: "action"

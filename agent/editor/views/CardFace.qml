@@ -4,7 +4,7 @@ import QtQuick.Window
 import Glintboard.Editor
 import Glintboard.UI
 
-// How a card of a library looks, in its place and while it is dragged.
+// The appearance of a library's card, in the grid and during a drag.
 Rectangle {
     id: face
 
@@ -50,7 +50,7 @@ Rectangle {
         fillMode: Image.PreserveAspectFit
     }
 
-    // In the icon's place until it comes.
+    // Shown until the icon is loaded.
     Rectangle {
         x: Theme.Gap12
         y: Theme.Gap12
@@ -71,7 +71,7 @@ Rectangle {
         Text {
             anchors.centerIn: parent
             visible: face.symbolName === ""
-            text: KeyLooks.letter(face.label)
+            text: KeyArtwork.letter(face.label)
             font: Theme.fonts.uiSized(18, Theme.Semibold, false)
             color: Theme.secondaryText
         }
@@ -128,7 +128,7 @@ Rectangle {
 
         x: Theme.Gap12
         width: parent.width - 2 * Theme.Gap12
-        // Two lines of it, since it is no name of the user's.
+        // Two lines at most.
         height: 22 * Math.min(1.4, Theme.textScale)
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 4

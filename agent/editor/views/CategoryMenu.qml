@@ -5,7 +5,7 @@ import QtQuick.Window
 import Glintboard.Editor
 import Glintboard.UI
 
-// Chooses the deck that is edited.
+// Selects the deck to edit.
 T.ComboBox {
     id: control
 

@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// The window in which a deck is arranged: the libraries on the left, the phone on the right.
+// The editor's content: the libraries on the left, the phone on the right.
 FocusScope {
     id: view
 
@@ -103,7 +103,7 @@ FocusScope {
         dragged: dragged
     }
 
-    // The hand stays closed, whatever it passes.
+    // Keeps the closed-hand cursor over all items during a drag.
     Item {
         anchors.fill: parent
         z: 9

@@ -3,14 +3,14 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// Unsaved changes of an earlier window, until they are restored or dismissed. The room for the offer
-// opens and closes slowly, so that nothing jumps. Large text has the buttons below.
+// Offers the unsaved changes of an earlier window until they are restored or dismissed. Its height
+// is animated. With large text the buttons are below the text.
 Item {
     id: offer
 
     required property DeckEditorModel editor
     readonly property bool isOpen: offer.editor.offerText !== ""
-    // The last ones stay to be read while the room closes.
+    // Keep the last texts visible while the offer collapses.
     property string shownText: ""
     property bool showsNote: false
 

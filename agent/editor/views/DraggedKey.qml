@@ -3,29 +3,30 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// What is being dragged, under the pointer: the card that was lifted, and over the phone the key
-// that it will be. It has no size, so that its place is the pointer's.
+// The dragged item under the pointer: a card, which becomes a key over the phone. It has no size,
+// so that its position is the pointer's.
 Item {
     id: dragged
 
-    // What the drag carries; the rest is how it looks.
+    // The data of the drag.
     property string payload: ""
     property bool lifted: false
-    // The card or key that was lifted; it keeps its place until the drop.
+    // The item of the dragged card or key. It stays in its layout until the drop.
     property Item owner: null
     property bool overPhone: false
-    // Whether it would be taken where it is.
+    // Whether a drop at the pointer would be accepted.
     property bool welcome: true
     property real keySize: 52
-    property var look: ({})
+    // What the card and the key show: the roles of their model.
+    property var content: ({})
     property point origin
     property point grip
     property size cardSize
-    readonly property bool isKey: dragged.look.isKey === true
+    readonly property bool isKey: dragged.content.isKey === true
     readonly property bool showsKey: dragged.isKey || dragged.overPhone
 
-    // The pointer has been pressed there; a drag may begin.
-    function place(from: Item, x: real, y: real): void {
+    // Records a press, which may start a drag.
+    function pressAt(from: Item, x: real, y: real): void {
         if (back.running)
             back.complete();
         const point = dragged.parent.mapFromItem(from, x, y);
@@ -37,7 +38,7 @@ Item {
         const corner = dragged.parent.mapFromItem(face, 0, 0);
         dragged.grip = Qt.point(corner.x - dragged.origin.x, corner.y - dragged.origin.y);
         dragged.cardSize = Qt.size(face.width, face.height);
-        dragged.look = what;
+        dragged.content = what;
         dragged.payload = what.payload;
         dragged.owner = who;
         dragged.overPhone = false;
@@ -59,7 +60,7 @@ Item {
             dragged.goBack();
         }
     }
-    // What was lifted is no longer there.
+    // Ends the drag of an item that is destroyed.
     function giveUp(who: Item): void {
         if (dragged.owner === who) {
             if (dragged.lifted)
@@ -112,12 +113,12 @@ Item {
         CardFace {
             anchors.fill: parent
             color: Theme.solidSurface
-            label: dragged.look.label ?? ""
-            subtitle: dragged.look.subtitle ?? ""
-            symbolName: dragged.look.iconSymbol ?? ""
-            iconSource: dragged.look.iconSource ?? ""
-            accent: dragged.look.accent ?? Theme.accent
-            isInDeck: dragged.look.isInDeck ?? false
+            label: dragged.content.label ?? ""
+            subtitle: dragged.content.subtitle ?? ""
+            symbolName: dragged.content.iconSymbol ?? ""
+            iconSource: dragged.content.iconSource ?? ""
+            accent: dragged.content.accent ?? Theme.accent
+            isInDeck: dragged.content.isInDeck ?? false
             tinted: true
         }
 
@@ -139,13 +140,13 @@ Item {
         y: dragged.isKey ? dragged.grip.y : -tileFaceSize / 2
         tileFaceSize: dragged.keySize
         showsLabel: false
-        kind: dragged.look.kind ?? "app"
-        label: dragged.look.label ?? ""
-        iconName: dragged.look.iconName ?? ""
-        iconSymbol: dragged.look.iconSymbol ?? ""
-        iconSource: dragged.look.iconSource ?? ""
-        accent: dragged.look.accent ?? Theme.accent
-        isMissingShortcut: dragged.look.isMissingShortcut ?? false
+        kind: dragged.content.kind ?? "app"
+        label: dragged.content.label ?? ""
+        iconName: dragged.content.iconName ?? ""
+        iconSymbol: dragged.content.iconSymbol ?? ""
+        iconSource: dragged.content.iconSource ?? ""
+        accent: dragged.content.accent ?? Theme.accent
+        isMissingShortcut: dragged.content.isMissingShortcut ?? false
         opacity: dragged.showsKey ? dragged.welcome ? 1 : 0.5 : 0
         scale: !dragged.showsKey ? 0.6 : dragged.lifted && !Theme.reducedMotion ? 1.12 : 1
         transformOrigin: Item.Center

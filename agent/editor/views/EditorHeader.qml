@@ -3,14 +3,14 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// Which deck it is, whether it is saved, and the way out.
+// The deck's name and status, and the buttons that end the editing.
 Item {
     id: header
 
     required property DeckEditorModel editor
     readonly property alias nameField: name
 
-    // What is left for the name with the status beside it; large text has the status below.
+    // The width left for the name beside the status. With large text the status is below the name.
     readonly property real room: buttons.x - name.x - status.width - 2 * Theme.Gap16
     readonly property bool fits: header.room >= 96
 
@@ -41,14 +41,14 @@ Item {
         onTextEdited: header.editor.deckName = text
         onAccepted: header.forceActiveFocus()
 
-        // The editor undoes a name as it undoes a key.
+        // Undo and redo are the editor's, not the field's.
         Keys.onPressed: event => {
             if (event.matches(StandardKey.Undo))
                 header.editor.undo();
             else if (event.matches(StandardKey.Redo))
                 header.editor.redo();
             else if (event.key === Qt.Key_Escape)
-                // Leaves the name; only the next one leaves the window.
+                // The first Escape leaves the name field, the next one closes the window.
                 header.forceActiveFocus();
             else
                 return;

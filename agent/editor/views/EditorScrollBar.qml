@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Glintboard.Editor
 import Glintboard.UI
 
-// A thin bar that shows while there is something to scroll to.
+// A thin scroll bar, visible while the content is larger than the view.
 T.ScrollBar {
     id: bar
 

@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// A free position of the phone: it shows that it takes a key only while one is dragged.
+// An empty slot of the phone. It shows that it accepts a key only during a drag.
 Item {
     id: empty
 

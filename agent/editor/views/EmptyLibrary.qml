@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// What a library says while it has no cards to show, and what can be done about it.
+// A library's message and action while it has no cards.
 Column {
     id: empty
 

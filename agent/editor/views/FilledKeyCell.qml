@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Glintboard.Editor
 import Glintboard.UI
 
-// One key of the phone: it can be dragged elsewhere, and removed while it is hovered.
+// A slot with a key. The key can be dragged, and removed while it is hovered.
 T.Control {
     id: cell
 
@@ -21,7 +21,7 @@ T.Control {
     required property bool isRunning
     required property bool isLaunching
     required property bool didSucceed
-    // A drag is over it: it gives way.
+    // A drag is over this slot.
     property bool isDropTarget: false
     property bool reduceMotion: Theme.reducedMotion
     property bool wobbles: false
@@ -31,7 +31,7 @@ T.Control {
     property int keyCount: 0
     property real faceSize: 52
     property DraggedKey dragged: null
-    // Its own motion stays, wherever it goes.
+    // Seeds the jiggle, so that a key keeps its motion in every slot.
     property int seed: 0
     readonly property bool isDragged: cell.dragged !== null && cell.dragged.owner === cell
     readonly property string trouble: cell.isMissingShortcut ? qsTr("Its Shortcut is missing") : cell.isInstalled ? "" : qsTr("Not installed")
@@ -40,7 +40,7 @@ T.Control {
     signal chosen
     signal tried
 
-    // Comes from there to its place, and overshoots it a little.
+    // Animates the key from that point to its slot, with a small overshoot.
     function settleFrom(x: real, y: real): void {
         if (cell.reduceMotion)
             return;
@@ -93,7 +93,7 @@ T.Control {
 
         onPressed: mouse => {
             cell.chosen();
-            cell.dragged.place(area, mouse.x, mouse.y);
+            cell.dragged.pressAt(area, mouse.x, mouse.y);
         }
         drag.onActiveChanged: {
             if (area.drag.active)

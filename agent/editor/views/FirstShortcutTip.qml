@@ -4,7 +4,7 @@ import QtQuick.Window
 import Glintboard.Editor
 import Glintboard.UI
 
-// What there is to know after the first Shortcut has come to the deck.
+// A tip that shows after the first Shortcut was added to the deck.
 Rectangle {
     id: tip
 

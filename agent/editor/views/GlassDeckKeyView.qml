@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// A key of the deck as a tile of glass.
+// A key of the deck as a glass tile.
 GlassDeckTileView {
     id: key
 
@@ -14,15 +14,15 @@ GlassDeckTileView {
     property color accent: Theme.accent
     property bool isMissingShortcut: false
 
-    appearance: KeyLooks.appearance(key.kind, key.label, key.iconName, key.iconSymbol)
+    appearance: KeyArtwork.appearance(key.kind, key.label, key.iconName, key.iconSymbol)
     displayLabel: key.label
-    macIcon: KeyLooks.icon(key.iconSource)
+    macIcon: KeyArtwork.icon(key.iconSource)
     iconAccent: key.accent
     isMissing: key.isMissingShortcut
 
     Rectangle {
         anchors.horizontalCenter: parent.horizontalCenter
-        // On the lower edge, clear of the glyph and of the caption.
+        // On the lower edge, where it covers neither the glyph nor the caption.
         y: key.faceSize - height + key.captionGap
         width: missing.width + 8
         height: missing.implicitHeight + 2
@@ -40,7 +40,7 @@ GlassDeckTileView {
             font: Theme.fonts.uiSized(Math.max(8, Math.min(11, key.faceSize * 0.17)), Theme.Bold, false)
             fontSizeMode: Text.HorizontalFit
             minimumPixelSize: 7
-            color: "#2B0015"
+            color: Theme.accentText
         }
     }
 }

@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Glintboard.Editor
 import Glintboard.UI
 
-// A card of a library, as its grid places it: a click adds it, a drag carries it to the phone.
+// A card in a library's grid. A click adds its key to the deck, a drag places the key on the phone.
 T.Control {
     id: card
 
@@ -20,9 +20,9 @@ T.Control {
     property string kind: "app"
     // Its LibraryGrid.
     readonly property var grid: GridView.view
-    // What is dragged through the window.
+    // The window's drag item.
     readonly property DraggedKey dragged: card.grid ? card.grid.dragged : null
-    // Chosen with the keyboard.
+    // The keyboard's current card.
     readonly property bool isCurrent: card.grid !== null && card.grid.activeFocus && card.grid.byKeyboard && GridView.isCurrentItem
 
     signal add
@@ -103,7 +103,7 @@ T.Control {
         // A finger scrolls the list, a pointer drags the card.
         onPressed: mouse => {
             area.preventStealing = mouse.source === Qt.MouseEventNotSynthesized;
-            card.dragged.place(area, mouse.x, mouse.y);
+            card.dragged.pressAt(area, mouse.x, mouse.y);
         }
         drag.onActiveChanged: {
             if (area.drag.active)

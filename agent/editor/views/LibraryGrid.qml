@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Glintboard.Editor
 import Glintboard.UI
 
-// The cards of a library. The arrows choose one, Enter or Space adds it.
+// The cards of a library. The arrow keys select a card, Enter or Space adds it.
 GridView {
     id: grid
 
@@ -67,7 +67,7 @@ GridView {
     Accessible.role: Accessible.List
     Accessible.name: grid.libraryName
 
-    // The cards go on below, where there are any; the one chosen with the keys is seen in full.
+    // The margin shows that more cards follow. The keyboard's current card is visible in full.
     Rectangle {
         parent: grid
         z: 1
@@ -88,7 +88,7 @@ GridView {
         }
     }
 
-    // Beside the cards, not over them.
+    // The scroll bar is beside the cards.
     T.ScrollBar.vertical: EditorScrollBar {
         parent: grid.parent
         x: grid.x + grid.width

@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// The libraries: their tabs, a search, the cards, and below them what the editor has to say.
+// The libraries: tabs, search field and cards, and below them the editor's messages.
 Item {
     id: pane
 
@@ -47,7 +47,7 @@ Item {
 
         readonly property var current: [apps, actions, shortcuts][tabs.current]
 
-        // The cards have six pixels around them.
+        // The cards have a margin of six pixels.
         x: Theme.Gap24 - 6
         y: search.y + search.height + Theme.Gap8
         width: parent.width - 2 * x
@@ -97,7 +97,7 @@ Item {
         x: Theme.Gap24
         width: parent.width - 2 * x
         anchors.bottom: parent.bottom
-        // Without anything to say the cards go down to the window's edge.
+        // Without messages the cards reach the window's edge.
         topPadding: Math.min(Theme.Gap8, below.content)
         bottomPadding: Math.min(Theme.Gap12, below.content)
 

@@ -5,30 +5,30 @@ import QtQuick.Window
 import Glintboard.Editor
 import Glintboard.UI
 
-// Chooses one of the libraries.
+// Selects one of the libraries.
 Rectangle {
     id: tabs
 
     required property DeckEditorModel editor
     readonly property var all: tabs.editor.libraryTabs
     property real maximumWidth: Infinity
-    // What the tabs take in one line; where that is too much they share the width, in lines.
+    // The width of the tabs in one line. If that is too wide, they share the width and wrap.
     readonly property real naturalWidth: tabs.folded("naturalWidth", (a, b) => a + b)
     readonly property bool isTight: tabs.naturalWidth + 2 * row.x > tabs.maximumWidth
     readonly property real tabHeight: tabs.folded("implicitHeight", Math.max)
     readonly property int current: tabs.all.findIndex(tab => tab.id === tabs.editor.libraryTab)
 
-    // Of the tabs' sizes in that direction, the sum or the largest.
+    // Folds the tabs' values of the property `size`.
     function folded(size: string, fold: var): real {
         let result = 0;
         for (let i = 0; i < repeater.count; ++i)
             result = fold(result, repeater.itemAt(i)?.[size] ?? 0);
         return result;
     }
-    function choose(place: int): void {
-        if (place >= 0 && place < tabs.all.length) {
-            tabs.editor.libraryTab = tabs.all[place].id;
-            const button = repeater.itemAt(place);
+    function choose(index: int): void {
+        if (index >= 0 && index < tabs.all.length) {
+            tabs.editor.libraryTab = tabs.all[index].id;
+            const button = repeater.itemAt(index);
             if (button)
                 button.forceActiveFocus(Qt.TabFocusReason);
         }

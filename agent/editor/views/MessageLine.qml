@@ -3,13 +3,13 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// What went wrong, or what has been done. Its room opens and closes slowly, so that nothing jumps.
+// An error or a note. Its height is animated.
 Item {
     id: line
 
     required property string message
     property bool isError: false
-    // The last one stays to be read while its room closes.
+    // Keeps the last text visible while the line collapses.
     property string shown: ""
 
     onMessageChanged: if (line.message !== "") line.shown = line.message

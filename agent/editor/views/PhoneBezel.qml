@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// The phone as an object: a dark frame with a light edge, and a screen.
+// The phone's body: a dark frame with a light edge, and the screen.
 Item {
     id: bezel
 
@@ -39,7 +39,7 @@ Item {
         }
     }
 
-    // The metal; of one colour, since the software renderer rounds a gradient's corners roughly.
+    // The frame. It has one colour, since the software renderer draws jagged corners on a gradient.
     Rectangle {
         anchors.fill: parent
         radius: Theme.PhoneRadius
@@ -77,7 +77,7 @@ Item {
         }
     }
 
-    // The island.
+    // The camera island.
     Rectangle {
         anchors.horizontalCenter: parent.horizontalCenter
         y: bezel.frame + 9
@@ -117,7 +117,7 @@ Item {
         }
     }
 
-    // Covers the rough corners of the screen's gradient.
+    // Covers the jagged corners of the screen's gradient.
     Rectangle {
         anchors.fill: screen
         anchors.margins: -1

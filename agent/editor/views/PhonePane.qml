@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// The phone, how many keys it has, and what is to be known of it.
+// The phone, the number of its keys, and notes.
 Item {
     id: pane
 

@@ -3,8 +3,8 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// The phone with the deck on it. Keys are dragged onto it and about it; from the keyboard the
-// arrows choose a key, with Ctrl they move it, Delete removes it, Enter tries it.
+// The phone with the deck's keys. Keys are dragged onto it and within it. On the keyboard the
+// arrows select a key, Ctrl with an arrow moves it, Delete removes it and Enter tries it.
 FocusScope {
     id: preview
 
@@ -16,7 +16,7 @@ FocusScope {
     // The slot under a drag, or -1.
     required property int dropTargetIndex
     required property DraggedKey dragged
-    // Whether a change of the keys is to be seen as one.
+    // Whether changes of the keys are animated.
     property bool showsChanges: true
     required property bool isDeckDragActive
 
@@ -25,10 +25,10 @@ FocusScope {
     readonly property int keyCount: preview.tiles.count
     readonly property bool isFull: preview.keyCount >= preview.slotCount
     property int currentIndex: 0
-    // The ring shows for those who use the keyboard.
+    // The focus ring shows after keyboard input only.
     property bool byKeyboard: false
 
-    // The drag as the keys see it: which key is away, and where one will come to lie.
+    // During a drag: the index of the dragged key, and the slot it will land in; -1 without one.
     property int away: -1
     readonly property bool takesNew: preview.away < 0 && !preview.isFull
     readonly property int landing: {
@@ -51,7 +51,7 @@ FocusScope {
     signal moved(int from, int to)
     signal tried(int index)
 
-    function placeOf(index: int): int {
+    function positionOf(index: int): int {
         if (preview.landing < 0)
             return index;
         if (index === preview.away)
@@ -196,7 +196,7 @@ FocusScope {
                 // qmllint enable unqualified
             }
 
-            // The light in the slot where the key will land.
+            // Highlights the slot that the key will land in.
             SoftShadow {
                 visible: preview.landing >= 0
                 x: (preview.landing % preview.columns) * preview.cellWidth + (preview.cellWidth - preview.faceSize) / 2 - blur
@@ -223,7 +223,7 @@ FocusScope {
                 visible: preview.keyCount === 0 && !preview.isDeckDragActive && preview.showsChanges
                 text: Theme.teachingCaption
                 font: Theme.fonts.handCaption(Theme.Title2)
-                color: "#FF9CC9"
+                color: Theme.accentPale
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.WordWrap
             }
@@ -237,9 +237,9 @@ FocusScope {
                 FilledKeyCell {
                     id: cell
 
-                    readonly property int place: preview.placeOf(cell.index)
-                    property real column: cell.place % preview.columns
-                    property real row: Math.floor(cell.place / preview.columns)
+                    readonly property int position: preview.positionOf(cell.index)
+                    property real column: cell.position % preview.columns
+                    property real row: Math.floor(cell.position / preview.columns)
 
                     x: cell.column * preview.cellWidth
                     y: cell.row * preview.cellHeight

@@ -25,7 +25,7 @@ Item {
             id: head
 
             readonly property real beside: width - actions.width - Theme.Gap12
-            // Large text takes two rows.
+            // Large text needs two rows.
             readonly property bool fits: beside >= 140
 
             width: parent.width

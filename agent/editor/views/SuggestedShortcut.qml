@@ -4,7 +4,7 @@ import QtQuick.Window
 import Glintboard.Editor
 import Glintboard.UI
 
-// A Shortcut worth making, until it is there.
+// Suggests a Shortcut that the user does not have yet.
 Rectangle {
     id: suggested
 
@@ -21,6 +21,10 @@ Rectangle {
     Accessible.name: qsTr("Suggested")
 
     Rectangle {
+        id: icon
+
+        readonly property var colors: KeyArtwork.appearance("shortcut", "", "", "").gradient
+
         x: Theme.Gap12
         y: Theme.Gap12
         width: 40
@@ -29,11 +33,11 @@ Rectangle {
         gradient: Gradient {
             GradientStop {
                 position: 0
-                color: "#FA8C33"
+                color: icon.colors[0]
             }
             GradientStop {
                 position: 1
-                color: "#EB4759"
+                color: icon.colors[1]
             }
         }
 

@@ -3,7 +3,7 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// Whether the deck is saved, and by the dot whether the phone has it.
+// The text shows whether the deck is saved, the dot whether the phone has it.
 Item {
     id: status
 
@@ -26,7 +26,7 @@ Item {
         radius: 4
         color: status.syncIsLive ? Theme.success : status.isUnsaved ? Theme.warning : Theme.inactive
 
-        // The light of a deck that is on the phone right now.
+        // The glow of a deck that the connected phone shows.
         Rectangle {
             anchors.centerIn: parent
             width: 16

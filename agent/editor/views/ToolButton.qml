@@ -3,12 +3,12 @@ import QtQuick
 import Glintboard.Editor
 import Glintboard.UI
 
-// A small button that shows a symbol and says what it does to whoever rests on it.
+// A small button with a symbol, and its text as a tool tip.
 GlintButton {
     id: control
 
     required property string symbolName
-    // Part of the tip alone: the keys that do the same.
+    // The keyboard shortcut, shown in the tool tip.
     property string keys: ""
 
     implicitWidth: 32

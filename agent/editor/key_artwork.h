@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the keys of the edited deck look.
+// The appearance and icons of the edited deck's keys.
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
@@ -14,28 +14,28 @@ class QQmlEngine;
 
 namespace glintboard {
 
-// Answers for one QML engine, from the icons of the provider that it was given. Main thread only.
-class KeyLooks : public QObject {
+// One for each QML engine; reads the icons of the engine's provider. Main thread only.
+class KeyArtwork : public QObject {
   Q_OBJECT
   QML_ELEMENT
   QML_SINGLETON
 
  public:
-  static KeyLooks* create(QQmlEngine* engine, QJSEngine* scripts);
+  static KeyArtwork* create(QQmlEngine* engine, QJSEngine* scripts);
 
-  // The look of a key of these fields; empty texts are absent ones.
+  // The appearance of a key with these fields. An empty text means an absent field.
   Q_INVOKABLE glintboard::TileAppearance appearance(const QString& kind, const QString& label,
                                                     const QString& iconName,
                                                     const QString& iconSymbol) const;
-  // The letter that stands for an icon.
+  // The letter shown instead of an icon.
   Q_INVOKABLE static QString letter(const QString& label) {
     return TileAppearance::firstCharacter(label).toUpper();
   }
-  // The image behind a source that the models give, as a tile takes it; undefined for none.
+  // The QImage of an icon source, for a tile; undefined when there is none.
   Q_INVOKABLE QVariant icon(const QString& source) const;
 
  private:
-  explicit KeyLooks(QQmlEngine& engine) : engine_(engine) {}
+  explicit KeyArtwork(QQmlEngine& engine) : engine_(engine) {}
 
   QQmlEngine& engine_;  // owns this
 };

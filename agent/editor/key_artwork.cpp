@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "agent/editor/key_looks.h"
+#include "agent/editor/key_artwork.h"
 
 #include <QQmlEngine>
 
@@ -14,12 +14,12 @@ std::optional<std::string> given(const QString& text) {
 
 }  // namespace
 
-KeyLooks* KeyLooks::create(QQmlEngine* engine, QJSEngine* /*scripts*/) {
-  return new KeyLooks(*engine);
+KeyArtwork* KeyArtwork::create(QQmlEngine* engine, QJSEngine* /*scripts*/) {
+  return new KeyArtwork(*engine);
 }
 
-TileAppearance KeyLooks::appearance(const QString& kind, const QString& label,
-                                    const QString& iconName, const QString& iconSymbol) const {
+TileAppearance KeyArtwork::appearance(const QString& kind, const QString& label,
+                                      const QString& iconName, const QString& iconSymbol) const {
   DeckTile tile;
   tile.kind = fromRawValue<DeckTileKind>(kind.toStdString()).value_or(DeckTileKind::app);
   tile.label = label.toStdString();
@@ -28,7 +28,7 @@ TileAppearance KeyLooks::appearance(const QString& kind, const QString& label,
   return TileAppearance::forTile(tile);
 }
 
-QVariant KeyLooks::icon(const QString& source) const {
+QVariant KeyArtwork::icon(const QString& source) const {
   auto* icons = dynamic_cast<EditorIconProvider*>(
       engine_.imageProvider(QLatin1String(EditorIcons::providerName)));
   if (source.isEmpty() || icons == nullptr) {
