@@ -26,11 +26,12 @@ The package contains the agent with its deck editor, a phone on the command
 line (glintboard-phone), and the tool that manages the commands of keys
 (shortcuts).")
 
-# dpkg-shlibdeps finds the libraries of the programs, but not the modules that QML loads.
+# dpkg-shlibdeps finds the libraries of the programs, but not the modules that QML and Qt load. The
+# plugin that reads SVG icons was part of libqt6svg6 before 6.7.2-5.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qml6-module-qtqml, qml6-module-qtqml-models, \
 qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-templates, \
-qml6-module-qtquick-window")
+qml6-module-qtquick-window, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~)")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "avahi-daemon, default-dbus-session-bus | dbus-session-bus, \
 gnome-keyring | libkf5wallet-bin | keepassxc, hicolor-icon-theme, pipewire-pulse | pulseaudio, \
 qt6-wayland")

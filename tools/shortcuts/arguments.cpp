@@ -41,10 +41,11 @@ bool asksForHelp(const std::string& word) {
   return word == "--help" || word == "-h";
 }
 
-const Command& commandNamed(std::string name) {
-  if (asksForHelp(name)) {
+const Command& commandNamed(const std::string& word) {
+  std::string name = word;
+  if (asksForHelp(word)) {
     name = "help";
-  } else if (name == "--version") {
+  } else if (word == "--version") {
     name = "version";
   }
   const auto found = std::ranges::find(commands(), name, &Command::name);
