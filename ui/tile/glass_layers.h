@@ -11,8 +11,8 @@
 
 namespace glintboard {
 
-// Derived classes name this one with its namespace, since qmltyperegistrar finds it by the qualified
-// name only.
+// Derived classes name this one with its namespace, since qmltyperegistrar finds it by the
+// qualified name only.
 class GlassLayer : public glintboard::PaintedItem {
   Q_OBJECT
   QML_ELEMENT
