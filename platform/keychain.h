@@ -48,11 +48,11 @@ class Keychain {
   // Creates the item.
   virtual KeychainStatus add(const KeychainQuery& query, const std::string& data) = 0;
   virtual KeychainStatus remove(const KeychainQuery& query) = 0;
-  // From now on calls `told`, on any thread, whenever an item that could not be read may be
+  // From now on calls `readable`, on any thread, whenever an item that could not be read may be
   // readable: the keychain appears, is unlocked or answers again. A call may turn out to be for
   // nothing; none is missed since the last reading that failed. Without a function ends that; no
   // call is under way afterwards.
-  virtual void watch(std::function<void()> told) = 0;
+  virtual void watch(std::function<void()> readable) = 0;
 };
 
 }  // namespace glintboard

@@ -45,9 +45,9 @@ class LivePlatform {
 
   // The computer's name as its user sees it, or none. Any thread.
   std::optional<std::string> localizedName() const;
-  // Told when that name may have changed, on the service loop.
+  // Notified when that name may have changed, on the service loop.
   Observers& nameChanges();
-  // Whether anybody wants to know which applications run; while nobody does, none are looked for.
+  // Switches the watch of running applications; while it is off, none are looked for.
   // `looked` is called on the service loop once the first look has ended. Any thread.
   void watchRunningApplications(bool watch, std::function<void()> looked);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Those who want to be told of changes.
+// Callbacks that are notified of changes.
 #pragma once
 
 #include <functional>
@@ -12,9 +12,9 @@ namespace glintboard {
 // uses it holds weakly, or outlives this. Any thread.
 class Observers {
  public:
-  void add(std::function<void()> told) {
+  void add(std::function<void()> observer) {
     const std::lock_guard lock(mutex_);
-    all_.push_back(std::move(told));
+    all_.push_back(std::move(observer));
   }
   // Calls all of them on the calling thread. They must not throw, and learn what has changed from
   // whoever tells them.
@@ -24,8 +24,8 @@ class Observers {
       const std::lock_guard lock(mutex_);
       all = all_;
     }
-    for (const auto& told : all) {
-      told();
+    for (const auto& observer : all) {
+      observer();
     }
   }
 

@@ -23,7 +23,7 @@ std::string generate();
 }  // namespace PairingCodeGenerator
 
 namespace PairingSecret {
-// Whether the two are equal. The time depends on their lengths alone, so that it tells nothing
+// Whether the two are equal. The time depends on their lengths alone, so that it reveals nothing
 // about the expected secret.
 bool matches(std::string_view provided, std::string_view expected);
 }  // namespace PairingSecret

@@ -30,7 +30,7 @@ template <class T>
 struct RecordRules {
   // Whether a member that is missing or null keeps its default value instead of failing the read.
   static constexpr bool mayBeAbsent(std::string_view) { return false; }
-  // Called after a successful read to derive what was absent. `isPresent(name)` tells whether the
+  // Called after a successful read to derive what was absent. `isPresent(name)` says whether the
   // member had a value; `name` must be a member's.
   template <class IsPresent>
   static void complete(T&, IsPresent) {}

@@ -6,7 +6,7 @@
 namespace glintboard::WireMessageParser {
 namespace {
 
-// As told by the commas, before anything is read; no phone needs a hundredth.
+// Counted by the commas, before anything is read; no phone needs a hundredth.
 constexpr std::ptrdiff_t maxValues = 16'384;
 
 template <class Payload, class Wrapper = WireMessage<Payload>>

@@ -41,10 +41,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A successor kills after 100 ms whoever it has asked to end.
+// A newer instance kills this one 100 ms after it asked it to end.
 constexpr auto stopDeadline = 70ms;
 
-// After that nothing of the start is under way any more.
+// The start is complete after this time.
 constexpr auto startDuration = 2s;
 
 constexpr int wrongUsage = 2;  // an exit code
@@ -74,8 +74,8 @@ AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
           shortcutsExecutable()};
 }
 
-// A terminal stops a job in the background that reads there or, if it is set so, that writes there:
-// not one whose threads all block these signals. Reading fails then.
+// A terminal stops a background job that reads from it or, if it is set so, writes to it, unless
+// all its threads block these signals. Reading then fails.
 void outliveTerminalStops() {
   sigset_t stops;
   ::sigemptyset(&stops);
@@ -112,13 +112,13 @@ class AgentApp {
     });
   }
 
-  // Leaves in order where that goes quickly, and in any case before the deadline. Any thread.
+  // Ends the process in order if that is quick, and before the deadline in any case. Any thread.
   void stop() {
     std::thread([] {
       std::this_thread::sleep_for(stopDeadline);
       std::_Exit(EXIT_SUCCESS);
     }).detach();
-    // Begins beside the goodbye to the phones.
+    // Runs while the connections close.
     spawn(executors_.service(), deckDrafts_.finish(), "finishing the drafts");
     spawn(executors_.service(), leave(this), "stopping");
   }
@@ -205,8 +205,7 @@ class AgentApp {
   std::unique_ptr<TextMenu> textMenu_;
 };
 
-// Qt's application object over the first window system that it can really use. The arguments must
-// outlive it.
+// Qt's application object on the first window system that works. The arguments must outlive it.
 class Application {
  public:
   Application(std::string program, const std::vector<std::string>& displays)
@@ -215,11 +214,11 @@ class Application {
     QGuiApplication::setDesktopFileName(QString::fromUtf8(agentIdentifier));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")) {
-      // A graphics driver costs twice the memory of everything else.
+      // A graphics driver needs twice the memory of the rest of the agent.
       QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
     }
     qt_.emplace(count_, arguments_.data());
-    // The desktop starts it at login; a session that is restored is not to open its menu as well.
+    // The desktop starts the agent at login; a restored session must not open its menu as well.
     QObject::connect(
         &*qt_, &QGuiApplication::saveStateRequest, &*qt_,
         [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },
@@ -231,8 +230,8 @@ class Application {
   static bool hasDisplay() { return QGuiApplication::platformName() != QLatin1String("offscreen"); }
 
  private:
-  // On X11 nothing holds the software renderer to the pace of a screen, but a variable that Qt
-  // reads with the first update of a window. What the agent launches is not to inherit it.
+  // On X11 only this variable limits the frame rate of the software renderer. Qt reads it at the
+  // first update of a window. Launched programs must not inherit it.
   static void holdFramePace() {
     constexpr auto variable = "QT_QPA_UPDATE_IDLE_TIME";  // milliseconds
     if (QGuiApplication::platformName() == QLatin1String("xcb") &&
@@ -245,7 +244,7 @@ class Application {
     }
   }
 
-  // Qt takes the first that it can start.
+  // Qt uses the first one that starts.
   static std::string listOf(const std::vector<std::string>& displays) {
     std::string list;
     for (const std::string& display : displays) {
@@ -289,7 +288,7 @@ int serve(const std::string& program, const AgentArguments& arguments) {
     // Never destroyed: see AgentApp.
     auto* const app = new AgentApp(hasDisplay, arguments.background);
     QGuiApplication::exec();
-    // The session has ended, or a window was told to quit.
+    // The session has ended, or a window received a quit request.
     app->stop();
     for (;;) {
       ::pause();

@@ -18,12 +18,12 @@
 
 namespace {
 
-// The hooks of the C library know no object. These are set while one exists.
+// The hooks have no object. These variables are set while a DisplayLoss exists.
 constinit std::atomic<char* const*> commandToRun = nullptr;
 constinit std::atomic<pid_t> owner = 0;
 constinit std::atomic_flag begun;
 
-// Whether this thread is to start the program again. Does not return on a thread that comes late.
+// Whether this thread must start the program again. Does not return on a later thread.
 bool isToStartAgain() {
   // A child process that could not run its program ends in the same way.
   if (::getpid() != owner || commandToRun == nullptr) {
@@ -56,7 +56,7 @@ void startAgain() {
 
 constexpr std::array crashes = {SIGSEGV, SIGABRT};
 
-// The crash takes place after all where this returns.
+// If this returns, the process crashes as it would have.
 void startAgainAfterCrash(int) {
   constexpr std::string_view line = "the start crashed; the agent starts again without a display\n";
   if (isToStartAgain()) {

@@ -76,7 +76,7 @@ class ListenerService : public Actor, public std::enable_shared_from_this<Listen
   // sent.
   Awaitable<Replies> dispatch(std::string message, std::optional<std::string> token);
 
-  // Whether a push reaches a phone at this moment. Any thread.
+  // Whether a push reaches a phone now. Any thread.
   bool hasConnectedPhone() const { return connections_.hasPushes(); }
   // Calls `observer` on the service loop after each change of the state or of `hasConnectedPhone`.
   // Any thread.

@@ -66,7 +66,7 @@ class MessageDispatcher {
   // The same as one operation, for a message by itself.
   Awaitable<Replies> dispatch(std::string message, std::optional<std::string> token);
 
-  // The encoded "decks.snapshot" of this moment. Throws WireCodecError.
+  // The encoded "decks.snapshot" of the present decks. Throws WireCodecError.
   Awaitable<std::string> decksSnapshot(Uuid id);
   // Sets the number of connections of paired phones. Without one, running applications are not
   // watched. With several, the pings that they send at the same time share one reading.

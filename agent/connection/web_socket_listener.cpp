@@ -145,12 +145,13 @@ class WebSocketListener::Acceptor : public std::enable_shared_from_this<Acceptor
     error_code ignored;
     socket.set_option(tcp::no_delay(true), ignored);
     spawn(acceptor_.get_executor(),
-          serve(shared_from_this(), acceptConnection(std::move(socket), std::move(ticket))),
+          serve(shared_from_this(),
+                std::make_shared<WebSocketConnection>(std::move(socket), std::move(ticket))),
           "connection");
   }
 
   static Awaitable<> serve(std::shared_ptr<Acceptor> self,
-                           std::shared_ptr<AcceptedConnection> connection) {
+                           std::shared_ptr<WebSocketConnection> connection) {
     const bool upgraded = co_await connection->upgrade();
     if (!upgraded) {
       log::debug("no upgrade request from ", connection->handshake().peer);

@@ -32,9 +32,9 @@ struct DeckEditorInputs {
   InstalledAppsCatalog appsCatalog;
   ShortcutsCatalog shortcutsCatalog;
   ShortcutIconProvider& shortcutIconProvider;
-  // Whether a phone is connected at this moment. Called on the main thread.
+  // Whether a phone is connected now. Called on the main thread.
   std::function<bool()> isPhoneConnected;
-  // Run after every change of the stored deck; throws when the phone could not be told.
+  // Run after every change of the stored deck; throws when the phone could not be notified.
   std::function<Awaitable<>()> onSaved;
   // Shared by all editors made of these inputs.
   std::shared_ptr<DeckHistories> histories = std::make_shared<DeckHistories>();

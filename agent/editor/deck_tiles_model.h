@@ -29,7 +29,7 @@ struct DeckKey {
   bool operator==(const DeckKey&) const = default;
 };
 
-// Tells insertions, removals and moves as such, so that a view can let keys make room.
+// Reports insertions, removals and moves as such, so that a view can let keys make room.
 class DeckTilesModel : public QAbstractListModel {
   Q_OBJECT
   Q_PROPERTY(int count READ count NOTIFY countChanged)

@@ -5,7 +5,7 @@ import Glintboard.UI
 import Glintboard.Agent
 
 // The agent's menu: how to pair or who is paired, what is wrong if something is, and the commands.
-FocusScope {
+MenuPanel {
     id: view
 
     required property MenuBarModel menu
@@ -13,18 +13,10 @@ FocusScope {
     property bool popover: true
     // The desktop shows what lies behind the window.
     property bool translucent: true
-    // Of the whole, beyond which the content scrolls.
-    property real maximumHeight: 4096
-    // Around the panel, for its shadow.
-    readonly property real margin: view.popover && view.translucent ? Theme.Gap32 : 0
     readonly property real padding: Theme.Gap16
-    // The window follows it.
-    property real shownHeight: Math.ceil(Math.min(items.implicitHeight + 2 * view.padding + 2 * view.margin, view.maximumHeight))
-    // Until the first layout is done nothing moves.
-    property bool settled: false
 
-    signal closeRequested
-
+    margin: view.popover && view.translucent ? Theme.Gap32 : 0
+    shownHeight: Math.ceil(Math.min(items.implicitHeight + 2 * view.padding + 2 * view.margin, view.maximumHeight))
     implicitWidth: items.width + 2 * view.padding + 2 * view.margin
     implicitHeight: view.shownHeight
     focus: true

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The agent's place on a desktop with a display.
+// The agent on a desktop with a display: tray item and windows.
 #pragma once
 
 #include <QObject>
@@ -22,7 +22,8 @@ class DesktopShell : public QObject {
 
   DesktopAppearance appearance() const { return session_.appearance(); }
   // To be called when the agent was started without its menu: opens that all the same, as a window,
-  // if after `timeout` no tray shows the item and no phone is paired. Nobody could pair one.
+  // if after `timeout` no tray shows the item and no phone is paired: without either there is no
+  // way to pair one.
   void startInBackground(std::chrono::milliseconds timeout = std::chrono::seconds(3));
 
  Q_SIGNALS:

@@ -16,7 +16,7 @@ struct MenuActions {
   std::function<void()> quit;
 };
 
-// Starts what is pressed without waiting for it, and tells when a menu has something new to show.
+// Starts what is pressed without waiting for it, and reports when a menu has something new to show.
 // Main thread.
 class MenuCommands : public QObject {
   Q_OBJECT

@@ -31,7 +31,7 @@ MenuView::MenuView(MenuBarModel& model, MenuStyle style, const Appearance& appea
                                                   : themeOf(engine_).windowBottom());
 
   QQmlComponent component(&engine_, QUrl(QStringLiteral("qrc:/Glintboard/Agent/MenuBarView.qml")));
-  root_.reset(qobject_cast<QQuickItem*>(component.createWithInitialProperties(
+  root_.reset(qobject_cast<MenuPanel*>(component.createWithInitialProperties(
       {{QStringLiteral("menu"), QVariant::fromValue(&model)},
        {QStringLiteral("popover"), isPopover()},
        {QStringLiteral("translucent"), style == MenuStyle::translucentPopover}})));
@@ -39,11 +39,11 @@ MenuView::MenuView(MenuBarModel& model, MenuStyle style, const Appearance& appea
     throw std::runtime_error("the menu's view: " + component.errorString().toStdString());
   }
   root_->setParentItem(contentItem());
-  connect(root_.get(), SIGNAL(shownHeightChanged()), this, SLOT(fit()));
-  connect(root_.get(), SIGNAL(implicitWidthChanged()), this, SLOT(fit()));
-  connect(root_.get(), SIGNAL(closeRequested()), this, SLOT(hide()));
+  connect(root_.get(), &MenuPanel::shownHeightChanged, this, &MenuView::fit);
+  connect(root_.get(), &QQuickItem::implicitWidthChanged, this, &MenuView::fit);
+  connect(root_.get(), &MenuPanel::closeRequested, this, &QWindow::hide);
   connect(this, &QWindow::activeChanged, this, [this] {
-    // The loss that an earlier closing has caused may be told only now.
+    // The loss that an earlier closing caused may be reported only now.
     if (isPopover() && isVisible() && !isActive() && hasHadFocus_) {
       Q_EMIT focusLost();
       hide();
@@ -57,30 +57,29 @@ MenuView::~MenuView() {
 }
 
 void MenuView::setAppearance(const Appearance& appearance) {
-  Theme& look = themeOf(engine_);
-  look.setAppearance(appearance);
+  Theme& theme = themeOf(engine_);
+  theme.setAppearance(appearance);
   if (style_ != MenuStyle::translucentPopover) {
-    setColor(look.windowBottom());
+    setColor(theme.windowBottom());
   }
 }
 
 void MenuView::open(std::optional<QPoint> anchor) {
   anchor_.reset();
-  QScreen* place = QGuiApplication::primaryScreen();
+  QScreen* target = QGuiApplication::primaryScreen();
   for (QScreen* const candidate : QGuiApplication::screens()) {
     if (anchor && !anchor_) {
       anchor_ = pointOnScreen(*anchor, candidate->geometry(), candidate->devicePixelRatio());
-      place = anchor_ ? candidate : place;
+      target = anchor_ ? candidate : target;
     }
   }
-  setScreen(place);
-  const qreal shadows = 2 * root_->property("margin").toReal();
-  root_->setProperty("maximumHeight",
-                     place->availableGeometry().height() - 2 * distanceToEdges + shadows);
+  setScreen(target);
+  const qreal shadows = 2 * root_->margin();
+  root_->setMaximumHeight(target->availableGeometry().height() - 2 * distanceToEdges + shadows);
   hasHadFocus_ = false;
-  root_->setProperty("settled", false);
+  root_->setSettled(false);
   fit();
-  root_->setProperty("settled", true);
+  root_->setSettled(true);
   show();
   raise();
   requestActivate();
@@ -89,19 +88,19 @@ void MenuView::open(std::optional<QPoint> anchor) {
 
 // Makes the window as large as the view wants to be; a popover grows away from its panel.
 void MenuView::fit() {
-  const QSize size(qRound(root_->implicitWidth()), qRound(root_->property("shownHeight").toReal()));
+  const QSize size(qRound(root_->implicitWidth()), qRound(root_->shownHeight()));
   setMinimumSize(size);
   setMaximumSize(size);
   if (!isPopover()) {
     resize(size);
     return;
   }
-  const int margin = qRound(root_->property("margin").toReal());
+  const int margin = qRound(root_->margin());
   const QMargins shadow(margin, margin, margin, margin);
   const QSize panel = size.shrunkBy(shadow);
-  const QPoint place =
+  const QPoint position =
       popoverPosition(anchor_, panel, screen()->geometry(), screen()->availableGeometry());
-  setGeometry(QRect(place, panel).marginsAdded(shadow));
+  setGeometry(QRect(position, panel).marginsAdded(shadow));
 }
 
 // The window system may give another size than was wanted.

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "agent/menu/menu_bar_model.h"
+#include "agent/menu/menu_panel.h"
 #include "ui/design/appearance.h"
 
 namespace glintboard {
@@ -47,17 +48,15 @@ class MenuView : public QQuickWindow {
   bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
- private Q_SLOTS:
-  void fit();
-
  private:
+  void fit();
   bool isPopover() const { return style_ != MenuStyle::window; }
 
   MenuStyle style_;
   std::optional<QPoint> anchor_;  // on the window's screen
   bool hasHadFocus_ = false;      // since it was opened
   QQmlEngine engine_;
-  std::unique_ptr<QQuickItem> root_;
+  std::unique_ptr<MenuPanel> root_;
 };
 
 }  // namespace glintboard

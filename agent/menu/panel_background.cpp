@@ -7,12 +7,12 @@ namespace glintboard {
 
 void PanelBackground::paint(QPainter* painter) {
   const qreal hairline = 1 / painter->device()->devicePixelRatio();
-  QLinearGradient ground(0, 0, 0, height());
-  ground.setColorAt(0, top_);
-  ground.setColorAt(1, bottom_);
+  QLinearGradient gradient(0, 0, 0, height());
+  gradient.setColorAt(0, top_);
+  gradient.setColorAt(1, bottom_);
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
-  painter->setBrush(ground);
+  painter->setBrush(gradient);
   painter->drawRoundedRect(boundingRect(), radius_, radius_);
   const qreal half = hairline / 2;
   painter->setPen(QPen(stroke_, hairline));

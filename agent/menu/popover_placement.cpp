@@ -40,33 +40,33 @@ int clamped(int wanted, int low, int high) {
 
 QPoint popoverPosition(std::optional<QPoint> anchor, QSize size, QRect screen, QRect available) {
   const QPoint point = anchor.value_or(usualAnchor(screen, available));
-  QPoint place(point.x() - size.width() / 2, point.y() - size.height() / 2);
+  QPoint position(point.x() - size.width() / 2, point.y() - size.height() / 2);
   switch (edgeOf(point, available)) {
     case Edge::top:
-      place.setY(point.y() + gap);
+      position.setY(point.y() + gap);
       break;
     case Edge::bottom:
-      place.setY(point.y() - gap - size.height());
+      position.setY(point.y() - gap - size.height());
       break;
     case Edge::left:
-      place.setX(point.x() + gap);
+      position.setX(point.x() + gap);
       break;
     case Edge::right:
-      place.setX(point.x() - gap - size.width());
+      position.setX(point.x() - gap - size.width());
       break;
   }
   const QRect inside = available.adjusted(gap, gap, -gap, -gap);
-  return {clamped(place.x(), inside.left(), inside.right() + 1 - size.width()),
-          clamped(place.y(), inside.top(), inside.bottom() + 1 - size.height())};
+  return {clamped(position.x(), inside.left(), inside.right() + 1 - size.width()),
+          clamped(position.y(), inside.top(), inside.bottom() + 1 - size.height())};
 }
 
 // Qt scales a screen's size, but not its position.
 std::optional<QPoint> pointOnScreen(QPoint pixels, QRect screen, qreal devicePixelRatio) {
-  const QPoint place = pixels - screen.topLeft();
-  if (!QRect(QPoint(), (QSizeF(screen.size()) * devicePixelRatio).toSize()).contains(place)) {
+  const QPoint position = pixels - screen.topLeft();
+  if (!QRect(QPoint(), (QSizeF(screen.size()) * devicePixelRatio).toSize()).contains(position)) {
     return std::nullopt;
   }
-  return screen.topLeft() + (QPointF(place) / devicePixelRatio).toPoint();
+  return screen.topLeft() + (QPointF(position) / devicePixelRatio).toPoint();
 }
 
 }  // namespace glintboard

@@ -26,7 +26,7 @@ constexpr std::array<std::pair<std::string_view, ShortcutErrorCode>, 8> meanings
     {"privacy", ShortcutErrorCode::cancelled},
 }};
 
-// Whether the tool is told exactly this identifier: neither a part of it nor an option.
+// Whether the tool reads exactly this identifier: neither a part of it nor an option.
 bool canBeOperand(std::string_view identifier) {
   return canBeArgument(identifier) && !identifier.starts_with('-');
 }

@@ -8,14 +8,12 @@ namespace {
 
 using namespace glintboard;
 
-Awaitable<> echo(std::shared_ptr<AcceptedConnection> connection) {
+Awaitable<> echo(std::shared_ptr<WebSocketConnection> connection) {
   if (co_await connection->upgrade()) {
     connection->setPaired(true);
     while (auto message = co_await connection->receive()) {
       do {
-        if (!connection->sendNow(*message)) {
-          co_await connection->send(*message);
-        }
+        co_await connection->send(std::move(*message));
       } while ((message = connection->received()));
     }
   }
@@ -27,7 +25,9 @@ int main(int, char** argv) {
   const auto bounds = std::make_shared<ConnectionBounds>(ConnectionLimits{});
   bench::serve(argv[1], [&](bench::Socket socket) {
     const auto executor = socket.get_executor();
-    auto place = bounds->enter(socket.remote_endpoint().address());
-    spawn(executor, echo(acceptConnection(std::move(socket), std::move(place))), "echo");
+    auto ticket = bounds->enter(socket.remote_endpoint().address());
+    spawn(executor,
+          echo(std::make_shared<WebSocketConnection>(std::move(socket), std::move(ticket))),
+          "echo");
   });
 }

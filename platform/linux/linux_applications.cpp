@@ -60,7 +60,7 @@ struct LinuxApplications::Parts : Actor {
   static Awaitable<bool> activateWindows(Self self, std::string bundleId);
 };
 
-// The state of all applications at one moment.
+// The state of all applications at one time.
 class LinuxApplications::Snapshot {
  public:
   explicit Snapshot(const Parts& parts)
@@ -256,10 +256,10 @@ WorkspaceClient LinuxApplications::workspaceClient() {
     return RunningApplicationClient{[parts, bundleId] { return Parts::activate(parts, bundleId); }};
   };
   client.currentStates = [parts = parts_] {
-    const auto moment = std::make_shared<const Snapshot>(*parts);
+    const auto snapshot = std::make_shared<const Snapshot>(*parts);
     return ApplicationStates{
-        [moment](const std::string& bundleId) { return moment->entry(bundleId) != nullptr; },
-        [moment](const std::string& bundleId) { return moment->isRunning(bundleId); }};
+        [snapshot](const std::string& bundleId) { return snapshot->entry(bundleId) != nullptr; },
+        [snapshot](const std::string& bundleId) { return snapshot->isRunning(bundleId); }};
   };
   client.openApplication = [parts = parts_](ApplicationLocation application) {
     return Parts::open(parts, std::move(application));

@@ -120,7 +120,7 @@ class EditorWindowTest : public testing::Test {
           cell->property("label").toString().toStdString();
     }
     std::string text;
-    for (const auto& [place, label] : labels) {
+    for (const auto& [index, label] : labels) {
       text += (text.empty() ? "" : ", ") + label;
     }
     return text;

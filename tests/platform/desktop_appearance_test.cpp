@@ -17,16 +17,16 @@ TEST(DesktopAppearanceTest, StartsWithFilesAndFollowsThePortal) {
   ::setenv("XDG_CONFIG_HOME", home.path().c_str(), 1);
   const test::SessionBus bus;
   std::mutex mutex;
-  DesktopAppearance told;
+  DesktopAppearance reported;
   const auto isTold = [&](const DesktopAppearance& wanted) {
     return test::eventually([&] {
       const std::lock_guard lock(mutex);
-      return told == wanted;
+      return reported == wanted;
     });
   };
   const DesktopSession session([&](DesktopAppearance appearance) {
     const std::lock_guard lock(mutex);
-    told = appearance;
+    reported = appearance;
   });
   EXPECT_EQ(session.appearance(), (DesktopAppearance{.increasedContrast = true}));
 

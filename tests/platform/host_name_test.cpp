@@ -27,9 +27,9 @@ TEST(HostName, PrefersThePrettyName) {
   std::filesystem::remove(file);
   EXPECT_EQ(name.localizedName(), "renamed");
 
-  for (const char* nobody : {"", "localhost", "(none)", "\xff"}) {
-    kernelName = nobody;
-    EXPECT_EQ(name.localizedName(), std::nullopt) << nobody;
+  for (const char* unusable : {"", "localhost", "(none)", "\xff"}) {
+    kernelName = unusable;
+    EXPECT_EQ(name.localizedName(), std::nullopt) << unusable;
   }
 }
 

@@ -225,10 +225,10 @@ TEST_F(SecretServiceKeychainTest, SignalsWhenItBecomesReadable) {
   for (const auto& [name, begin, before, end] : cases) {
     begin();
     EXPECT_EQ(keychain.copyMatching(item, data), before) << name;
-    std::counting_semaphore<> told(0);
-    keychain.watch([&] { told.release(); });
+    std::counting_semaphore<> readable(0);
+    keychain.watch([&] { readable.release(); });
     auto reading = std::async(std::launch::async, [&] {
-      while (told.try_acquire_for(test::slowdown * 5s)) {
+      while (readable.try_acquire_for(test::slowdown * 5s)) {
         if (keychain.copyMatching(item, data) == keychainSuccess) {
           return true;
         }

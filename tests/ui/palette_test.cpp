@@ -14,12 +14,12 @@ RGB componentsOf(const QColor& color) {
   return {color.redF(), color.greenF(), color.blueF()};
 }
 
-// `over` blended onto an opaque `ground`.
-RGB seenOn(const QColor& over, const RGB& ground) {
+// `over` blended onto an opaque `background`.
+RGB seenOn(const QColor& over, const RGB& background) {
   const double alpha = over.alphaF();
-  return {over.redF() * alpha + ground.red * (1 - alpha),
-          over.greenF() * alpha + ground.green * (1 - alpha),
-          over.blueF() * alpha + ground.blue * (1 - alpha)};
+  return {over.redF() * alpha + background.red * (1 - alpha),
+          over.greenF() * alpha + background.green * (1 - alpha),
+          over.blueF() * alpha + background.blue * (1 - alpha)};
 }
 
 TEST(WCAGContrast, FollowsThePublishedFormula) {
@@ -39,15 +39,16 @@ TEST(Theme, TextHasEnoughContrastInEveryAppearance) {
     for (const bool increasedContrast : {false, true}) {
       look.setAppearance({dark, increasedContrast, false, 1});
       for (const auto& window : {look.windowTop(), look.windowBottom()}) {
-        const RGB ground = componentsOf(window);
-        const RGB panel = seenOn(look.surface(), ground);
+        const RGB background = componentsOf(window);
+        const RGB panel = seenOn(look.surface(), background);
         const RGB solid = componentsOf(look.solidSurface());
         const RGB hovered = seenOn(look.hover(), panel);
-        const std::vector<RGB> still{ground, panel, solid};
+        const std::vector<RGB> still{background, panel, solid};
         const auto hoveredInDanger =
-            seenOn(Theme::faded(look.dangerText(), look.hover().alphaF()), ground);
-        const std::vector<RGB> rows{ground, hoveredInDanger};
-        const std::vector<RGB> all{ground, panel, solid, hovered, seenOn(look.pressed(), panel)};
+            seenOn(Theme::faded(look.dangerText(), look.hover().alphaF()), background);
+        const std::vector<RGB> rows{background, hoveredInDanger};
+        const std::vector<RGB> all{background, panel, solid, hovered,
+                                   seenOn(look.pressed(), panel)};
         const std::tuple<const char*, QColor, const std::vector<RGB>&> inks[] = {
             {"text", look.text(), all},
             {"secondaryText", look.secondaryText(), all},
@@ -58,7 +59,7 @@ TEST(Theme, TextHasEnoughContrastInEveryAppearance) {
         for (const auto& [name, ink, grounds] : inks) {
           for (std::size_t i = 0; i < grounds.size(); ++i) {
             EXPECT_GE(WCAGContrast::contrastRatio(componentsOf(ink), grounds[i]), 4.5)
-                << name << " on ground " << i << (dark ? ", dark" : ", light")
+                << name << " on background " << i << (dark ? ", dark" : ", light")
                 << (increasedContrast ? ", increased contrast" : "");
           }
         }

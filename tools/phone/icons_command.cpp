@@ -44,7 +44,7 @@ void fetchBatch(AgentSession& session, const IconCache& cache,
     }
     const auto icon = payloadOf<AppIconPayload>(message);
     if (std::ranges::count(batch, icon.bundleId) == 0) {
-      throw badIcon(icon.bundleId, "nobody asked for");
+      throw badIcon(icon.bundleId, "was not requested");
     }
     cache.store(icon.bundleId, checkedImage(icon));
     fetched.insert(MacIconSyncPolicy::normalized(icon.bundleId));

@@ -3,12 +3,12 @@ import QtQuick
 import QtQuick.Window
 import Glintboard.UI
 
-// A rounded translucent panel; opaque with increased contrast or without a window's ground behind it.
+// A rounded translucent panel; opaque with increased contrast or without a window's background behind it.
 Item {
     id: panel
 
     property real radius: Theme.PanelRadius
-    // An opaque panel stays legible without a window's ground behind it.
+    // An opaque panel stays legible without a window's background behind it.
     property bool opaque: Theme.increasedContrast
     property bool raised: false
     property color fill: panel.opaque ? Theme.solidSurface : Theme.surface

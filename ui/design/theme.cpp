@@ -20,12 +20,13 @@ QColor withAlpha(QColor color, double alpha) {
   return color;
 }
 
-// `over` laid on an opaque `ground`.
-QColor blended(const QColor& over, const QColor& ground) {
+// `over` laid on an opaque `background`.
+QColor blended(const QColor& over, const QColor& background) {
   const float alpha = over.alphaF();
   const auto mix = [alpha](float top, float bottom) { return top * alpha + bottom * (1 - alpha); };
-  return QColor::fromRgbF(mix(over.redF(), ground.redF()), mix(over.greenF(), ground.greenF()),
-                          mix(over.blueF(), ground.blueF()));
+  return QColor::fromRgbF(mix(over.redF(), background.redF()),
+                          mix(over.greenF(), background.greenF()),
+                          mix(over.blueF(), background.blueF()));
 }
 
 DeckBrandPalette::RGB componentsOf(const QColor& color) {
@@ -51,10 +52,10 @@ QColor Theme::faded(QColor color, double opacity) {
   return withAlpha(color, color.alphaF() * opacity);
 }
 
-QColor Theme::inkOn(const QColor& ground) {
+QColor Theme::inkOn(const QColor& background) {
   const DeckBrandPalette::RGB white{1, 1, 1};
   const auto& dark = DeckBrandPalette::accentTextComponents;
-  const auto components = componentsOf(ground);
+  const auto components = componentsOf(background);
   return WCAGContrast::contrastRatio(white, components) >=
                  WCAGContrast::contrastRatio(dark, components)
              ? white.color()
@@ -77,7 +78,7 @@ QColor Theme::surface() const {
 }
 
 QColor Theme::solidSurface() const {
-  // On the end of the window's ground that is nearer to the text.
+  // On the end of the window's background that is nearer to the text.
   return blended(withAlpha(Qt::white, dark() ? 0.06 : 0.85), windowBottom());
 }
 
@@ -125,7 +126,7 @@ QColor Theme::warningText() const {
 }
 
 QColor Theme::successText() const {
-  // The brand's green is legible on white; the light ground wants it a little darker.
+  // The brand's green is legible on white; the light background wants it a little darker.
   return dark() ? DeckBrandPalette::success
                 : blended(withAlpha(ink, 0.1), DeckBrandPalette::successText);
 }

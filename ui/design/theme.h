@@ -23,7 +23,7 @@ class Theme : public QObject {
   Q_PROPERTY(bool reducedMotion READ reducedMotion NOTIFY appearanceChanged)
   Q_PROPERTY(double textScale READ textScale NOTIFY appearanceChanged)
 
-  // A window's ground, a gradient from top to bottom.
+  // A window's background, a gradient from top to bottom.
   Q_PROPERTY(QColor windowTop READ windowTop NOTIFY appearanceChanged)
   Q_PROPERTY(QColor windowBottom READ windowBottom NOTIFY appearanceChanged)
   // Cards and panels. `surface` is translucent, `solidSurface` is `surface` blended with the
@@ -41,7 +41,7 @@ class Theme : public QObject {
   Q_PROPERTY(QColor accent READ accent NOTIFY appearanceChanged)
   Q_PROPERTY(QColor onAccent READ onAccent NOTIFY appearanceChanged)
   // Text in the colour of a meaning, legible in either appearance. `dangerText` is so on a window's
-  // ground, plain or tinted with itself at the strength of `hover`, not on a card.
+  // background, plain or tinted with itself at the strength of `hover`, not on a card.
   Q_PROPERTY(QColor dangerText READ dangerText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor warningText READ warningText NOTIFY appearanceChanged)
   Q_PROPERTY(QColor successText READ successText NOTIFY appearanceChanged)
@@ -49,7 +49,7 @@ class Theme : public QObject {
   Q_PROPERTY(QColor accentVivid READ accentVivid CONSTANT)
   // Text on `accentVivid`.
   Q_PROPERTY(QColor accentText READ accentText CONSTANT)
-  // Text in the accent's hue on a dark ground.
+  // Text in the accent's hue on a dark background.
   Q_PROPERTY(QColor accentPale READ accentPale CONSTANT)
   Q_PROPERTY(QColor darkGround READ darkGround CONSTANT)
   Q_PROPERTY(QColor success READ success CONSTANT)
@@ -104,8 +104,8 @@ class Theme : public QObject {
   Q_INVOKABLE static QColor accentGlow(double opacity);
   // `color` with its opacity multiplied.
   Q_INVOKABLE static QColor faded(QColor color, double opacity);
-  // The better legible of white and near-black on `ground`.
-  Q_INVOKABLE static QColor inkOn(const QColor& ground);
+  // The better legible of white and near-black on `background`.
+  Q_INVOKABLE static QColor inkOn(const QColor& background);
 
   bool dark() const { return appearance_.dark; }
   bool increasedContrast() const { return appearance_.increasedContrast; }

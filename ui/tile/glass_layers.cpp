@@ -67,10 +67,10 @@ void TileGlyph::paintIcon(QPainter& painter, const QRectF& area) const {
     image = image.convertToFormat(QImage::Format_Grayscale8).convertToFormat(QImage::Format_RGB32);
     image.setAlphaChannel(alpha);
   }
-  QRectF place(QPointF(), QSizeF(image.size()) / scale);
-  place.moveCenter(area.center());
+  QRectF target(QPointF(), QSizeF(image.size()) / scale);
+  target.moveCenter(area.center());
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(place, image);
+  painter.drawImage(target, image);
 }
 
 void TileGlyph::paintGlyph(QPainter& painter, const QRectF& area, const QColor& color) const {

@@ -29,8 +29,8 @@ QPainterPath roundedSquare(const QRectF& face, qreal radius) {
   return path;
 }
 
-QColor tinted(const QColor& ground, const QColor& accent) {
-  return accent.isValid() ? mixed(ground, accent, 0.18F) : ground;
+QColor tinted(const QColor& background, const QColor& accent) {
+  return accent.isValid() ? mixed(background, accent, 0.18F) : background;
 }
 
 }  // namespace

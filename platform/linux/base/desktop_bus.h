@@ -28,7 +28,7 @@ class DesktopBus {
     virtual void disconnected() = 0;
   };
 
-  // `address` tells where the bus listens now, if anywhere.
+  // `address` returns where the bus listens now, if anywhere.
   explicit DesktopBus(std::function<std::string()> address = sessionBusAddress);
   // Ends the connection, and the clients on the bus's thread.
   ~DesktopBus();

@@ -11,8 +11,8 @@ class Client : public DesktopBus::Client {
   explicit Client(std::function<void()> woken) : woken_(std::move(woken)) {}
 
   void connected(GDBusConnection* bus) override {
-    const auto told = [](GDBusConnection*, const char*, const char*, const char*, const char*,
-                         GVariant* arguments, void* self) {
+    const auto onSignal = [](GDBusConnection*, const char*, const char*, const char*, const char*,
+                             GVariant* arguments, void* self) {
       int beginning = 0;
       if (g_variant_is_of_type(arguments, G_VARIANT_TYPE("(b)")) != 0) {
         g_variant_get(arguments, "(b)", &beginning);
@@ -24,7 +24,7 @@ class Client : public DesktopBus::Client {
     bus_ = bus;
     signal_ = g_dbus_connection_signal_subscribe(
         bus, "org.freedesktop.login1", "org.freedesktop.login1.Manager", "PrepareForSleep",
-        "/org/freedesktop/login1", nullptr, G_DBUS_SIGNAL_FLAGS_NONE, told, this, nullptr);
+        "/org/freedesktop/login1", nullptr, G_DBUS_SIGNAL_FLAGS_NONE, onSignal, this, nullptr);
   }
 
   void disconnected() override {

@@ -23,8 +23,8 @@ class FileKeychain : public Keychain {
   KeychainStatus update(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus add(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus remove(const KeychainQuery& query) override;
-  // Tells nothing: what cannot be read here is mended by the user.
-  void watch(std::function<void()> /*told*/) override {}
+  // Does nothing: what cannot be read here is mended by the user.
+  void watch(std::function<void()> /*readable*/) override {}
 
  private:
   std::filesystem::path fileOf(const KeychainQuery& query) const;

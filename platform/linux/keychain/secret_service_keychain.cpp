@@ -115,8 +115,8 @@ KeychainStatus SecretServiceKeychain::remove(const KeychainQuery& query) {
   });
 }
 
-void SecretServiceKeychain::watch(std::function<void()> told) {
-  watch_ = told ? std::make_unique<SecretServiceWatch>(std::move(told)) : nullptr;
+void SecretServiceKeychain::watch(std::function<void()> readable) {
+  watch_ = readable ? std::make_unique<SecretServiceWatch>(std::move(readable)) : nullptr;
 }
 
 }  // namespace glintboard

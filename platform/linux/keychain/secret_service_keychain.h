@@ -39,7 +39,7 @@ class SecretServiceKeychain : public Keychain {
   KeychainStatus update(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus add(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus remove(const KeychainQuery& query) override;
-  void watch(std::function<void()> told) override;
+  void watch(std::function<void()> readable) override;
 
  private:
   template <class Work>

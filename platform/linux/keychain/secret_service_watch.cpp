@@ -24,7 +24,7 @@ bool isStarting(const GError& error) {
 
 class SecretServiceWatch::Client : public DesktopBus::Client {
  public:
-  explicit Client(std::function<void()> told) : told_(std::move(told)) {}
+  explicit Client(std::function<void()> readable) : readable_(std::move(readable)) {}
 
   void connected(GDBusConnection* bus) override {
     bus_ = bus;
@@ -74,7 +74,7 @@ class SecretServiceWatch::Client : public DesktopBus::Client {
 
   static void changed(GDBusConnection*, const char*, const char*, const char*, const char*,
                       GVariant*, void* self) {
-    static_cast<Client*>(self)->told_();
+    static_cast<Client*>(self)->readable_();
   }
 
   // Waits for the answer as long as it takes.
@@ -101,7 +101,7 @@ class SecretServiceWatch::Client : public DesktopBus::Client {
 
   void answered(const GError* error) {
     if (error == nullptr) {
-      told_();
+      readable_();
     } else if (isStarting(*error) && pause_ <= longestPause) {
       askAfter(std::exchange(pause_, 2 * pause_));
     }
@@ -124,7 +124,7 @@ class SecretServiceWatch::Client : public DesktopBus::Client {
     }
   }
 
-  const std::function<void()> told_;
+  const std::function<void()> readable_;
 
   // While connected.
   GDBusConnection* bus_ = nullptr;
@@ -134,8 +134,8 @@ class SecretServiceWatch::Client : public DesktopBus::Client {
   std::chrono::milliseconds pause_ = firstPause;
 };
 
-SecretServiceWatch::SecretServiceWatch(std::function<void()> told)
-    : client_(std::make_shared<Client>(std::move(told))) {
+SecretServiceWatch::SecretServiceWatch(std::function<void()> readable)
+    : client_(std::make_shared<Client>(std::move(readable))) {
   bus_.add(client_);
 }
 

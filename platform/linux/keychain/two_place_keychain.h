@@ -15,12 +15,12 @@ namespace glintboard {
 // taken out of the fallback only once the preferred keychain has it. Where both hold an item, the
 // later one by the rule wins.
 //
-// A removal that the preferred keychain cannot be told is kept in the fallback too, as the rule's
+// A removal that the preferred keychain does not take is kept in the fallback too, as the rule's
 // data for a removed item, unless there is no preferred keychain and there never was: that it took
 // an item is noted in the fallback, under the account with ".moved" behind it.
 //
 // The statuses are the keychains' own; `update` makes an item where the preferred keychain cannot
-// say whether there is one. Nothing is remembered in memory but what the log was told. For one
+// say whether there is one. Nothing is remembered in memory but what was logged. For one
 // thread.
 class TwoPlaceKeychain : public Keychain {
  public:
@@ -32,12 +32,12 @@ class TwoPlaceKeychain : public Keychain {
   KeychainStatus update(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus add(const KeychainQuery& query, const std::string& data) override;
   KeychainStatus remove(const KeychainQuery& query) override;
-  void watch(std::function<void()> told) override { preferred_.watch(std::move(told)); }
+  void watch(std::function<void()> readable) override { preferred_.watch(std::move(readable)); }
 
  private:
   using Write = KeychainStatus (Keychain::*)(const KeychainQuery&, const std::string&);
   KeychainStatus write(const KeychainQuery& query, const std::string& data, Write operation);
-  // Tells the log when the preferred keychain begins or ceases to answer.
+  // Logs when the preferred keychain begins or ceases to answer.
   void report(KeychainStatus preferredStatus);
 
   Keychain& preferred_;
