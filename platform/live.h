@@ -47,9 +47,9 @@ class LivePlatform {
   std::optional<std::string> localizedName() const;
   // Notified when that name may have changed, on the service loop.
   Observers& nameChanges();
-  // Switches the watch of running applications; while it is off, none are looked for.
-  // `looked` is called on the service loop once the first look has ended. Any thread.
-  void watchRunningApplications(bool watch, std::function<void()> looked);
+  // Switches the watch of running applications; while it is off, none are scanned for.
+  // `scanned` is called on the service loop once the first scan has ended. Any thread.
+  void watchRunningApplications(bool watch, std::function<void()> scanned);
 
  private:
   struct Parts;

@@ -57,21 +57,21 @@ std::string shortcutsExecutable() {
 }
 
 AgentEnvironment environment(Executors& executors, LivePlatform& platform) {
-  return {executors,
-          platform.workspaceClient(),
-          platform.applicationIconClient(),
-          platform.shortcutIconClient(),
-          platform.processRunner(),
-          platform.audioOutput(),
-          platform.keychain(),
-          platform.bonjourAdvertiser(),
-          [&platform] { return platform.localizedName(); },
-          platform.nameChanges(),
-          [&platform](bool on, std::function<void()> looked) {
-            platform.watchRunningApplications(on, std::move(looked));
-          },
-          GlintboardService::defaultPort,
-          shortcutsExecutable()};
+  return {.executors = executors,
+          .workspace = platform.workspaceClient(),
+          .applicationIcons = platform.applicationIconClient(),
+          .shortcutIcons = platform.shortcutIconClient(),
+          .processRunner = platform.processRunner(),
+          .audioOutput = platform.audioOutput(),
+          .keychain = platform.keychain(),
+          .bonjour = platform.bonjourAdvertiser(),
+          .localizedName = [&platform] { return platform.localizedName(); },
+          .nameChanges = platform.nameChanges(),
+          .watchRunningApplications =
+              [&platform](bool on, std::function<void()> scanned) {
+                platform.watchRunningApplications(on, std::move(scanned));
+              },
+          .shortcutsExecutable = shortcutsExecutable()};
 }
 
 // A terminal stops a background job that reads from it or, if it is set so, writes to it, unless

@@ -50,8 +50,11 @@ DeckEditorModel::DeckEditorModel(DeckEditorInputs inputs)
       apps_(std::make_shared<AppsLibrary>(inputs_.mainThread, inputs_.appsCatalog,
                                           inputs_.workspace, icons_)),
       shortcuts_(std::make_shared<ShortcutsLibrary>(
-          ShortcutsLibrary::Parts{inputs_.mainThread, inputs_.workers, inputs_.shortcutsCatalog,
-                                  inputs_.shortcutIconProvider, inputs_.workspace},
+          ShortcutsLibrary::Parts{.mainThread = inputs_.mainThread,
+                                  .workers = inputs_.workers,
+                                  .catalog = inputs_.shortcutsCatalog,
+                                  .iconProvider = inputs_.shortcutIconProvider,
+                                  .workspace = inputs_.workspace},
           icons_)) {
   std::vector<LibraryEntry> actions;
   for (const auto action : builtinActions) {

@@ -277,8 +277,8 @@ ApplicationListClient LinuxApplications::listClient() {
   return applicationList(parts_->index);
 }
 
-void LinuxApplications::watchRunningApplications(bool watch, std::function<void()> looked) {
-  parts_->running->watch(watch, std::move(looked));
+void LinuxApplications::watchRunningApplications(bool watch, std::function<void()> scanned) {
+  parts_->running->watch(watch, std::move(scanned));
 }
 
 std::shared_ptr<const ApplicationIndex> LinuxApplications::index() const {

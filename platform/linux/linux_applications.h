@@ -41,9 +41,9 @@ class LinuxApplications {
   ApplicationListClient listClient();
   // Opens a folder in the user's file manager.
   FolderOpener folderOpener();
-  // Whether to look for running applications that this agent did not start. `looked` is called on
+  // Whether to look for running applications that this agent did not start. `scanned` is called on
   // the service loop after the first look. Any thread.
-  void watchRunningApplications(bool watch, std::function<void()> looked = nullptr);
+  void watchRunningApplications(bool watch, std::function<void()> scanned = nullptr);
   // The installed applications, for those who need more of an entry than its file. Any thread.
   std::shared_ptr<const ApplicationIndex> index() const;
 

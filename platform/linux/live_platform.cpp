@@ -124,8 +124,8 @@ Observers& LivePlatform::nameChanges() {
   return *parts_->nameChanges;
 }
 
-void LivePlatform::watchRunningApplications(bool watch, std::function<void()> looked) {
-  parts_->applications.watchRunningApplications(watch, std::move(looked));
+void LivePlatform::watchRunningApplications(bool watch, std::function<void()> scanned) {
+  parts_->applications.watchRunningApplications(watch, std::move(scanned));
 }
 
 }  // namespace glintboard

@@ -179,7 +179,7 @@ TEST_F(ListenerServiceTest, AuthorizesOpenConnectionsWhenTheKeychainAnswersLate)
 
 TEST_F(ListenerServiceTest, FirstRepliesWaitForTheFirstScan) {
   agent.desktop.installed = {"com.apple.Safari"};
-  agent.looksAtOnce = false;
+  agent.scansAtOnce = false;
   start();
   const auto token = agent.pair(services);
   const std::string questions[] = {
@@ -200,7 +200,7 @@ TEST_F(ListenerServiceTest, FirstRepliesWaitForTheFirstScan) {
       auto look = runOn(agent.executors.service(), [&] {
         agent.desktop.running = agent.desktop.installed;
         if (looks) {
-          agent.looked();
+          agent.endScan();
         }
       });
       agent.run(std::move(look));

@@ -83,7 +83,8 @@ def attack(name, token):
     chooser = selectors.DefaultSelector()
 
     def connect():
-        connection = socket.create_connection(("127.0.0.1", PORT))
+        # Another device than the phone's: the limits are shared among addresses.
+        connection = socket.create_connection(("127.0.0.1", PORT), source_address=("127.0.0.2", 0))
         connection.setblocking(False)
         connection.send(first)
         chooser.register(connection, selectors.EVENT_READ, [0])

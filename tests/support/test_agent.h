@@ -23,9 +23,9 @@ struct TestAgent {
   FakeBonjour bonjour;
   Observers nameChanges;
   std::atomic<bool> watchesRunning = false;
-  // Whether the first scan ends at once; otherwise it ends when `looked` is called.
-  bool looksAtOnce = true;
-  std::function<void()> looked;
+  // Whether the first scan ends at once; otherwise it ends when `endScan` is called.
+  bool scansAtOnce = true;
+  std::function<void()> endScan;
   std::optional<std::string> name = "Test Computer";
   std::uint16_t port = freePort();
   Executors executors;
@@ -34,26 +34,27 @@ struct TestAgent {
   AgentEnvironment environment() {
     QImage image(1, 1, QImage::Format_ARGB32);
     image.fill(Qt::red);
-    return {executors,
-            desktop.client(),
-            {[](const ApplicationLocation&) { return ContentModification{}; },
-             [image](const ApplicationLocation&, int) { return image; }},
-            noShortcutIcons(),
-            processRunner,
-            audioOutput,
-            keychain,
-            bonjour,
-            [this] { return name; },
-            nameChanges,
-            [this](bool on, std::function<void()> told) {
-              if (on && looksAtOnce) {
-                told();
-              }
-              looked = std::move(told);
-              watchesRunning = on;
-            },
-            port,
-            "/bin/true"};
+    return {.executors = executors,
+            .workspace = desktop.client(),
+            .applicationIcons = {[](const ApplicationLocation&) { return ContentModification{}; },
+                                 [image](const ApplicationLocation&, int) { return image; }},
+            .shortcutIcons = noShortcutIcons(),
+            .processRunner = processRunner,
+            .audioOutput = audioOutput,
+            .keychain = keychain,
+            .bonjour = bonjour,
+            .localizedName = [this] { return name; },
+            .nameChanges = nameChanges,
+            .watchRunningApplications =
+                [this](bool on, std::function<void()> scanned) {
+                  if (on && scansAtOnce) {
+                    scanned();
+                  }
+                  endScan = std::move(scanned);
+                  watchesRunning = on;
+                },
+            .port = port,
+            .shortcutsExecutable = "/bin/true"};
   }
 
   template <class T>

@@ -59,9 +59,9 @@ void RunningApplications::launched(const std::string& bundleId, pid_t leader) {
   spawn(service_, followSession(weak_from_this(), leader), "launched application");
 }
 
-void RunningApplications::watch(bool on, std::function<void()> looked) {
-  asio::post(service_, [self = shared_from_this(), on, looked = std::move(looked)] {
-    self->startOrStop(on, looked);
+void RunningApplications::watch(bool on, std::function<void()> scanned) {
+  asio::post(service_, [self = shared_from_this(), on, scanned = std::move(scanned)] {
+    self->startOrStop(on, scanned);
   });
 }
 
@@ -109,16 +109,16 @@ Awaitable<> RunningApplications::followSession(std::weak_ptr<RunningApplications
 }
 
 Awaitable<> RunningApplications::scanRepeatedly(std::shared_ptr<RunningApplications> self,
-                                                unsigned round, std::function<void()> looked) {
+                                                unsigned round, std::function<void()> scanned) {
   for (;;) {
     auto scanning = runOn(self->workers_, [self] { return self->scan(); });
-    auto scanned = co_await std::move(scanning);
+    auto found = co_await std::move(scanning);
     if (round != self->round_) {
       co_return;
     }
-    self->takeScan(std::move(scanned));
-    if (const auto tell = std::exchange(looked, nullptr)) {
-      tell();
+    self->takeScan(std::move(found));
+    if (const auto notify = std::exchange(scanned, nullptr)) {
+      notify();
     }
     self->nextScan_.expires_after(2s);
     co_await self->nextScan_.async_wait(asio::as_tuple(asio::use_awaitable));
@@ -128,7 +128,7 @@ Awaitable<> RunningApplications::scanRepeatedly(std::shared_ptr<RunningApplicati
   }
 }
 
-void RunningApplications::startOrStop(bool on, std::function<void()> looked) {
+void RunningApplications::startOrStop(bool on, std::function<void()> scanned) {
   if (on == watching_) {
     return;
   }
@@ -136,7 +136,7 @@ void RunningApplications::startOrStop(bool on, std::function<void()> looked) {
   ++round_;
   nextScan_.cancel();
   if (on) {
-    spawn(service_, scanRepeatedly(shared_from_this(), round_, std::move(looked)),
+    spawn(service_, scanRepeatedly(shared_from_this(), round_, std::move(scanned)),
           "running applications");
     return;
   }

@@ -33,10 +33,10 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
   std::shared_ptr<const Snapshot> current() const;
   // Adds a launched application; `leader` is the leader of a session of its own. Any thread.
   void launched(const std::string& bundleId, pid_t leader);
-  // Any thread. What was found is forgotten when the watching ends. `looked` is called on the
+  // Any thread. What was found is forgotten when the watching ends. `scanned` is called on the
   // service loop once the first scan after the watching began has ended; never if it is ended
   // before that.
-  void watch(bool on, std::function<void()> looked = nullptr);
+  void watch(bool on, std::function<void()> scanned = nullptr);
 
  private:
   struct Launched {
@@ -53,8 +53,8 @@ class RunningApplications : public std::enable_shared_from_this<RunningApplicati
   RunningApplications(Executors& executors, std::shared_ptr<CurrentApplicationMatcher> matcher);
   static Awaitable<> followSession(std::weak_ptr<RunningApplications> weakSelf, pid_t leader);
   static Awaitable<> scanRepeatedly(std::shared_ptr<RunningApplications> self, unsigned round,
-                                    std::function<void()> looked);
-  void startOrStop(bool on, std::function<void()> looked);
+                                    std::function<void()> scanned);
+  void startOrStop(bool on, std::function<void()> scanned);
   // Looks through all processes. On a worker.
   Snapshot scan();
   // Replaces the result of the previous scan. On the service loop.
